@@ -1,0 +1,26 @@
+# SPDX-License-Identifier: MIT
+# How a target of this project is compiled, and the object libraries from which the shared libraries and the tests are
+# made: the tests link the same objects as the product, so they reach what the shared libraries hide.
+
+if(WIN32)
+  set(QMRK_PLATFORM win32)
+else()
+  set(QMRK_PLATFORM posix)
+endif()
+
+function(qmrk_compile_options _target)
+  set_target_properties(${_target} PROPERTIES
+    CXX_STANDARD 20 CXX_STANDARD_REQUIRED ON CXX_EXTENSIONS OFF
+    CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON
+    POSITION_INDEPENDENT_CODE ON)
+  if(NOT MSVC)
+    target_compile_options(${_target} PRIVATE -Wall -Wextra -Wpedantic $<$<BOOL:${QMRK_WARNINGS_AS_ERRORS}>:-Werror>)
+  endif()
+endfunction()
+
+# An object library whose sources are added by the folders with target_sources().
+function(qmrk_add_objects _target)
+  add_library(${_target} OBJECT)
+  qmrk_compile_options(${_target})
+  target_include_directories(${_target} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>)
+endfunction()

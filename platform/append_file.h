@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "platform/errors.h"
+
+namespace platform {
+
+/// A file to which several processes append whole messages at once. On Linux it is opened with O_APPEND and a message
+/// is one write; on Windows with FILE_APPEND_DATA but not FILE_WRITE_DATA, sharing read, write and delete, and a
+/// message is one WriteFile inside a lock on the file that is waited for at most 50 ms. The handle is not inherited by
+/// child processes. Several threads may append at once.
+class AppendFile {
+ public:
+  /// What identifies a file however it is named.
+  struct Identity {
+    std::uint64_t volume = 0;
+    std::uint64_t file = 0;
+    bool operator==(const Identity& _other) const { return volume == _other.volume && file == _other.file; }
+  };
+
+  struct Result {
+    /// Bytes of the message that reached the file.
+    std::size_t written = 0;
+    /// noError when all of them did.
+    ErrorCode error = noError;
+  };
+
+  /// Opens the file, and creates it when it is missing, with its missing folder.
+  /// @param _truncate empties an existing file.
+  /// @param _error receives the error when the result is null.
+  static std::unique_ptr<AppendFile> open(const std::string& _path, bool _truncate, ErrorCode& _error);
+
+  ~AppendFile();
+  AppendFile(const AppendFile&) = delete;
+  AppendFile& operator=(const AppendFile&) = delete;
+
+  /// Appends the bytes as they are, as one message. A file size limit of the process (ulimit -f) gives a short or
+  /// failed write, never a signal that ends the process.
+  Result append(const char* _data, std::size_t _size);
+
+  /// Whether the file is empty or ends in a line feed; true as well when that cannot be told.
+  bool endsInLineFeed() const;
+
+  /// The identity of the open file.
+  Identity identity() const { return identity_; }
+
+  /// Whether the path still names the open file: false once it was removed, renamed or replaced, or its folder was.
+  bool isStillAt(const std::string& _path) const;
+
+ private:
+  AppendFile(std::intptr_t _file, Identity _identity);
+
+  std::intptr_t file_;
+  Identity identity_;
+};
+
+}  // namespace platform

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+// The whole seam to the operating system. Nothing outside platform/ calls the system directly, except through the C++
+// and Boost libraries with a path from nativePath().
+//
+// Strings are narrow 8-bit strings in the process code page (on Linux the bytes of the file system). Path strings keep
+// backslashes; every function here translates them itself at the moment it calls the system. Errors are Windows error
+// codes on both platforms (errors.h). All functions may be called from any thread at once and none throws, except
+// std::bad_alloc.
+
+#include "platform/access.h"
+#include "platform/append_file.h"
+#include "platform/clock.h"
+#include "platform/console.h"
+#include "platform/directory.h"
+#include "platform/environment.h"
+#include "platform/errors.h"
+#include "platform/native_path.h"
+#include "platform/process.h"
+#include "platform/shell_folder.h"
+#include "platform/system_version.h"
+#include "platform/text_file.h"

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+namespace platform {
+
+/// A text file open for reading. Sharing is unrestricted (deny none); the handle is not inherited by child processes.
+/// One thread at a time may use an object.
+class TextReader {
+ public:
+  /// Opens the file. A folder cannot be opened.
+  explicit TextReader(const std::string& _path);
+  ~TextReader();
+  TextReader(const TextReader&) = delete;
+  TextReader& operator=(const TextReader&) = delete;
+
+  bool isOpen() const;
+
+  /// Appends everything up to the end of the file to the text; each CR LF arrives as a single LF on both platforms.
+  /// A read error ends the text there.
+  /// @return false when the file is not open or a read failed.
+  bool readAll(std::string& _text);
+
+ private:
+  int file_ = -1;
+};
+
+/// A text file open for writing. Sharing is unrestricted (deny none); the handle is not inherited by child processes.
+/// One thread at a time may use an object.
+class TextWriter {
+ public:
+  enum class Mode { truncate, append };
+
+  /// Opens the file and creates it when it is missing (on Linux with mode 0666 less the umask); never creates a folder.
+  TextWriter(const std::string& _path, Mode _mode);
+  ~TextWriter();
+  TextWriter(const TextWriter&) = delete;
+  TextWriter& operator=(const TextWriter&) = delete;
+
+  bool isOpen() const;
+
+  /// Writes the text in one call of the system where it can; "\n" reaches the file as CR LF on Windows and as LF on
+  /// Linux.
+  /// @return false when the file is not open or not everything was written.
+  bool write(const std::string& _text);
+
+ private:
+  int file_ = -1;
+};
+
+}  // namespace platform

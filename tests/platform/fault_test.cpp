@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#include "platform/fault.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/fault_plan.h"
+
+namespace {
+
+using platform::Call;
+using platform::injectedFault;
+using testsupport::FaultPlan;
+
+TEST(Fault, NothingFailsWithoutAPlan) { EXPECT_EQ(injectedFault(Call::write), platform::noError); }
+
+TEST(Fault, ThePlannedCallFailsAndOnlyThatOne) {
+  const FaultPlan plan(Call::write, 2, platform::errorDiskFull);
+  EXPECT_EQ(injectedFault(Call::write), platform::noError);
+  EXPECT_EQ(injectedFault(Call::write), platform::errorDiskFull);
+  EXPECT_EQ(injectedFault(Call::write), platform::noError);
+  EXPECT_EQ(plan.calls(), 3);
+}
+
+TEST(Fault, APlanForOneCallLeavesTheOthersAlone) {
+  const FaultPlan plan(Call::write, 1, platform::errorDiskFull, 100);
+  EXPECT_EQ(injectedFault(Call::read), platform::noError);
+}
+
+TEST(Fault, ThePlanEndsWithItsObject) {
+  { const FaultPlan plan(Call::write, 1, platform::errorDiskFull, 100); }
+  EXPECT_EQ(injectedFault(Call::write), platform::noError);
+}
+
+}  // namespace

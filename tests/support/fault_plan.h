@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/fault.h"
+
+namespace testsupport {
+
+/// While it lives, makes calls of the seam fail. One plan for a call may exist at a time. The counting is process-wide
+/// and safe from any thread.
+class FaultPlan {
+ public:
+  /// The _nth call (1 is the next one) of this kind, and as many as _times of those after it, fail with _error.
+  FaultPlan(platform::Call _call, int _nth, platform::ErrorCode _error, int _times = 1);
+  ~FaultPlan();
+  FaultPlan(const FaultPlan&) = delete;
+  FaultPlan& operator=(const FaultPlan&) = delete;
+
+  /// How many calls of this kind were made since the construction.
+  int calls() const;
+
+ private:
+  platform::Call call_;
+};
+
+}  // namespace testsupport
