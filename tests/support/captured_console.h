@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+namespace testsupport {
+
+/// While it lives, what the process writes to its console (on Linux the standard error stream) is kept instead of
+/// shown. One may live at a time.
+class CapturedConsole {
+ public:
+  CapturedConsole();
+  ~CapturedConsole();
+  CapturedConsole(const CapturedConsole&) = delete;
+  CapturedConsole& operator=(const CapturedConsole&) = delete;
+
+  /// Everything written since the construction, byte for byte.
+  std::string text() const;
+
+ private:
+  struct State;
+  State* state_;
+};
+
+}  // namespace testsupport
