@@ -30,7 +30,7 @@ class AppendFile {
     ErrorCode error = noError;
   };
 
-  /// Opens the file, and creates it when it is missing, with its missing folder.
+  /// Opens the file, and creates it when it is missing, with its missing folder and that one's missing parents.
   /// @param _truncate empties an existing file.
   /// @param _error receives the error when the result is null.
   static std::unique_ptr<AppendFile> open(const std::string& _path, bool _truncate, ErrorCode& _error);
@@ -49,7 +49,8 @@ class AppendFile {
   /// The identity of the open file.
   Identity identity() const { return identity_; }
 
-  /// Whether the path still names the open file: false once it was removed, renamed or replaced, or its folder was.
+  /// Whether the path still names the open file: false once it was removed, renamed or replaced, or its folder was;
+  /// true as well when that cannot be told. On Linux a change of the file size limit counts from the next call on.
   bool isStillAt(const std::string& _path) const;
 
  private:

@@ -16,9 +16,10 @@ enum class ShellFolder {
   commonAppData,
 };
 
-/// SHGetFolderPathA with no owner, no token and flag 0. An override of Linux counts only when it is an absolute path;
-/// it is read with secure_getenv.
-/// @param _path receives the folder without a final separator (on Linux with slashes); untouched on failure.
+/// SHGetFolderPathA with no owner, no token and flag 0. On Linux a variable counts only when its value is an
+/// absolute path; it is read with secure_getenv.
+/// @param _path receives the folder without a final separator (on Linux with slashes, the root itself as an empty
+///   path); untouched on failure.
 /// @return false when the system does not know the folder.
 bool shellFolder(ShellFolder _folder, std::string& _path);
 

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#include "platform/clock.h"
+
+#include <ctime>
+
+#include "platform/fault.h"
+
+namespace platform {
+namespace {
+
+constexpr std::int64_t MILLISECONDS_PER_SECOND = 1000;
+constexpr std::int64_t NANOSECONDS_PER_MILLISECOND = 1000000;
+
+// 0 when the clock cannot be read.
+std::int64_t read(clockid_t _clock) {
+  if (injectedFault(Call::clock) != noError) return 0;
+  timespec now{};
+  if (::clock_gettime(_clock, &now) != 0) return 0;
+  return static_cast<std::int64_t>(now.tv_sec) * MILLISECONDS_PER_SECOND + now.tv_nsec / NANOSECONDS_PER_MILLISECOND;
+}
+
+}  // namespace
+
+std::int64_t wallClockMilliseconds() { return read(CLOCK_REALTIME); }
+
+std::int64_t steadyMilliseconds() { return read(CLOCK_MONOTONIC); }
+
+LocalTime toLocalTime(std::int64_t _milliseconds) {
+  // Rounded down, so that the millisecond is never negative before 1970.
+  std::int64_t millisecond = _milliseconds % MILLISECONDS_PER_SECOND;
+  if (millisecond < 0) millisecond += MILLISECONDS_PER_SECOND;
+  const std::time_t seconds = (_milliseconds - millisecond) / MILLISECONDS_PER_SECOND;
+  std::tm local{};
+  if (::localtime_r(&seconds, &local) == nullptr) return {};
+  return {local.tm_year + 1900,         local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec,
+          static_cast<int>(millisecond)};
+}
+
+LocalTime localTime() { return toLocalTime(wallClockMilliseconds()); }
+
+}  // namespace platform
