@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <map>
+#include <string>
+
+/// Writes a generic configuration file that redirects to the first customer adaptation (CA) whose own file lies in the
+/// configuration folder. An object is used once, by one thread; nothing throws for a failure.
+class AutoGenerateCfg {
+ public:
+  /// @param _trace whether the object writes to the console, its listing included.
+  explicit AutoGenerateCfg(bool _trace);
+
+  /// Sets the configuration folder, without a final backslash; it counts whatever the result is.
+  /// @return whether it exists and can be read and written.
+  bool setCfgPath(const std::string& _path);
+
+  /// Writes qmrk_logging_GE.cfg into the folder, over an existing one.
+  /// @return false, with nothing written, when no CA was found or the file cannot be opened; also when the disk is
+  /// full.
+  bool generateGenericCfgFile();
+
+  /// Finds the CA in the names of the folder.
+  bool getCA();
+
+  /// Reads the names of a folder, not of those below it, into the directory map.
+  /// @param _filter what a name must contain; empty admits all.
+  bool traverseDirectory(const std::string& _directory, const std::string& _filter);
+
+  /// Prints the directory map, which is filled from _directory when it is still empty.
+  /// @param _filter what a name must contain to be printed.
+  bool showDirContent(const std::string& _directory, const std::string& _filter);
+
+ private:
+  std::string cfgPath_;
+  std::string fileName_;
+  std::string customerAdaptation_;
+  bool trace_;
+  /// Entry name to "file" or "dir"; filled once.
+  std::map<std::string, std::string> dcMap_;
+};

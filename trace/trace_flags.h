@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace Quillmark_logging {
+
+// The switches of the process, all false until set. They are written while the library is loaded (and the second once
+// more when a generic configuration file has been generated), and read by any thread.
+
+/// The value of QMRK_TRACE in the generic configuration at load time. Never changes after that.
+bool loadTimeTrace() noexcept;
+void setLoadTimeTrace(bool _on) noexcept;
+
+/// Whether the free functions of Quillmark_logging trace.
+bool freeFunctionTrace() noexcept;
+void setFreeFunctionTrace(bool _on) noexcept;
+
+/// Whether every appender that the library connects is wrapped in a thread-safe one (TS_APPENDERS of the generic
+/// configuration at load time). Never changes after that.
+bool tsMode() noexcept;
+void setTsMode(bool _on) noexcept;
+
+}  // namespace Quillmark_logging
