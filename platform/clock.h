@@ -5,6 +5,8 @@
 
 namespace platform {
 
+// A clock that cannot be read gives 0, and a local time of all zeros.
+
 /// A moment in local time, as GetLocalTime gives it.
 struct LocalTime {
   int year = 0;

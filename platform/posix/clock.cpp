@@ -36,6 +36,9 @@ LocalTime toLocalTime(std::int64_t _milliseconds) {
           static_cast<int>(millisecond)};
 }
 
-LocalTime localTime() { return toLocalTime(wallClockMilliseconds()); }
+LocalTime localTime() {
+  const std::int64_t now = wallClockMilliseconds();
+  return now == 0 ? LocalTime{} : toLocalTime(now);
+}
 
 }  // namespace platform

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#include "platform/directory.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/fault_plan.h"
+#include "tests/support/temporary_folder.h"
+
+namespace {
+
+using platform::createFolder;
+using platform::ErrorCode;
+using testsupport::TemporaryFolder;
+
+constexpr ErrorCode UNTOUCHED = 4711;
+
+TEST(CreateFolder, CreatesOneFolderAndReportsNoError) {
+  const TemporaryFolder folder;
+  ErrorCode error = UNTOUCHED;
+  EXPECT_TRUE(createFolder(folder.file("new"), error));
+  EXPECT_EQ(error, platform::noError);
+  EXPECT_EQ(testsupport::namesIn(folder.path()), std::vector<std::string>{"new"});
+}
+
+TEST(CreateFolder, AllowsAFinalSeparatorOfEitherKind) {
+  const TemporaryFolder folder;
+  ErrorCode error = UNTOUCHED;
+  EXPECT_TRUE(createFolder(folder.file("back\\"), error));
+  EXPECT_TRUE(createFolder(folder.file("forward/"), error));
+  EXPECT_EQ(testsupport::namesIn(folder.path()), (std::vector<std::string>{"back", "forward"}));
+}
+
+TEST(CreateFolder, AnExistingFolderGivesAlreadyExists) {
+  const TemporaryFolder folder;
+  ErrorCode error = UNTOUCHED;
+  EXPECT_FALSE(createFolder(folder.path(), error));
+  EXPECT_EQ(error, 183U);
+}
+
+TEST(CreateFolder, AFileOfThatNameGivesAlreadyExists) {
+  const TemporaryFolder folder;
+  testsupport::writeFile(folder.file("file"), "");
+  ErrorCode error = UNTOUCHED;
+  EXPECT_FALSE(createFolder(folder.file("file"), error));
+  EXPECT_EQ(error, 183U);
+}
+
+TEST(CreateFolder, AMissingParentGivesPathNotFoundAndCreatesNothing) {
+  const TemporaryFolder folder;
+  ErrorCode error = UNTOUCHED;
+  EXPECT_FALSE(createFolder(folder.file("missing\\new"), error));
+  EXPECT_EQ(error, 3U);
+  EXPECT_TRUE(testsupport::namesIn(folder.path()).empty());
+}
+
+TEST(CreateFolder, AnEmptyPathGivesPathNotFound) {
+  ErrorCode error = UNTOUCHED;
+  EXPECT_FALSE(createFolder("", error));
+  EXPECT_EQ(error, 3U);
+}
+
+TEST(CreateFolder, CreatesANameOutsideAscii) {
+  const TemporaryFolder folder;
+  ErrorCode error = UNTOUCHED;
+  EXPECT_TRUE(createFolder(folder.file("\xC3\xA5rhus"), error));
+  EXPECT_TRUE(testsupport::exists(folder.file("\xC3\xA5rhus")));
+}
+
+TEST(CreateFolder, ThePlannedCallFailsWithItsCodeAndCreatesNothing) {
+  const TemporaryFolder folder;
+  const testsupport::FaultPlan plan(platform::Call::createDirectory, 2, platform::errorDiskFull);
+  ErrorCode error = UNTOUCHED;
+  EXPECT_TRUE(createFolder(folder.file("one"), error));
+  EXPECT_FALSE(createFolder(folder.file("two"), error));
+  EXPECT_EQ(error, platform::errorDiskFull);
+  EXPECT_FALSE(testsupport::exists(folder.file("two")));
+  EXPECT_TRUE(createFolder(folder.file("three"), error));
+  EXPECT_EQ(error, platform::noError);
+}
+
+}  // namespace

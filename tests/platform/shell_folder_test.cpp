@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#include "platform/shell_folder.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/config_sandbox.h"
+#include "tests/support/fault_plan.h"
+
+namespace {
+
+using platform::ShellFolder;
+using platform::shellFolder;
+using testsupport::ConfigSandbox;
+
+constexpr ShellFolder ALL[] = {ShellFolder::userAppData, ShellFolder::commonProgramFiles, ShellFolder::commonAppData};
+
+TEST(ShellFolders, AreThoseOfTheSandbox) {
+  const ConfigSandbox sandbox;
+  std::string path;
+  EXPECT_TRUE(shellFolder(ShellFolder::userAppData, path));
+  EXPECT_EQ(path, sandbox.appData());
+  EXPECT_TRUE(shellFolder(ShellFolder::commonProgramFiles, path));
+  EXPECT_EQ(path, sandbox.commonProgramFiles());
+  EXPECT_TRUE(shellFolder(ShellFolder::commonAppData, path));
+  EXPECT_EQ(path, sandbox.commonAppData());
+}
+
+TEST(ShellFolders, EndInNoSeparator) {
+  for (const ShellFolder folder : ALL) {
+    std::string path;
+    ASSERT_TRUE(shellFolder(folder, path));
+    ASSERT_FALSE(path.empty());
+    EXPECT_NE(path.back(), '/');
+    EXPECT_NE(path.back(), '\\');
+  }
+}
+
+TEST(ShellFolders, ThePlannedQueryFailsAndLeavesThePath) {
+  for (const ShellFolder folder : ALL) {
+    const testsupport::FaultPlan plan(platform::Call::shellFolder, 2, platform::errorAccessDenied);
+    std::string path;
+    EXPECT_TRUE(shellFolder(folder, path));
+    path = "untouched";
+    EXPECT_FALSE(shellFolder(folder, path));
+    EXPECT_EQ(path, "untouched");
+    EXPECT_TRUE(shellFolder(folder, path));
+  }
+}
+
+}  // namespace
