@@ -54,7 +54,7 @@ class CfgDataManager {
   /// @return false when the system does not know the base folder or the CA is empty.
   bool getQmrkCfgFilePath(std::string& _path, const std::string& _ca, bool _cfg);
 
-  // ---- Enabled log classes (class_store.cpp) ----
+  // ---- Enabled log classes (class_store.cpp) and their error records (error_record.cpp) ----
 
   /// Appends the whole text of the CA's .init file to _logClasses. A failure leaves an error record where it can.
   bool getEnabledLogClasses(const std::string& _ca, std::string& _logClasses);
@@ -75,6 +75,9 @@ class CfgDataManager {
  private:
   CfgDataManager() = default;
   ~CfgDataManager() = default;
+
+  /// Turns the path of a generic file into that of the CA to which the generic .cfg file redirects.
+  void redirectGeneric(std::string& _path, bool _cfg);
 
   static bool tracing() { return trace_.load(std::memory_order_relaxed); }
 

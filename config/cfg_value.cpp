@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#include "config/cfg_data_manager.h"
+#include "config/cfg_parser.h"
+#include "platform/text_file.h"
+#include "trace/trace_line.h"
+
+using Quillmark_logging::traceLineIf;
+
+namespace {
+
+int length(const std::string& _s) { return static_cast<int>(_s.length()); }
+
+}  // namespace
+
+bool CfgDataManager::removeTrailingSpaces(std::string& _s) {
+  traceLineIf(tracing(), "==> CfgDataManager::removeTrailingSpaces() _s.length()=%d\r\n", length(_s));
+  const auto lengthBefore = _s.length();
+  _s.erase(_s.find_last_not_of(' ') + 1);
+  const int spCnt = static_cast<int>(lengthBefore - _s.length());
+  traceLineIf(tracing(), "<== CfgDataManager::removeTrailingSpaces()  _s.length()=%d, spCnt=%d\r\n", length(_s), spCnt);
+  return spCnt > 0;
+}
+
+bool CfgDataManager::cfgDataStrToMap(CfgMap& _cMap, std::string& _str) {
+  traceLineIf(tracing(), "==> CfgDataManager::cfgDataStrToMap() _str.length()=%d\r\n", length(_str));
+  expandTabs(_str);
+  for (auto& [key, value] : scanCfgText(_str)) {
+    if (value.back() == ' ') removeTrailingSpaces(value);
+    traceLineIf(tracing(), "--- CfgDataManager::cfgDataStrToMap() Adding key=\"%s\"(%d), value=\"%s\"(%d) to map\r\n",
+                key.c_str(), length(key), value.c_str(), length(value));
+    _cMap[key] = value;
+  }
+  traceLineIf(tracing(), "<== CfgDataManager::cfgDataStrToMap() _cMap.size()=%d => return %s\r\n",
+              static_cast<int>(_cMap.size()), _cMap.empty() ? "FALSE" : "TRUE");
+  return !_cMap.empty();
+}
+
+bool CfgDataManager::getCfgValue(const CfgMap& _cMap, const std::string& _key, std::string& _value) {
+  traceLineIf(tracing(), "==> CfgDataManager::getCfgValue() _key=\"%s\"\r\n", _key.c_str());
+  if (_cMap.empty()) {
+    traceLineIf(tracing(), "<!= CfgDataManager::getCfgValue() ERROR: Configuration data map was empty. \r\n");
+    return false;
+  }
+  const auto entry = _cMap.find(_key);
+  if (entry == _cMap.end()) {
+    traceLineIf(tracing(), "<!= CfgDataManager::getCfgValue() _key=\"%s\" was NOT found.\r\n", _key.c_str());
+    return false;
+  }
+  _value = entry->second;
+  traceLineIf(tracing(), "<== CfgDataManager::getCfgValue() Found match: _key=\"%s\", _value\"%s\"\r\n",
+              entry->first.c_str(), _value.c_str());
+  return true;
+}
+
+bool CfgDataManager::getCfgValue(const std::string& _cfgFile, const std::string& _key, std::string& _value) {
+  traceLineIf(tracing(), "==> CfgDataManager::getCfgValue() _cfgFile=\"%s\", _key=\"%s\"\r\n", _cfgFile.c_str(),
+              _key.c_str());
+  platform::TextReader file(_cfgFile);
+  if (!file.isOpen()) {
+    traceLineIf(tracing(), "<!= CfgDataManager::getCfgValue() ERROR: Failed to open file \"%s\"\r\n", _cfgFile.c_str());
+    return false;
+  }
+  std::string text;
+  file.readAll(text);
+  CfgMap cMap;
+  cfgDataStrToMap(cMap, text);
+  if (!getCfgValue(cMap, _key, _value)) {
+    traceLineIf(tracing(), "<!= CfgDataManager::getCfgValue() _key=\"%s\"was NOT found.\r\n", _key.c_str());
+    return false;
+  }
+  traceLineIf(tracing(), "<== CfgDataManager::getCfgValue() Found match for _key=\"%s\", value=\"%s\"\r\n",
+              _key.c_str(), _value.c_str());
+  return true;
+}
+
+bool CfgDataManager::getCfgFlag(const std::string& _key, const std::string& _ca) {
+  std::string path;
+  std::string value;
+  if (!getQmrkCfgFilePath(path, _ca, true) || !getCfgValue(path, _key, value)) return false;
+  toUpper(value);
+  return value == "TRUE";
+}

@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+/// The text of a record of the class store, without the time stamp and the line end.
+/// @param _caller nothing is written for an empty one.
+std::string errorRecordText(const std::string& _ca, const std::string& _text, const std::string& _caller);

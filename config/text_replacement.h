@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+/// The text with every occurrence of _from replaced by _to. What was put in is not searched again.
+/// @param _from must not be empty.
+std::string replaceAll(const std::string& _text, const std::string& _from, const std::string& _to);
