@@ -15,7 +15,9 @@
  * Unless a function says otherwise: it returns true when everything was done, reports failures by its result only, and
  * throws nothing but std::bad_alloc. It may be called on any thread and takes no lock. The functions that change the
  * log manager (initDefaultLogs, createApplicationSpecificLogFile and those of the log levels) must not run at the same
- * time as each other; the messages of other threads may go on meanwhile. */
+ * time as each other; the messages of other threads may go on meanwhile.
+ *
+ * Longer than the budget: it is the whole contract with applications, which include one header. */
 
 #include <cstdint>
 #include <string>

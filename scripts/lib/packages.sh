@@ -1,0 +1,30 @@
+# SPDX-License-Identifier: MIT
+# Which Debian packages are needed for what, and how missing ones get installed.
+# shellcheck shell=bash disable=SC2034  # the lists are used by the scripts that read this file
+
+PACKAGES_BUILD=(g++ cmake ninja-build libboost-dev libboost-filesystem-dev libboost-thread-dev libcli11-dev
+  nlohmann-json3-dev)
+PACKAGES_TEST=(git python3 pkg-config binutils procps libgtest-dev libgmock-dev clang-14 libclang-rt-14-dev
+  clang-format-14 clang-tidy-14)
+
+# Runs a command as root: as it is for root, else through sudo.
+as_root() {
+  if [ "$(id -u)" -eq 0 ]; then
+    "$@"
+  else
+    sudo "$@"
+  fi
+}
+
+# install_packages NAME...: installs those of the Debian packages that are missing. Asks no registry when none is.
+install_packages() {
+  local missing=() name
+  for name in "$@"; do
+    dpkg-query -W -f='${Status}\n' "$name" 2>/dev/null | grep -q '^install ok installed' || missing+=("$name")
+  done
+  [ "${#missing[@]}" -gt 0 ] || return 0
+  printf 'Installing from Debian: %s\n' "${missing[*]}"
+  as_root apt-get -o DPkg::Lock::Timeout=300 update -qq </dev/null &&
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get -o DPkg::Lock::Timeout=300 install -y -qq \
+      --no-install-recommends "${missing[@]}" </dev/null >/dev/null
+}

@@ -1,0 +1,103 @@
+# SPDX-License-Identifier: MIT
+# Runs steps, keeps their output in build/logs, counts what passed and failed, and closes with one line of sums.
+# shellcheck shell=bash
+
+LOGS="$ROOT/build/logs"
+PASSED=0
+FAILED=0
+SKIPPED=0
+mkdir -p "$LOGS"
+
+heading() {
+  printf '\n== %s  [%d:%02d]\n' "$1" $((SECONDS / 60)) $((SECONDS % 60))
+}
+
+# show_failure LOG: what a reader needs to see of the output of a step that failed.
+show_failure() {
+  printf '   FAILED, the end of %s:\n' "${1#"$ROOT/"}"
+  tail -n "${2:-60}" "$1" | sed 's/^/   | /'
+}
+
+# need STEP COMMAND...: runs what the later steps depend on. It counts only when it fails.
+need() {
+  local step=$1 log
+  shift
+  log="$LOGS/${step//[^A-Za-z0-9_-]/-}.log"
+  if "$@" >"$log" 2>&1; then
+    return 0
+  fi
+  FAILED=$((FAILED + 1))
+  show_failure "$log"
+  return 1
+}
+
+# check STEP COMMAND...: a check that counts as one.
+check() {
+  if need "$@"; then
+    PASSED=$((PASSED + 1))
+    printf '   %s: passed\n' "$1"
+  else
+    printf '   %s: FAILED\n' "$1"
+    return 1
+  fi
+}
+
+# attribute NAME FILE: the number that the first element of a JUnit file gives under that name.
+attribute() {
+  sed -n "s/.*[[:space:]]$1=\"\([0-9]*\)\".*/\1/p" "$2" | head -n 1
+}
+
+# run_tests PRESET [CTEST-ARGUMENT...]: runs the tests of a preset and counts each.
+run_tests() {
+  local preset=$1 log="$LOGS/$1-tests.log" results="$LOGS/$1.xml" total failed skipped
+  shift
+  rm -f "$results"
+  (cd "$ROOT" && ctest --preset "$preset" --no-tests=error --output-junit "$results" "$@") >"$log" 2>&1 || true
+  total=$(attribute tests "$results" 2>/dev/null)
+  if [ -z "$total" ] || [ "$total" -eq 0 ]; then
+    FAILED=$((FAILED + 1))
+    show_failure "$log"
+    return 1
+  fi
+  failed=$(attribute failures "$results")
+  skipped=$(($(attribute skipped "$results") + $(attribute disabled "$results")))
+  PASSED=$((PASSED + total - failed - skipped))
+  FAILED=$((FAILED + failed))
+  SKIPPED=$((SKIPPED + skipped))
+  printf '   %s: %d tests, %d failed, %d skipped\n' "$preset" "$total" "$failed" "$skipped"
+  if [ "$failed" -gt 0 ]; then
+    show_failure "$log" 200
+    return 1
+  fi
+}
+
+# run_suite STEP COMMAND...: runs a script that ends on a closing line of its own, and adds that line's numbers.
+run_suite() {
+  local step=$1 log="$LOGS/$1.log" line status=0 failed
+  shift
+  "$@" 2>&1 </dev/null | tee "$log" | sed 's/^/   /'
+  status=${PIPESTATUS[0]}
+  line=$(grep -E '^[0-9]+ passed, [0-9]+ failed(, [0-9]+ skipped)?$' "$log" | tail -n 1)
+  failed=$(sed -n 's/.* \([0-9]*\) failed.*/\1/p' <<<"$line")
+  # A suite that fell over before its closing line, or whose status and line disagree, failed in itself.
+  if [ -z "$line" ] || { [ "$status" -ne 0 ] && [ "$failed" -eq 0 ]; }; then
+    FAILED=$((FAILED + 1))
+    printf '   %s: FAILED with status %d\n' "$step" "$status"
+    [ -n "$line" ] || return 1
+  fi
+  PASSED=$((PASSED + ${line%% *}))
+  FAILED=$((FAILED + failed))
+  SKIPPED=$((SKIPPED + $(sed -n 's/.*, \([0-9]*\) skipped$/\1/p; s/.*failed$/0/p' <<<"$line")))
+  [ "$failed" -eq 0 ]
+}
+
+# closing_line: prints the sums, alone on the last line; fails when anything failed or nothing ran.
+closing_line() {
+  printf '\nAfter %d minutes and %d seconds:\n' $((SECONDS / 60)) $((SECONDS % 60))
+  if [ "$SKIPPED" -gt 0 ]; then
+    printf '%d passed, %d failed, %d skipped\n' "$PASSED" "$FAILED" "$SKIPPED"
+  else
+    printf '%d passed, %d failed\n' "$PASSED" "$FAILED"
+  fi
+  [ "$FAILED" -eq 0 ] && [ "$PASSED" -gt 0 ]
+}

@@ -1,0 +1,15 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+# exports_test.sh LIBRARY LIST: the dynamic symbols of the library are those of the reviewed list. After a wanted change
+# of the interface, renew the list with: exports_test.sh LIBRARY LIST --renew, and review it.
+set -euo pipefail
+exported=$(mktemp)
+trap 'rm -f "$exported"' EXIT
+
+nm --dynamic --defined-only --demangle "$1" | cut -d' ' -f3- | LC_ALL=C sort -u >"$exported"
+[ -s "$exported" ] || { echo "$1 exports nothing"; exit 1; }
+if [ "${3:-}" = --renew ]; then
+  cp "$exported" "$2"
+  chmod 644 "$2"
+fi
+diff --unified "$2" "$exported" && echo "$(wc -l <"$exported") symbols, as listed"

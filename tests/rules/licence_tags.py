@@ -1,0 +1,16 @@
+# SPDX-License-Identifier: MIT
+"""Every source, script and build file names its licence in its first line (after the line that names an interpreter)."""
+
+TAGGED_ENDINGS = (".cpp", ".h", ".hpp", ".py", ".sh", ".cmake", "CMakeLists.txt", ".in", ".map", ".rc")
+
+
+def violations(files):
+    for file in files:
+        first = file.lines[0] if file.lines else ""
+        script = first.startswith("#!")
+        if not script and not file.path.endswith(TAGGED_ENDINGS):
+            continue
+        if script:
+            first = file.lines[1] if len(file.lines) > 1 else ""
+        if "SPDX-License-Identifier: MIT" not in first:
+            yield f"{file.path}:1: the licence tag is missing"
