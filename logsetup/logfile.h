@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <fstream>
+#include <string>
+
+namespace boost::logging {
+
+/// Gives the actual name of a log file from its base name, at each open.
+using name_function = std::string (*)(const std::string&);
+
+// NOLINTBEGIN(readability-identifier-naming): the log manager's namespace has names in snake case.
+
+/// An open file, shared by all copies of the appender that opened it. Paths are narrow strings in the process code page
+/// and may hold backslashes. Takes no lock: calls must not overlap.
+struct logfile {
+  /// Opens nothing yet.
+  /// @param _nameFn may be null: the file is then opened under its base name.
+  logfile(const std::string& _fileName, name_function _nameFn);
+  ~logfile();
+  logfile(const logfile&) = delete;
+  logfile& operator=(const logfile&) = delete;
+
+  /// Clears the stream's error state, asks the name function anew and opens the stream in text mode, sharing the file
+  /// with other readers and writers. The position is then the end of the file.
+  /// @param _append false empties an existing file.
+  /// A failure leaves the stream in its failed state and is told by nothing else: what is written is lost, and the
+  /// stream's position reads as -1.
+  void open(bool _append);
+
+  name_function name_fn;
+  std::string file_name;
+  /// The name under which the file was last opened.
+  std::string current_name;
+  std::ofstream out;
+};
+
+// NOLINTEND(readability-identifier-naming)
+
+}  // namespace boost::logging

@@ -1,0 +1,242 @@
+// SPDX-License-Identifier: MIT
+#include "logsetup/rolling_file_appender.h"
+
+#include <gtest/gtest.h>
+
+#include <boost/filesystem/exception.hpp>
+#include <limits>
+
+#include "tests/support/as_unprivileged_user.h"
+#include "tests/support/temporary_folder.h"
+
+namespace {
+
+using boost::logging::rolling_file_appender;
+using testsupport::exists;
+using testsupport::makeFolders;
+using testsupport::namesIn;
+using testsupport::readFile;
+using testsupport::writeFile;
+
+using Names = std::vector<std::string>;
+
+class RollingFileAppender : public testing::Test {
+ protected:
+  rolling_file_appender appender(int _maxSize, int _fileCount) const {
+    return {name(), _maxSize, _fileCount, nullptr, true};
+  }
+  std::string name() const { return folder_.file("a_log.txt"); }
+  std::string backup(int _number) const { return name() + "." + std::to_string(_number); }
+  Names names() const { return namesIn(folder_.path()); }
+
+ private:
+  testsupport::TemporaryFolder folder_;
+};
+
+TEST_F(RollingFileAppender, AMaximumSizeOfZeroNeverRolls) {
+  auto appender = this->appender(0, 4);
+  for (int i = 0; i < 100; ++i) {
+    appender.write("0123456789");
+  }
+  EXPECT_EQ(readFile(name()).size(), 1000U);
+  EXPECT_EQ(names(), Names{"a_log.txt"});
+}
+
+TEST_F(RollingFileAppender, AMaximumSizeOfMinusOneRollsAfterEveryMessage) {
+  auto appender = this->appender(-1, 2);
+  appender.write("one");
+  appender.write("two");
+  appender.write("three");
+  EXPECT_EQ(readFile(name()), "");
+  EXPECT_EQ(readFile(backup(1)), "three");
+  EXPECT_EQ(readFile(backup(2)), "two");
+  EXPECT_FALSE(exists(backup(3)));
+}
+
+TEST_F(RollingFileAppender, AnEmptyMessageRollsTooWhenTheMaximumSizeIsMinusOne) {
+  auto appender = this->appender(-1, 1);
+  appender.write("");
+  EXPECT_EQ(names(), (Names{"a_log.txt", "a_log.txt.1"}));
+}
+
+TEST_F(RollingFileAppender, WithoutBackupsReachingTheSizeEmptiesTheFile) {
+  for (const int count : {0, -1, std::numeric_limits<int>::min()}) {
+    auto appender = this->appender(10, count);
+    appender.write("0123456789");
+    EXPECT_EQ(readFile(name()), "") << count;
+    appender.write("next");
+    EXPECT_EQ(readFile(name()), "next") << count;
+    appender.write("0123456789");
+    EXPECT_EQ(names(), Names{"a_log.txt"}) << count;
+  }
+}
+
+TEST_F(RollingFileAppender, TheFirstRollRenamesOnlyTheCurrentFile) {
+  auto appender = this->appender(5, 4);
+  appender.write("12345");
+  EXPECT_EQ(names(), (Names{"a_log.txt", "a_log.txt.1"}));
+  EXPECT_EQ(readFile(backup(1)), "12345");
+  EXPECT_EQ(readFile(name()), "");
+}
+
+TEST_F(RollingFileAppender, AStaleLastBackupIsRemovedOnlyWhenAnotherTakesItsPlace) {
+  writeFile(backup(4), "stale");
+  auto appender = this->appender(1, 4);
+  for (const char* message : {"1", "2", "3"}) {
+    appender.write(message);
+    EXPECT_EQ(readFile(backup(4)), "stale");
+  }
+  appender.write("4");
+  EXPECT_EQ(readFile(backup(4)), "1");
+  EXPECT_EQ(readFile(backup(3)), "2");
+}
+
+TEST_F(RollingFileAppender, ABackupBeyondTheCountStays) {
+  writeFile(backup(3), "older");
+  auto appender = this->appender(1, 2);
+  for (const char* message : {"1", "2", "3"}) {
+    appender.write(message);
+  }
+  EXPECT_EQ(readFile(backup(3)), "older");
+  EXPECT_EQ(readFile(backup(2)), "2");
+}
+
+TEST_F(RollingFileAppender, NumbersOfTwoDigitsAreCountedOn) {
+  auto appender = this->appender(1, 12);
+  for (char message = 'a'; message <= 'z'; ++message) {
+    appender.write(std::string(1, message));
+  }
+  EXPECT_EQ(names().size(), 13U);
+  EXPECT_EQ(readFile(backup(9)), "r");
+  EXPECT_EQ(readFile(backup(10)), "q");
+  EXPECT_EQ(readFile(backup(12)), "o");
+}
+
+TEST_F(RollingFileAppender, TheMessageThatCrossesTheSizeStaysInTheOldFile) {
+  auto appender = this->appender(10, 1);
+  appender.write("012345678");
+  EXPECT_FALSE(exists(backup(1)));
+  appender.write("and the rest");
+  EXPECT_EQ(readFile(backup(1)), "012345678and the rest");
+  EXPECT_EQ(readFile(name()), "");
+}
+
+TEST_F(RollingFileAppender, TheSizeOfAFileThatIsContinuedCountsAtTheFirstWrite) {
+  writeFile(name(), "123456789");
+  auto appender = this->appender(10, 1);
+  appender.write("0");
+  EXPECT_EQ(readFile(backup(1)), "1234567890");
+}
+
+TEST_F(RollingFileAppender, ThePositionIsTheEndOfTheFileAlsoBeforeAnyByteIsWritten) {
+  writeFile(name(), "0123456789");
+  auto appender = this->appender(10, 1);
+  EXPECT_EQ(readFile(name()), "0123456789");
+  appender.write("");
+  EXPECT_EQ(readFile(backup(1)), "0123456789");
+}
+
+TEST_F(RollingFileAppender, ATruncatingConstructionEmptiesTheFileWithoutABackup) {
+  writeFile(name(), "0123456789");
+  rolling_file_appender(name(), 10, 1, nullptr, false).write("new");
+  EXPECT_EQ(readFile(name()), "new");
+  EXPECT_EQ(names(), Names{"a_log.txt"});
+}
+
+TEST_F(RollingFileAppender, CopiesShareTheStreamAndSeeTheSameSize) {
+  auto first = appender(6, 2);
+  auto second = first;
+  first.write("123");
+  second.write("456");
+  EXPECT_EQ(readFile(backup(1)), "123456");
+  first.write("789");
+  EXPECT_EQ(readFile(name()), "789");
+}
+
+TEST_F(RollingFileAppender, TheVirtualRollGetsTheCurrentName) {
+  struct Recording : rolling_file_appender {
+    using rolling_file_appender::rolling_file_appender;
+    void roll(const std::string& _name) override { rolled.push_back(_name); }
+    Names rolled;
+  };
+  Recording appender(
+      name(), 3, 1, [](const std::string& _name) { return _name + "-today"; }, true);
+  appender("log", "123");
+  EXPECT_EQ(appender.rolled, Names{name() + "-today"});
+  EXPECT_EQ(names(), Names{"a_log.txt-today"});
+  EXPECT_EQ(readFile(name() + "-today"), "");
+}
+
+TEST_F(RollingFileAppender, TwoAppendersOnOneFileBothAppend) {
+  auto first = appender(100, 1);
+  auto second = appender(100, 1);
+  first.write("1");
+  second.write("2");
+  first.write("3");
+  EXPECT_EQ(readFile(name()), "123");
+}
+
+// Failures. Each is one of the file system, not of a stand-in.
+
+TEST_F(RollingFileAppender, AFailedRemoveIsThrownAndClosesTheFileForGood) {
+  makeFolders(backup(1) + "\\occupied");
+  auto appender = this->appender(4, 1);
+  EXPECT_THROW(appender.write("1234"), boost::filesystem::filesystem_error);
+  testsupport::removeAll(backup(1));
+  EXPECT_NO_THROW(appender.write("lost"));
+  EXPECT_NO_THROW(appender.write("lost"));
+  EXPECT_EQ(readFile(name()), "1234");
+  EXPECT_EQ(names(), Names{"a_log.txt"});
+}
+
+TEST_F(RollingFileAppender, AFailedRemoveStopsTheRollWhereItIs) {
+  makeFolders(backup(2) + "\\occupied");
+  writeFile(backup(1), "older");
+  writeFile(backup(3), "oldest");
+  auto appender = this->appender(4, 4);
+  EXPECT_NO_THROW(appender.write("1234"));
+  EXPECT_EQ(readFile(backup(4)), "oldest");
+  EXPECT_EQ(readFile(backup(2)), "older");
+  EXPECT_TRUE(exists(backup(3) + "\\occupied"));
+  EXPECT_NO_THROW(appender.write("5678"));
+  EXPECT_TRUE(exists(backup(4) + "\\occupied"));
+  EXPECT_THROW(appender.write("last"), boost::filesystem::filesystem_error);
+  EXPECT_EQ(readFile(backup(3)), "older");
+  EXPECT_EQ(readFile(name()), "last");
+}
+
+TEST_F(RollingFileAppender, AFailedRenameIsThrownAndClosesTheFileForGood) {
+  makeFolders(name() + "-folder");
+  const std::string inside = name() + "-folder\\a_log.txt";
+  writeFile(inside, "");
+  rolling_file_appender appender(inside, 4, 1, nullptr, true);
+  testsupport::denyWriting(name() + "-folder");
+  const testsupport::AsUnprivilegedUser user;
+  EXPECT_THROW(appender.write("1234"), boost::filesystem::filesystem_error);
+  EXPECT_NO_THROW(appender.write("lost"));
+  EXPECT_EQ(readFile(inside), "1234");
+}
+
+TEST_F(RollingFileAppender, AFileThatCannotBeOpenedLosesEverythingAndNeverRolls) {
+  writeFile(name() + ".1", "backup");
+  const std::string inside = name() + "-folder\\a_log.txt";
+  rolling_file_appender appender(inside, 1, 2, nullptr, true);
+  EXPECT_NO_THROW(appender.write("lost"));
+  makeFolders(name() + "-folder");
+  EXPECT_NO_THROW(appender.write("lost"));
+  EXPECT_TRUE(namesIn(name() + "-folder").empty());
+}
+
+TEST_F(RollingFileAppender, WithANegativeSizeEveryMessageTriesToRollAgainAfterAFailure) {
+  makeFolders(backup(1) + "\\occupied");
+  auto appender = this->appender(-1, 1);
+  EXPECT_THROW(appender.write("1"), boost::filesystem::filesystem_error);
+  EXPECT_THROW(appender.write("lost"), boost::filesystem::filesystem_error);
+  testsupport::removeAll(backup(1));
+  EXPECT_NO_THROW(appender.write("lost"));
+  EXPECT_EQ(readFile(backup(1)), "1");
+  appender.write("2");
+  EXPECT_EQ(readFile(backup(1)), "2");
+}
+
+}  // namespace
