@@ -11,6 +11,7 @@
 #include "platform/native_path.h"
 #include "platform/posix/errno_code.h"
 #include "platform/posix/file_write.h"
+#include "platform/posix/open_file.h"
 
 namespace platform {
 namespace {
@@ -21,13 +22,9 @@ AppendFile::Identity identityOf(const struct stat& _status) {
 
 // Reading serves only to look at the last byte, so a file that may only be written is opened all the same.
 int openForAppending(const std::string& _path, bool _truncate) {
-  const int flags = O_APPEND | O_CREAT | O_CLOEXEC | O_NOCTTY | (_truncate ? O_TRUNC : 0);
-  int file = -1;
-  do {
-    file = ::open(_path.c_str(), O_RDWR | flags, 0666);
-    if (file == -1 && errno == EACCES) file = ::open(_path.c_str(), O_WRONLY | flags, 0666);
-  } while (file == -1 && errno == EINTR);
-  return file;
+  const int flags = O_APPEND | O_CREAT | (_truncate ? O_TRUNC : 0);
+  const int file = openFile(_path, O_RDWR | flags);
+  return file == -1 && errno == EACCES ? openFile(_path, O_WRONLY | flags) : file;
 }
 
 // Creates the folder of a path with its missing parents.
@@ -52,11 +49,10 @@ std::unique_ptr<AppendFile> AppendFile::open(const std::string& _path, bool _tru
     _error = fault;
     return nullptr;
   }
-  const std::string path = nativePath(_path);
-  int file = openForAppending(path, _truncate);
+  int file = openForAppending(_path, _truncate);
   if (file == -1 && errno == ENOENT) {
-    errno = createFolderOf(path);
-    if (errno == 0) file = openForAppending(path, _truncate);
+    errno = createFolderOf(nativePath(_path));
+    if (errno == 0) file = openForAppending(_path, _truncate);
   }
   struct stat status {};
   if (file == -1 || ::fstat(file, &status) != 0) {

@@ -10,20 +10,11 @@
 #include <string_view>
 
 #include "platform/fault.h"
-#include "platform/native_path.h"
 #include "platform/posix/file_write.h"
+#include "platform/posix/open_file.h"
 
 namespace platform {
 namespace {
-
-int openFile(const std::string& _path, int _flags) {
-  const std::string path = nativePath(_path);
-  int file = -1;
-  do {
-    file = ::open(path.c_str(), _flags | O_CLOEXEC | O_NOCTTY, 0666);
-  } while (file == -1 && errno == EINTR);
-  return file;
-}
 
 // The system lets a folder be opened for reading, and fails only when it is read.
 bool isFolder(int _file) {

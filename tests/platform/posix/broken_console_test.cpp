@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <string>
+
+#include "platform/append_file.h"
+#include "platform/console.h"
+#include "platform/text_file.h"
+#include "tests/support/temporary_folder.h"
+
+namespace {
+
+using testsupport::TemporaryFolder;
+
+// Replaces the standard error stream, by nothing when the file is -1, while it lives.
+class ReplacedConsole {
+ public:
+  explicit ReplacedConsole(int _file) : former_(::dup(STDERR_FILENO)) {
+    ::close(STDERR_FILENO);
+    if (_file != -1) ::dup2(_file, STDERR_FILENO);
+  }
+  ~ReplacedConsole() {
+    ::dup2(former_, STDERR_FILENO);
+    ::close(former_);
+  }
+  ReplacedConsole(const ReplacedConsole&) = delete;
+  ReplacedConsole& operator=(const ReplacedConsole&) = delete;
+
+ private:
+  int former_;
+};
+
+TEST(BrokenConsole, APipeWithoutAReaderDoesNotEndTheProcess) {
+  int ends[2];
+  ASSERT_EQ(::pipe(ends), 0);
+  ::close(ends[0]);
+  {
+    const ReplacedConsole console(ends[1]);
+    platform::writeConsole("nobody reads this\r\n");
+  }
+  ::close(ends[1]);
+}
+
+TEST(BrokenConsole, AClosedConsoleIsIgnored) {
+  const ReplacedConsole console(-1);
+  platform::writeConsole("there is no console\r\n");
+}
+
+TEST(BrokenConsole, NoFileTakesThePlaceOfAClosedConsole) {
+  const TemporaryFolder folder;
+  testsupport::writeFile(folder.file("text"), "text");
+  {
+    const ReplacedConsole console(-1);
+    platform::ErrorCode error = platform::noError;
+    const auto appendFile = platform::AppendFile::open(folder.file("appended"), false, error);
+    platform::TextWriter writer(folder.file("written"), platform::TextWriter::Mode::truncate);
+    platform::writeConsole("trace\r\n");
+    EXPECT_TRUE(writer.write("content"));
+    EXPECT_EQ(appendFile->append("message", 7).error, platform::noError);
+    platform::writeConsole("trace\r\n");
+  }
+  EXPECT_EQ(testsupport::readFile(folder.file("written")), "content");
+  EXPECT_EQ(testsupport::readFile(folder.file("appended")), "message");
+}
+
+}  // namespace

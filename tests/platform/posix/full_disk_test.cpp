@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include "platform/append_file.h"
+#include "platform/console.h"
+#include "platform/text_file.h"
+
+// The device /dev/full is always full: opening succeeds, every write fails with ENOSPC.
+
+namespace {
+
+constexpr char FULL[] = "\\dev\\full";
+
+TEST(FullDisk, AnAppendedMessageFailsWithDiskFull) {
+  platform::ErrorCode error = platform::noError;
+  const auto file = platform::AppendFile::open(FULL, false, error);
+  ASSERT_NE(file, nullptr);
+  for (int i = 0; i < 3; ++i) {
+    const platform::AppendFile::Result result = file->append("message\n", 8);
+    EXPECT_EQ(result.written, 0U);
+    EXPECT_EQ(result.error, 112U);
+  }
+  EXPECT_TRUE(file->endsInLineFeed());
+  EXPECT_TRUE(file->isStillAt(FULL));
+}
+
+TEST(FullDisk, AWrittenTextFails) {
+  platform::TextWriter writer(FULL, platform::TextWriter::Mode::append);
+  ASSERT_TRUE(writer.isOpen());
+  EXPECT_FALSE(writer.write("text"));
+  EXPECT_TRUE(writer.write(""));
+}
+
+TEST(FullDisk, AFullConsoleIsIgnored) {
+  const int former = ::dup(STDERR_FILENO);
+  const int full = ::open("/dev/full", O_WRONLY | O_CLOEXEC);
+  ASSERT_GE(full, 0);
+  ::dup2(full, STDERR_FILENO);
+  platform::writeConsole("lost\r\n");
+  ::dup2(former, STDERR_FILENO);
+  ::close(former);
+  ::close(full);
+}
+
+}  // namespace

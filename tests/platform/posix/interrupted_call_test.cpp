@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+#include <pthread.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <csignal>
+#include <string>
+#include <thread>
+
+#include "platform/native_path.h"
+#include "platform/text_file.h"
+#include "tests/support/temporary_folder.h"
+
+// Signals that interrupt the system calls of a thread, as a profiler or a timer of the application sends them.
+
+namespace {
+
+std::atomic<int> interruptions{0};
+void interrupt(int /*_signal*/) { ++interruptions; }
+
+class InterruptedCall : public ::testing::Test {
+ protected:
+  InterruptedCall() {
+    struct sigaction action {};
+    action.sa_handler = interrupt;  // without SA_RESTART
+    ::sigaction(SIGUSR1, &action, &former_);
+    interruptions = 0;
+  }
+  ~InterruptedCall() override { ::sigaction(SIGUSR1, &former_, nullptr); }
+
+  static void interruptTimes(std::thread& _thread, int _times) {
+    const int end = interruptions + _times;
+    while (interruptions < end) {
+      ::pthread_kill(_thread.native_handle(), SIGUSR1);
+      std::this_thread::yield();
+    }
+  }
+
+ private:
+  struct sigaction former_ {};
+};
+
+TEST_F(InterruptedCall, ALargeTextArrivesWhole) {
+  int ends[2];
+  ASSERT_EQ(::pipe(ends), 0);
+  const std::string text(1 << 20, 'x');
+  bool written = false;
+  std::thread thread([&] {
+    platform::TextWriter writer("\\proc\\self\\fd\\" + std::to_string(ends[1]), platform::TextWriter::Mode::append);
+    written = writer.write(text);
+    ::close(ends[1]);
+  });
+  std::size_t arrived = 0;
+  char buffer[65536];
+  // Before anything is read the pipe is full, so that calls are interrupted that have written nothing.
+  interruptTimes(thread, 20);
+  for (ssize_t got = 0; (got = ::read(ends[0], buffer, sizeof buffer)) > 0;) {
+    arrived += static_cast<std::size_t>(got);
+    if (arrived < text.size() / 2) interruptTimes(thread, 2);
+  }
+  thread.join();
+  ::close(ends[0]);
+  EXPECT_TRUE(written);
+  EXPECT_EQ(arrived, text.size());
+}
+
+TEST_F(InterruptedCall, AFileThatIsSlowToOpenAndToReadIsReadWhole) {
+  const testsupport::TemporaryFolder folder;
+  const std::string path = folder.file("fifo");
+  ASSERT_EQ(::mkfifo(platform::nativePath(path).c_str(), 0666), 0);
+  bool read = false;
+  std::string text;
+  std::thread thread([&] {
+    platform::TextReader reader(path);
+    read = reader.readAll(text);
+  });
+  interruptTimes(thread, 20);
+  {
+    platform::TextWriter writer(path, platform::TextWriter::Mode::append);
+    EXPECT_TRUE(writer.write("one "));
+    interruptTimes(thread, 20);
+    EXPECT_TRUE(writer.write("two"));
+  }
+  thread.join();
+  EXPECT_TRUE(read);
+  EXPECT_EQ(text, "one two");
+}
+
+}  // namespace
