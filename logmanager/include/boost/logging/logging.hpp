@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#ifndef BOOST_LOGGING_LOGGING_HPP
+#define BOOST_LOGGING_LOGGING_HPP
+
+// The log manager. It keeps named logs; a log passes each message through its modifiers, which change the text, and
+// then to its appenders, which write it somewhere.
+//
+// Names of logs are dot-separated and compared byte by byte. A set-up call selects logs by a pattern: "*" in it stands
+// for any run of characters, also none, and the pattern must match the whole name; a pattern without "*" selects the
+// log of that name and the logs below it ("App" selects "App" and "App.error", not "Apple"); the empty pattern selects
+// only the log with the empty name. What a call sets holds as well for logs that are created later.
+//
+// Everything here may be called from any threads at once, from appenders and modifiers, and before main and after it:
+// the manager is made at its first use and never destroyed. A logging statement never waits for a set-up call and sees
+// the callables of its log as they were before such a call or after it, never a mix.
+
+#include <atomic>
+#include <boost/function.hpp>
+#include <boost/shared_ptr.hpp>
+#include <string>
+
+#include "boost/logging/detail/export.hpp"
+#include "boost/logging/detail/log_stream.hpp"
+
+namespace boost {
+namespace logging {
+
+class default_log_manager;
+
+/// The one manager of the process.
+BOOST_LOGGING_API default_log_manager& get_default_log_manager();
+
+/// Connects a callable to every selected log. Of a log's callables a lower index runs first and, of equal indexes, the
+/// one that was added first. Several may share a name. The manager keeps a copy, destroyed by a later set-up call at
+/// the earliest when the callable has been removed and no statement uses it any more. An empty function is ignored.
+BOOST_LOGGING_API void add_appender(default_log_manager& _manager, const std::string& _logs, const appender& _appender,
+                                    const std::string& _name, int _index);
+BOOST_LOGGING_API void add_modifier(default_log_manager& _manager, const std::string& _logs, const modifier& _modifier,
+                                    const std::string& _name, int _index);
+
+/// Disconnects every callable of the name from the selected logs; without effect when there is none.
+BOOST_LOGGING_API void del_appender(default_log_manager& _manager, const std::string& _logs, const std::string& _name);
+BOOST_LOGGING_API void del_modifier(default_log_manager& _manager, const std::string& _logs, const std::string& _name);
+
+/// Switches the selected logs off (level 4294967295) or on (any other level, by custom 0). The latest call that selects
+/// a log decides; a log that no call has selected is on.
+BOOST_LOGGING_API void enable_logs(default_log_manager& _manager, const std::string& _logs, unsigned int _level);
+
+/// Until its first call every message is kept, with its time, the latest 1 MiB of text; the call writes what was kept
+/// through the callables that are connected then, for the logs that are on then, after a line that tells how many
+/// messages were dropped, if any. Later calls have no effect.
+BOOST_LOGGING_API void flush_log_cache();
+
+}  // namespace logging
+}  // namespace boost
+
+#endif
