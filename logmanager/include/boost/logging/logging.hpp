@@ -14,13 +14,11 @@
 // the manager is made at its first use and never destroyed. A logging statement never waits for a set-up call and sees
 // the callables of its log as they were before such a call or after it, never a mix.
 
-#include <atomic>
-#include <boost/function.hpp>
-#include <boost/shared_ptr.hpp>
 #include <string>
 
+#include "boost/logging/callables.hpp"
 #include "boost/logging/detail/export.hpp"
-#include "boost/logging/detail/log_stream.hpp"
+#include "boost/logging/logger.hpp"
 
 namespace boost {
 namespace logging {
