@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <boost/logging/logging.hpp>
+#include <string>
+
+namespace Quillmark_logging {
+
+// The operations of the log manager as this library uses them, on the one manager of the process. The arguments are
+// handed on unchanged; patterns, names and threads are as boost/logging/logging.hpp tells. The add functions return the
+// pattern, so that calls on one pattern can be chained.
+
+/// Every callable of this library is connected at this index.
+constexpr int callableIndex = 100;
+
+constexpr unsigned int levelOn = 0;
+constexpr unsigned int levelOff = 4294967295U;
+
+inline std::string addAppender(const std::string& _logs, const boost::logging::appender& _appender,
+                               const std::string& _name, int _index) {
+  boost::logging::add_appender(boost::logging::get_default_log_manager(), _logs, _appender, _name, _index);
+  return _logs;
+}
+
+inline std::string addModifier(const std::string& _logs, const boost::logging::modifier& _modifier,
+                               const std::string& _name, int _index) {
+  boost::logging::add_modifier(boost::logging::get_default_log_manager(), _logs, _modifier, _name, _index);
+  return _logs;
+}
+
+inline void deleteAppender(const std::string& _logs, const std::string& _name) {
+  boost::logging::del_appender(boost::logging::get_default_log_manager(), _logs, _name);
+}
+
+inline void deleteModifier(const std::string& _logs, const std::string& _name) {
+  boost::logging::del_modifier(boost::logging::get_default_log_manager(), _logs, _name);
+}
+
+inline void enableLogs(const std::string& _logs) {
+  boost::logging::enable_logs(boost::logging::get_default_log_manager(), _logs, levelOn);
+}
+
+inline void disableLogs(const std::string& _logs) {
+  boost::logging::enable_logs(boost::logging::get_default_log_manager(), _logs, levelOff);
+}
+
+}  // namespace Quillmark_logging

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#include "logsetup/class_list.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using Entries = std::vector<std::pair<std::string, int>>;
+
+Entries entriesOf(const std::string& _classList) {
+  Entries entries;
+  Quillmark_logging::forEachClass(
+      _classList, [&entries](const std::string& _entry, int _count) { entries.emplace_back(_entry, _count); });
+  return entries;
+}
+
+// The same by the words of the format: character by character.
+Entries entriesByCharacter(const std::string& _classList) {
+  Entries entries;
+  std::string entry;
+  int count = 0;
+  for (const char c : _classList) {
+    if (c != ';') {
+      entry += c;
+    } else {
+      entries.emplace_back(entry, ++count);
+      entry.clear();
+    }
+  }
+  return entries;
+}
+
+TEST(ClassList, CountsItsEntriesFromOne) { EXPECT_EQ(entriesOf("A;B;C;"), (Entries{{"A", 1}, {"B", 2}, {"C", 3}})); }
+
+TEST(ClassList, DropsWhatFollowsTheLastSemicolon) {
+  EXPECT_EQ(entriesOf("A;B"), (Entries{{"A", 1}}));
+  EXPECT_EQ(entriesOf("A"), Entries{});
+  EXPECT_EQ(entriesOf(""), Entries{});
+}
+
+TEST(ClassList, HasAnEmptyEntryBetweenTwoSemicolons) { EXPECT_EQ(entriesOf(";;"), (Entries{{"", 1}, {"", 2}})); }
+
+TEST(ClassList, KeepsBlanksLineEndsAndLetterCase) {
+  EXPECT_EQ(entriesOf(" A ;\r\nb;"), (Entries{{" A ", 1}, {"\r\nb", 2}}));
+}
+
+TEST(ClassList, HasNoLimitOnTheNumberOfEntries) {
+  std::string list;
+  for (int i = 0; i < 100000; ++i)
+    list += "x;";
+  EXPECT_EQ(entriesOf(list).back(), (Entries::value_type{"x", 100000}));
+}
+
+TEST(ClassList, CallsBackBeforeItLooksForTheNextEntry) {
+  int calls = 0;
+  EXPECT_THROW(Quillmark_logging::forEachClass("A;B;",
+                                               [&calls](const std::string&, int) {
+                                                 ++calls;
+                                                 throw std::runtime_error("stop");
+                                               }),
+               std::runtime_error);
+  EXPECT_EQ(calls, 1);
+}
+
+// Every list of up to 8 characters.
+TEST(ClassList, IsSplitAsByWalkingItsCharacters) {
+  std::vector<std::string> lists = {""};
+  for (std::size_t i = 0; lists[i].size() < 8; ++i) {
+    for (const char c : {'a', ' ', ';'})
+      lists.push_back(lists[i] + c);
+  }
+  for (const auto& list : lists)
+    ASSERT_EQ(entriesOf(list), entriesByCharacter(list)) << list;
+}
+
+}  // namespace
