@@ -7,7 +7,7 @@
 namespace {
 
 struct Switch {
-  operator bool() const { return true; } /* NOLINT(google-explicit-constructor) */
+  operator bool() const { return true; } /* NOLINT(google-explicit-constructor): as applications have them */
 };
 
 }  // namespace

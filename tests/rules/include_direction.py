@@ -6,7 +6,7 @@ import re
 
 LAYERS = ["platform", "trace", "config", "diagnostics", "logsetup", "control"]
 FREE = {"tools", "tests", "bench", "fuzz", "examples"}
-LOG_MANAGER_HEADER = re.compile(r"boost/logging/\w+\.hpp")
+LOG_MANAGER_HEADER = re.compile(r"boost/logging/(?:detail/)?\w+\.hpp")
 PUBLIC_HEADER = re.compile(r"quillmark_logging\w*\.h")
 INCLUDE = re.compile(r'\s*#\s*include\s*[<"]([^>"]+)[>"]')
 
