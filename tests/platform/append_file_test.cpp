@@ -54,13 +54,13 @@ TEST_F(AppendFileTest, CreatesTheMissingFoldersOfAFile) {
   EXPECT_TRUE(testsupport::exists(folder_.file("a\\b\\c\\d\\app.log")));
 }
 
-TEST_F(AppendFileTest, AppendsTheBytesAsTheyAre) {
+TEST_F(AppendFileTest, AppendsTheBytesWithTheLineEndsOfTheSystem) {
   writeFile(path_, "before\n");
   const auto file = open(path_);
   ASSERT_NE(file, nullptr);
   EXPECT_TRUE(append(*file, "one\r\ntwo\n"));
   EXPECT_TRUE(append(*file, std::string("\0\xFF", 2)));
-  EXPECT_EQ(readFile(path_), "before\none\r\ntwo\n" + std::string("\0\xFF", 2));
+  EXPECT_EQ(readFile(path_), "before\n" + testsupport::nativeLineEnds("one\r\ntwo\n") + std::string("\0\xFF", 2));
 }
 
 TEST_F(AppendFileTest, EmptiesAnExistingFileOnlyWhenToldTo) {
@@ -119,7 +119,8 @@ TEST_F(AppendFileTest, MessagesOfSeveralThreadsAreNeitherLostNorTorn) {
   for (std::string line; std::getline(text, line);) {
     const int t = line.empty() ? -1 : line[0] - 'a';
     ASSERT_TRUE(t >= 0 && t < THREADS) << line;
-    ASSERT_EQ(line, std::string(100 + 40 * static_cast<std::size_t>(t), line[0]));
+    ASSERT_EQ(line + "\n",
+              testsupport::nativeLineEnds(std::string(100 + 40 * static_cast<std::size_t>(t), line[0]) + "\n"));
     ++counts[static_cast<std::size_t>(t)];
   }
   EXPECT_EQ(counts, std::vector<int>(THREADS, LINES));

@@ -2,8 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
-#include <iostream>
 
+#include "platform/console.h"
 #include "tests/support/as_unprivileged_user.h"
 #include "tests/support/captured_console.h"
 #include "tests/support/config_sandbox.h"
@@ -36,11 +36,21 @@ TEST(ConfigSandbox, NamesTheFilesOfACaAndMasksTheFolders) {
   EXPECT_FALSE(testsupport::exists(sandbox.logFolder()));
 }
 
-TEST(CapturedConsole, KeepsWhatIsWrittenToStandardError) {
+TEST(CapturedConsole, KeepsWhatIsWrittenToTheConsole) {
   const CapturedConsole console;
-  std::cerr << "one\r\n"
-            << "two" << std::flush;
-  EXPECT_EQ(console.text(), "one\r\ntwo");
+  platform::writeConsole("one\r\n");
+  platform::writeConsole("two\n\n\t ");
+  EXPECT_EQ(console.text(), "one\r\ntwo\n\n\t ");
+}
+
+TEST(CapturedConsole, KeepsALongText) {
+  const CapturedConsole console;
+  std::string text;
+  while (text.size() < 100000) {
+    text += "line " + std::to_string(text.size()) + "\r\n";
+    platform::writeConsole(text.substr(text.rfind('l')));
+  }
+  EXPECT_EQ(console.text(), text);
 }
 
 TEST(AsUnprivilegedUser, CannotReadWhatIsDenied) {

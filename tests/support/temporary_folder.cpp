@@ -9,16 +9,12 @@
 #include <random>
 #include <sstream>
 
+#include "tests/support/system_path.h"
+
 namespace testsupport {
 namespace {
 
 namespace fs = std::filesystem;
-
-// Slashes serve both systems.
-fs::path native(std::string _path) {
-  std::replace(_path.begin(), _path.end(), '\\', '/');
-  return _path;
-}
 
 std::string uniqueName() {
   std::random_device device;
@@ -33,23 +29,23 @@ TemporaryFolder::TemporaryFolder() {
   const fs::path folder = fs::temp_directory_path() / uniqueName();
   fs::create_directory(folder);
   fs::permissions(folder, fs::perms::all);
-  path_ = folder.string();
+  path_ = pathText(folder);
 }
 
 TemporaryFolder::~TemporaryFolder() {
   std::error_code ignored;
-  fs::remove_all(native(path_), ignored);
+  fs::remove_all(systemPath(path_), ignored);
 }
 
 void writeFile(const std::string& _path, const std::string& _bytes) {
-  std::ofstream file(native(_path), std::ios::binary | std::ios::trunc);
+  std::ofstream file(systemPath(_path), std::ios::binary | std::ios::trunc);
   file << _bytes;
   file.close();
   ASSERT_TRUE(file.good()) << "cannot write " << _path;
 }
 
 std::string readFile(const std::string& _path) {
-  std::ifstream file(native(_path), std::ios::binary);
+  std::ifstream file(systemPath(_path), std::ios::binary);
   EXPECT_TRUE(file.is_open()) << "cannot read " << _path;
   std::ostringstream bytes;
   if (file.peek() != std::ifstream::traits_type::eof()) {
@@ -58,20 +54,20 @@ std::string readFile(const std::string& _path) {
   return bytes.str();
 }
 
-bool exists(const std::string& _path) { return fs::exists(native(_path)); }
+bool exists(const std::string& _path) { return fs::exists(systemPath(_path)); }
 
-void removeAll(const std::string& _path) { fs::remove_all(native(_path)); }
+void removeAll(const std::string& _path) { EXPECT_TRUE(removeAtOnce(systemPath(_path))) << "cannot remove " << _path; }
 
 void makeFolders(const std::string& _path) {
-  fs::create_directories(native(_path));
-  ASSERT_TRUE(fs::is_directory(native(_path))) << "cannot create " << _path;
+  fs::create_directories(systemPath(_path));
+  ASSERT_TRUE(fs::is_directory(systemPath(_path))) << "cannot create " << _path;
 }
 
 std::vector<std::string> namesIn(const std::string& _path) {
   std::vector<std::string> names;
-  if (fs::is_directory(native(_path))) {
-    for (const auto& entry : fs::directory_iterator(native(_path))) {
-      names.push_back(entry.path().filename().string());
+  if (fs::is_directory(systemPath(_path))) {
+    for (const auto& entry : fs::directory_iterator(systemPath(_path))) {
+      names.push_back(pathText(entry.path().filename()));
     }
   }
   std::sort(names.begin(), names.end());

@@ -34,6 +34,9 @@ void makeFolders(const std::string& _path);
 /// The names in the folder, sorted; none when the folder is missing.
 std::vector<std::string> namesIn(const std::string& _path);
 
+/// The text as it stands in a file to which the library wrote it: each "\n" is CR LF on Windows, LF on Linux.
+std::string nativeLineEnds(const std::string& _text);
+
 /// The text with every occurrence of _from replaced by _to.
 std::string replaced(std::string _text, const std::string& _from, const std::string& _to);
 

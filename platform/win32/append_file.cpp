@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+#include "platform/append_file.h"
+
+#include "platform/fault.h"
+#include "platform/win32/append_lock.h"
+#include "platform/win32/last_error.h"
+#include "platform/win32/line_ends.h"
+#include "platform/win32/windows_api.h"
+
+namespace platform {
+namespace {
+
+constexpr char SEPARATORS[] = "\\/";
+constexpr DWORD SHARE_ALL = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+HANDLE handleOf(std::intptr_t _file) { return reinterpret_cast<HANDLE>(_file); }
+
+// Without the right to write data every write goes to the end of the file. Reading serves to look at the last byte, and
+// the lock needs it.
+HANDLE openForAppending(const std::string& _path, bool _truncate) {
+  const DWORD access = FILE_APPEND_DATA | FILE_READ_DATA | FILE_READ_ATTRIBUTES | SYNCHRONIZE;
+  return ::CreateFileA(_path.c_str(), access, SHARE_ALL, nullptr, _truncate ? CREATE_ALWAYS : OPEN_ALWAYS,
+                       FILE_ATTRIBUTE_NORMAL, nullptr);
+}
+
+bool makeFolder(const std::string& _folder) {
+  return ::CreateDirectoryA(_folder.c_str(), nullptr) || lastErrorCode() == errorAlreadyExists;
+}
+
+// Creates the folder of a path with its missing parents; on failure the last error tells why.
+bool createFolderOf(const std::string& _path) {
+  const std::size_t nameBegin = _path.find_last_of(SEPARATORS);
+  const std::size_t end = nameBegin == std::string::npos ? nameBegin : _path.find_last_not_of(SEPARATORS, nameBegin);
+  if (end == std::string::npos) return false;
+  const std::string folder = _path.substr(0, end + 1);
+  if (makeFolder(folder)) return true;
+  return lastErrorCode() == errorPathNotFound && createFolderOf(folder) && makeFolder(folder);
+}
+
+bool identityOf(HANDLE _file, AppendFile::Identity& _identity) {
+  BY_HANDLE_FILE_INFORMATION information{};
+  if (!::GetFileInformationByHandle(_file, &information)) return false;
+  _identity.volume = information.dwVolumeSerialNumber;
+  _identity.file = static_cast<std::uint64_t>(information.nFileIndexHigh) << 32 | information.nFileIndexLow;
+  return true;
+}
+
+// Where a file that somebody removed keeps its name until its last handle is closed, nobody can open it by that name.
+bool isRemoved(HANDLE _file) {
+  FILE_STANDARD_INFO information{};
+  return ::GetFileInformationByHandleEx(_file, FileStandardInfo, &information, sizeof information) &&
+         information.DeletePending;
+}
+
+}  // namespace
+
+std::unique_ptr<AppendFile> AppendFile::open(const std::string& _path, bool _truncate, ErrorCode& _error) {
+  const ErrorCode fault = injectedFault(Call::openForAppending);
+  if (fault != noError) {
+    _error = fault;
+    return nullptr;
+  }
+  HANDLE file = openForAppending(_path, _truncate);
+  if (file == INVALID_HANDLE_VALUE && lastErrorCode() == errorPathNotFound && createFolderOf(_path)) {
+    file = openForAppending(_path, _truncate);
+  }
+  Identity identity;
+  if (file == INVALID_HANDLE_VALUE || !identityOf(file, identity)) {
+    _error = lastErrorCode();
+    if (file != INVALID_HANDLE_VALUE) ::CloseHandle(file);
+    return nullptr;
+  }
+  return std::unique_ptr<AppendFile>(new AppendFile(reinterpret_cast<std::intptr_t>(file), identity));
+}
+
+AppendFile::AppendFile(std::intptr_t _file, Identity _identity) : file_(_file), identity_(_identity) {}
+
+AppendFile::~AppendFile() {
+  if (injectedFault(Call::closeFile) == noError) ::CloseHandle(handleOf(file_));
+}
+
+AppendFile::Result AppendFile::append(const char* _data, std::size_t _size) {
+  if (_size == 0) return {};
+  const ErrorCode fault = injectedFault(Call::append);
+  if (fault != noError) return {0, fault};
+  const std::string bytes = withCarriageReturns({_data, _size});
+  const AppendLock lock(handleOf(file_));
+  DWORD written = 0;
+  if (!::WriteFile(handleOf(file_), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr)) {
+    return {0, lastErrorCode()};
+  }
+  if (written == bytes.size()) return {_size, noError};
+  // A short write is not continued: another process may have appended since.
+  return {sizeBeforeTranslation({_data, _size}, written), errorDiskFull};
+}
+
+bool AppendFile::endsInLineFeed() const {
+  if (injectedFault(Call::read) != noError) return true;
+  LARGE_INTEGER size{};
+  if (!::GetFileSizeEx(handleOf(file_), &size) || size.QuadPart == 0) return true;
+  OVERLAPPED position{};
+  position.Offset = static_cast<DWORD>(size.QuadPart - 1);
+  position.OffsetHigh = static_cast<DWORD>((size.QuadPart - 1) >> 32);
+  char last = '\n';
+  DWORD got = 0;
+  return !::ReadFile(handleOf(file_), &last, 1, &got, &position) || got != 1 || last == '\n';
+}
+
+bool AppendFile::isStillAt(const std::string& _path) const {
+  if (injectedFault(Call::statusQuery) != noError) return true;
+  if (isRemoved(handleOf(file_))) return false;
+  const HANDLE file = ::CreateFileA(_path.c_str(), FILE_READ_ATTRIBUTES, SHARE_ALL, nullptr, OPEN_EXISTING,
+                                    FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+  if (file == INVALID_HANDLE_VALUE) {
+    const ErrorCode error = lastErrorCode();
+    return error != ERROR_FILE_NOT_FOUND && error != errorPathNotFound;
+  }
+  Identity identity;
+  const bool same = !identityOf(file, identity) || identity == identity_;
+  ::CloseHandle(file);
+  return same;
+}
+
+}  // namespace platform

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#include "tests/support/captured_console.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <vector>
+
+#include "platform/win32/windows_api.h"
+
+// What _cprintf writes reaches the screen buffer of the console and nothing else, so it is read back from there. With
+// processing off, control characters are stored in cells like any others; then the text is what the cells up to the
+// cursor hold, byte for byte.
+
+namespace testsupport {
+namespace {
+
+constexpr SHORT WIDTH = 256;
+constexpr SHORT HEIGHT = 4096;
+
+[[noreturn]] void fail(const char* _what) {
+  std::fprintf(stderr, "captured console: %s, error %lu\n", _what, ::GetLastError());
+  std::abort();
+}
+
+HANDLE openConsole() {
+  const HANDLE console = ::CreateFileA("CONOUT$", GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                       nullptr, OPEN_EXISTING, 0, nullptr);
+  if (console == INVALID_HANDLE_VALUE) fail("the process has no console");
+  return console;
+}
+
+CONSOLE_SCREEN_BUFFER_INFO infoOf(HANDLE _console) {
+  CONSOLE_SCREEN_BUFFER_INFO info{};
+  if (!::GetConsoleScreenBufferInfo(_console, &info)) fail("no screen buffer");
+  return info;
+}
+
+DWORD modeOf(HANDLE _console) {
+  DWORD mode = 0;
+  if (!::GetConsoleMode(_console, &mode)) fail("no mode");
+  return mode;
+}
+
+}  // namespace
+
+struct CapturedConsole::State {
+  HANDLE console = openConsole();
+  DWORD formerMode = modeOf(console);
+  UINT formerCodePage = ::GetConsoleOutputCP();
+};
+
+CapturedConsole::CapturedConsole() : state_(new State) {
+  ::SetConsoleOutputCP(::GetACP());
+  if (!::SetConsoleScreenBufferSize(state_->console, {WIDTH, HEIGHT})) fail("the screen buffer cannot be enlarged");
+  if (!::SetConsoleMode(state_->console, ENABLE_WRAP_AT_EOL_OUTPUT)) fail("processing cannot be switched off");
+  if (!::SetConsoleCursorPosition(state_->console, {0, 0})) fail("the cursor cannot be set");
+}
+
+CapturedConsole::~CapturedConsole() {
+  ::SetConsoleMode(state_->console, state_->formerMode);
+  ::SetConsoleOutputCP(state_->formerCodePage);
+  ::SetConsoleCursorPosition(state_->console, {0, 0});
+  ::CloseHandle(state_->console);
+  delete state_;
+}
+
+std::string CapturedConsole::text() const {
+  const CONSOLE_SCREEN_BUFFER_INFO info = infoOf(state_->console);
+  const COORD cursor = info.dwCursorPosition;
+  if (info.dwSize.X != WIDTH || cursor.Y >= HEIGHT - 1) fail("the text is larger than the screen buffer");
+  const DWORD size = static_cast<DWORD>(cursor.Y) * WIDTH + static_cast<DWORD>(cursor.X);
+  std::string text;
+  std::vector<char> row(WIDTH);
+  while (text.size() < size) {
+    const auto y = static_cast<SHORT>(text.size() / WIDTH);
+    DWORD got = 0;
+    if (!::ReadConsoleOutputCharacterA(state_->console, row.data(), WIDTH, {0, y}, &got) || got != WIDTH) {
+      fail("a row cannot be read");
+    }
+    text.append(row.data(), WIDTH);
+  }
+  text.resize(size);
+  return text;
+}
+
+}  // namespace testsupport

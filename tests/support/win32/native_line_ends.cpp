@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+#include "tests/support/temporary_folder.h"
+
+namespace testsupport {
+
+std::string nativeLineEnds(const std::string& _text) { return replaced(_text, "\n", "\r\n"); }
+
+}  // namespace testsupport
