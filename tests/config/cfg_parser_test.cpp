@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#include "config/cfg_parser.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/config/cfg_oracle.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// "key|value" of each pair, the value as it is before blanks are cut off.
+std::vector<std::string> pairsOf(std::string _text) {
+  expandTabs(_text);
+  std::vector<std::string> pairs;
+  for (const CfgPair& pair : scanCfgText(_text)) {
+    pairs.push_back(pair.key + "|" + pair.value);
+  }
+  return pairs;
+}
+
+TEST(CfgParser, AnEqualsSignOrAColonSeparates) {
+  EXPECT_THAT(pairsOf("KEY=value\n"), ElementsAre("KEY|value"));
+  EXPECT_THAT(pairsOf("KEY:value\n"), ElementsAre("KEY|value"));
+}
+
+TEST(CfgParser, BlanksAroundTheSeparatorAreKept) { EXPECT_THAT(pairsOf("KEY = value\n"), ElementsAre("KEY | value")); }
+
+TEST(CfgParser, ATabIsEightBlanks) {
+  EXPECT_THAT(pairsOf("K\tY=a\tb\t\n"), ElementsAre("K        Y|a        b        "));
+}
+
+TEST(CfgParser, OnlyTheFirstSeparatorOfAKeyCounts) {
+  EXPECT_THAT(pairsOf("KEY=a=b\nURL=x:y\nA:b=c\n"), ElementsAre("KEY|a=b", "URL|x:y", "A|b=c"));
+}
+
+TEST(CfgParser, AHashStartsACommentAnywhere) {
+  EXPECT_THAT(pairsOf("# comment\nKEY=value # note\nK=a#b\nX#=1\n=2\n"), ElementsAre("KEY|value ", "K|a", "X|2"));
+}
+
+TEST(CfgParser, TwoSlashesStartACommentAfterABlankOrALineEnd) {
+  EXPECT_THAT(pairsOf("A=1\n// comment\nKEY=value // note\nT=v\t// note\n"),
+              ElementsAre("A|1", "KEY|value ", "T|v        "));
+}
+
+TEST(CfgParser, TwoSlashesElsewhereBelongToTheText) {
+  EXPECT_THAT(pairsOf("P=x://y\nQ=a//b\nR=/ /c\n"), ElementsAre("P|x://y", "Q|a//b", "R|/ /c"));
+}
+
+TEST(CfgParser, TwoSlashesAtTheVeryStartAreNoComment) { EXPECT_THAT(pairsOf("//K=1\n"), ElementsAre("//K|1")); }
+
+TEST(CfgParser, AHashAtTheVeryStartIsAComment) { EXPECT_THAT(pairsOf("#K=1\nA=2\n"), ElementsAre("A|2")); }
+
+TEST(CfgParser, ALastLineWithoutALineFeedIsDropped) {
+  EXPECT_THAT(pairsOf("A=1\nB=2"), ElementsAre("A|1"));
+  EXPECT_THAT(pairsOf("A=1\nB"), ElementsAre("A|1"));
+}
+
+TEST(CfgParser, ACommentAtTheEndEndsTheScan) {
+  EXPECT_THAT(pairsOf("A=1\nB=2 # note"), ElementsAre("A|1"));
+  EXPECT_THAT(pairsOf("A=1\n//"), ElementsAre("A|1"));
+  EXPECT_THAT(pairsOf("#"), IsEmpty());
+}
+
+TEST(CfgParser, AnEmptyValueSwallowsTheNextLine) { EXPECT_THAT(pairsOf("A=\nB=2\n"), ElementsAre("A|\nB=2")); }
+
+TEST(CfgParser, AnEmptyKeySwallowsTheRest) { EXPECT_THAT(pairsOf("=1\nB=2\n"), IsEmpty()); }
+
+TEST(CfgParser, AValueOfBlanksIsAPair) { EXPECT_THAT(pairsOf("A=  \nB=2\n"), ElementsAre("A|  ", "B|2")); }
+
+TEST(CfgParser, ALineWithoutASeparatorJoinsTheNextKey) {
+  EXPECT_THAT(pairsOf("junk\nKEY=1\n"), ElementsAre("junkKEY|1"));
+}
+
+TEST(CfgParser, RepeatedKeysAreAllGivenInOrder) {
+  EXPECT_THAT(pairsOf("K=1\nL=2\nK=3\n"), ElementsAre("K|1", "L|2", "K|3"));
+}
+
+TEST(CfgParser, ATextOfCommentsOnlyHoldsNothing) {
+  EXPECT_THAT(pairsOf("# a\n// b\n  # c\n"), IsEmpty());
+  EXPECT_THAT(pairsOf(""), IsEmpty());
+}
+
+TEST(CfgParser, AgreesWithTheNaiveReadingOfEveryShortText) {
+  const std::string alphabet = "k=:#/\n\t ";
+  constexpr std::size_t longest = 6;
+  std::size_t texts = 0;
+  std::vector<std::size_t> digits;
+  while (digits.size() <= longest) {
+    std::string text;
+    for (const std::size_t digit : digits)
+      text += alphabet[digit];
+    ASSERT_EQ(pairsOf(text), testsupport::naivePairsOf(text)) << testing::PrintToString(text);
+    ++texts;
+    std::size_t at = 0;
+    while (at < digits.size() && ++digits[at] == alphabet.size())
+      digits[at++] = 0;
+    if (at == digits.size()) digits.push_back(0);
+  }
+  EXPECT_EQ(texts, 1U + 8 + 64 + 512 + 4096 + 32768 + 262144);
+}
+
+}  // namespace

@@ -1,0 +1,289 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include "config/cfg_data_manager.h"
+#include "config/error_record.h"
+#include "tests/config/records.h"
+#include "tests/support/as_unprivileged_user.h"
+#include "tests/support/config_sandbox.h"
+#include "tests/support/fault_plan.h"
+#include "tests/support/golden.h"
+#include "tests/trace/traced_console.h"
+
+namespace {
+
+using platform::Call;
+using testsupport::AsUnprivilegedUser;
+using testsupport::FaultPlan;
+using testsupport::makeFolders;
+using testsupport::matchesGolden;
+using testsupport::readFile;
+using testsupport::recordsIn;
+using testsupport::TracedConsole;
+using Records = std::vector<std::string>;
+
+class ClassStore : public testing::Test {
+ protected:
+  std::string infoFile() const { return sandbox_.logFolder() + "\\qmrk.info"; }
+
+  bool hasRecords() const { return testsupport::exists(infoFile()); }
+
+  testing::AssertionResult getTraceMatches(const std::string& _ca, const std::string& _golden) {
+    const TracedConsole console;
+    std::string classes;
+    CfgDataManager::getInstance(true)->getEnabledLogClasses(_ca, classes);
+    return matchesGolden(sandbox_.masked(console.text()), _golden);
+  }
+
+  testing::AssertionResult setTraceMatches(const std::string& _ca, const std::string& _classes,
+                                           const std::string& _golden) {
+    const TracedConsole console;
+    CfgDataManager::getInstance(true)->setEnabledLogClasses(_ca, _classes);
+    return matchesGolden(sandbox_.masked(console.text()), _golden);
+  }
+
+  testsupport::ConfigSandbox sandbox_;
+  CfgDataManager* store_ = CfgDataManager::getInstance(false);
+  std::string classes_;
+};
+
+TEST_F(ClassStore, GivesTheWholeTextOfTheFile) {
+  sandbox_.writeInit("CA12", "A;\n B;\n\n");
+  EXPECT_TRUE(store_->getEnabledLogClasses("ca12", classes_));
+  EXPECT_EQ(classes_, "A;\n B;\n\n");
+}
+
+TEST_F(ClassStore, GivesCrLfAsLf) {
+  sandbox_.writeInit("CA12", "A;\r\nB;\rC");
+  EXPECT_TRUE(store_->getEnabledLogClasses("CA12", classes_));
+  EXPECT_EQ(classes_, "A;\nB;\rC");
+}
+
+TEST_F(ClassStore, AppendsToWhatTheCallerHas) {
+  sandbox_.writeInit("CA12", "B;");
+  classes_ = "A;";
+  EXPECT_TRUE(store_->getEnabledLogClasses("CA12", classes_));
+  EXPECT_EQ(classes_, "A;B;");
+}
+
+TEST_F(ClassStore, AnEmptyFileIsAnEmptyListAndNoFailure) {
+  sandbox_.writeInit("CA12", "");
+  EXPECT_TRUE(store_->getEnabledLogClasses("CA12", classes_));
+  EXPECT_EQ(classes_, "");
+}
+
+TEST_F(ClassStore, OfTheGenericCaWithoutRedirectionIsTheTextOfItsCfgFile) {
+  sandbox_.writeCfg("GE", "CA_NR=GE\n");
+  sandbox_.writeInit("GE", "A;");
+  EXPECT_TRUE(store_->getEnabledLogClasses("ge", classes_));
+  EXPECT_EQ(classes_, "CA_NR=GE\n");
+}
+
+TEST_F(ClassStore, AMissingFileLeavesARecord) {
+  makeFolders(sandbox_.logFolder());
+  EXPECT_FALSE(store_->getEnabledLogClasses("ca12", classes_));
+  EXPECT_EQ(classes_, "");
+  EXPECT_EQ(recordsIn(infoFile()), Records{"Failed to open file " + sandbox_.initPath("CA12") + " [ca12] "});
+}
+
+TEST_F(ClassStore, AMissingFileLeavesNoRecordWithoutALogFolder) {
+  EXPECT_FALSE(store_->getEnabledLogClasses("CA12", classes_));
+  EXPECT_FALSE(testsupport::exists(sandbox_.logFolder()));
+}
+
+TEST_F(ClassStore, AFolderInThePlaceOfTheFileIsAFailure) {
+  makeFolders(sandbox_.initPath("CA12"));
+  EXPECT_FALSE(store_->getEnabledLogClasses("CA12", classes_));
+}
+
+TEST_F(ClassStore, AnUnreadableFileLeavesARecord) {
+  makeFolders(sandbox_.logFolder());
+  testsupport::writeFile(infoFile(), "");
+  std::filesystem::permissions(testsupport::replaced(infoFile(), "\\", "/"), std::filesystem::perms::all);
+  sandbox_.writeInit("CA12", "A;");
+  testsupport::denyAccess(sandbox_.initPath("CA12"));
+  {
+    const AsUnprivilegedUser user;
+    EXPECT_FALSE(store_->getEnabledLogClasses("CA12", classes_));
+  }
+  EXPECT_EQ(recordsIn(infoFile()), Records{"Failed to open file " + sandbox_.initPath("CA12") + " [CA12] "});
+}
+
+TEST_F(ClassStore, AFileThatIsDeniedOnceItIsOpenLeavesARecordOfThat) {
+  makeFolders(sandbox_.logFolder());
+  sandbox_.writeInit("CA12", "A;");
+  const FaultPlan failure(Call::accessTest, 1, platform::errorAccessDenied);
+  EXPECT_FALSE(store_->getEnabledLogClasses("CA12", classes_));
+  EXPECT_EQ(classes_, "");
+  EXPECT_EQ(recordsIn(infoFile()),
+            Records{"The file " + sandbox_.initPath("CA12") + " doesn't have READ permission. [CA12] "});
+}
+
+TEST_F(ClassStore, AnUnknownFolderLeavesARecordOfThat) {
+  makeFolders(sandbox_.logFolder());
+  const FaultPlan failure(Call::shellFolder, 1, platform::errorPathNotFound);
+  EXPECT_FALSE(store_->getEnabledLogClasses("CA12", classes_));
+  EXPECT_EQ(recordsIn(infoFile()), Records{"Failed to get path to the enabled log class/es file. [CA12] "});
+}
+
+TEST_F(ClassStore, AnEmptyCaLeavesNoRecordSinceItHasNoLogFolder) {
+  makeFolders(sandbox_.logFolder());
+  EXPECT_FALSE(store_->getEnabledLogClasses("", classes_));
+  EXPECT_FALSE(hasRecords());
+}
+
+// ---- Setting ----
+
+TEST_F(ClassStore, IsReplacedByTheTextAsItIs) {
+  sandbox_.writeInit("CA12", "old content;");
+  EXPECT_TRUE(store_->setEnabledLogClasses("ca12", "A;B;"));
+  EXPECT_EQ(readFile(sandbox_.initPath("CA12")), "A;B;");
+}
+
+TEST_F(ClassStore, IsWrittenInTextMode) {
+  EXPECT_TRUE(store_->setEnabledLogClasses("CA12", "A;\nB;\n"));
+  const std::string lineEnd = testsupport::textFileLineEnd;
+  EXPECT_EQ(readFile(sandbox_.initPath("CA12")), "A;" + lineEnd + "B;" + lineEnd);
+}
+
+TEST_F(ClassStore, RefusesAnEmptyListAndLeavesTheFileUnchanged) {
+  makeFolders(sandbox_.logFolder());
+  sandbox_.writeInit("CA12", "A;");
+  EXPECT_FALSE(store_->setEnabledLogClasses("CA12", ""));
+  EXPECT_EQ(readFile(sandbox_.initPath("CA12")), "A;");
+  EXPECT_FALSE(hasRecords());
+}
+
+TEST_F(ClassStore, SettingWithoutAPathLeavesNoRecord) {
+  makeFolders(sandbox_.logFolder());
+  const FaultPlan failure(Call::shellFolder, 1, platform::errorPathNotFound);
+  EXPECT_FALSE(store_->setEnabledLogClasses("CA12", "A;"));
+  EXPECT_FALSE(hasRecords());
+}
+
+TEST_F(ClassStore, SettingAReadOnlyFileLeavesARecord) {
+  makeFolders(sandbox_.logFolder());
+  testsupport::writeFile(infoFile(), "");
+  std::filesystem::permissions(testsupport::replaced(infoFile(), "\\", "/"), std::filesystem::perms::all);
+  sandbox_.writeInit("CA12", "A;");
+  testsupport::denyWriting(sandbox_.initPath("CA12"));
+  {
+    const AsUnprivilegedUser user;
+    EXPECT_FALSE(store_->setEnabledLogClasses("CA12", "B;"));
+  }
+  EXPECT_EQ(readFile(sandbox_.initPath("CA12")), "A;");
+  EXPECT_EQ(recordsIn(infoFile()), Records{"Failed to open file " + sandbox_.initPath("CA12") +
+                                           ".The doesn't have WRITE permission. [CA12] "});
+}
+
+TEST_F(ClassStore, SettingAWritableFileThatCannotBeOpenedLeavesAShorterRecord) {
+  makeFolders(sandbox_.logFolder());
+  makeFolders(sandbox_.initPath("CA12"));
+  EXPECT_FALSE(store_->setEnabledLogClasses("CA12", "B;"));
+  EXPECT_EQ(recordsIn(infoFile()), Records{"Failed to open file " + sandbox_.initPath("CA12") + " [CA12] "});
+}
+
+TEST_F(ClassStore, SettingIsAFailureWhenTheDiskIsFull) {
+  const FaultPlan failure(Call::write, 1, platform::errorDiskFull);
+  EXPECT_FALSE(store_->setEnabledLogClasses("CA12", "A;"));
+}
+
+// ---- Error records ----
+
+TEST_F(ClassStore, ARecordEndsInABlankUnlessACallerIsNamed) {
+  EXPECT_EQ(errorRecordText("ca12", "Text.", ""), "Text. [ca12] ");
+  EXPECT_EQ(errorRecordText("CA12", "Text.", "App"), "Text. [CA12] [Called by App]");
+}
+
+TEST_F(ClassStore, RecordsAreAppendedBelowTheLogRootOfTheCa) {
+  sandbox_.writeCfg("CA12", "COMMON_LOG_FILE_ROOT=Own\\Logs\n");
+  makeFolders(sandbox_.appData() + "\\Own\\Logs");
+  EXPECT_TRUE(store_->writeErrorRecord("CA12", "One.", ""));
+  EXPECT_TRUE(store_->writeErrorRecord("CA12", "Two.", "App"));
+  EXPECT_EQ(recordsIn(sandbox_.appData() + "\\Own\\Logs\\qmrk.info"),
+            (Records{"One. [CA12] ", "Two. [CA12] [Called by App]"}));
+}
+
+TEST_F(ClassStore, ARecordIsNotWrittenWithoutTheFolder) {
+  EXPECT_FALSE(store_->writeErrorRecord("CA12", "Text.", ""));
+  EXPECT_FALSE(testsupport::exists(sandbox_.logFolder()));
+}
+
+TEST_F(ClassStore, ARecordIsNotWrittenToAReadOnlyFile) {
+  makeFolders(sandbox_.logFolder());
+  testsupport::writeFile(infoFile(), "");
+  testsupport::denyWriting(infoFile());
+  {
+    const AsUnprivilegedUser user;
+    EXPECT_FALSE(store_->writeErrorRecord("CA12", "Text.", ""));
+  }
+  EXPECT_EQ(readFile(infoFile()), "");
+}
+
+TEST_F(ClassStore, ARecordIsNotWrittenWhenTheDiskIsFull) {
+  makeFolders(sandbox_.logFolder());
+  const FaultPlan failure(Call::write, 1, platform::errorDiskFull);
+  EXPECT_FALSE(store_->writeErrorRecord("CA12", "Text.", ""));
+}
+
+TEST_F(ClassStore, TheLogRootHasADefault) {
+  std::string root;
+  EXPECT_TRUE(store_->getLogRootPath(root, "CA12"));
+  EXPECT_EQ(root, sandbox_.appData() + R"(\Orvane\Quillmark\Logging)");
+}
+
+TEST_F(ClassStore, TheLogRootAlwaysGetsABackslash) {
+  std::string root;
+  sandbox_.writeCfg("CA12", "COMMON_LOG_FILE_ROOT=\\Logs\n");
+  EXPECT_TRUE(store_->getLogRootPath(root, "CA12"));
+  EXPECT_EQ(root, sandbox_.appData() + R"(\\Logs)");
+  sandbox_.writeCfg("CA12", "COMMON_LOG_FILE_ROOT= \n");
+  EXPECT_TRUE(store_->getLogRootPath(root, "CA12"));
+  EXPECT_EQ(root, sandbox_.appData() + "\\");
+}
+
+TEST_F(ClassStore, TheLogRootIsUnchangedWhenTheSystemDoesNotKnowTheFolder) {
+  const FaultPlan failure(Call::shellFolder, 1, platform::errorPathNotFound);
+  std::string root = "preset";
+  EXPECT_FALSE(store_->getLogRootPath(root, "CA12"));
+  EXPECT_EQ(root, "preset");
+}
+
+TEST_F(ClassStore, TheLogRootNeedsACa) {
+  std::string root = "preset";
+  EXPECT_FALSE(store_->getLogRootPath(root, ""));
+  EXPECT_EQ(root, sandbox_.appData());
+}
+
+// ---- Traces ----
+
+TEST_F(ClassStore, TracesAList) {
+  sandbox_.writeInit("CA12", "A;\r\nB;");
+  EXPECT_TRUE(getTraceMatches("CA12", "config_classes_get.txt"));
+}
+
+TEST_F(ClassStore, TracesAnEmptyList) {
+  sandbox_.writeInit("CA12", "");
+  EXPECT_TRUE(getTraceMatches("CA12", "config_classes_get_empty.txt"));
+}
+
+TEST_F(ClassStore, TracesAMissingFile) { EXPECT_TRUE(getTraceMatches("CA12", "config_classes_get_missing_file.txt")); }
+
+TEST_F(ClassStore, TracesADeniedFileWithoutALineOfItsOwn) {
+  sandbox_.writeInit("CA12", "A;");
+  const FaultPlan failure(Call::accessTest, 1, platform::errorAccessDenied);
+  EXPECT_TRUE(getTraceMatches("CA12", "config_classes_get_denied_file.txt"));
+}
+
+TEST_F(ClassStore, TracesAMissingPath) { EXPECT_TRUE(getTraceMatches("", "config_classes_get_no_path.txt")); }
+
+TEST_F(ClassStore, TracesANewList) { EXPECT_TRUE(setTraceMatches("CA12", "A;B;", "config_classes_set.txt")); }
+
+TEST_F(ClassStore, TracesARefusedList) { EXPECT_TRUE(setTraceMatches("CA12", "", "config_classes_set_empty.txt")); }
+
+TEST_F(ClassStore, TracesAListThatCannotBeStored) {
+  makeFolders(sandbox_.initPath("CA12"));
+  EXPECT_TRUE(setTraceMatches("CA12", "A;", "config_classes_set_failed.txt"));
+}
+
+}  // namespace

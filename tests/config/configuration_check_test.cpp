@@ -1,0 +1,209 @@
+// SPDX-License-Identifier: MIT
+#include "config/configuration_check.h"
+
+#include <gtest/gtest.h>
+
+#include "quillmark_logging.h"
+#include "tests/config/records.h"
+#include "tests/support/as_unprivileged_user.h"
+#include "tests/support/config_sandbox.h"
+#include "tests/support/fault_plan.h"
+#include "tests/support/golden.h"
+#include "tests/trace/masked_object_bytes.h"
+#include "tests/trace/traced_console.h"
+
+namespace {
+
+using platform::Call;
+using testsupport::AsUnprivilegedUser;
+using testsupport::exists;
+using testsupport::FaultPlan;
+using testsupport::recordsIn;
+using testsupport::TracedConsole;
+using Records = std::vector<std::string>;
+
+constexpr char REDIRECTING[] =
+    " Redirecting to configuration file appointed by qmrk_logging_GE.cfg instead. [Called by App]";
+
+class ConfigurationCheck : public testing::Test {
+ protected:
+  bool check(const std::string& _ca, const std::string& _caller = "App") {
+    ca_ = _ca;
+    return Quillmark_logging::checkSpecifiedConfiguration(ca_, _caller);
+  }
+
+  bool checkTraced(const std::string& _ca) {
+    const TracedConsole console;
+    const bool ok = check(_ca);
+    trace_ = sandbox_.masked(console.text());
+    return ok;
+  }
+
+  testing::AssertionResult traceMatches(const std::string& _golden) const {
+    return testsupport::matchesGolden(testsupport::maskedObjectBytes(withoutUpperFolders(trace_)), _golden);
+  }
+
+  // Without the lines about the folders above the application data, which depend on the machine.
+  static std::string withoutUpperFolders(std::string _trace) {
+    const std::string entry = "==> Quillmark_logging::createDirectory() _dir=<APPDATA>";
+    const std::string firstKept = "==> Quillmark_logging::checkIfFileDirectoryExists() _fileWithPath=<APPDATA>\\\r\n";
+    const std::size_t begin = _trace.find("\r\n", _trace.find(entry)) + 2;
+    const std::size_t end = _trace.find(firstKept, begin);
+    return end == std::string::npos ? _trace : _trace.erase(begin, end - begin);
+  }
+
+  Records records() const { return exists(infoFile_) ? recordsIn(infoFile_) : Records{}; }
+
+  testsupport::ConfigSandbox sandbox_;
+  std::string infoFile_ = sandbox_.logFolder() + "\\qmrk.info";
+  std::string ca_;
+  std::string trace_;
+};
+
+TEST_F(ConfigurationCheck, AReadableFileOfTheCaIsFine) {
+  sandbox_.writeCfg("CA12", "CA_NR=CA12\n");
+  EXPECT_TRUE(checkTraced("CA12"));
+  EXPECT_EQ(ca_, "CA12");
+  EXPECT_EQ(records(), Records{});
+  EXPECT_TRUE(traceMatches("config_check_fine.txt"));
+}
+
+TEST_F(ConfigurationCheck, AMissingFileFallsBackToTheGenericOneAndIsRecorded) {
+  sandbox_.writeCfg("GE", "CA_NR=GE\n");
+  EXPECT_TRUE(checkTraced("CA12"));
+  EXPECT_EQ(ca_, "GE");
+  EXPECT_EQ(records(), Records{"Invalid of missing configuration file for CA12." + std::string(REDIRECTING)});
+  EXPECT_TRUE(traceMatches("config_check_generic.txt"));
+}
+
+TEST_F(ConfigurationCheck, AMissingFileFallsBackToTheRedirectedCa) {
+  sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA07\n");
+  sandbox_.writeCfg("CA07", "CA_NR=CA07\n");
+  EXPECT_TRUE(checkTraced("CA12"));
+  EXPECT_EQ(ca_, "GE");
+  EXPECT_TRUE(traceMatches("config_check_redirected.txt"));
+}
+
+TEST_F(ConfigurationCheck, AGenericFileIsGeneratedWhenItIsMissingToo) {
+  sandbox_.writeCfg("CA07", "QMRK_TRACE=TRUE\n");
+  EXPECT_TRUE(checkTraced("CA12"));
+  EXPECT_EQ(ca_, "GE");
+  EXPECT_EQ(records(), Records{"Invalid of missing configuration file for CA12." + std::string(REDIRECTING)});
+  EXPECT_TRUE(exists(sandbox_.cfgPath("GE")));
+  EXPECT_TRUE(traceMatches("config_check_generated.txt"));
+}
+
+TEST_F(ConfigurationCheck, AGenericFileThatRedirectsNowhereIsGeneratedAnew) {
+  sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA99\n");
+  sandbox_.writeCfg("CA07", "CA_NR=CA07\n");
+  EXPECT_TRUE(check("GE"));
+  EXPECT_EQ(ca_, "GE");
+  EXPECT_EQ(records(),
+            Records{"Invalid of missing configuration file for GE. (could also be the REDIRECT_CA_NR variable that's "
+                    "pointing at an invalid or missing configuration file). " +
+                    std::string(REDIRECTING)});
+  EXPECT_NE(testsupport::readFile(sandbox_.cfgPath("GE")).find("REDIRECT_CA_NR=CA07"), std::string::npos);
+  EXPECT_FALSE(exists(sandbox_.cfgPath("CA99")));
+}
+
+TEST_F(ConfigurationCheck, TheTraceOfTheFreeFunctionsFollowsAGeneratedFileAndTheLoadTimeValueDoesNot) {
+  sandbox_.writeCfg("CA07", "QMRK_TRACE=true\n");
+  EXPECT_TRUE(check("CA12"));
+  EXPECT_TRUE(Quillmark_logging::freeFunctionTrace());
+  EXPECT_FALSE(Quillmark_logging::isTraceEnabled());
+  Quillmark_logging::setFreeFunctionTrace(false);
+}
+
+TEST_F(ConfigurationCheck, TheTraceOfTheFreeFunctionsEndsWithAGeneratedFileThatLacksTheKey) {
+  sandbox_.writeCfg("CA07", "CA_NR=CA07\n");
+  const TracedConsole console;
+  EXPECT_TRUE(check("CA12"));
+  EXPECT_FALSE(Quillmark_logging::freeFunctionTrace());
+  EXPECT_TRUE(Quillmark_logging::isTraceEnabled());
+  const std::string before = console.text();
+  std::string text = "x ";
+  CfgDataManager::getInstance(false)->removeTrailingSpaces(text);
+  EXPECT_EQ(console.text(), before);
+}
+
+TEST_F(ConfigurationCheck, FailsWhenNoFileCanBeGeneratedForLackOfACa) {
+  EXPECT_FALSE(checkTraced("CA12"));
+  EXPECT_EQ(ca_, "GE");
+  EXPECT_FALSE(exists(sandbox_.cfgPath("GE")));
+  EXPECT_TRUE(traceMatches("config_check_not_generated.txt"));
+}
+
+TEST_F(ConfigurationCheck, FailsWhenTheConfigurationFolderMayNotBeWritten) {
+  sandbox_.writeCfg("CA07", "CA_NR=CA07\n");
+  testsupport::denyWriting(sandbox_.cfgFolder());
+  {
+    const AsUnprivilegedUser user;
+    EXPECT_FALSE(check("CA12"));
+  }
+  EXPECT_FALSE(exists(sandbox_.cfgPath("GE")));
+  EXPECT_EQ(records().size(), 1U);
+}
+
+TEST_F(ConfigurationCheck, FailsWhenTheConfigurationFolderIsMissing) {
+  testsupport::removeAll(sandbox_.cfgFolder());
+  EXPECT_FALSE(check("CA12"));
+  EXPECT_EQ(records().size(), 1U);
+}
+
+TEST_F(ConfigurationCheck, AFileThatMayNotBeReadIsRecordedAndFails) {
+  sandbox_.writeCfg("CA12", "CA_NR=CA12\n");
+  testsupport::denyAccess(sandbox_.cfgPath("CA12"));
+  {
+    const AsUnprivilegedUser user;
+    EXPECT_FALSE(checkTraced("CA12"));
+  }
+  EXPECT_EQ(ca_, "CA12");
+  EXPECT_EQ(records(), Records{"Faulty file permissions. " + sandbox_.cfgPath("CA12") +
+                               " does not have read permission. [Called by App]"});
+  EXPECT_TRUE(traceMatches("config_check_unreadable.txt"));
+}
+
+TEST_F(ConfigurationCheck, AGenericFileThatMayNotBeReadIsRecordedAndFails) {
+  sandbox_.writeCfg("GE", "CA_NR=GE\n");
+  testsupport::denyAccess(sandbox_.cfgPath("GE"));
+  {
+    const AsUnprivilegedUser user;
+    EXPECT_FALSE(check("CA12"));
+  }
+  EXPECT_EQ(ca_, "GE");
+  EXPECT_EQ(records(), (Records{"Invalid of missing configuration file for CA12." + std::string(REDIRECTING),
+                                "Faulty file permissions. " + sandbox_.cfgPath("GE") +
+                                    " does not have read permission. [Called by App]"}));
+}
+
+TEST_F(ConfigurationCheck, AnEmptyCallerIsRecordedAsInternal) {
+  sandbox_.writeCfg("GE", "CA_NR=GE\n");
+  EXPECT_TRUE(check("CA12", ""));
+  ASSERT_EQ(records().size(), 1U);
+  EXPECT_TRUE(records()[0].ends_with("instead. [Called by <Internal>]"));
+}
+
+TEST_F(ConfigurationCheck, FailsForAnEmptyCaWithoutARecord) {
+  EXPECT_FALSE(checkTraced(""));
+  EXPECT_EQ(records(), Records{});
+  EXPECT_TRUE(traceMatches("config_check_no_ca.txt"));
+}
+
+TEST_F(ConfigurationCheck, FailsAndKeepsTheCaWhenTheGenericPathIsUnknown) {
+  // The record asks for the application data and for the program files, between the two questions of the check.
+  const FaultPlan failure(Call::shellFolder, 4, platform::errorPathNotFound);
+  EXPECT_FALSE(check("CA12"));
+  EXPECT_EQ(ca_, "CA12");
+  EXPECT_EQ(failure.calls(), 4);
+}
+
+TEST_F(ConfigurationCheck, ARecordThatCannotBeWrittenChangesNothing) {
+  sandbox_.writeCfg("GE", "COMMON_LOG_FILE_ROOT=closed\n");
+  testsupport::makeFolders(sandbox_.appData() + "\\closed");
+  testsupport::denyWriting(sandbox_.appData() + "\\closed");
+  const AsUnprivilegedUser user;
+  EXPECT_TRUE(check("CA12"));
+  EXPECT_EQ(ca_, "GE");
+}
+
+}  // namespace
