@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# Configures and builds a preset.
+# Configures and builds.
 # shellcheck shell=bash
 
 # build_preset PRESET [TARGET...]
@@ -10,4 +10,13 @@ build_preset() {
     arguments=(--target "$@")
   fi
   (cd "$ROOT" && cmake --preset "$preset" && cmake --build --preset "$preset" "${arguments[@]}")
+}
+
+# build_programs: LogTest and qmrkctl of the release. A tree that was not configured before is configured without the
+# tests, so that their packages are not needed.
+build_programs() {
+  local arguments=()
+  [ -e "$ROOT/build/linux-release/CMakeCache.txt" ] || arguments=(-DQMRK_BUILD_TESTS=OFF)
+  (cd "$ROOT" && cmake --preset linux-release "${arguments[@]}" &&
+    cmake --build --preset linux-release --target LogTest qmrkctl)
 }

@@ -1,0 +1,46 @@
+# SPDX-License-Identifier: MIT
+# A sandbox of folders in which LogTest finds its configuration and writes its logs, on Linux or under Wine.
+# shellcheck shell=bash disable=SC2034  # the names are for the tour
+
+# lay_out_sandbox FOLDER BUILD: a new sandbox, for the programs of a Linux build.
+lay_out_sandbox() {
+  SANDBOX=$1
+  LOG_TEST=("$2/tools/LogTest")
+  QMRKCTL=("$2/tools/qmrkctl")
+  rm -rf "$SANDBOX"
+  export QMRK_COMMON_PROGRAM_FILES="$SANDBOX/program_files"
+  export QMRK_COMMON_APPDATA="$SANDBOX/common_data"
+  export QMRK_APPDATA="$SANDBOX/user_data"
+  unset DEFAULT_CA_NR
+  fill_sandbox "$QMRK_COMMON_PROGRAM_FILES" "$QMRK_COMMON_APPDATA" "$QMRK_APPDATA"
+}
+
+# fill_sandbox PROGRAM_FILES COMMON_DATA USER_DATA: names the folders below the three base folders, makes those of the
+# configuration, and puts the examples there.
+fill_sandbox() {
+  CFG_FOLDER="$1/Orvane Shared/qmrk/logging/cfg"
+  INIT_FOLDER="$2/Orvane/qmrk/logging"
+  LOG_FOLDER="$3/Orvane/Quillmark/Logging"
+  mkdir -p "$CFG_FOLDER" "$INIT_FOLDER" "$3"
+  cp "$ROOT"/examples/*.cfg "$CFG_FOLDER/"
+  cp "$ROOT"/examples/*.init "$INIT_FOLDER/"
+}
+
+# set_key KEY VALUE: gives a key of CA12's configuration another value.
+set_key() {
+  sed -i "s|^$1=.*|$1=$2|" "$CFG_FOLDER/qmrk_logging_CA12.cfg"
+}
+
+# enable_classes LIST: replaces the class list of CA12.
+enable_classes() {
+  printf '%s\n' "$1" >"$INIT_FOLDER/qmrk_logging_CA12.init"
+}
+
+reset_examples() {
+  cp "$ROOT"/examples/*.cfg "$CFG_FOLDER/"
+  cp "$ROOT"/examples/*.init "$INIT_FOLDER/"
+}
+
+forget_logs() {
+  rm -rf "${LOG_FOLDER:?}"
+}
