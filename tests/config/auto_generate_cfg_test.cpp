@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include "config/cfg_data_manager.h"
-#include "tests/config/records.h"
 #include "tests/support/as_unprivileged_user.h"
 #include "tests/support/captured_console.h"
 #include "tests/support/fault_plan.h"
@@ -48,9 +47,9 @@ TEST_F(AutoGenerate, RedirectsToTheFirstCaInNameOrder) {
   EXPECT_TRUE(generator_.setCfgPath(folder_.path()));
   EXPECT_TRUE(generator_.generateGenericCfgFile());
   EXPECT_TRUE(traceMatches("config_generated.txt"));
-  const std::string end = testsupport::textFileLineEnd;
-  EXPECT_EQ(readFile(generated_), "# CA Settings [file auto generated at 12:41:20 Jan 12 2007]" + end + "CA_NR=GE" +
-                                      end + "REDIRECT_CA_NR=CA07" + end);
+  EXPECT_EQ(readFile(generated_),
+            testsupport::nativeLineEnds("# CA Settings [file auto generated at 12:41:20 Jan 12 2007]\nCA_NR=GE\n"
+                                        "REDIRECT_CA_NR=CA07\n"));
 }
 
 TEST_F(AutoGenerate, TheGeneratedFileCanBeLookedUp) {

@@ -8,6 +8,7 @@
 #include "tests/support/config_sandbox.h"
 #include "tests/support/fault_plan.h"
 #include "tests/support/golden.h"
+#include "tests/support/system_path.h"
 #include "tests/trace/traced_console.h"
 
 namespace {
@@ -25,6 +26,12 @@ using Records = std::vector<std::string>;
 class ClassStore : public testing::Test {
  protected:
   std::string infoFile() const { return sandbox_.logFolder() + "\\qmrk.info"; }
+
+  void makeInfoFileForEveryone() const {
+    makeFolders(sandbox_.logFolder());
+    testsupport::writeFile(infoFile(), "");
+    std::filesystem::permissions(testsupport::systemPath(infoFile()), std::filesystem::perms::all);
+  }
 
   bool hasRecords() const { return testsupport::exists(infoFile()); }
 
@@ -97,9 +104,7 @@ TEST_F(ClassStore, AFolderInThePlaceOfTheFileIsAFailure) {
 }
 
 TEST_F(ClassStore, AnUnreadableFileLeavesARecord) {
-  makeFolders(sandbox_.logFolder());
-  testsupport::writeFile(infoFile(), "");
-  std::filesystem::permissions(testsupport::replaced(infoFile(), "\\", "/"), std::filesystem::perms::all);
+  makeInfoFileForEveryone();
   sandbox_.writeInit("CA12", "A;");
   testsupport::denyAccess(sandbox_.initPath("CA12"));
   {
@@ -142,8 +147,7 @@ TEST_F(ClassStore, IsReplacedByTheTextAsItIs) {
 
 TEST_F(ClassStore, IsWrittenInTextMode) {
   EXPECT_TRUE(store_->setEnabledLogClasses("CA12", "A;\nB;\n"));
-  const std::string lineEnd = testsupport::textFileLineEnd;
-  EXPECT_EQ(readFile(sandbox_.initPath("CA12")), "A;" + lineEnd + "B;" + lineEnd);
+  EXPECT_EQ(readFile(sandbox_.initPath("CA12")), testsupport::nativeLineEnds("A;\nB;\n"));
 }
 
 TEST_F(ClassStore, RefusesAnEmptyListAndLeavesTheFileUnchanged) {
@@ -162,9 +166,7 @@ TEST_F(ClassStore, SettingWithoutAPathLeavesNoRecord) {
 }
 
 TEST_F(ClassStore, SettingAReadOnlyFileLeavesARecord) {
-  makeFolders(sandbox_.logFolder());
-  testsupport::writeFile(infoFile(), "");
-  std::filesystem::permissions(testsupport::replaced(infoFile(), "\\", "/"), std::filesystem::perms::all);
+  makeInfoFileForEveryone();
   sandbox_.writeInit("CA12", "A;");
   testsupport::denyWriting(sandbox_.initPath("CA12"));
   {

@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <regex>
 #include <string>
 #include <vector>
@@ -12,14 +11,11 @@
 
 namespace testsupport {
 
-/// How a line of a text file ends on this system.
-constexpr const char* textFileLineEnd = std::filesystem::path::preferred_separator == '\\' ? "\r\n" : "\n";
-
 /// The records of an error-information file without their stamps, whose form is checked.
 inline std::vector<std::string> recordsIn(const std::string& _path) {
   static const std::regex stamp(R"(\d{4}/\d\d/\d\d \d\d:\d\d:\d\d )");
   constexpr std::size_t stampLength = 20;
-  const std::string lineEnd = textFileLineEnd;
+  const std::string lineEnd = nativeLineEnds("\n");
   std::vector<std::string> records;
   const std::string text = readFile(_path);
   std::size_t begin = 0;
