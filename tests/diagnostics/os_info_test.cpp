@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: MIT
+#include "diagnostics/os_info.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/text_file.h"
+#include "tests/diagnostics/fake_system.h"
+#include "tests/support/as_unprivileged_user.h"
+#include "tests/support/config_sandbox.h"
+#include "tests/support/fault_plan.h"
+#include "tests/trace/traced_console.h"
+
+namespace {
+
+using Quillmark_logging::writeOSInfo;
+using testsupport::ConfigSandbox;
+using testsupport::FakeSystem;
+using testsupport::makeFolders;
+using testsupport::readFile;
+using testsupport::TracedConsole;
+using testsupport::writeFile;
+
+platform::VersionBlock windowsXp() {
+  platform::VersionBlock block;
+  block.platformId = 2;
+  block.major = 5;
+  block.minor = 1;
+  block.build = 2600;
+  block.servicePack = "Service Pack 2";
+  block.productType = 1;
+  return block;
+}
+
+constexpr char windowsXpText[] = "Microsoft Windows XP Professional Service Pack 2 (Build 2600)\r";
+
+// The bytes that a text is in a file: how a line ends there differs between the platforms.
+std::string asFileBytes(const std::string& _text) {
+  const testsupport::TemporaryFolder folder;
+  platform::TextWriter(folder.file("text"), platform::TextWriter::Mode::append).write(_text);
+  return readFile(folder.file("text"));
+}
+
+class OsInfo : public testing::Test {
+ protected:
+  OsInfo() {
+    sandbox_.writeCfg("CA12", "COMMON_LOG_FILE_NAME=common.log\nCOMMON_LOG_FILE_ROOT=Logs\n");
+    makeFolders(folder());
+  }
+
+  std::string folder() const { return sandbox_.appData() + "\\Logs"; }
+  std::string logFile() const { return folder() + "\\common.log"; }
+
+  // The lines that the function itself prints, without those of what it calls.
+  static std::string ownLines(const std::string& _trace) {
+    std::string lines;
+    std::size_t begin = 0;
+    for (auto end = _trace.find('\n'); end != std::string::npos; end = _trace.find('\n', begin)) {
+      const std::string line = _trace.substr(begin, end + 1 - begin);
+      if (line.find("Quillmark_logging::writeOSInfo()") != std::string::npos) lines += line;
+      begin = end + 1;
+    }
+    return lines;
+  }
+
+  ConfigSandbox sandbox_;
+  FakeSystem system_ = FakeSystem(windowsXp());
+};
+
+TEST_F(OsInfo, IsOneLineAndAnEmptyOneAtTheEndOfTheCommonLog) {
+  writeFile(logFile(), "first line\n");
+  const TracedConsole console;
+  EXPECT_TRUE(writeOSInfo("CA12", system_));
+  EXPECT_EQ(readFile(logFile()), "first line\n" + asFileBytes(std::string(windowsXpText) + "\n\n"));
+  EXPECT_EQ(sandbox_.masked(ownLines(console.text())),
+            "==> Quillmark_logging::writeOSInfo() _ca=CA12\r\n"
+            "<== Quillmark_logging::writeOSInfo() OS information is written to file <APPDATA>\\Logs\\common.log\r\n");
+}
+
+TEST_F(OsInfo, CreatesTheCommonLog) {
+  EXPECT_TRUE(writeOSInfo("CA12", system_));
+  EXPECT_TRUE(writeOSInfo("CA12", system_));
+  const std::string once = std::string(windowsXpText) + "\n\n";
+  EXPECT_EQ(readFile(logFile()), asFileBytes(once + once));
+}
+
+TEST_F(OsInfo, IsNotWrittenWithoutTheKeyOfTheFileName) {
+  sandbox_.writeCfg("CA12", "COMMON_LOG_FILE_ROOT=Logs\n");
+  const TracedConsole console;
+  EXPECT_FALSE(writeOSInfo("CA12", system_));
+  EXPECT_EQ(ownLines(console.text()), "==> Quillmark_logging::writeOSInfo() _ca=CA12\r\n");
+  EXPECT_TRUE(testsupport::namesIn(folder()).empty());
+}
+
+TEST_F(OsInfo, IsNotWrittenWithoutAFolderOfTheCa) {
+  const TracedConsole console;
+  EXPECT_FALSE(writeOSInfo("", system_));
+  EXPECT_EQ(ownLines(console.text()), "==> Quillmark_logging::writeOSInfo() _ca=\r\n");
+}
+
+TEST_F(OsInfo, IsNotWrittenIntoAMissingFolder) {
+  testsupport::removeAll(folder());
+  const TracedConsole console;
+  EXPECT_FALSE(writeOSInfo("CA12", system_));
+  EXPECT_EQ(sandbox_.masked(ownLines(console.text())),
+            "==> Quillmark_logging::writeOSInfo() _ca=CA12\r\n"
+            "<!= Quillmark_logging::writeOSInfo() ERROR: Failed to open file <APPDATA>\\Logs\\common.log\r\n");
+  EXPECT_TRUE(system_.asked().empty());
+}
+
+TEST_F(OsInfo, IsNotWrittenIntoADeniedFile) {
+  writeFile(logFile(), "kept\n");
+  testsupport::denyWriting(logFile());
+  const TracedConsole console;
+  {
+    const testsupport::AsUnprivilegedUser user;
+    EXPECT_FALSE(writeOSInfo("CA12", system_));
+  }
+  EXPECT_EQ(readFile(logFile()), "kept\n");
+  EXPECT_EQ(sandbox_.masked(ownLines(console.text())),
+            "==> Quillmark_logging::writeOSInfo() _ca=CA12\r\n"
+            "<!= Quillmark_logging::writeOSInfo() ERROR: Failed to open file <APPDATA>\\Logs\\common.log\r\n");
+}
+
+TEST_F(OsInfo, DiscardsAnIncompleteDescription) {
+  system_.withoutExtendedQuery();
+  const TracedConsole console;
+  EXPECT_FALSE(writeOSInfo("CA12", system_));
+  EXPECT_EQ(readFile(logFile()), "");
+  EXPECT_EQ(ownLines(console.text()),
+            "==> Quillmark_logging::writeOSInfo() _ca=CA12\r\n"
+            "<!= Quillmark_logging::writeOSInfo() ERROR: Failed to get OS information.\r\n");
+}
+
+TEST_F(OsInfo, DoesNotClaimToHaveWrittenWhatDidNotFit) {
+  const testsupport::FaultPlan fullDisk(platform::Call::write, 1, platform::errorDiskFull);
+  const TracedConsole console;
+  EXPECT_FALSE(writeOSInfo("CA12", system_));
+  EXPECT_EQ(ownLines(console.text()), "==> Quillmark_logging::writeOSInfo() _ca=CA12\r\n");
+}
+
+TEST_F(OsInfo, OfTheRunningSystemIsWhatThePlatformTells) {
+  std::string text;
+  platform::VersionBlock block;
+  const bool known = platform::queryVersion(platform::VersionQuery::extended, block) ||
+                     platform::queryVersion(platform::VersionQuery::basic, block);
+  EXPECT_EQ(Quillmark_logging::getOSDescription(text), known);
+  EXPECT_EQ(text.empty(), !known);
+  EXPECT_EQ(writeOSInfo("CA12"), known);
+  EXPECT_EQ(readFile(logFile()), known ? asFileBytes(text + "\n\n") : "");
+}
+
+}  // namespace
