@@ -140,5 +140,6 @@ QMRK_LOG_API std::string location(const char* _file, int _line, const char* _fun
 }  // namespace Quillmark_logging
 
 /* ---- The listener that re-applies the log levels: class LogEventHandler, in the global namespace ---- */
+#include "quillmark_logging_event_handler.h"
 
 #endif

@@ -25,13 +25,13 @@ namespace Quillmark_logging {
 
 /* A DWORD: unsigned long where that is the system's 32-bit type, else std::uint32_t. */
 #if defined(_WIN32)
-typedef unsigned long dword;
+using dword = unsigned long;
 #else
-typedef std::uint32_t dword;
+using dword = std::uint32_t;
 #endif
 
 /* A handle of the system: a pointer-sized value that is never dereferenced. */
-typedef void* handle;
+using handle = void*;
 
 }  // namespace Quillmark_logging
 

@@ -10,10 +10,12 @@ namespace platform {
 using ErrorCode = std::uint32_t;
 
 constexpr ErrorCode noError = 0;
+constexpr ErrorCode errorFileNotFound = 2;
 constexpr ErrorCode errorPathNotFound = 3;
 constexpr ErrorCode errorAccessDenied = 5;
 constexpr ErrorCode errorInvalidHandle = 6;
 constexpr ErrorCode errorDiskFull = 112;
+constexpr ErrorCode errorInvalidName = 123;
 constexpr ErrorCode errorAlreadyExists = 183;
 constexpr ErrorCode errorFilenameTooLong = 206;
 

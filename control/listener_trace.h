@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <iostream>
+#include <locale>
+#include <sstream>
+
+#include "trace/trace_flags.h"
+
+namespace Quillmark_logging {
+
+// The trace of LogEventHandler. It goes to the standard streams, not to the console, and follows the switch as it was
+// when the library was loaded. A line is made as a whole first: lines of several listeners then do not mix, and neither
+// the flags that an application has set on the stream nor its locale change how numbers look.
+
+template <class... Parts>
+void traceTo(std::ostream& _stream, const Parts&... _parts) {
+  if (!loadTimeTrace()) return;
+  std::ostringstream line;
+  line.imbue(std::locale::classic());
+  (line << ... << _parts);
+  _stream << line.str() << std::endl;
+}
+
+template <class... Parts>
+void traceOut(const Parts&... _parts) {
+  traceTo(std::cout, _parts...);
+}
+
+template <class... Parts>
+void traceError(const Parts&... _parts) {
+  traceTo(std::cerr, _parts...);
+}
+
+}  // namespace Quillmark_logging

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+#include "platform/errors.h"
+
+namespace platform {
+
+/// Whether a text may name an event: 1 to 200 bytes out of letters, digits, ".", "_" and "-", the first no ".". So a
+/// name is always one plain file name.
+/// @return noError; errorInvalidName, or errorFilenameTooLong when that is all that is wrong.
+ErrorCode checkEventName(const std::string& _name);
+
+}  // namespace platform

@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "platform/named_event.h"
+#include "tests/support/companion_process.h"
+#include "tests/support/private_events.h"
+
+namespace {
+
+using namespace platform;
+using testsupport::CompanionProcess;
+
+constexpr char name[] = "QMRK_EVENT_TEST";
+const std::string createIt = std::string("create ") + name;
+
+class EventBetweenProcesses : public ::testing::Test {
+ protected:
+  static void SetUpTestSuite() { testsupport::usePrivateEvents(); }
+
+  static std::vector<CompanionProcess> actors(int _number) {
+    std::vector<CompanionProcess> started;
+    for (int actor = 0; actor < _number; ++actor) {
+      started.emplace_back(std::vector<std::string>{QMRK_EVENT_ACTOR});
+    }
+    return started;
+  }
+
+  static CompanionProcess actor() { return CompanionProcess({QMRK_EVENT_ACTOR}); }
+};
+
+TEST_F(EventBetweenProcesses, IsCreatedByTheFirstAndOpenedByTheSecond) {
+  CompanionProcess first = actor();
+  CompanionProcess second = actor();
+  EXPECT_EQ(first.ask(createIt), "created");
+  EXPECT_EQ(second.ask(createIt), "existing");
+}
+
+TEST_F(EventBetweenProcesses, SettingWakesAWaiterOfAnotherProcess) {
+  CompanionProcess waiter = actor();
+  ASSERT_EQ(waiter.ask(createIt), "created");
+  waiter.send("wait 30000");
+  ASSERT_TRUE(waiter.waitUntilAsleep());
+  const Handle event = openEvent(name);
+  EXPECT_TRUE(setEvent(event));
+  EXPECT_EQ(waiter.readLine(), "0");
+  EXPECT_EQ(waiter.ask("reset"), "true");
+  EXPECT_EQ(waitForEvent(event, 0), waitTimeout);
+  EXPECT_TRUE(closeHandle(event));
+}
+
+TEST_F(EventBetweenProcesses, StateLastsWhileAnyProcessHoldsIt) {
+  CompanionProcess first = actor();
+  ASSERT_EQ(first.ask(createIt), "created");
+  ASSERT_EQ(first.ask("set"), "true");
+  CompanionProcess second = actor();
+  ASSERT_EQ(second.ask(createIt), "existing");
+  first.kill();
+  CompanionProcess third = actor();
+  EXPECT_EQ(third.ask(createIt), "existing");
+  EXPECT_EQ(third.ask("wait 0"), "0");
+}
+
+TEST_F(EventBetweenProcesses, IsGoneWhenAllItsUsersWereKilled) {
+  auto users = actors(4);
+  for (CompanionProcess& user : users) {
+    ASSERT_NE(user.ask(createIt).find("e"), std::string::npos);
+    ASSERT_EQ(user.ask("set"), "true");
+  }
+  for (CompanionProcess& user : users) {
+    user.kill();
+  }
+  const Handle event = createEvent(name);
+  EXPECT_EQ(lastError(), noError);
+  EXPECT_EQ(waitForEvent(event, 0), waitTimeout);
+  EXPECT_TRUE(closeHandle(event));
+}
+
+TEST_F(EventBetweenProcesses, IsNotOpenedWhenItsOnlyUserWasKilled) {
+  CompanionProcess user = actor();
+  ASSERT_EQ(user.ask(createIt), "created");
+  user.kill();
+  EXPECT_EQ(openEvent(name), nullptr);
+  EXPECT_EQ(lastError(), errorFileNotFound);
+}
+
+// Each round, all of them create it at one moment.
+TEST_F(EventBetweenProcesses, IsCreatedByExactlyOneOfEightThatRaceTwoThousandTimes) {
+  auto racers = actors(8);
+  for (int round = 0; round < 2000; ++round) {
+    const auto moment = std::chrono::steady_clock::now() + std::chrono::microseconds(300);
+    const std::string command = std::string("createAt ") + name + " " +
+                                std::to_string(std::chrono::nanoseconds(moment.time_since_epoch()).count());
+    std::vector<std::string> answers;
+    for (CompanionProcess& racer : racers) {
+      racer.send(command);
+    }
+    for (CompanionProcess& racer : racers) {
+      answers.push_back(racer.readLine());
+    }
+    ASSERT_EQ(std::count(answers.begin(), answers.end(), "created"), 1) << "round " << round;
+    ASSERT_EQ(std::count(answers.begin(), answers.end(), "existing"), 7) << "round " << round;
+    for (CompanionProcess& racer : racers) {
+      ASSERT_EQ(racer.ask("close"), "true");
+    }
+  }
+}
+
+// The waiters sleep when the event is set, so each setting must let all of them through, though it is reset before any
+// of them can look.
+TEST_F(EventBetweenProcesses, SettingAndResettingAtOnceLosesNoneOfFourWaiters) {
+  const Handle event = createEvent(name);
+  auto waiters = actors(4);
+  for (CompanionProcess& waiter : waiters) {
+    ASSERT_EQ(waiter.ask(createIt), "existing");
+    waiter.send("waitLoop");
+  }
+  for (int round = 0; round < 20'000; ++round) {
+    for (CompanionProcess& waiter : waiters) {
+      ASSERT_TRUE(waiter.waitUntilAsleep());
+      // One that was woken before the reset has found the event set a second time.
+      while (waiter.readLine(0) == "woken") {
+      }
+    }
+    setEvent(event);
+    resetEvent(event);
+    for (CompanionProcess& waiter : waiters) {
+      ASSERT_EQ(waiter.readLine(), "woken") << "round " << round;
+    }
+  }
+  EXPECT_TRUE(closeHandle(event));
+}
+
+// Processes open, set and close the event without a pause and are killed at any moment, and replaced.
+TEST_F(EventBetweenProcesses, LeavesNoStaleStateInAHundredThousandOpensUnderKills) {
+  auto users = actors(8);
+  for (CompanionProcess& user : users) {
+    user.send(std::string("churn ") + name);
+  }
+  std::mt19937 random(20261121);
+  long opens = 0;
+  long kills = 0;
+  while (opens < 100'000 || kills < 300) {
+    CompanionProcess& user = users[random() % users.size()];
+    for (std::string line = user.readLine(1); line != "<nothing>"; line = user.readLine(0)) {
+      ASSERT_EQ(line, "50");
+      opens += 50;
+    }
+    user.kill();
+    ++kills;
+    user = actor();
+    user.send(std::string("churn ") + name);
+  }
+  users.clear();
+  const Handle event = createEvent(name);
+  EXPECT_EQ(lastError(), noError);
+  EXPECT_EQ(waitForEvent(event, 0), waitTimeout);
+  EXPECT_TRUE(closeHandle(event));
+}
+
+}  // namespace

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace testsupport {
+
+/// A process with which a test talks in lines: what the test sends arrives at its standard input, what it prints on its
+/// standard output can be read. The standard error stream is the test's own. One thread may use an object.
+class CompanionProcess {
+ public:
+  /// Starts the program _command[0] with the further arguments. Aborts when that fails.
+  explicit CompanionProcess(const std::vector<std::string>& _command);
+  /// Kills the process if it still runs.
+  ~CompanionProcess();
+  CompanionProcess(CompanionProcess&& _other) noexcept;
+  CompanionProcess& operator=(CompanionProcess&& _other) noexcept;
+  CompanionProcess(const CompanionProcess&) = delete;
+  CompanionProcess& operator=(const CompanionProcess&) = delete;
+
+  /// Sends a line; without effect when the process has ended.
+  void send(const std::string& _line);
+
+  /// Waits at most _milliseconds for the next whole line.
+  /// @return the line without its end; "<end>" when the process has closed its output, "<nothing>" when no line came.
+  std::string readLine(int _milliseconds = 30'000);
+
+  /// send and readLine.
+  std::string ask(const std::string& _line);
+
+  /// Kills the process as a power cut would (SIGKILL, TerminateProcess) and waits for its end.
+  void kill();
+
+  /// Closes its standard input and waits for its end.
+  /// @return the exit code; -1 when it was killed.
+  int finish();
+
+  /// Waits until the main thread of the process sleeps in the system, at most 30 s.
+  /// @return whether it does.
+  bool waitUntilAsleep() const;
+
+ private:
+  void release();
+
+  long process_ = -1;
+  int input_ = -1;
+  int output_ = -1;
+  std::string buffered_;
+};
+
+}  // namespace testsupport
