@@ -89,9 +89,8 @@ const char* LogEventHandler::getLogEventName() const { return load(logEventName_
 
 void LogEventHandler::setLogEventName(const char* _logEventName) { store(logEventName_, _logEventName); }
 
-void LogEventHandler::setLogEventName(std::string _logEventName) {  // NOLINT(performance-unnecessary-value-param)
-  store(logEventName_, _logEventName.c_str());
-}
+// NOLINTNEXTLINE(performance-unnecessary-value-param): by value is what callers are linked against
+void LogEventHandler::setLogEventName(std::string _logEventName) { store(logEventName_, _logEventName.c_str()); }
 
 int LogEventHandler::runProcess(void* _box) {
   const std::unique_ptr<LogEventHandler*> box(static_cast<LogEventHandler**>(_box));

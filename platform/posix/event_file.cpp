@@ -14,6 +14,7 @@
 #include "platform/posix/blocked_signal.h"
 #include "platform/posix/errno_code.h"
 #include "platform/posix/event_folder.h"
+#include "platform/posix/open_file.h"
 #include "platform/posix/record_lock.h"
 
 namespace platform {
@@ -109,7 +110,7 @@ bool EventFile::open(Joining _joining) {
   if (!folder.isOpen()) return false;
   // O_NONBLOCK is for what may stand there instead of a file.
   const int flags = O_RDWR | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK | (create ? O_CREAT : 0);
-  file_ = FileDescriptor(::openat(folder.get(), name_.c_str(), flags, 0600));
+  file_ = FileDescriptor(aboveStandardStreams(::openat(folder.get(), name_.c_str(), flags, 0600)));
   return file_.isOpen() && isTrusted(file_.get());
 }
 

@@ -9,8 +9,6 @@
 #include "platform/native_path.h"
 
 namespace platform {
-namespace {
-
 int aboveStandardStreams(int _file) {
   if (_file == -1 || _file > STDERR_FILENO) return _file;
   const int moved = ::fcntl(_file, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
@@ -19,8 +17,6 @@ int aboveStandardStreams(int _file) {
   errno = error;
   return moved;
 }
-
-}  // namespace
 
 int openFile(const std::string& _path, int _flags) {
   const std::string path = nativePath(_path);

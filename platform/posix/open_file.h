@@ -11,4 +11,10 @@ namespace platform {
 /// @return the file, or -1 with errno set.
 int openFile(const std::string& _path, int _flags);
 
+/// The file under a number above those of the standard streams, which an application may have closed: what is meant for
+/// a stream must not end up in a file.
+/// @param _file consumed; -1 is handed on.
+/// @return the file, or -1 with errno set.
+int aboveStandardStreams(int _file);
+
 }  // namespace platform
