@@ -10,6 +10,7 @@ namespace Quillmark_logging {
 
 bool getCommonLogFilePath(std::string& _path, const std::string& _ca) {
   traceLine("==> Quillmark_logging::getCommonLogFilePath() _ca=%s\r\n", _ca.c_str());
+  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): _ca may be the string that receives the path.
   const std::string ca = _ca;
   if (!platform::shellFolder(platform::ShellFolder::userAppData, _path)) {
     traceLine("<!= Quillmark_logging::getCommonLogFilePath() Failed to get CSIDL_APPDATA.\r\n");

@@ -13,7 +13,7 @@ namespace {
 std::string reason(int _error, const std::string& _ca) {
   if (_error == faultyPermissions) return "Faulty file permissions. ";
   if (_error != invalidConfiguration) return "Unspecified error. ";
-  const std::string text = "Invalid of missing configuration file for " + _ca + ".";
+  std::string text = "Invalid of missing configuration file for " + _ca + ".";
   if (_ca != GENERIC_CA) return text;
   return text +
          " (could also be the REDIRECT_CA_NR variable that's pointing at an invalid or missing configuration file). ";

@@ -24,6 +24,7 @@ bool CfgDataManager::writeErrorRecord(const std::string& _ca, const std::string&
 }
 
 bool CfgDataManager::getLogRootPath(std::string& _path, const std::string& _ca) {
+  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): _ca may be the string that receives the path.
   const std::string ca = _ca;
   if (!platform::shellFolder(platform::ShellFolder::userAppData, _path)) return false;
   CfgDataManager* const manager = getInstance(tracing());

@@ -51,9 +51,11 @@ void consoleLine(const char* _format, ...) {
 const char* boolName(bool _value) noexcept { return _value ? "true" : "false"; }
 
 std::string objectBytes(const std::string& _object) {
+  // NOLINTBEGIN(bugprone-sizeof-container): the bytes of the object are wanted, not those of the text.
   const char* bytes = reinterpret_cast<const char*>(&_object);
   const void* end = std::memchr(bytes, '\0', sizeof _object);
   return {bytes, end == nullptr ? bytes + sizeof _object : static_cast<const char*>(end)};
+  // NOLINTEND(bugprone-sizeof-container)
 }
 
 }  // namespace Quillmark_logging
