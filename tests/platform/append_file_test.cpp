@@ -98,15 +98,15 @@ TEST_F(AppendFileTest, AnEmptyMessageMakesNoCall) {
 }
 
 TEST_F(AppendFileTest, MessagesOfSeveralThreadsAreNeitherLostNorTorn) {
-  constexpr int THREADS = 4;
-  constexpr int LINES = 500;
+  constexpr int numberOfThreads = 4;
+  constexpr int linesPerThread = 500;
   const auto file = open(path_);
   std::vector<std::thread> threads;
-  threads.reserve(THREADS);
-  for (int t = 0; t < THREADS; ++t) {
+  threads.reserve(numberOfThreads);
+  for (int t = 0; t < numberOfThreads; ++t) {
     threads.emplace_back([&file, t] {
       const std::string line = std::string(100 + 40 * static_cast<std::size_t>(t), static_cast<char>('a' + t)) + "\n";
-      for (int i = 0; i < LINES; ++i) {
+      for (int i = 0; i < linesPerThread; ++i) {
         file->append(line.data(), line.size());
       }
     });
@@ -114,16 +114,16 @@ TEST_F(AppendFileTest, MessagesOfSeveralThreadsAreNeitherLostNorTorn) {
   for (auto& thread : threads) {
     thread.join();
   }
-  std::vector<int> counts(THREADS, 0);
+  std::vector<int> counts(numberOfThreads, 0);
   std::istringstream text(readFile(path_));
   for (std::string line; std::getline(text, line);) {
     const int t = line.empty() ? -1 : line[0] - 'a';
-    ASSERT_TRUE(t >= 0 && t < THREADS) << line;
+    ASSERT_TRUE(t >= 0 && t < numberOfThreads) << line;
     ASSERT_EQ(line + "\n",
               testsupport::nativeLineEnds(std::string(100 + 40 * static_cast<std::size_t>(t), line[0]) + "\n"));
     ++counts[static_cast<std::size_t>(t)];
   }
-  EXPECT_EQ(counts, std::vector<int>(THREADS, LINES));
+  EXPECT_EQ(counts, std::vector<int>(numberOfThreads, linesPerThread));
 }
 
 TEST_F(AppendFileTest, DoesNotOpenAFolder) { EXPECT_EQ(open(folder_.path()), nullptr); }

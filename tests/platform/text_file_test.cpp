@@ -65,7 +65,11 @@ TEST_F(TextReaderTest, FindsACrLfWhereverABufferEnds) {
   for (const std::size_t size : {512U, 4096U, 8192U, 16384U, 32768U, 65536U}) {
     for (std::size_t before = size - 2; before <= size + 1; ++before) {
       const std::string text(before, 'x');
-      EXPECT_EQ(readBack(text + "\r\n" + text), text + "\n" + text) << before;
+      std::string bytes = text;
+      std::string expected = text;
+      bytes.append("\r\n").append(text);
+      expected.append("\n").append(text);
+      EXPECT_EQ(readBack(bytes), expected) << before;
     }
   }
 }

@@ -34,13 +34,13 @@ long callBegunBy(pid_t _child) {
 
 // The calls of the child up to its end; empty when it did not end by itself.
 std::vector<long> followToItsEnd(pid_t _child) {
-  constexpr int SYSTEM_CALL_STOP = SIGTRAP | 0x80;
+  constexpr int systemCallStop = SIGTRAP | 0x80;
   std::vector<long> calls;
   int status = 0;
   long signal = 0;
   while (::ptrace(PTRACE_SYSCALL, _child, nullptr, signal) == 0 && ::waitpid(_child, &status, 0) == _child) {
     if (!WIFSTOPPED(status)) return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? calls : std::vector<long>();
-    const bool atCall = WSTOPSIG(status) == SYSTEM_CALL_STOP;
+    const bool atCall = WSTOPSIG(status) == systemCallStop;
     signal = atCall ? 0 : WSTOPSIG(status);
     const long call = atCall ? callBegunBy(_child) : -1;
     if (call != -1) calls.push_back(call);
