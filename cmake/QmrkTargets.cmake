@@ -24,3 +24,11 @@ function(qmrk_add_objects _target)
   qmrk_compile_options(${_target})
   target_include_directories(${_target} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>)
 endfunction()
+
+# A shared library exports what its version script names; the others hide what they do not export by visibility alone.
+function(qmrk_export_only _target _map)
+  if(NOT WIN32)
+    target_link_options(${_target} PRIVATE -Wl,--version-script=${_map})
+    set_target_properties(${_target} PROPERTIES LINK_DEPENDS ${_map})
+  endif()
+endfunction()

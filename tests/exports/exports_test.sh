@@ -6,7 +6,9 @@ set -euo pipefail
 exported=$(mktemp)
 trap 'rm -f "$exported"' EXIT
 
-nm --dynamic --defined-only --demangle "$1" | cut -d' ' -f3- | LC_ALL=C sort -u >"$exported"
+nm --dynamic --defined-only --demangle "$1" | cut -d' ' -f3- |
+  sed -e 's/std::__cxx11::basic_string<char, std::char_traits<char>, std::allocator<char> >/std::string/g' \
+    -e 's/\[abi:cxx11\]//' | LC_ALL=C sort -u >"$exported"
 [ -s "$exported" ] || { echo "$1 exports nothing"; exit 1; }
 if [ "${3:-}" = --renew ]; then
   cp "$exported" "$2"
