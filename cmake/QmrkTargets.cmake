@@ -32,3 +32,12 @@ function(qmrk_export_only _target _map)
     set_target_properties(${_target} PROPERTIES LINK_DEPENDS ${_map})
   endif()
 endfunction()
+
+# Writes the version of the project into a binary, where ModuleVersion finds it: a note of its own in an ELF file.
+function(qmrk_stamp_version _target)
+  if(NOT WIN32)
+    set(note ${PROJECT_BINARY_DIR}/version_note.cpp)
+    configure_file(${PROJECT_SOURCE_DIR}/platform/posix/version_note.cpp.in ${note} @ONLY)
+    target_sources(${_target} PRIVATE ${note})
+  endif()
+endfunction()

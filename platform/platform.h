@@ -17,6 +17,7 @@
 #include "platform/environment.h"
 #include "platform/errors.h"
 #include "platform/handle.h"
+#include "platform/module_version.h"
 #include "platform/named_event.h"
 #include "platform/native_path.h"
 #include "platform/process.h"
