@@ -111,6 +111,7 @@ bool EventFile::open(Joining _joining) {
   // O_NONBLOCK is for what may stand there instead of a file.
   const int flags = O_RDWR | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK | (create ? O_CREAT : 0);
   file_ = FileDescriptor(aboveStandardStreams(::openat(folder.get(), name_.c_str(), flags, 0600)));
+  if (!file_.isOpen() && errno == ELOOP) errno = EACCES;
   return file_.isOpen() && isTrusted(file_.get());
 }
 

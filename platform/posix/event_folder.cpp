@@ -6,6 +6,8 @@
 
 #include <cerrno>
 
+#include "platform/posix/open_file.h"
+
 namespace platform {
 namespace {
 
@@ -27,7 +29,10 @@ bool isTrusted(int _folder) {
 }
 
 FileDescriptor openFolder(const std::string& _path) {
-  return FileDescriptor(::open(_path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+  FileDescriptor folder(aboveStandardStreams(::open(_path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC)));
+  // A link, or something else than a folder, is not to be trusted either.
+  if (!folder.isOpen() && (errno == ELOOP || errno == ENOTDIR)) errno = EACCES;
+  return folder;
 }
 
 }  // namespace

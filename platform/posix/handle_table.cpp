@@ -76,6 +76,11 @@ void HandleTable::removeOwnedBy(const void* _owner) {
   }
 }
 
+std::size_t HandleTable::size() {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  return entries_.size();
+}
+
 bool closeHandle(Handle _handle) {
   const ErrorCode fault = injectedFault(Call::closeHandle);
   const bool closed = fault == noError && HandleTable::instance().remove(_handle);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -37,6 +38,9 @@ class HandleTable {
 
   bool remove(Handle _handle);
   void removeOwnedBy(const void* _owner);
+
+  /// How many handles are open.
+  std::size_t size();
 
   /// For fork: keeps the table as it is meanwhile; in the child forgets all handles, without touching their objects,
   /// which threads that the child does not have were perhaps using.

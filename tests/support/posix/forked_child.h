@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <sys/types.h>
+
+#include <functional>
+
+namespace testsupport {
+
+/// Runs the function in a forked child and waits for its end.
+/// @return the result of the function, from 0 to 255; -1 when a signal ended the child.
+int inForkedChild(const std::function<int()>& _function);
+
+/// A forked child that lives until the object ends, or until it is killed.
+class SleepingChild {
+ public:
+  /// Forks; the child runs the function, and sleeps.
+  explicit SleepingChild(const std::function<void()>& _function);
+  ~SleepingChild() { kill(); }
+  SleepingChild(const SleepingChild&) = delete;
+  SleepingChild& operator=(const SleepingChild&) = delete;
+
+  /// SIGKILL; returns when the child has ended.
+  void kill();
+
+ private:
+  pid_t process_;
+};
+
+}  // namespace testsupport
