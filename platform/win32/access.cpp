@@ -8,6 +8,16 @@
 #include "platform/fault.h"
 
 namespace platform {
+namespace {
+
+// The run-time finds no folder by a name that ends in a separator, except for the root of a drive.
+std::string withoutFinalSeparators(const std::string& _path) {
+  const std::size_t last = _path.find_last_not_of("\\/");
+  if (last == std::string::npos || _path[last] == ':') return _path;
+  return _path.substr(0, last + 1);
+}
+
+}  // namespace
 
 bool isAccessible(const std::string& _path, Access _mode) {
   if (injectedFault(Call::accessTest) != noError) return false;
@@ -17,7 +27,7 @@ bool isAccessible(const std::string& _path, Access _mode) {
 bool statusMode(const std::string& _path, unsigned int& _mode) {
   if (injectedFault(Call::statusQuery) != noError) return false;
   struct _stat64i32 status {};
-  if (::_stat64i32(_path.c_str(), &status) != 0) return false;
+  if (::_stat64i32(withoutFinalSeparators(_path).c_str(), &status) != 0) return false;
   _mode = status.st_mode;
   return true;
 }

@@ -47,8 +47,9 @@ TEST(CapturedConsole, KeepsALongText) {
   const CapturedConsole console;
   std::string text;
   while (text.size() < 100000) {
-    text += "line " + std::to_string(text.size()) + "\r\n";
-    platform::writeConsole(text.substr(text.rfind('l')));
+    const std::string line = std::to_string(text.size()) + std::string(2000, '.') + "\r\n";
+    platform::writeConsole(line);
+    text += line;
   }
   EXPECT_EQ(console.text(), text);
 }

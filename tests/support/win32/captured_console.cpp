@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/captured_console.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <vector>
 
 #include "platform/win32/windows_api.h"
 
@@ -16,6 +16,7 @@ namespace {
 
 constexpr SHORT WIDTH = 256;
 constexpr SHORT HEIGHT = 4096;
+constexpr DWORD ROWS_AT_ONCE = 64;
 
 [[noreturn]] void fail(const char* _what) {
   std::fprintf(stderr, "captured console: %s, error %lu\n", _what, ::GetLastError());
@@ -41,6 +42,13 @@ DWORD modeOf(HANDLE _console) {
   return mode;
 }
 
+// Only once, because it takes its time.
+void enlarge(HANDLE _console) {
+  const COORD size = infoOf(_console).dwSize;
+  if (size.X == WIDTH && size.Y == HEIGHT) return;
+  if (!::SetConsoleScreenBufferSize(_console, {WIDTH, HEIGHT})) fail("the screen buffer cannot be enlarged");
+}
+
 }  // namespace
 
 struct CapturedConsole::State {
@@ -51,7 +59,7 @@ struct CapturedConsole::State {
 
 CapturedConsole::CapturedConsole() : state_(new State) {
   ::SetConsoleOutputCP(::GetACP());
-  if (!::SetConsoleScreenBufferSize(state_->console, {WIDTH, HEIGHT})) fail("the screen buffer cannot be enlarged");
+  enlarge(state_->console);
   if (!::SetConsoleMode(state_->console, ENABLE_WRAP_AT_EOL_OUTPUT)) fail("processing cannot be switched off");
   if (!::SetConsoleCursorPosition(state_->console, {0, 0})) fail("the cursor cannot be set");
 }
@@ -69,17 +77,16 @@ std::string CapturedConsole::text() const {
   const COORD cursor = info.dwCursorPosition;
   if (info.dwSize.X != WIDTH || cursor.Y >= HEIGHT - 1) fail("the text is larger than the screen buffer");
   const DWORD size = static_cast<DWORD>(cursor.Y) * WIDTH + static_cast<DWORD>(cursor.X);
-  std::string text;
-  std::vector<char> row(WIDTH);
-  while (text.size() < size) {
-    const auto y = static_cast<SHORT>(text.size() / WIDTH);
+  std::string text(size, '\0');
+  for (DWORD done = 0; done < size;) {
+    const DWORD part = std::min<DWORD>(size - done, ROWS_AT_ONCE * WIDTH);
     DWORD got = 0;
-    if (!::ReadConsoleOutputCharacterA(state_->console, row.data(), WIDTH, {0, y}, &got) || got != WIDTH) {
-      fail("a row cannot be read");
+    const COORD row{0, static_cast<SHORT>(done / WIDTH)};
+    if (!::ReadConsoleOutputCharacterA(state_->console, text.data() + done, part, row, &got) || got != part) {
+      fail("the rows cannot be read");
     }
-    text.append(row.data(), WIDTH);
+    done += part;
   }
-  text.resize(size);
   return text;
 }
 

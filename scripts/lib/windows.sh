@@ -1,0 +1,36 @@
+# SPDX-License-Identifier: MIT
+# Builds for Windows and runs what was built under Wine, in a fresh prefix.
+# shellcheck shell=bash
+
+. "$ROOT/scripts/lib/packages.sh"
+. "$ROOT/scripts/lib/build.sh"
+
+# Every Windows program is started through this.
+WINE_RUN="$ROOT/scripts/lib/run-under-wine"
+
+# build_windows [TARGET...]: installs packages, builds the libraries that are needed (once) and the targets.
+build_windows() {
+  install_packages "${PACKAGES_BUILD[@]}" "${PACKAGES_WINDOWS[@]}" &&
+    "$ROOT/scripts/build-windows-dependencies" &&
+    build_preset windows-release "$@"
+}
+
+# begin_wine: makes a fresh prefix, which end_wine removes. Its server stays up meanwhile, since a start takes seconds.
+begin_wine() {
+  QMRK_WINE_PREFIX=$(mktemp -d "${TMPDIR:-/tmp}/qmrk-wine.XXXXXX")
+  export QMRK_WINE_PREFIX
+  trap end_wine EXIT
+  "$WINE_RUN" --keep-server && "$WINE_RUN" wineboot --init
+}
+
+end_wine() {
+  [ -n "${QMRK_WINE_PREFIX:-}" ] || return 0
+  WINEPREFIX=$QMRK_WINE_PREFIX wineserver --kill --wait 2>/dev/null
+  rm -rf "$QMRK_WINE_PREFIX"
+  unset QMRK_WINE_PREFIX
+}
+
+# windows_path PATH: how a Windows program names a file of this system.
+windows_path() {
+  printf 'Z:%s' "${1//\//\\}"
+}
