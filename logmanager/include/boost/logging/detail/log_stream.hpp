@@ -16,17 +16,17 @@ namespace detail {
 /// types below, the stream is in its initial formatting state, and their text goes into the message without the
 /// machinery of a stream; it is the text that the stream would make. Whatever else is inserted goes through the
 /// operators of std::ostream, and so does everything after it in the statement.
-class BOOST_LOGGING_API log_stream : public std::ostream {
+class log_stream : public std::ostream {
  public:
   ~log_stream() override;
   log_stream(const log_stream&) = delete;
   log_stream& operator=(const log_stream&) = delete;
 
-  void put(const char* _text, std::size_t _size);
-  void put(const char* _text);
-  void put(char _character);
-  void put(long long _value);
-  void put(unsigned long long _value);
+  BOOST_LOGGING_API void put(const char* _text, std::size_t _size);
+  BOOST_LOGGING_API void put(const char* _text);
+  BOOST_LOGGING_API void put(char _character);
+  BOOST_LOGGING_API void put(long long _value);
+  BOOST_LOGGING_API void put(unsigned long long _value);
 
  protected:
   explicit log_stream(std::streambuf* _buffer);

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "logmanager/log.h"
+#include "logmanager/reader_slot.h"
+#include "logmanager/slot_pool.h"
+#include "logmanager/statement_stream.h"
+
+namespace boost::logging::detail {
+
+/// What one logging statement needs while it runs. The slot keeps the callables alive that its log had at the start.
+struct Context : ReaderSlot {
+  StatementStream stream;
+  /// Working memory, kept from one statement to the next.
+  std::string message;
+  const Log* log = nullptr;
+  const CallableSet* callables = nullptr;
+  /// The statement of the same thread in whose insertion operator, appender or modifier this one runs.
+  Context* outer = nullptr;
+};
+
+/// All contexts, for those who replace callables.
+SlotPool<Context>& contexts();
+
+/// A context for a statement on the log, until leaveContext. May throw std::bad_alloc.
+Context& enterContext(const Log& _log);
+
+void leaveContext(Context& _context);
+
+}  // namespace boost::logging::detail

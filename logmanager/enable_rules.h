@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "logmanager/name_pattern.h"
+#include "logmanager/rule_index.h"
+
+namespace boost::logging::detail {
+
+/// Which logs are on, for logs that do not exist yet: of all calls the latest one that selects a name decides. Holds at
+/// most one rule per pattern. Not synchronised.
+class EnableRules {
+ public:
+  void set(const NamePattern& _pattern, bool _enabled);
+
+  /// On when no rule selects the name.
+  bool isEnabled(std::string_view _name);
+
+  std::size_t size() const { return rules_.size(); }
+
+ private:
+  struct Rule {
+    std::uint64_t sequence = 0;
+    bool enabled = true;
+  };
+
+  RuleIndex<Rule> rules_;
+  std::uint64_t sequence_ = 0;
+  /// What the latest call that selected all logs said.
+  bool forAll_ = true;
+};
+
+}  // namespace boost::logging::detail

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <streambuf>
+#include <string>
+#include <string_view>
+
+namespace boost::logging::detail {
+
+/// The text of a message while a statement makes it. Keeps its memory from one message to the next, unless a message
+/// was very long. One thread at a time may use an object.
+class LineBuffer : public std::streambuf {
+ public:
+  LineBuffer();
+
+  /// Begins an empty text.
+  void restart();
+
+  void append(const char* _text, std::size_t _size);
+
+  std::string_view text() const { return {pbase(), static_cast<std::size_t>(pptr() - pbase())}; }
+
+ protected:
+  int_type overflow(int_type _character) override;
+  std::streamsize xsputn(const char* _text, std::streamsize _size) override;
+  /// Tells the position, for tellp(); nothing else.
+  pos_type seekoff(off_type _offset, std::ios_base::seekdir _from, std::ios_base::openmode _which) override;
+
+ private:
+  void grow(std::size_t _room);
+  void putAreaFrom(std::size_t _size);
+
+  std::string memory_;
+};
+
+}  // namespace boost::logging::detail

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <string>
+#include <string_view>
+
+namespace boost::logging::detail {
+
+struct Log;
+
+/// Messages in the order of logging, with their times and logs, at most so many bytes of text (and, as messages may be
+/// empty, no more messages than bytes); the oldest are dropped first. Not synchronised.
+class MessageCache {
+ public:
+  static constexpr std::size_t USUAL_LIMIT = 1024 * 1024;
+
+  explicit MessageCache(std::size_t _limit = USUAL_LIMIT) : limit_(_limit) {}
+
+  /// @param _time in milliseconds since 1970.
+  void add(const Log& _log, std::int64_t _time, std::string_view _text);
+
+  bool isEmpty() const { return entries_.empty(); }
+
+  /// How many messages were dropped.
+  std::uint64_t dropped() const { return dropped_; }
+
+  /// Calls _visit(const Log&, std::int64_t _time, std::string_view) for each message in order.
+  template <typename Visit>
+  void forEach(Visit _visit) const {
+    std::size_t place = begin_;
+    for (const Entry& entry : entries_) {
+      _visit(*entry.log, entry.time, std::string_view(text_).substr(place, entry.size));
+      place += entry.size;
+    }
+  }
+
+ private:
+  struct Entry {
+    const Log* log;
+    std::int64_t time;
+    std::size_t size;
+  };
+
+  void dropOldest();
+
+  std::size_t limit_;
+  std::deque<Entry> entries_;
+  /// The texts one after the other from begin_ on.
+  std::string text_;
+  std::size_t begin_ = 0;
+  std::uint64_t dropped_ = 0;
+};
+
+}  // namespace boost::logging::detail

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <atomic>
+
+namespace boost::logging::detail {
+
+/// The reader slots of one kind of object (ReaderSlot or a class derived from it). Never destroyed; holds as many slots
+/// as were in use at the same time. All functions may be called from any thread at once and none takes a lock.
+template <typename Slot>
+class SlotPool {
+ public:
+  constexpr SlotPool() = default;
+  SlotPool(const SlotPool&) = delete;
+  SlotPool& operator=(const SlotPool&) = delete;
+
+  /// @return a slot that the caller has entered, to be left by it.
+  Slot& enterAny() {
+    for (Node* node = first_.load(std::memory_order_acquire); node != nullptr; node = node->next) {
+      if (node->slot.tryEnter()) return node->slot;
+    }
+    return enterNew();
+  }
+
+  /// Whether a reader may be using the object, whose published pointer has been replaced.
+  bool mayHold(const void* _object) const {
+    for (Node* node = first_.load(std::memory_order_seq_cst); node != nullptr; node = node->next) {
+      if (node->slot.mayHold(_object)) return true;
+    }
+    return false;
+  }
+
+ private:
+  struct Node {
+    Slot slot;
+    Node* next = nullptr;
+  };
+
+  Slot& enterNew() {
+    Node* const node = new Node;
+    node->slot.tryEnter();
+    node->next = first_.load(std::memory_order_relaxed);
+    while (!first_.compare_exchange_weak(node->next, node, std::memory_order_seq_cst, std::memory_order_relaxed)) {
+    }
+    return node->slot;
+  }
+
+  std::atomic<Node*> first_{nullptr};
+};
+
+}  // namespace boost::logging::detail

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#include "boost/logging/logger.hpp"
+#include "logmanager/context.h"
+#include "logmanager/default_log_manager.h"
+#include "logmanager/dispatch.h"
+#include "logmanager/exception_report.h"
+#include "logmanager/thread_state.h"
+
+namespace boost::logging {
+namespace detail {
+namespace {
+
+constexpr std::size_t LARGEST_KEPT_SIZE = 65536;
+
+/// Delivers the message of the context.
+void deliver(Context& _context) noexcept {
+  try {
+    if (get_default_log_manager().earlyMessages().keep(*_context.log, _context.message)) return;
+    passThrough(_context.callables, _context.log->name, _context.message, 0);
+    if (_context.message.capacity() > LARGEST_KEPT_SIZE) std::string().swap(_context.message);
+  } catch (...) {
+    reportException("log cache", _context.log->name);
+  }
+}
+
+void deliverText(Context& _context) noexcept {
+  try {
+    _context.message.assign(_context.stream.buffer().text());
+  } catch (...) {
+    reportException("message", _context.log->name);
+    return;
+  }
+  deliver(_context);
+}
+
+class ContextScope {
+ public:
+  explicit ContextScope(const Log& _log) : context_(enterContext(_log)) {}
+  ~ContextScope() { leaveContext(context_); }
+  ContextScope(const ContextScope&) = delete;
+  ContextScope& operator=(const ContextScope&) = delete;
+  Context& context() const { return context_; }
+
+ private:
+  Context& context_;
+};
+
+}  // namespace
+
+statement::statement(const logger& _logger) {
+  Context& context = enterContext(static_cast<const Log&>(*_logger.log_));
+  context.stream.restart();
+  // Until the end of the statement shows that only log_stream's own operators were used.
+  context.stream.noteGeneralUse();
+  stream_ = &context.stream;
+}
+
+statement::~statement() { leaveContext(*threadState().innermost); }
+
+void finish_statement::operator&(log_stream& _stream) const {
+  static_cast<StatementStream&>(_stream).noteOwnUse();
+  deliverText(*threadState().innermost);
+}
+
+void finish_statement::operator&(std::ostream& /*_stream*/) const { deliverText(*threadState().innermost); }
+
+}  // namespace detail
+
+logger::logger(const std::string& _name) : log_(&get_default_log_manager().log(_name)) {}
+
+const std::string& logger::name() const { return static_cast<const detail::Log*>(log_)->name; }
+
+void logger::write(const std::string& _message) const {
+  if (!is_enabled()) return;
+  const detail::ContextScope scope(static_cast<const detail::Log&>(*log_));
+  scope.context().message = _message;
+  detail::deliver(scope.context());
+}
+
+}  // namespace boost::logging

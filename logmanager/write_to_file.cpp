@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#include "boost/logging/callables.hpp"
+#include "logmanager/shared_append_file.h"
+#include "logmanager/thread_state.h"
+
+namespace boost::logging {
+
+class write_to_file::state : public detail::SharedAppendFile {
+ public:
+  using SharedAppendFile::SharedAppendFile;
+};
+
+write_to_file::write_to_file(const std::string& _file_name, bool _overwrite)
+    : state_(new state(_file_name, _overwrite)) {}
+
+void write_to_file::operator()(const std::string& /*_log_name*/, const std::string& _message) const { write(_message); }
+
+void write_to_file::write(const std::string& _message) const { state_->append(_message, detail::messageTime()); }
+
+}  // namespace boost::logging
