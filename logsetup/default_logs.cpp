@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+#include "config/cfg_data_manager.h"
+#include "config/cfg_lookup.h"
+#include "config/configuration_check.h"
+#include "config/error_info.h"
+#include "diagnostics/os_info.h"
+#include "logsetup/log_manager_binding.h"
+#include "logsetup/ts_mode.h"
+#include "quillmark_logging.h"
+#include "quillmark_logging_names.h"
+#include "trace/file_system_helpers.h"
+#include "trace/trace_flags.h"
+#include "trace/trace_line.h"
+
+namespace Quillmark_logging {
+namespace {
+
+bool isLoggingSwitchedOn(CfgDataManager& _store, const std::string& _ca, const std::string& _calledBy) {
+  std::string cfgPath;
+  if (!_store.getQmrkCfgFilePath(cfgPath, _ca, true)) {
+    traceLine("<!= Quillmark_logging::initDefaultLogs() Failed to get QMRK cfg path for %s.\r\n", _ca.c_str());
+    writeQmrkErrorInfo(unspecifiedError, _ca, _calledBy, "Failed to get configuration file path for " + _ca);
+    return false;
+  }
+  if (!_store.getCfgFlag(LOG_STATE, _ca)) {
+    traceLine("--- Quillmark_logging::initDefaultLogs() Logging is disabled...\r\n");
+    traceLine("<!= Quillmark_logging::initDefaultLogs() FAILED\r\n");
+    return false;
+  }
+  return true;
+}
+
+// Creates the folder when the file is missing, whether the folder is there or not.
+bool provideFolderOf(const std::string& _logFile, const std::string& _folder) {
+  if (checkIfFileDirectoryExists(_logFile)) {
+    // Names the folder as the file: required.
+    traceLine("--- Quillmark_logging::initDefaultLogs() File %s exists.\r\n", _folder.c_str());
+    return true;
+  }
+  traceLine("--- Quillmark_logging::initDefaultLogs() Creating directory structure: %s\r\n", _folder.c_str());
+  if (!createDirectory(_folder)) {
+    traceLine("<!= Quillmark_logging::initDefaultLogs() ERROR: Failed to create %s\r\n", _folder.c_str());
+    return false;
+  }
+  traceLine("--- Quillmark_logging::initDefaultLogs() Directory %s succesfully created.\r\n", _folder.c_str());
+  return true;
+}
+
+// The full name of the common log file, in a folder that is there.
+bool provideCommonLogFile(std::string& _logFile, const std::string& _ca) {
+  std::string commonLogFileName;
+  if (!getCfgValue(COMMON_LOG_FILE_NAME, commonLogFileName, _ca)) return false;
+  traceLine("--- Quillmark_logging::initDefaultLogs() commonLogFileName=\"%s\"\r\n", commonLogFileName.c_str());
+  std::string commonLogFilePath;
+  if (!getCommonLogFilePath(commonLogFilePath, _ca)) return false;
+  traceLine("--- Quillmark_logging::initDefaultLogs() commonLogFilePath=\"%s\"\r\n", commonLogFilePath.c_str());
+  _logFile = commonLogFilePath + "\\" + commonLogFileName;
+  return provideFolderOf(_logFile, commonLogFilePath);
+}
+
+// Replaces what an earlier call has connected to every log.
+void connectToAllLogs(CfgDataManager& _store, const std::string& _ca, bool _writeToCout) {
+  const std::string all = "*";
+  deleteAppender(all, QMRK_APPENDERS);
+  deleteModifier(all, QMRK_MODIFIERS);
+  if (_writeToCout) addAppender(all, byTsMode(&boost::logging::write_to_cout), QMRK_APPENDERS, callableIndex);
+  const bool milliseconds = _store.getCfgFlag(MILLISECOND_RESOLUTION, _ca);
+  const char* const stamp = milliseconds ? "$yyyy$MM$dd $hh:$mm:$ss.$mss " : "$yyyy$MM$dd $hh:$mm:$ss ";
+  addModifier(all, boost::logging::prepend_time_ms(stamp), QMRK_MODIFIERS, callableIndex);
+  addModifier(all, &boost::logging::prepend_prefix, QMRK_MODIFIERS, callableIndex);
+  addModifier(all, &boost::logging::append_enter, QMRK_MODIFIERS, callableIndex);
+}
+
+}  // namespace
+
+bool initDefaultLogs(std::string _calledBy, bool _writeToCout) {
+  traceLine("==> Quillmark_logging::initDefaultLogs(string, bool) Called by \"%s\", _writeToCout=%s\r\n",
+            _calledBy.c_str(), boolName(_writeToCout));
+  std::string value;
+  if (getEnvironmentVariable(DEFAULT_CA_NR, value)) {
+    // No line end: required.
+    traceLine("<== Quillmark_logging::initDefaultLogs(string, bool) Environment variable %s found, value is %s",
+              DEFAULT_CA_NR, value.c_str());
+    return initDefaultLogs(_calledBy, value, _writeToCout);
+  }
+  traceLine("<== Quillmark_logging::initDefaultLogs(string, bool) Using default ca=%s\r\n", GENERIC_CA);
+  return initDefaultLogs(_calledBy, std::string(GENERIC_CA), _writeToCout);
+}
+
+bool initDefaultLogs(std::string _calledBy, const std::string& _ca, bool _writeToCout) {
+  traceLine(
+      "==> Quillmark_logging::initDefaultLogs(string, string, bool) Called by \"%s\", _ca=%s, _writeToCout=%s, "
+      "TS_MODE=%s\r\n",
+      _calledBy.c_str(), _ca.c_str(), boolName(_writeToCout), boolName(tsMode()));
+  std::string ca = _ca;
+  if (!checkSpecifiedConfiguration(ca, _calledBy)) {
+    traceLine("-!- Quillmark_logging::initDefaultLogs() Specified configuration NOT OK\r\n");
+    return false;
+  }
+  CfgDataManager& store = *CfgDataManager::getInstance(loadTimeTrace());
+  if (!isLoggingSwitchedOn(store, ca, _calledBy)) return false;
+  std::string logFile;
+  if (!provideCommonLogFile(logFile, ca)) return false;
+  connectToAllLogs(store, ca, _writeToCout);
+  setInitialLogLevels(logFile, ca);
+  updateLogLevels(ca);
+  boost::logging::flush_log_cache();
+  writeOSInfo(ca);
+  traceLine("<== Quillmark_logging::initDefaultLogs() OK\r\n");
+  return true;
+}
+
+}  // namespace Quillmark_logging

@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+
+#include "config/cfg_data_manager.h"
+#include "config/cfg_lookup.h"
+#include "config/configuration_check.h"
+#include "logsetup/class_list.h"
+#include "logsetup/log_manager_binding.h"
+#include "logsetup/ts_mode.h"
+#include "quillmark_logging.h"
+#include "quillmark_logging_names.h"
+#include "trace/trace_flags.h"
+#include "trace/trace_line.h"
+
+namespace Quillmark_logging {
+namespace {
+
+// The class list as it is walked. A line end separates nothing: "A", line end, "B;" is the one class "AB".
+std::string withoutLineEnds(std::string _classList) {
+  _classList.erase(std::remove(_classList.begin(), _classList.end(), '\n'), _classList.end());
+  return _classList;
+}
+
+void enableClasses(const std::string& _classList) {
+  forEachClass(_classList, [](const std::string& _class, int _count) {
+    traceLine("--- Quillmark_logging::updateLogLevels() tmp=\"%s\" tmpCnt=%i\r\n", _class.c_str(), _count);
+    enableLogs(_class);
+  });
+}
+
+}  // namespace
+
+bool setInitialLogLevels(std::string _logFile, const std::string& _ca) {
+  traceLine("==> Quillmark_logging::setInitialLogLevels() _logFile=%s, TS_MODE=%s\r\n", _logFile.c_str(),
+            boolName(tsMode()));
+  std::string initialLogLevels;
+  if (!getCfgValue(COMMON_LOG_FILE_FILTER, initialLogLevels, _ca)) return false;
+  traceLine("--- Quillmark_logging::setInitialLogLevels() initialLogLevels=\"%s\"\r\n", initialLogLevels.c_str());
+  forEachClass(initialLogLevels, [&_logFile](const std::string& _class, int _count) {
+    traceLine("--- Quillmark_logging::setInitialLogLevels() tmp=\"%s\" tmpCnt=%i\r\n", _class.c_str(), _count);
+    deleteAppender(_class, APPENDER_WRITE2FILE_INIT);
+    addAppender(_class, byTsMode(boost::logging::write_to_file(_logFile, false)), APPENDER_WRITE2FILE_INIT,
+                callableIndex);
+  });
+  traceLine("<== Quillmark_logging::setInitialLogLevels()\r\n");
+  return true;
+}
+
+bool updateLogLevels(const std::string& _ca) {
+  traceLine("==> Quillmark_logging::updateLogLevels() _ca=%s\r\n", _ca.c_str());
+  std::string ca = _ca;
+  if (!checkSpecifiedConfiguration(ca, "")) {
+    traceLine("-!- Quillmark_logging::updateLogLevels() Specified configuration NOT OK\r\n");
+    return false;
+  }
+  std::string enabledLogClasses;
+  if (!CfgDataManager::getInstance(loadTimeTrace())->getEnabledLogClasses(ca, enabledLogClasses)) {
+    traceLine("<!= Quillmark_logging::updateLogLevels() ERROR: Failed to get enabled log class/es.\r\n");
+    return false;
+  }
+  // A list of nothing but line ends counts as empty.
+  enabledLogClasses = withoutLineEnds(enabledLogClasses);
+  if (enabledLogClasses.empty()) {
+    traceLine("--- Quillmark_logging::updateLogLevels() enabledLogClasses is empty. Disabling all log classes.\r\n");
+    disableLogs("*");
+  } else {
+    if (enabledLogClasses.back() != ';') enabledLogClasses += ';';
+    traceLine("--- Quillmark_logging::updateLogLevels() enabledLogClasses=\"%s\"\r\n", enabledLogClasses.c_str());
+    disableLogs("*");
+    enableClasses(enabledLogClasses);
+  }
+  traceLine("<== Quillmark_logging::updateLogLevels()\r\n");
+  return true;
+}
+
+bool updateLogLevels() {
+  // Names the default also where the environment then says otherwise; the lines below have no line end: both required.
+  traceLine("==> Quillmark_logging::updateLogLevels() Using default ca=%s\r\n", GENERIC_CA);
+  std::string value;
+  if (getEnvironmentVariable(DEFAULT_CA_NR, value)) {
+    traceLine("<== Quillmark_logging::updateLogLevels() Environment variable %s found, value is %s", DEFAULT_CA_NR,
+              value.c_str());
+    return updateLogLevels(value);
+  }
+  traceLine("<== Quillmark_logging::updateLogLevels() Using default CA=%s", GENERIC_CA);
+  return updateLogLevels(std::string(GENERIC_CA));
+}
+
+void enableAllLogs() {
+  traceLine("==> Quillmark_logging::enableAllLogs()\r\n");
+  enableLogs("*");
+  traceLine("<== Quillmark_logging::enableAllLogs()\r\n");
+}
+
+void enableSpecifiedLogs(std::string _logs) {
+  traceLine("==> Quillmark_logging::enableSpecifiedLogs()\r\n");
+  enableLogs(_logs);
+  traceLine("<== Quillmark_logging::enableSpecifiedLogs()\r\n");
+}
+
+void disableAllLogs() {
+  traceLine("==> Quillmark_logging::disableAllLogs()\r\n");
+  disableLogs("*");
+  traceLine("<== Quillmark_logging::disableAllLogs()\r\n");
+}
+
+}  // namespace Quillmark_logging

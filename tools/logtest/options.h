@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+namespace logtest {
+
+/// What the user of the program wants.
+struct Options {
+  /// The CA, when one was given (it may be empty); else the set-up chooses one.
+  bool hasCa = false;
+  std::string ca;
+  bool writeToCout = false;
+  /// A class list; its last entry need not be ended.
+  std::string classes = "Demo.App.error;Demo.App.info;Demo.Net.error;Demo.Net.info;";
+  /// Lines into each class.
+  int lines = 3;
+};
+
+enum class Parsed { run, done, wrong };
+
+/// Reads the command line. Writes what was asked for (the help) to the standard output, and what is wrong to the
+/// standard error stream.
+/// @return run: the options are set; done: nothing is left to do; wrong: the command line is not usable.
+Parsed parseOptions(int _argc, const char* const* _argv, Options& _options);
+
+}  // namespace logtest
