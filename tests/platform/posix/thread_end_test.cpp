@@ -88,12 +88,12 @@ TEST_F(ThreadEnd, UnwindsTheStack) {
 
 TEST_F(ThreadEnd, ComesToAThreadThatTerminatesItselfAtItsNextWait) {
   std::uint32_t id = 0;
-  Handle shared = nullptr;
+  std::atomic<Handle> shared{nullptr};
   const Handle start = createEvent("QMRK_THREAD_TEST.start");
   const Handle thread = createThread(
       [](void* _shared) {
         waitForEvent(openEvent("QMRK_THREAD_TEST.start"), waitForever);
-        EXPECT_TRUE(terminateThread(*static_cast<Handle*>(_shared), 5));
+        EXPECT_TRUE(terminateThread(*static_cast<std::atomic<Handle>*>(_shared), 5));
         waitForEvent(createEvent(name), waitForever);
         return 42U;
       },
