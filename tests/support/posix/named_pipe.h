@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+namespace testsupport {
+
+/// Makes a pipe in place of a file, if there is one: who opens it for reading waits until somebody opens it for
+/// writing. The path may have either separator.
+void makeNamedPipe(const std::string& _path);
+
+}  // namespace testsupport
