@@ -85,7 +85,7 @@ bool AppendFile::endsInLineFeed() const {
   if (injectedFault(Call::read) != noError) return true;
   struct stat status {};
   const int file = static_cast<int>(file_);
-  if (::fstat(file, &status) != 0 || !S_ISREG(status.st_mode) || status.st_size == 0) return true;
+  if (::fstat(file, &status) != 0 || status.st_size == 0) return true;
   char last = '\n';
   return ::pread(file, &last, 1, status.st_size - 1) != 1 || last == '\n';
 }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <pthread.h>
 #include <sys/stat.h>
@@ -6,10 +7,13 @@
 
 #include <atomic>
 #include <csignal>
+#include <cstdint>
+#include <fstream>
 #include <string>
 #include <thread>
 
 #include "platform/native_path.h"
+#include "platform/process.h"
 #include "platform/text_file.h"
 #include "tests/support/temporary_folder.h"
 
@@ -19,6 +23,15 @@ namespace {
 
 std::atomic<int> interruptions{0};
 void interrupt(int /*_signal*/) { ++interruptions; }
+
+// What the system tells about a thread: 'S' while it sleeps in a call that a signal can interrupt; 0 when it has ended.
+char stateOf(std::uint32_t _id) {
+  std::ifstream file("/proc/self/task/" + std::to_string(_id) + "/stat");
+  std::string status;
+  std::getline(file, status);
+  const std::size_t nameEnd = status.rfind(") ");
+  return nameEnd == std::string::npos ? '\0' : status[nameEnd + 2];
+}
 
 class InterruptedCall : public ::testing::Test {
  protected:
@@ -30,13 +43,27 @@ class InterruptedCall : public ::testing::Test {
   }
   ~InterruptedCall() override { ::sigaction(SIGUSR1, &former_, nullptr); }
 
-  static void interruptTimes(std::thread& _thread, int _times) {
-    const int end = interruptions + _times;
-    while (interruptions < end) {
-      ::pthread_kill(_thread.native_handle(), SIGUSR1);
+  // Interrupts the thread that has stored its id, each time while it waits in a system call; ends early with the
+  // thread.
+  void interruptTimes(std::thread& _thread, int _times) const {
+    while (id_ == 0) {
       std::this_thread::yield();
     }
+    for (int i = 0; i < _times; ++i) {
+      char state = '\0';
+      while ((state = stateOf(id_)) != 'S' && state != '\0') {
+        std::this_thread::yield();
+      }
+      if (state == '\0') return;
+      const int before = interruptions;
+      ::pthread_kill(_thread.native_handle(), SIGUSR1);
+      while (interruptions == before) {
+        std::this_thread::yield();
+      }
+    }
   }
+
+  std::atomic<std::uint32_t> id_{0};
 
  private:
   struct sigaction former_ {};
@@ -48,6 +75,7 @@ TEST_F(InterruptedCall, ALargeTextArrivesWhole) {
   const std::string text(1 << 20, 'x');
   bool written = false;
   std::thread thread([&] {
+    id_ = platform::threadId();
     platform::TextWriter writer("\\proc\\self\\fd\\" + std::to_string(ends[1]), platform::TextWriter::Mode::append);
     written = writer.write(text);
     ::close(ends[1]);
@@ -73,16 +101,17 @@ TEST_F(InterruptedCall, AFileThatIsSlowToOpenAndToReadIsReadWhole) {
   bool read = false;
   std::string text;
   std::thread thread([&] {
+    id_ = platform::threadId();
     platform::TextReader reader(path);
     read = reader.readAll(text);
   });
   interruptTimes(thread, 20);
-  {
-    platform::TextWriter writer(path, platform::TextWriter::Mode::append);
-    EXPECT_TRUE(writer.write("one "));
-    interruptTimes(thread, 20);
-    EXPECT_TRUE(writer.write("two"));
-  }
+  // Open for both, which does not wait for a reader.
+  const int fifo = ::open(platform::nativePath(path).c_str(), O_RDWR | O_CLOEXEC);
+  EXPECT_EQ(::write(fifo, "one ", 4), 4);
+  interruptTimes(thread, 20);
+  EXPECT_EQ(::write(fifo, "two", 3), 3);
+  ::close(fifo);
   thread.join();
   EXPECT_TRUE(read);
   EXPECT_EQ(text, "one two");
