@@ -15,6 +15,7 @@
 #include "tests/support/config_sandbox.h"
 #include "tests/support/fault_plan.h"
 #include "tests/support/private_events.h"
+#include "tests/support/sleeping_thread.h"
 #include "trace/trace_flags.h"
 
 namespace testsupport {
@@ -38,8 +39,10 @@ class Listener : public ::testing::Test {
   std::string classesPath() const { return sandbox_.initPath("CA12"); }
   void writeClasses(const std::string& _classes) const { sandbox_.writeInit("CA12", _classes); }
 
-  /// Waits until the thread of the only handler has its event.
-  bool waitUntilListening() const { return cout_.waitFor("eventHandle="); }
+  /// Waits until the thread of the handler waits for its event, the first one traced.
+  bool waitUntilListening(const LogEventHandler& _handler) const {
+    return cout_.waitFor("eventHandle=") && waitUntilThreadSleeps(_handler.getThreadId());
+  }
 
   /// Sets the event as another process would.
   static bool signal(const std::string& _event = "QMRK_LOG_EVENT") {
@@ -51,6 +54,8 @@ class Listener : public ::testing::Test {
 
   /// Ends the thread of a handler the friendly way.
   static void stop(LogEventHandler& _handler) {
+    // One that is not yet waiting again would end without the setting.
+    ASSERT_TRUE(waitUntilThreadSleeps(_handler.getThreadId()));
     _handler.setListenForEventState(false);
     ASSERT_TRUE(signal(_handler.getLogEventName()));
     ASSERT_EQ(platform::waitForThread(_handler.getThreadHandle(), 30'000), platform::waitObject);

@@ -35,7 +35,7 @@ TEST_F(LogEventHandlerTest, IsCreatedWithAThreadAndTheDefaultName) {
   EXPECT_EQ(handler.isCreated(), 1);
   EXPECT_TRUE(handler.getListenForEventState());
   EXPECT_STREQ(handler.getLogEventName(), "QMRK_LOG_EVENT");
-  ASSERT_TRUE(waitUntilListening());
+  ASSERT_TRUE(waitUntilListening(handler));
   stop(handler);
 }
 
@@ -54,13 +54,13 @@ TEST_F(LogEventHandlerTest, KeepsItsFieldsInTheirOrder) {
   EXPECT_EQ(fields.threadHandle, handler->getThreadHandle());
   EXPECT_EQ(fields.threadId, handler->getThreadId());
   EXPECT_TRUE(fields.listenForEventState);
-  ASSERT_TRUE(waitUntilListening());
+  ASSERT_TRUE(waitUntilListening(*handler));
   stop(*handler);
 }
 
 TEST_F(LogEventHandlerTest, StartsNoSecondThread) {
   LogEventHandler handler;
-  ASSERT_TRUE(waitUntilListening());
+  ASSERT_TRUE(waitUntilListening(handler));
   const auto thread = handler.getThreadHandle();
   const auto id = handler.getThreadId();
   const FaultPlan counter(Call::createThread, 1000, errorAccessDenied);
@@ -82,13 +82,13 @@ TEST_F(LogEventHandlerTest, MayStartItsThreadLaterWhenTheSystemHasRefused) {
   EXPECT_EQ(cerr_.text(), "");
   EXPECT_TRUE(handler->createWorkerThread());
   EXPECT_EQ(handler->isCreated(), 1);
-  ASSERT_TRUE(waitUntilListening());
+  ASSERT_TRUE(waitUntilListening(*handler));
   stop(*handler);
 }
 
 TEST_F(LogEventHandlerTest, WaitsItsTimeOutAndTerminatesAThreadThatWaits) {
   auto handler = std::make_unique<LogEventHandler>();
-  ASSERT_TRUE(waitUntilListening());
+  ASSERT_TRUE(waitUntilListening(*handler));
   const Handle thread = duplicateHandle(handler->getThreadHandle());
   const auto start = std::chrono::steady_clock::now();
   handler.reset();
@@ -102,7 +102,7 @@ TEST_F(LogEventHandlerTest, WaitsItsTimeOutAndTerminatesAThreadThatWaits) {
 
 TEST_F(LogEventHandlerTest, EndsWithExitCodeZeroAfterTheNextSettingWhenToldToStop) {
   LogEventHandler handler;
-  ASSERT_TRUE(waitUntilListening());
+  ASSERT_TRUE(waitUntilListening(handler));
   handler.setListenForEventState(false);
   EXPECT_FALSE(handler.getListenForEventState());
   EXPECT_EQ(waitForThread(handler.getThreadHandle(), 100), waitTimeout);
@@ -136,7 +136,7 @@ TEST_F(LogEventHandlerTest, GoesOnAtOnceAfterAWaitThatFails) {
 
 TEST_F(LogEventHandlerTest, ReportsAResetThatFails) {
   LogEventHandler handler;
-  ASSERT_TRUE(waitUntilListening());
+  ASSERT_TRUE(waitUntilListening(handler));
   {
     const FaultPlan plan(Call::resetEvent, 1, errorAccessDenied);
     stop(handler);
@@ -146,7 +146,7 @@ TEST_F(LogEventHandlerTest, ReportsAResetThatFails) {
 
 TEST_F(LogEventHandlerTest, SharesItsThreadWithACopyAndOnlyTheFirstCloses) {
   auto handler = std::make_unique<LogEventHandler>();
-  ASSERT_TRUE(waitUntilListening());
+  ASSERT_TRUE(waitUntilListening(*handler));
   const FaultPlan counter(Call::createThread, 1000, errorAccessDenied);
   auto copy = std::make_unique<LogEventHandler>(*handler);
   EXPECT_EQ(counter.calls(), 0);
@@ -165,7 +165,7 @@ TEST_F(LogEventHandlerTest, SharesItsThreadWithACopyAndOnlyTheFirstCloses) {
 
 TEST_F(LogEventHandlerTest, TakesOverEveryFieldInAnAssignment) {
   const auto handler = std::make_unique<LogEventHandler>();
-  ASSERT_TRUE(waitUntilListening());
+  ASSERT_TRUE(waitUntilListening(*handler));
   const auto other = withoutThread();
   handler->setLogEventName("QMRK_OTHER_EVENT");
   handler->setListenForEventState(false);
@@ -184,7 +184,7 @@ TEST_F(LogEventHandlerTest, StoresThePointerToANameAndUsesItForTheNextThread) {
   handler->setLogEventName(name);
   EXPECT_EQ(handler->getLogEventName(), name);
   ASSERT_TRUE(handler->createWorkerThread());
-  ASSERT_TRUE(waitUntilListening());
+  ASSERT_TRUE(waitUntilListening(*handler));
   EXPECT_EQ(openEvent("QMRK_LOG_EVENT"), nullptr);
   EXPECT_EQ(cout_.count("==> LogEventHandler::createEvent() _eventName=\"QMRK_OTHER_EVENT\"\n"), 1);
   stop(*handler);
@@ -192,7 +192,7 @@ TEST_F(LogEventHandlerTest, StoresThePointerToANameAndUsesItForTheNextThread) {
 
 TEST_F(LogEventHandlerTest, IgnoresANameThatIsSetWhileItsThreadRuns) {
   LogEventHandler handler;
-  ASSERT_TRUE(waitUntilListening());
+  ASSERT_TRUE(waitUntilListening(handler));
   handler.setLogEventName("QMRK_OTHER_EVENT");
   handler.setListenForEventState(false);
   EXPECT_FALSE(signal("QMRK_OTHER_EVENT"));

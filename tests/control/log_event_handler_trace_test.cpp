@@ -37,7 +37,7 @@ class LogEventHandlerTrace : public testsupport::Listener {};
 TEST_F(LogEventHandlerTrace, OfAWholeLifeIsAsApproved) {
   {
     LogEventHandler handler;
-    ASSERT_TRUE(waitUntilListening());
+    ASSERT_TRUE(waitUntilListening(handler));
     ASSERT_TRUE(cout_.waitFor("<== LogEventHandler::LogEventHandler()"));
     stop(handler);
   }
@@ -51,7 +51,7 @@ TEST_F(LogEventHandlerTrace, OfAWholeLifeIsAsApproved) {
 TEST_F(LogEventHandlerTrace, OfATerminatedThreadEndsWithItsWait) {
   {
     LogEventHandler handler;
-    ASSERT_TRUE(waitUntilListening());
+    ASSERT_TRUE(waitUntilListening(handler));
     ASSERT_TRUE(cout_.waitFor("<== LogEventHandler::LogEventHandler()"));
   }
   const std::string rest = testsupport::replaced(cout_.text(), "<== LogEventHandler::LogEventHandler()\n", "");
@@ -61,7 +61,7 @@ TEST_F(LogEventHandlerTrace, OfATerminatedThreadEndsWithItsWait) {
 TEST_F(LogEventHandlerTrace, SaysThatAnEventDidAlreadyExist) {
   const Handle event = createEvent("QMRK_LOG_EVENT");
   LogEventHandler handler;
-  ASSERT_TRUE(waitUntilListening());
+  ASSERT_TRUE(waitUntilListening(handler));
   EXPECT_NE(masked(cout_.text())
                 .find("<== LogEventHandler::createEvent() Event \"QMRK_LOG_EVENT\" did already exist, opening existing "
                       "event... eventHandle=<handle>\n"),

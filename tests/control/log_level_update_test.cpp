@@ -25,7 +25,7 @@ TEST_F(LogLevelUpdate, IsMadeOnceForASettingFromAnotherProcessAndLeavesTheEventR
   ASSERT_TRUE(one_.is_enabled());
   ASSERT_FALSE(two_.is_enabled());
   LogEventHandler handler;
-  ASSERT_TRUE(waitUntilListening());
+  ASSERT_TRUE(waitUntilListening(handler));
   CompanionProcess other({QMRK_EVENT_ACTOR});
   ASSERT_EQ(other.ask(std::string("open ") + eventName), "created");
   const testsupport::FaultPlan reads(Call::openForReading, 1000, errorAccessDenied);
@@ -45,7 +45,7 @@ TEST_F(LogLevelUpdate, IsMadeOnceForASettingFromAnotherProcessAndLeavesTheEventR
 
 TEST_F(LogLevelUpdate, IsMadeForEverySetting) {
   LogEventHandler handler;
-  ASSERT_TRUE(waitUntilListening());
+  ASSERT_TRUE(waitUntilListening(handler));
   for (int round = 1; round <= 20; ++round) {
     const bool isTwo = round % 2 == 0;
     writeClasses(isTwo ? "Listener.two;" : "Listener.one;");
@@ -60,7 +60,7 @@ TEST_F(LogLevelUpdate, IsMadeForEverySetting) {
 TEST_F(LogLevelUpdate, ThatFailsLeavesTheListenerListening) {
   ASSERT_TRUE(Quillmark_logging::updateLogLevels());
   LogEventHandler handler;
-  ASSERT_TRUE(waitUntilListening());
+  ASSERT_TRUE(waitUntilListening(handler));
   testsupport::removeAll(classesPath());
   ASSERT_TRUE(signal());
   ASSERT_TRUE(cout_.waitFor("resetEvent() returns true"));
@@ -79,7 +79,7 @@ TEST_F(LogLevelUpdate, ReachesEveryProcessThatListens) {
   }
   EXPECT_NE(line.find("successfully created..."), std::string::npos) << line;
   LogEventHandler second;
-  ASSERT_TRUE(waitUntilListening());
+  ASSERT_TRUE(waitUntilListening(second));
   EXPECT_EQ(cout_.count("did already exist, opening existing event..."), 1);
   ASSERT_TRUE(first.waitUntilAsleep());
   ASSERT_TRUE(signal());

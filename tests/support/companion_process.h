@@ -36,8 +36,8 @@ class CompanionProcess {
   /// @return the exit code; -1 when it was killed.
   int finish();
 
-  /// Waits until the main thread of the process sleeps in the system, at most 30 s.
-  /// @return whether it does.
+  /// Waits until every thread of the process sleeps in the system, at most 30 s.
+  /// @return whether they do.
   bool waitUntilAsleep() const;
 
  private:

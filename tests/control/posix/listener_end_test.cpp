@@ -22,7 +22,7 @@ TEST_F(ListenerEnd, WaitsForAnUpdateInItsMiddle) {
   const std::string list = nativePath(classesPath());
   testsupport::makeNamedPipe(list);
   auto handler = std::make_unique<LogEventHandler>();
-  ASSERT_TRUE(waitUntilListening());
+  ASSERT_TRUE(waitUntilListening(*handler));
   const Handle thread = duplicateHandle(handler->getThreadHandle());
   const Handle event = openEvent("QMRK_LOG_EVENT");
   ASSERT_TRUE(setEvent(event));
@@ -46,7 +46,7 @@ TEST_F(ListenerEnd, AbsorbsASettingDuringTheUpdateByTheResetAfterIt) {
   const std::string list = nativePath(classesPath());
   testsupport::makeNamedPipe(list);
   LogEventHandler handler;
-  ASSERT_TRUE(waitUntilListening());
+  ASSERT_TRUE(waitUntilListening(handler));
   ASSERT_TRUE(signal());
   ASSERT_TRUE(cout_.waitFor("WAIT_OBJECT_0 (0)"));
   ASSERT_TRUE(signal());

@@ -12,8 +12,9 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
-#include <thread>
 #include <utility>
+
+#include "tests/support/posix/sleeping_process.h"
 
 extern char** environ;
 
@@ -41,12 +42,6 @@ int waitForEnd(long _process) {
   while (::waitpid(static_cast<pid_t>(_process), &status, 0) == -1 && errno == EINTR) {
   }
   return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
-
-// Whether the main thread of a process sleeps in a system call: the kernel then shows the number of the call.
-bool isAsleep(int _systemCall) {
-  char first = 0;
-  return ::pread(_systemCall, &first, 1, 0) == 1 && first >= '0' && first <= '9';
 }
 
 }  // namespace
@@ -148,17 +143,6 @@ int CompanionProcess::finish() {
   return process_ > 0 ? waitForEnd(std::exchange(process_, -1)) : -1;
 }
 
-bool CompanionProcess::waitUntilAsleep() const {
-  const std::string path = "/proc/" + std::to_string(process_) + "/syscall";
-  const int systemCall = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  const auto deadline = Clock::now() + std::chrono::seconds(30);
-  bool asleep = isAsleep(systemCall);
-  while (!asleep && Clock::now() < deadline) {
-    std::this_thread::sleep_for(std::chrono::microseconds(20));
-    asleep = isAsleep(systemCall);
-  }
-  ::close(systemCall);
-  return asleep;
-}
+bool CompanionProcess::waitUntilAsleep() const { return waitUntilProcessSleeps(process_); }
 
 }  // namespace testsupport
