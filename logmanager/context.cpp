@@ -13,12 +13,13 @@ SlotPool<Context>& contexts() {
 Context& enterContext(const Log& _log) {
   ThreadState& state = threadState();
   Context* context = state.usualContext;
-  if (context == nullptr || !context->tryEnter()) {
-    context = &contexts().enterAny();
+  const CallableSet* callables = nullptr;
+  if (context == nullptr || !context->tryHold(_log.callables, callables)) {
+    context = &contexts().hold(_log.callables, callables);
     // An inner statement does not take the place of the outer one's context.
     if (state.innermost == nullptr) state.usualContext = context;
   }
-  context->callables = context->hold(_log.callables);
+  context->callables = callables;
   context->log = &_log;
   context->outer = state.innermost;
   state.innermost = context;

@@ -49,9 +49,12 @@ void default_log_manager::disconnect(const std::string& _logs, CallableKind _kin
 
 void default_log_manager::enable(const std::string& _logs, bool _enabled) {
   const NamePattern pattern(_logs);
+  Sets unused;
   const std::lock_guard<std::mutex> lock(lock_);
   enabling_.set(pattern, _enabled);
   logs_.forEachSelected(pattern, [_enabled](Log& _log) { _log.enabled.store(_enabled, std::memory_order_relaxed); });
+  // Sets that were in use when they were replaced do not have to wait for a call that replaces more.
+  if (retired_.size() > 0) unused = retired_.takeUnused(detail::contexts());
 }
 
 default_log_manager::Size default_log_manager::size() const {

@@ -2,58 +2,63 @@
 #pragma once
 
 #include <atomic>
+#include <cstdint>
 
 namespace boost::logging::detail {
 
-/// With a slot one reader at a time keeps an object alive that a pointer published, without a lock: while it reads,
-/// the slot tells those that replaced the object that it may be in use. The object is freed when no slot tells so.
+/// With a slot one reader at a time keeps an object alive that a pointer published, without a lock: while it reads, the
+/// slot shows the object to those that replaced it, and they free it only when no slot shows it.
 ///
-/// A reader enters the slot, holds the object, uses it and leaves. Between entering and holding, which takes some
-/// instructions, the slot stands for any object; afterwards for the one that it holds. As the entering precedes the
-/// read of the pointer, and the replacement of the pointer precedes the look at the slots, either the reader gets the
-/// new object or the slot is seen.
+/// A reader shows the object first and then makes sure that it is still the published one. As this comes in one order
+/// for all with the replacement of the pointer and the look at the slots, either the reader finds the new object or the
+/// slot is seen.
 class alignas(64) ReaderSlot {
  public:
   ReaderSlot() = default;
   ReaderSlot(const ReaderSlot&) = delete;
   ReaderSlot& operator=(const ReaderSlot&) = delete;
 
-  /// @return false when somebody is in the slot.
-  bool tryEnter() {
-    Phase expected = Phase::free;
-    return phase_.compare_exchange_strong(expected, Phase::entered, std::memory_order_seq_cst,
-                                          std::memory_order_relaxed);
+  /// Takes a free slot and holds the object that is published, or null, until leave().
+  /// @return false when the slot is taken; _object is then undefined.
+  template <typename T>
+  bool tryHold(const std::atomic<T*>& _published, T*& _object) {
+    _object = _published.load(std::memory_order_acquire);
+    std::uintptr_t expected = FREE;
+    if (!shown_.compare_exchange_strong(expected, taken(_object), std::memory_order_seq_cst,
+                                        std::memory_order_relaxed)) {
+      return false;
+    }
+    if (_published.load(std::memory_order_seq_cst) != _object) _object = hold(_published);
+    return true;
   }
 
-  /// Called once after entering.
+  /// Takes a slot that nobody else knows.
+  void take() { shown_.store(taken(nullptr), std::memory_order_relaxed); }
+
+  /// Holds the object that is published in a slot that the caller has taken.
   template <typename T>
   T* hold(const std::atomic<T*>& _published) {
-    T* const object = _published.load(std::memory_order_seq_cst);
-    held_.store(object, std::memory_order_release);
-    phase_.store(Phase::holding, std::memory_order_release);
-    return object;
+    T* object = _published.load(std::memory_order_acquire);
+    while (true) {
+      shown_.store(taken(object), std::memory_order_seq_cst);
+      T* const now = _published.load(std::memory_order_seq_cst);
+      if (now == object) return object;
+      object = now;
+    }
   }
 
-  void leave() { phase_.store(Phase::free, std::memory_order_release); }
+  void leave() { shown_.store(FREE, std::memory_order_release); }
 
   /// Asked after the pointer to the object has been replaced.
-  bool mayHold(const void* _object) const {
-    switch (phase_.load(std::memory_order_seq_cst)) {
-      case Phase::free:
-        return false;
-      case Phase::entered:
-        return true;
-      case Phase::holding:
-        break;
-    }
-    return held_.load(std::memory_order_acquire) == _object;
-  }
+  bool mayHold(const void* _object) const { return shown_.load(std::memory_order_seq_cst) == taken(_object); }
 
  private:
-  enum class Phase { free, entered, holding };
+  static constexpr std::uintptr_t FREE = 0;
 
-  std::atomic<Phase> phase_{Phase::free};
-  std::atomic<const void*> held_{nullptr};
+  /// The address, made odd so that a taken slot without object is not free.
+  static std::uintptr_t taken(const void* _object) { return reinterpret_cast<std::uintptr_t>(_object) | 1U; }
+
+  std::atomic<std::uintptr_t> shown_{FREE};
 };
 
 }  // namespace boost::logging::detail

@@ -24,7 +24,7 @@ SlotPool<ReaderSlot>& fileSlots() {
 /// Keeps the open file from being closed while the calling thread appends to it.
 class HeldFile {
  public:
-  explicit HeldFile(const std::atomic<AppendFile*>& _file) : slot_(enterSlot()), file_(slot_.hold(_file)) {}
+  explicit HeldFile(const std::atomic<AppendFile*>& _file) : slot_(hold(_file, file_)) {}
   ~HeldFile() { slot_.leave(); }
   HeldFile(const HeldFile&) = delete;
   HeldFile& operator=(const HeldFile&) = delete;
@@ -32,16 +32,16 @@ class HeldFile {
   AppendFile& file() const { return *file_; }
 
  private:
-  static ReaderSlot& enterSlot() {
+  static ReaderSlot& hold(const std::atomic<AppendFile*>& _published, AppendFile*& _file) {
     ThreadState& state = threadState();
-    if (state.usualFileSlot == nullptr || !state.usualFileSlot->tryEnter()) {
-      state.usualFileSlot = &fileSlots().enterAny();
+    if (state.usualFileSlot == nullptr || !state.usualFileSlot->tryHold(_published, _file)) {
+      state.usualFileSlot = &fileSlots().hold(_published, _file);
     }
     return *state.usualFileSlot;
   }
 
+  AppendFile* file_ = nullptr;
   ReaderSlot& slot_;
-  AppendFile* file_;
 };
 
 }  // namespace

@@ -5,7 +5,7 @@
 
 namespace boost::logging::detail {
 
-/// The reader slots of one kind of object (ReaderSlot or a class derived from it). Never destroyed; holds as many slots
+/// The reader slots of one kind of object (ReaderSlot or a class derived from it). Never destroyed; has as many slots
 /// as were in use at the same time. All functions may be called from any thread at once and none takes a lock.
 template <typename Slot>
 class SlotPool {
@@ -14,12 +14,15 @@ class SlotPool {
   SlotPool(const SlotPool&) = delete;
   SlotPool& operator=(const SlotPool&) = delete;
 
-  /// @return a slot that the caller has entered, to be left by it.
-  Slot& enterAny() {
+  /// Holds the published object, or null, in a slot that was free. May throw std::bad_alloc.
+  template <typename T>
+  Slot& hold(const std::atomic<T*>& _published, T*& _object) {
     for (Node* node = first_.load(std::memory_order_acquire); node != nullptr; node = node->next) {
-      if (node->slot.tryEnter()) return node->slot;
+      if (node->slot.tryHold(_published, _object)) return node->slot;
     }
-    return enterNew();
+    Slot& slot = addSlot();
+    _object = slot.hold(_published);
+    return slot;
   }
 
   /// Whether a reader may be using the object, whose published pointer has been replaced.
@@ -36,9 +39,9 @@ class SlotPool {
     Node* next = nullptr;
   };
 
-  Slot& enterNew() {
+  Slot& addSlot() {
     Node* const node = new Node;
-    node->slot.tryEnter();
+    node->slot.take();
     node->next = first_.load(std::memory_order_relaxed);
     while (!first_.compare_exchange_weak(node->next, node, std::memory_order_seq_cst, std::memory_order_relaxed)) {
     }

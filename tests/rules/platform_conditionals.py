@@ -12,8 +12,8 @@ SYSTEM_HEADER = re.compile(
     r'[>"]')
 
 _SEAM = re.compile(r"platform/|include/quillmark_logging_export\.h$|"
-                   r"logmanager/include/boost/logging/detail/export\.hpp$|tests/support/(?:posix|win32)/|"
-                   r"tests/platform/(?:posix|win32)/|(?:tools|bench)/(?:\w+/)*(?:posix|win32)/")
+                   r"logmanager/include/boost/logging/detail/export\.hpp$|"
+                   r"(?:tests|tools|bench)/(?:\w+/)*(?:posix|win32)/")
 
 
 def violations(files):

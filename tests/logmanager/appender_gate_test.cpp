@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#include "logmanager/appender_gate.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <functional>
+#include <set>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "boost/logging/logging.hpp"
+#include "logmanager/callable.h"
+
+namespace {
+
+namespace bl = boost::logging;
+
+/// An appender that notices when two threads are inside at once.
+struct Watched {
+  std::atomic<int> inside{0};
+  std::atomic<int> tooMany{0};
+  std::atomic<int> calls{0};
+
+  bl::appender appender() {
+    return [this](const std::string&, const std::string&) {
+      if (++inside > 1) ++tooMany;
+      std::this_thread::yield();
+      ++calls;
+      --inside;
+    };
+  }
+};
+
+void inThreads(int _count, const std::function<void(int)>& _function) {
+  std::vector<std::thread> threads;
+  for (int i = 0; i < _count; ++i)
+    threads.emplace_back(_function, i);
+  for (std::thread& thread : threads)
+    thread.join();
+}
+
+TEST(AppenderGate, LetsOneThreadAtATimeIntoAnAppenderOfManyLogs) {
+  bl::flush_log_cache();
+  Watched watched;
+  bl::add_appender(bl::get_default_log_manager(), "G1", watched.appender(), "A", 100);
+  inThreads(8, [](int _thread) {
+    const bl::logger log("G1." + std::to_string(_thread));
+    for (int i = 0; i < 500; ++i)
+      log.write("m");
+  });
+  EXPECT_EQ(watched.tooMany, 0);
+  EXPECT_EQ(watched.calls, 4000);
+  bl::del_appender(bl::get_default_log_manager(), "*", "A");
+}
+
+TEST(AppenderGate, LetsAnAppenderLogToItself) {
+  bl::flush_log_cache();
+  std::vector<std::string> messages;
+  const bl::logger log("G2");
+  bl::add_appender(
+      bl::get_default_log_manager(), "G2",
+      [&](const std::string&, const std::string& _message) {
+        messages.push_back(_message);
+        if (_message == "outer") log.write("inner");
+      },
+      "A", 100);
+  log.write("outer");
+  EXPECT_EQ(messages, (std::vector<std::string>{"outer", "inner"}));
+  bl::del_appender(bl::get_default_log_manager(), "*", "A");
+}
+
+/// Two appenders, each of which logs to the other while it is entered.
+TEST(AppenderGate, DoesNotLetAppendersThatLogThroughEachOtherWaitForEver) {
+  bl::flush_log_cache();
+  bl::default_log_manager& manager = bl::get_default_log_manager();
+  const bl::logger logs[] = {bl::logger("G3.a"), bl::logger("G3.b")};
+  std::set<std::string> got[2];
+  for (int i = 0; i < 2; ++i) {
+    bl::add_appender(
+        manager, logs[i].name(),
+        [&, i](const std::string&, const std::string& _message) {
+          got[i].insert(_message);
+          if (_message[0] != '>') logs[1 - i].write(">" + _message);
+        },
+        "A", 100);
+  }
+  inThreads(4, [&logs](int _thread) {
+    for (int i = 0; i < 2000; ++i)
+      logs[_thread % 2].write(std::to_string(_thread) + " " + std::to_string(i));
+  });
+  EXPECT_EQ(got[0].size(), 8000U);
+  EXPECT_EQ(got[1].size(), 8000U);
+  bl::del_appender(manager, "*", "A");
+}
+
+TEST(AppenderGate, IsNotPutBeforeTheManagersOwnAppenders) {
+  EXPECT_NE(bl::detail::makeAppender([](const std::string&, const std::string&) {}, "A", 0)->gate, nullptr);
+  EXPECT_EQ(bl::detail::makeAppender(&bl::write_to_cout, "A", 0)->gate, nullptr);
+  EXPECT_EQ(bl::detail::makeAppender(bl::write_to_file("x", false), "A", 0)->gate, nullptr);
+  EXPECT_EQ(bl::detail::makeAppender(bl::ts_appender(&bl::write_to_cout, 0), "A", 0)->gate, nullptr);
+}
+
+}  // namespace

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#include "tests/logmanager/counted_memory.h"
+
+#include <atomic>
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+constinit std::atomic<std::size_t> inUse{0};
+
+/// Before every block lies its size, and its beginning where that has to be aligned.
+struct Header {
+  std::size_t size;
+  void* begin;
+};
+
+void* allocate(std::size_t _size, std::size_t _alignment) {
+  void* const begin = std::malloc(_size + _alignment + sizeof(Header));
+  if (begin == nullptr) throw std::bad_alloc();
+  const auto lowest = reinterpret_cast<std::size_t>(begin) + sizeof(Header);
+  const std::size_t place = (lowest + _alignment - 1) / _alignment * _alignment;
+  new (reinterpret_cast<void*>(place - sizeof(Header))) Header{_size, begin};
+  inUse.fetch_add(_size, std::memory_order_relaxed);
+  return reinterpret_cast<void*>(place);
+}
+
+void release(void* _block) {
+  if (_block == nullptr) return;
+  const auto* const header = reinterpret_cast<Header*>(reinterpret_cast<std::size_t>(_block) - sizeof(Header));
+  inUse.fetch_sub(header->size, std::memory_order_relaxed);
+  std::free(header->begin);
+}
+
+}  // namespace
+
+namespace testsupport {
+
+std::size_t memoryInUse() { return inUse.load(std::memory_order_relaxed); }
+
+}  // namespace testsupport
+
+void* operator new(std::size_t _size) { return allocate(_size, alignof(std::max_align_t)); }
+void* operator new(std::size_t _size, std::align_val_t _alignment) {
+  return allocate(_size, static_cast<std::size_t>(_alignment));
+}
+void operator delete(void* _block) noexcept { release(_block); }
+void operator delete(void* _block, std::size_t) noexcept { release(_block); }
+void operator delete(void* _block, std::align_val_t) noexcept { release(_block); }
+void operator delete(void* _block, std::size_t, std::align_val_t) noexcept { release(_block); }

@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+#include "logmanager/early_messages.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "boost/logging/logging.hpp"
+#include "logmanager/callable_set.h"
+#include "logmanager/log.h"
+#include "logmanager/message_cache.h"
+#include "logmanager/thread_state.h"
+#include "tests/logmanager/recorder.h"
+
+namespace {
+
+namespace bl = boost::logging;
+using bl::detail::EarlyMessages;
+using bl::detail::Log;
+using testing::ElementsAre;
+using testsupport::Recorder;
+
+/// A log that passes everything to the appender.
+class ConnectedLog {
+ public:
+  ConnectedLog(const std::string& _name, const bl::appender& _appender) : log_(_name) {
+    log_.callables = bl::detail::withCallable(nullptr, bl::detail::makeAppender(_appender, "A", 0)).release();
+  }
+  Log& operator*() { return log_; }
+
+ private:
+  Log log_;
+};
+
+TEST(EarlyMessages, AreDeliveredByTheFlushInOrderAndThenNoLongerKept) {
+  const Recorder recorder;
+  ConnectedLog one("one", recorder.appender());
+  ConnectedLog other("other", recorder.appender());
+  EarlyMessages early;
+  EXPECT_TRUE(early.keep(*one, "1"));
+  EXPECT_TRUE(early.keep(*other, "2"));
+  EXPECT_TRUE(early.keep(*one, "3"));
+  EXPECT_TRUE(recorder.messages().empty());
+  early.flush();
+  EXPECT_THAT(recorder.messages(), ElementsAre("one|1", "other|2", "one|3"));
+  EXPECT_FALSE(early.keep(*one, "4"));
+  early.flush();
+  EXPECT_EQ(recorder.messages().size(), 3U);
+}
+
+TEST(EarlyMessages, OfALogThatIsOffAtTheFlushAreNotDelivered) {
+  const Recorder recorder;
+  ConnectedLog log("l", recorder.appender());
+  EarlyMessages early;
+  early.keep(*log, "1");
+  (*log).enabled = false;
+  early.flush();
+  EXPECT_TRUE(recorder.messages().empty());
+}
+
+TEST(EarlyMessages, AreToldFirstWhenSomeWereDropped) {
+  const Recorder recorder;
+  ConnectedLog one("one", recorder.appender());
+  ConnectedLog other("other", recorder.appender());
+  EarlyMessages early;
+  const std::string half(bl::detail::MessageCache::USUAL_LIMIT / 2, 'x');
+  early.keep(*one, half);
+  early.keep(*one, half);
+  early.keep(*other, "a");
+  early.keep(*one, half);
+  early.flush();
+  EXPECT_THAT(recorder.messages(),
+              ElementsAre("other|2 messages were dropped before the log cache was flushed", "other|a", "one|" + half));
+}
+
+TEST(EarlyMessages, KeepTheirTime) {
+  std::vector<std::int64_t> times;
+  ConnectedLog log("l",
+                   [&times](const std::string&, const std::string&) { times.push_back(bl::detail::messageTime()); });
+  EarlyMessages early;
+  const std::int64_t before = bl::detail::messageTime();
+  early.keep(*log, "1");
+  const std::int64_t after = bl::detail::messageTime();
+  while (bl::detail::messageTime() < after + 5)
+    std::this_thread::yield();
+  early.flush();
+  ASSERT_EQ(times.size(), 1U);
+  EXPECT_GE(times[0], before);
+  EXPECT_LE(times[0], after);
+}
+
+TEST(EarlyMessages, LoggedByAnAppenderDuringTheFlushAreNotKept) {
+  EarlyMessages early;
+  std::vector<std::string> got;
+  ConnectedLog* self = nullptr;
+  bool isKept = true;
+  ConnectedLog log("l", [&](const std::string&, const std::string& _message) {
+    got.push_back(_message);
+    isKept = early.keep(**self, "inner");
+  });
+  self = &log;
+  early.keep(*log, "outer");
+  early.flush();
+  EXPECT_THAT(got, ElementsAre("outer"));
+  EXPECT_FALSE(isKept);
+}
+
+TEST(EarlyMessages, OfOtherThreadsDuringTheFlushComeAfterThoseBefore) {
+  EarlyMessages early;
+  const Recorder recorder;
+  ConnectedLog* self = nullptr;
+  ConnectedLog log("l", [&, record = recorder.appender()](const std::string& _log, const std::string& _message) {
+    record(_log, _message);
+    if (_message == "1") std::thread([&] { EXPECT_TRUE(early.keep(**self, "3")); }).join();
+  });
+  self = &log;
+  early.keep(*log, "1");
+  early.keep(*log, "2");
+  early.flush();
+  EXPECT_THAT(recorder.messages(), ElementsAre("l|1", "l|2", "l|3"));
+}
+
+}  // namespace

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <string>
+
+#include "boost/logging/logging.hpp"
+#include "logmanager/exception_report.h"
+#include "tests/logmanager/recorder.h"
+#include "tests/support/captured_console.h"
+
+namespace {
+
+namespace bl = boost::logging;
+using bl::detail::exceptionCount;
+using bl::detail::OncePerMinute;
+using testing::ElementsAre;
+
+void throwing(const std::string& /*_log*/, const std::string& /*_message*/) { throw std::runtime_error("broken"); }
+void throwingNumber(const std::string& /*_log*/, std::string& _message) {
+  _message += "!";
+  throw 7;
+}
+
+// The first exception of the process is told at once, so this test comes first.
+TEST(Exceptions, AreToldOnTheStandardErrorStreamOnceAMinute) {
+  bl::flush_log_cache();
+  bl::add_appender(bl::get_default_log_manager(), "E2", &throwing, "bad one", 1);
+  const testsupport::CapturedConsole console;
+  for (int i = 0; i < 1000; ++i)
+    bl::logger("E2").write("text");
+  EXPECT_EQ(console.text(),
+            "boost::logging: 1 exception in appenders and modifiers; the last: \"bad one\", log \"E2\": broken\n");
+}
+
+TEST(Exceptions, NeverReachTheStatementAndDoNotKeepTheMessageFromTheOthers) {
+  bl::default_log_manager& manager = bl::get_default_log_manager();
+  bl::flush_log_cache();
+  const testsupport::Recorder recorder;
+  bl::add_modifier(manager, "E1", &throwingNumber, "M", 1);
+  bl::add_modifier(manager, "E1", testsupport::suffix("."), "M", 2);
+  bl::add_appender(manager, "E1", &throwing, "bad", 1);
+  bl::add_appender(manager, "E1", recorder.appender(), "A", 2);
+  const std::uint64_t before = exceptionCount();
+  EXPECT_NO_THROW(QMRK_LOG(bl::logger("E1")) << "text");
+  EXPECT_NO_THROW(bl::logger("E1").write("text"));
+  EXPECT_THAT(recorder.messages(), ElementsAre("E1|text!.", "E1|text!."));
+  EXPECT_EQ(exceptionCount() - before, 4U);
+}
+
+TEST(OncePerMinute, TellsTheFirstTimeAtOnceAndThenTheNumberSinceOnceAMinute) {
+  OncePerMinute report;
+  EXPECT_EQ(report.happened(0), 1U);
+  EXPECT_EQ(report.happened(1), 0U);
+  EXPECT_EQ(report.happened(59999), 0U);
+  EXPECT_EQ(report.happened(60000), 3U);
+  EXPECT_EQ(report.happened(119999), 0U);
+  EXPECT_EQ(report.happened(500000), 2U);
+}
+
+TEST(EndlessLogging, OfAnAppenderThatLogsToItselfIsCutAndReported) {
+  bl::flush_log_cache();
+  const bl::logger log("E3");
+  int calls = 0;
+  bl::add_appender(
+      bl::get_default_log_manager(), "E3",
+      [&calls, &log](const std::string&, const std::string& _message) {
+        ++calls;
+        log.write(_message + "again");
+      },
+      "A", 1);
+  const std::uint64_t before = exceptionCount();
+  log.write("");
+  EXPECT_EQ(calls, 8);
+  EXPECT_EQ(exceptionCount() - before, 1U);
+}
+
+}  // namespace

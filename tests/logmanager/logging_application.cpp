@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+#include <chrono>
+#include <cstdlib>
+#include <functional>
+#include <iostream>
+#include <map>
+#include <string>
+#include <thread>
+
+#include "boost/logging/logging.hpp"
+
+// logging_application MODE FILE [ARGUMENTS]: logs to the file in one of the ways below.
+
+namespace {
+
+namespace bl = boost::logging;
+
+/// Logs while the static objects are made, before anything is set up, and while they are destroyed.
+class StaticObject {
+ public:
+  explicit StaticObject(const char* _name) : name_(_name), log_("App.static") { log("made"); }
+  ~StaticObject() { log("destroyed"); }
+  StaticObject(const StaticObject&) = delete;
+  StaticObject& operator=(const StaticObject&) = delete;
+
+ private:
+  void log(const char* _what) const {
+    try {
+      QMRK_LOG(log_) << name_ << ' ' << _what;
+    } catch (...) {
+      std::abort();
+    }
+  }
+
+  const char* name_;
+  bl::logger log_;
+};
+
+const StaticObject first("first");
+const StaticObject second("second");
+
+void connect(const bl::appender& _appender) {
+  bl::default_log_manager& manager = bl::get_default_log_manager();
+  bl::add_appender(manager, "*", _appender, "A", 100);
+  bl::add_modifier(manager, "*", &bl::append_enter, "M", 100);
+  bl::flush_log_cache();
+}
+
+void logLines(const std::string& _prefix, int _count) {
+  const bl::logger log("App.lines");
+  for (int i = 0; i < _count; ++i)
+    QMRK_LOG(log) << _prefix << i;
+}
+
+int plain(const std::string& _file, char** /*_arguments*/) {
+  QMRK_LOG(bl::logger("App")) << "before set-up";
+  connect(bl::write_to_file(_file, false));
+  QMRK_LOG(bl::logger("App")) << "after set-up";
+  return 0;
+}
+
+// LINES, INTERVAL: through a ts_appender; ends right afterwards.
+int threadSafe(const std::string& _file, char** _arguments) {
+  connect(bl::ts_appender(bl::write_to_file(_file, false), std::atoi(_arguments[1])));
+  logLines("", std::atoi(_arguments[0]));
+  return 0;
+}
+
+// The same, ended by exit() in another function.
+int threadSafeExit(const std::string& _file, char** _arguments) {
+  threadSafe(_file, _arguments);
+  std::exit(7);
+}
+
+// The wrapped appender never returns; the process has to end all the same.
+int stuck(const std::string& /*_file*/, char** /*_arguments*/) {
+  connect(bl::ts_appender(
+      [](const std::string&, const std::string&) {
+        while (true)
+          std::this_thread::sleep_for(std::chrono::hours(1));
+      },
+      0));
+  logLines("", 10);
+  return 0;
+}
+
+// NUMBER, LINES: lines of a kind that shows whether they are whole.
+int append(const std::string& _file, char** _arguments) {
+  connect(bl::write_to_file(_file, false));
+  const std::string number = _arguments[0];
+  logLines("process " + number + " " + std::string(40, static_cast<char>('a' + std::stoi(number))) + " line ",
+           std::atoi(_arguments[1]));
+  bl::enable_logs(bl::get_default_log_manager(), "*", 4294967295U);
+  return 0;
+}
+
+}  // namespace
+
+int main(int _count, char** _arguments) {
+  const std::map<std::string, std::function<int(const std::string&, char**)>> modes{
+      {"plain", &plain}, {"ts", &threadSafe}, {"ts-exit", &threadSafeExit}, {"stuck", &stuck}, {"append", &append}};
+  if (_count < 3 || modes.count(_arguments[1]) == 0) {
+    std::cerr << "usage: logging_application MODE FILE [ARGUMENTS]\n";
+    return 2;
+  }
+  return modes.at(_arguments[1])(_arguments[2], _arguments + 3);
+}

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <map>
+#include <sstream>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "tests/support/child_process.h"
+#include "tests/support/temporary_folder.h"
+
+namespace {
+
+constexpr char STATIC_MADE[] = "first made\nsecond made\n";
+constexpr char STATIC_DESTROYED[] = "second destroyed\nfirst destroyed\n";
+
+class LoggingProcess : public testing::Test {
+ protected:
+  int run(const std::vector<std::string>& _arguments) const {
+    std::vector<std::string> arguments{_arguments[0], path};
+    arguments.insert(arguments.end(), _arguments.begin() + 1, _arguments.end());
+    return testsupport::runProgram(LOGGING_APPLICATION, arguments).exitCode;
+  }
+
+  std::string text() const { return testsupport::replaced(testsupport::readFile(path), "\r\n", "\n"); }
+
+  static std::string numbers(int _count) {
+    std::string lines;
+    for (int i = 0; i < _count; ++i)
+      lines += std::to_string(i) + "\n";
+    return lines;
+  }
+
+  testsupport::TemporaryFolder folder;
+  const std::string path = folder.file("app.log");
+};
+
+TEST_F(LoggingProcess, WhatStaticObjectsAndMainLogBeforeAndAfterTheSetUpArrivesInOrder) {
+  EXPECT_EQ(run({"plain"}), 0);
+  EXPECT_EQ(text(), std::string(STATIC_MADE) + "before set-up\nafter set-up\n" + STATIC_DESTROYED);
+}
+
+TEST_F(LoggingProcess, LosesNothingAtItsEndInThreadSafeMode) {
+  EXPECT_EQ(run({"ts", "5000", "0"}), 0);
+  EXPECT_EQ(text(), STATIC_MADE + numbers(5000) + STATIC_DESTROYED);
+}
+
+TEST_F(LoggingProcess, LosesNothingWhenItCallsExitInThreadSafeMode) {
+  EXPECT_EQ(run({"ts-exit", "5000", "0"}), 7);
+  EXPECT_EQ(text(), STATIC_MADE + numbers(5000) + STATIC_DESTROYED);
+}
+
+TEST_F(LoggingProcess, DoesNotWaitAtItsEndForALongInterval) {
+  const auto begin = std::chrono::steady_clock::now();
+  EXPECT_EQ(run({"ts", "1000", "3600000"}), 0);
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(60));
+  EXPECT_EQ(text(), STATIC_MADE + numbers(1000) + STATIC_DESTROYED);
+}
+
+TEST_F(LoggingProcess, EndsEvenIfAnAppenderNeverReturns) {
+  const auto begin = std::chrono::steady_clock::now();
+  EXPECT_EQ(run({"stuck"}), 0);
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(60));
+}
+
+TEST_F(LoggingProcess, SixteenOfThemAppendWholeLinesToOneFile) {
+  constexpr int PROCESSES = 16;
+  constexpr int LINES = 20000;
+  std::vector<std::thread> runners;
+  for (int i = 0; i < PROCESSES; ++i) {
+    runners.emplace_back([this, i] { EXPECT_EQ(run({"append", std::to_string(i), std::to_string(LINES)}), 0); });
+  }
+  for (std::thread& runner : runners)
+    runner.join();
+  std::map<std::string, int> nextLine;
+  std::istringstream lines(text());
+  std::string line;
+  int count = 0;
+  while (std::getline(lines, line)) {
+    if (line == "first made" || line == "second made") continue;
+    ++count;
+    const std::string::size_type number = line.rfind(' ') + 1;
+    const std::string prefix = line.substr(0, number);
+    ASSERT_EQ(line.substr(number), std::to_string(nextLine[prefix]++)) << line;
+  }
+  EXPECT_EQ(count, PROCESSES * LINES);
+  EXPECT_EQ(nextLine.size(), 16U);
+}
+
+}  // namespace

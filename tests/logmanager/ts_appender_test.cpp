@@ -1,0 +1,215 @@
+// SPDX-License-Identifier: MIT
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <condition_variable>
+#include <ctime>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "boost/logging/logging.hpp"
+
+namespace {
+
+using boost::logging::ts_appender;
+using Clock = std::chrono::steady_clock;
+using std::chrono::milliseconds;
+using testing::ElementsAre;
+
+/// Collects the calls of the wrapped appender; may hold it up.
+class Wrapped {
+ public:
+  boost::logging::appender appender() {
+    return [this](const std::string& _log, const std::string& _text) {
+      std::unique_lock<std::mutex> lock(lock_);
+      calls_.push_back(_log + "|" + _text);
+      text_ += _text;
+      changed_.notify_all();
+      changed_.wait(lock, [this] { return !isHeldUp_; });
+    };
+  }
+
+  std::string waitForText(std::size_t _size) {
+    std::unique_lock<std::mutex> lock(lock_);
+    changed_.wait_for(lock, std::chrono::seconds(30), [&] { return text_.size() >= _size; });
+    return text_;
+  }
+
+  std::vector<std::string> calls() {
+    const std::lock_guard<std::mutex> lock(lock_);
+    return calls_;
+  }
+
+  void holdUp(bool _isHeldUp) {
+    const std::lock_guard<std::mutex> lock(lock_);
+    isHeldUp_ = _isHeldUp;
+    changed_.notify_all();
+  }
+
+ private:
+  std::mutex lock_;
+  std::condition_variable changed_;
+  std::vector<std::string> calls_;
+  std::string text_;
+  bool isHeldUp_ = false;
+};
+
+milliseconds durationOf(const std::function<void()>& _function) {
+  const Clock::time_point begin = Clock::now();
+  _function();
+  return std::chrono::duration_cast<milliseconds>(Clock::now() - begin);
+}
+
+TEST(TsAppender, TheFirstCallSleepsAHundredMillisecondsAndNoLaterOneDoes) {
+  Wrapped wrapped;
+  const ts_appender appender(wrapped.appender(), 0);
+  EXPECT_GE(durationOf([&] { appender("App", "1"); }), milliseconds(100));
+  const ts_appender copy = appender;
+  milliseconds shortest(1000);
+  for (int i = 0; i < 10; ++i)
+    shortest = std::min(shortest, durationOf([&] { copy("App", "2"); }));
+  EXPECT_LT(shortest, milliseconds(50));
+  EXPECT_EQ(wrapped.waitForText(11), "12222222222");
+}
+
+TEST(TsAppender, StartsNoThreadWithoutAMessage) {
+  Wrapped wrapped;
+  EXPECT_LT(durationOf([&] { const ts_appender appender(wrapped.appender(), 10000); }), milliseconds(5000));
+  EXPECT_TRUE(wrapped.calls().empty());
+}
+
+TEST(TsAppender, DeliversMessagesInBatchesWithAnEmptyLogName) {
+  Wrapped wrapped;
+  const ts_appender appender(wrapped.appender(), 0);
+  wrapped.holdUp(true);
+  appender("App", "first\n");
+  wrapped.waitForText(6);
+  appender("App", "second\n");
+  appender("Other", "third\n");
+  wrapped.holdUp(false);
+  wrapped.waitForText(19);
+  EXPECT_THAT(wrapped.calls(), ElementsAre("|first\n", "|second\nthird\n"));
+}
+
+TEST(TsAppender, CallersDoNotWaitForTheWrappedAppender) {
+  Wrapped wrapped;
+  const ts_appender appender(wrapped.appender(), 0);
+  wrapped.holdUp(true);
+  appender("App", "1");
+  wrapped.waitForText(1);
+  for (int i = 0; i < 1000; ++i)
+    appender("App", "2");
+  EXPECT_EQ(wrapped.calls().size(), 1U);
+  wrapped.holdUp(false);
+  wrapped.waitForText(1001);
+}
+
+TEST(TsAppender, IgnoresWhatTheWrappedAppenderThrows) {
+  Wrapped wrapped;
+  const boost::logging::appender inner = wrapped.appender();
+  const ts_appender appender(
+      [&inner](const std::string& _log, const std::string& _text) {
+        inner(_log, _text);
+        throw std::runtime_error("broken");
+      },
+      0);
+  appender("App", "1");
+  wrapped.waitForText(1);
+  appender("App", "2");
+  EXPECT_EQ(wrapped.waitForText(2), "12");
+}
+
+TEST(TsAppender, WaitsTheIntervalBetweenBatches) {
+  Wrapped wrapped;
+  const ts_appender appender(wrapped.appender(), 300);
+  appender("App", "1");
+  wrapped.waitForText(1);
+  const Clock::time_point begin = Clock::now();
+  appender("App", "2");
+  appender("App", "3");
+  wrapped.waitForText(3);
+  // The interval began up to the 100 ms of the first call before.
+  EXPECT_GE(Clock::now() - begin, milliseconds(150));
+  EXPECT_THAT(wrapped.calls(), ElementsAre("|1", "|23"));
+}
+
+TEST(TsAppender, TheEndOfTheLastCopySleepsOneAndAHalfIntervalsAndNothingIsLost) {
+  Wrapped wrapped;
+  std::optional<ts_appender> appender(std::in_place, wrapped.appender(), 200);
+  (*appender)("App", "1");
+  std::optional<ts_appender> copy(*appender);
+  EXPECT_LT(durationOf([&] { appender.reset(); }), milliseconds(150));
+  wrapped.waitForText(1);
+  (*copy)("App", "2");
+  EXPECT_GE(durationOf([&] { copy.reset(); }), milliseconds(300));
+  EXPECT_EQ(wrapped.waitForText(2), "12");
+}
+
+TEST(TsAppender, DeliversAfterTheLastCopyWhatWasHeldUp) {
+  auto wrapped = std::make_shared<Wrapped>();
+  {
+    const ts_appender appender(wrapped->appender(), 0);
+    wrapped->holdUp(true);
+    appender("App", "1");
+    wrapped->waitForText(1);
+    appender("App", "2");
+  }
+  wrapped->holdUp(false);
+  EXPECT_EQ(wrapped->waitForText(2), "12");
+}
+
+TEST(TsAppender, TakesMessagesOfManyThreads) {
+  Wrapped wrapped;
+  const ts_appender appender(wrapped.appender(), 0);
+  std::vector<std::thread> threads;
+  for (int i = 0; i < 4; ++i) {
+    threads.emplace_back([&appender] {
+      for (int line = 0; line < 5000; ++line)
+        appender("App", "0123456789\n");
+    });
+  }
+  for (std::thread& thread : threads)
+    thread.join();
+  EXPECT_EQ(wrapped.waitForText(220000).size(), 220000U);
+}
+
+TEST(TsAppender, UsesNoProcessorTimeWhenIdle) {
+  Wrapped wrapped;
+  const ts_appender quick(wrapped.appender(), 0);
+  const ts_appender slow(wrapped.appender(), 1);
+  quick("App", "1");
+  slow("App", "2");
+  wrapped.waitForText(2);
+  // Longer than the writers go on looking for text.
+  std::this_thread::sleep_for(milliseconds(100));
+  const std::clock_t before = std::clock();
+  std::this_thread::sleep_for(milliseconds(1000));
+  EXPECT_LT(std::clock() - before, CLOCKS_PER_SEC / 200);
+  quick("App", "3");
+  slow("App", "4");
+  EXPECT_EQ(wrapped.waitForText(4).size(), 4U);
+}
+
+TEST(TsAppender, LetsTheWrappedAppenderLogToIt) {
+  Wrapped wrapped;
+  const boost::logging::appender inner = wrapped.appender();
+  std::optional<ts_appender> appender;
+  appender.emplace(
+      [&](const std::string& _log, const std::string& _text) {
+        if (_text == "outer") (*appender)("App", "inner");
+        inner(_log, _text);
+      },
+      0);
+  (*appender)("App", "outer");
+  EXPECT_EQ(wrapped.waitForText(10), "outerinner");
+}
+
+}  // namespace
