@@ -3,11 +3,11 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/text_file.h"
 #include "tests/diagnostics/fake_system.h"
 #include "tests/support/as_unprivileged_user.h"
 #include "tests/support/config_sandbox.h"
 #include "tests/support/fault_plan.h"
+#include "tests/trace/function_lines.h"
 #include "tests/trace/traced_console.h"
 
 namespace {
@@ -16,6 +16,7 @@ using Quillmark_logging::writeOSInfo;
 using testsupport::ConfigSandbox;
 using testsupport::FakeSystem;
 using testsupport::makeFolders;
+using testsupport::nativeLineEnds;
 using testsupport::readFile;
 using testsupport::TracedConsole;
 using testsupport::writeFile;
@@ -33,13 +34,6 @@ platform::VersionBlock windowsXp() {
 
 constexpr char windowsXpText[] = "Microsoft Windows XP Professional Service Pack 2 (Build 2600)\r";
 
-// The bytes that a text is in a file: how a line ends there differs between the platforms.
-std::string asFileBytes(const std::string& _text) {
-  const testsupport::TemporaryFolder folder;
-  platform::TextWriter(folder.file("text"), platform::TextWriter::Mode::append).write(_text);
-  return readFile(folder.file("text"));
-}
-
 class OsInfo : public testing::Test {
  protected:
   OsInfo() {
@@ -50,16 +44,8 @@ class OsInfo : public testing::Test {
   std::string folder() const { return sandbox_.appData() + "\\Logs"; }
   std::string logFile() const { return folder() + "\\common.log"; }
 
-  // The lines that the function itself prints, without those of what it calls.
   static std::string ownLines(const std::string& _trace) {
-    std::string lines;
-    std::size_t begin = 0;
-    for (auto end = _trace.find('\n'); end != std::string::npos; end = _trace.find('\n', begin)) {
-      const std::string line = _trace.substr(begin, end + 1 - begin);
-      if (line.find("Quillmark_logging::writeOSInfo()") != std::string::npos) lines += line;
-      begin = end + 1;
-    }
-    return lines;
+    return testsupport::linesOf("Quillmark_logging::writeOSInfo()", _trace);
   }
 
   ConfigSandbox sandbox_;
@@ -70,7 +56,7 @@ TEST_F(OsInfo, IsOneLineAndAnEmptyOneAtTheEndOfTheCommonLog) {
   writeFile(logFile(), "first line\n");
   const TracedConsole console;
   EXPECT_TRUE(writeOSInfo("CA12", system_));
-  EXPECT_EQ(readFile(logFile()), "first line\n" + asFileBytes(std::string(windowsXpText) + "\n\n"));
+  EXPECT_EQ(readFile(logFile()), "first line\n" + nativeLineEnds(std::string(windowsXpText) + "\n\n"));
   EXPECT_EQ(sandbox_.masked(ownLines(console.text())),
             "==> Quillmark_logging::writeOSInfo() _ca=CA12\r\n"
             "<== Quillmark_logging::writeOSInfo() OS information is written to file <APPDATA>\\Logs\\common.log\r\n");
@@ -80,7 +66,7 @@ TEST_F(OsInfo, CreatesTheCommonLog) {
   EXPECT_TRUE(writeOSInfo("CA12", system_));
   EXPECT_TRUE(writeOSInfo("CA12", system_));
   const std::string once = std::string(windowsXpText) + "\n\n";
-  EXPECT_EQ(readFile(logFile()), asFileBytes(once + once));
+  EXPECT_EQ(readFile(logFile()), nativeLineEnds(once + once));
 }
 
 TEST_F(OsInfo, IsNotWrittenWithoutTheKeyOfTheFileName) {
@@ -146,7 +132,7 @@ TEST_F(OsInfo, OfTheRunningSystemIsWhatThePlatformTells) {
   EXPECT_EQ(Quillmark_logging::getOSDescription(text), known);
   EXPECT_EQ(text.empty(), !known);
   EXPECT_EQ(writeOSInfo("CA12"), known);
-  EXPECT_EQ(readFile(logFile()), known ? asFileBytes(text + "\n\n") : "");
+  EXPECT_EQ(readFile(logFile()), known ? nativeLineEnds(text + "\n\n") : "");
 }
 
 }  // namespace
