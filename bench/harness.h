@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "bench/subject.h"
+
+namespace bench {
+
+/// What a workload program is called with: --subject NAME --folder DIR [--count N] [--threads N].
+struct Options {
+  std::string folder;
+  int count = 0;
+  int threads = 1;
+
+  std::string file() const { return folder + "/bench.log"; }
+};
+
+/// Runs one round of one workload for one subject in this process. A workload prints its figures with report and
+/// returns false when the subject has nothing of the kind; the exit code is then 3.
+int runWorkload(int _argc, char** _argv, int _defaultCount,
+                const std::function<bool(Subject&, const Options&)>& _workload);
+
+/// Prints "<metric> <value>" for the script that compares the subjects.
+void report(const std::string& _metric, double _value);
+
+std::int64_t nanoseconds();
+
+/// Nanoseconds of processor time that the process has used.
+std::int64_t processorNanoseconds();
+
+/// Waits until the file holds that many lines' bytes or has not grown for two seconds; returns its size.
+std::int64_t waitForSize(const std::string& _file, std::int64_t _bytes);
+
+/// Line feeds in the file and its numbered backups.
+std::int64_t countLines(const std::string& _file);
+
+}  // namespace bench

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace bench {
+
+/// One way to write log lines: this library, a peer, or the hand-written baseline. Every line is
+/// "[App.Module.info] 20261121 10:00:00.123 " and a message of 60 characters with an integer in it, as near to that as
+/// the library can be configured. The loops stand in the subject's own file, so that its macros and inline functions
+/// count as they do for a user. One open call is made per object and process.
+class Subject {
+ public:
+  Subject() = default;
+  virtual ~Subject() = default;
+  Subject(const Subject&) = delete;
+  Subject& operator=(const Subject&) = delete;
+
+  /// One file, each message written at once. False where the library has no such mode; so for the two below.
+  virtual bool openPlain(const std::string& _file);
+  /// The same with a size limit and numbered backups.
+  virtual bool openRolling(const std::string& _file, int _bytes, int _files);
+  /// Messages handed to a writer thread.
+  virtual bool openQueued(const std::string& _file);
+
+  /// Logs lines whose integer counts up from 1000000.
+  virtual void logLines(int _count) = 0;
+  /// The same statements for a log that is off; false where there is no such thing.
+  virtual bool logOffLines(int _count);
+
+  /// Makes _logs loggers, once, then switches all of them off and _logs of them, by name or pattern, on again. False
+  /// where the library has no such operation.
+  virtual bool makeLogs(int _logs);
+  virtual void updateLevels(int _logs);
+};
+
+/// The subject of that name; null when this build has none.
+std::unique_ptr<Subject> makeSubject(const std::string& _name);
+std::vector<std::string> subjectNames();
+
+struct SubjectEntry {
+  const char* name;
+  std::unique_ptr<Subject> (*make)();
+};
+
+/// What this build can compare: subjects/with_peers.cpp or subjects/without_peers.cpp.
+std::vector<SubjectEntry> subjectEntries();
+
+// Every subject's own file has one of these.
+std::unique_ptr<Subject> makeRaw();
+std::unique_ptr<Subject> makeQmrk();
+std::unique_ptr<Subject> makeSpdlog();
+std::unique_ptr<Subject> makeLog4cplus();
+std::unique_ptr<Subject> makeLog4cxx();
+std::unique_ptr<Subject> makeBoostLog();
+std::unique_ptr<Subject> makeGlog();
+
+}  // namespace bench

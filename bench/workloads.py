@@ -1,0 +1,119 @@
+# SPDX-License-Identifier: MIT
+"""The workloads that are compared, and what each has to reach."""
+import dataclasses
+import json
+import os
+import statistics
+import subprocess
+import typing
+
+PEERS = ["spdlog", "log4cplus", "log4cxx", "Boost.Log", "glog"]
+EVERYBODY = ["raw", "qmrk", *PEERS]
+
+
+@dataclasses.dataclass
+class Workload:
+    """A program that is run for each subject; `metrics` are (name, unit, ratio to raw?, what to reach)."""
+    key: str
+    title: str
+    program: str
+    arguments: typing.List[str]
+    metrics: typing.List[tuple]
+    subjects: typing.List[str] = dataclasses.field(default_factory=lambda: EVERYBODY)
+
+
+def at_most(limit):
+    return ("at most", limit)
+
+
+def at_least(limit):
+    return ("at least", limit)
+
+
+WORKLOADS = [
+    Workload("A", "One thread, plain file, each message written at once", "plain_file_bench", [],
+             [("ns_per_line", "ns", True, at_most(1.10))]),
+    Workload("B", "One thread, 1,000,000 bytes, 5 files", "rolling_file_bench", [],
+             [("ns_per_line", "ns", True, at_most(1.25))]),
+    Workload("D", "Four threads, one file, each message written at once", "threads_bench", ["--threads", "4"],
+             [("lines_per_second", "lines/s", True, at_least(0.85))]),
+    Workload("E1", "Writer thread: caller's latency in bursts of 20 lines, 1 ms apart", "queued_burst_bench", [],
+             [("p50_ns", "ns", False, at_most(100)), ("p99_ns", "ns", False, at_most(500))]),
+    Workload("E2", "Writer thread: flood of 200,000 lines until all is in the file, 1 thread", "queued_flood_bench", [],
+             [("lines_per_second", "lines/s", False, at_least(5e6)), ("idle_ms", "ms in 3 s", False, at_most(0.05)),
+              ("lines_lost", "lines", False, at_most(0))]),
+    Workload("E3", "Writer thread: the same flood from 4 threads", "queued_flood_bench", ["--threads", "4"],
+             [("lines_per_second", "lines/s", False, at_least(5e6)), ("lines_lost", "lines", False, at_most(0))]),
+    Workload("F1", "All logs off, then 1,000 patterns on, over 1,000 logs", "level_update_bench", [],
+             [("us_per_update", "us", False, at_most(150))]),
+    Workload("F2", "The same with 10,000 patterns over 10,000 logs", "level_update_bench", ["--count", "10000"],
+             [("us_per_update", "us", False, at_most(2000))]),
+    Workload("G", "Two processes, 100,000 lines each, one file", "processes_bench", [],
+             [("ns_per_line", "ns", True, at_most(1.10)), ("lines_lost", "lines", False, at_most(0))]),
+]
+
+
+@dataclasses.dataclass
+class LibraryWorkload:
+    """A measurement of this library alone: run(build, folder, rounds) gives {metric: [values]}."""
+    key: str
+    title: str
+    run: typing.Callable
+    metrics: typing.List[tuple]
+
+
+def google_benchmark(program, environment=None, repetitions=5):
+    """Real time per iteration in nanoseconds, {benchmark: [a value per repetition]}."""
+    done = subprocess.run([program, "--benchmark_format=json", f"--benchmark_repetitions={repetitions}"],
+                          stdout=subprocess.PIPE, env={**os.environ, **(environment or {})}, check=True)
+    result = {}
+    for run in json.loads(done.stdout)["benchmarks"]:
+        if run.get("run_type") == "iteration" and "error_message" not in run:
+            result.setdefault(run["name"].split("/")[0], []).append(run["real_time"])
+    return result
+
+
+def create_loggers(build, _folder, rounds):
+    return google_benchmark(f"{build}/bench/logger_creation_bench", repetitions=rounds)
+
+
+def write(path, text):
+    os.makedirs(os.path.dirname(path), exist_ok=True)
+    with open(path, "w", encoding="utf-8") as file:
+        file.write(text)
+
+
+def set_up(build, folder, rounds):
+    base = {name: f"{folder}/{name}" for name in ("QMRK_APPDATA", "QMRK_COMMON_PROGRAM_FILES", "QMRK_COMMON_APPDATA")}
+    cfg = f"{base['QMRK_COMMON_PROGRAM_FILES']}/Orvane Shared/qmrk/logging/cfg/qmrk_logging_"
+    classes = "".join(f"App.Module{i}.info;" for i in range(20))
+    write(cfg + "GE.cfg", "CA_NR=GE\nREDIRECT_CA_NR=CA12\n")
+    write(cfg + "CA12.cfg", f"LOG_STATE=TRUE\nCOMMON_LOG_FILE_NAME=common.txt\nCOMMON_LOG_FILE_FILTER={classes}\n")
+    write(f"{base['QMRK_COMMON_APPDATA']}/Orvane/qmrk/logging/qmrk_logging_CA12.init", classes)
+    os.makedirs(base["QMRK_APPDATA"], exist_ok=True)
+    nanoseconds = google_benchmark(f"{build}/bench/set_up_bench", base, rounds)
+    return {name: [value / 1e6 for value in values] for name, values in nanoseconds.items()}
+
+
+def load_library(build, _folder, rounds):
+    """Milliseconds that the library takes beyond an empty one, the two loaded in turn; 20 times a round."""
+    def load(library):
+        done = subprocess.run([f"{build}/bench/load_library_bench", library], stdout=subprocess.PIPE, check=True)
+        return float(done.stdout.split()[1]) / 1e3
+    beyond = []
+    for _ in range(rounds):
+        pairs = [(load(f"{build}/include/libqmrk_log.so"), load(f"{build}/bench/libbench_empty.so"))
+                 for _ in range(20)]
+        beyond.append(statistics.median(full - empty for full, empty in pairs))
+    return {"loadBeyondAnEmptyLibrary": beyond}
+
+
+LIBRARY_WORKLOADS = [
+    LibraryWorkload("H", "Creating a logger", create_loggers,
+                    [("createLoggerOfExistingName", "ns", False, at_most(100)),
+                     ("createLoggerOfNewName", "ns", False, at_most(5000))]),
+    LibraryWorkload("I1", "initDefaultLogs, generic file redirected, filter of 20 entries", set_up,
+                    [("initialiseDefaultLogs", "ms", False, at_most(1))]),
+    LibraryWorkload("I2", "Loading the library, beyond an empty library with the same dependencies", load_library,
+                    [("loadBeyondAnEmptyLibrary", "ms", False, at_most(0.3))]),
+]
