@@ -6,7 +6,8 @@
 lay_out_sandbox() {
   SANDBOX=$1
   LOG_TEST=("$2/tools/LogTest")
-  QMRKCTL=("$2/tools/qmrkctl")
+  QMRKCTL=("$2/tools/qmrkctl/qmrkctl")
+  SANDBOX_NOTE='They lie below the base folders that QMRK_COMMON_PROGRAM_FILES and QMRK_COMMON_APPDATA name.'
   rm -rf "$SANDBOX"
   export QMRK_COMMON_PROGRAM_FILES="$SANDBOX/program_files"
   export QMRK_COMMON_APPDATA="$SANDBOX/common_data"

@@ -2,12 +2,20 @@
 # The stations of the tour that scripts/demo takes in a sandbox.
 # shellcheck shell=bash disable=SC2154  # the names of the sandbox come from sandbox.sh
 
+BOLD=''
+PLAIN=''
+if [ -t 1 ]; then
+  BOLD=$'\033[1m'
+  PLAIN=$'\033[0m'
+fi
+
 station() {
   STATION=$((${STATION:-0} + 1))
-  printf '\n\033[1m%d. %s\033[0m\n' "$STATION" "$1"
+  printf '\n%s%d. %s%s\n' "$BOLD" "$STATION" "$1" "$PLAIN"
 }
 
 say() {
+  printf '\n'
   printf '%s\n' "$*" | fold -s -w 100
 }
 
@@ -18,9 +26,13 @@ show() {
 
 # run COMMAND...: shows the command as a user would type it, and what it prints.
 run() {
-  printf '  $ %s' "$(basename "$1")"
-  printf ' %q' "${@:2}"
-  printf '\n'
+  local word line
+  line="  \$ $(basename "$1")"
+  for word in "${@:2}"; do
+    [[ $word =~ ^[A-Za-z0-9_./=-]+$ ]] || word="'$word'"
+    line+=" $word"
+  done
+  printf '%s\n' "$line"
   "$@" 2>&1 | sed -e 's/\r$//' -e 's/^/    /'
 }
 
@@ -28,17 +40,13 @@ log_test() {
   run "${LOG_TEST[@]}" "$@"
 }
 
-# ends_of COUNT COMMAND...: the first and the last lines of what a command prints.
-ends_of() {
-  local printed
-  printed=$("${@:2}")
-  head -n "$1" <<<"$printed"
-  printf '    ... %d lines more ...\n' $(($(wc -l <<<"$printed") - 2 * $1))
-  tail -n "$1" <<<"$printed"
-}
-
-common_log() {
-  show "$LOG_FOLDER/common.log"
+# ends_of_trace COUNT COMMAND...: the first and the last lines of the trace that a command prints.
+ends_of_trace() {
+  local trace
+  trace=$("${@:2}" | grep -E '^ +(==>|<==|---|-!-|<!=|<=>|<!-|<!>) ')
+  head -n "$1" <<<"$trace"
+  printf '    ... %d lines more ...\n' $(($(wc -l <<<"$trace") - 2 * $1))
+  tail -n "$1" <<<"$trace"
 }
 
 # logged TITLE LOGTEST-ARGUMENT...: what a run leaves in a new common log.
@@ -48,17 +56,18 @@ logged() {
   forget_logs
   say "$title"
   log_test "$@"
-  if [ -e "$LOG_FOLDER/common.log" ]; then
-    common_log
+  if [ -s "$LOG_FOLDER/common.log" ]; then
+    printf '  common.log\n'
+    show "$LOG_FOLDER/common.log"
   else
-    echo '    (no common log)'
+    printf '  common.log is not there.\n'
   fi
 }
 
 station_files() {
   station 'The configuration'
-  say "The files of examples/, in $SANDBOX (on Linux the base folders can be moved by QMRK_COMMON_PROGRAM_FILES," \
-    'QMRK_COMMON_APPDATA and QMRK_APPDATA). The generic one redirects to the customer adaptation CA12:'
+  say "The files of examples/, in ${SANDBOX#"$ROOT/"}. The generic one redirects to the customer adaptation CA12." \
+    "$SANDBOX_NOTE Their comments, left out here, explain every key."
   for file in "$CFG_FOLDER/qmrk_logging_GE.cfg" "$CFG_FOLDER/qmrk_logging_CA12.cfg" "$INIT_FOLDER/qmrk_logging_CA12.init"; do
     printf '  %s\n' "${file#"$SANDBOX/"}"
     show "$file"
@@ -69,9 +78,8 @@ station_first_run() {
   station 'A first run'
   logged 'LogTest asks for the default logs and writes two lines into each of four classes:' \
     --classes "$CLASSES" --lines 2
-  say 'Demo.App.error and Demo.App.info are on because the .init lists Demo.App, which stands above them, and' \
-    'they are here because the filter lists it too. Demo.Net.info is off: the .init lists Demo.Net.error only. Demo.Disk.info' \
-    'stands in neither list.'
+  say 'Demo.App.info is on because the .init lists Demo.App, above it. Of Demo.Net, the .init lists Demo.Net.error only;' \
+    'Demo.Disk is not listed at all. What is on reaches the common log where COMMON_LOG_FILE_FILTER selects it, too.'
 }
 
 station_settings() {
@@ -90,8 +98,8 @@ station_settings() {
   logged 'LOG_STATE=FALSE: the set-up fails, and LogTest says so.' --lines 1 || true
   reset_examples
   set_key QMRK_TRACE TRUE
-  say 'QMRK_TRACE=TRUE: the library tells its own steps on the console. The first and the last of them:'
-  ends_of 5 log_test --lines 1
+  say 'QMRK_TRACE=TRUE: the library traces its own steps on the console:'
+  ends_of_trace 4 log_test --lines 1
   reset_examples
 }
 
@@ -108,15 +116,16 @@ station_missing_ca() {
   station 'A customer adaptation that is not installed'
   logged 'CA7 has no configuration: the library falls back to the generic one and records it in qmrk.info.' \
     --ca CA7 --classes 'Demo.App.info;' --lines 1
-  show "$LOG_FOLDER/qmrk.info"
+  printf '  qmrk.info\n'
+  show "$LOG_FOLDER/qmrk.info" | fold -s -w 100
 }
 
 take_the_tour() {
-  CLASSES='Demo.App.error;Demo.App.info;Demo.Net.info;Demo.Disk.info;'
+  CLASSES='Demo.App.info;Demo.Net.error;Demo.Net.info;Demo.Disk.info;'
   station_files
   station_first_run
   station_settings
   station_class_list
   station_missing_ca
-  say '' "Everything of the tour is in $SANDBOX. The formats and their traps: docs/file-formats.md."
+  say "Everything of the tour is in ${SANDBOX#"$ROOT/"}. The formats and their traps: docs/file-formats.md."
 }
