@@ -39,8 +39,8 @@ class AppendFile {
   AppendFile(const AppendFile&) = delete;
   AppendFile& operator=(const AppendFile&) = delete;
 
-  /// Appends the bytes as one message: on Linux as they are, on Windows every "\n" as CR LF. A file size limit of the process (ulimit -f) gives a short or
-  /// failed write, never a signal that ends the process.
+  /// Appends the bytes as one message: on Linux as they are, on Windows every "\n" as CR LF. A file size limit of the
+  /// process (ulimit -f) gives a short or failed write, never a signal that ends the process.
   Result append(const char* _data, std::size_t _size);
 
   /// Whether the file is empty or ends in a line feed; true as well when that cannot be told.

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 """What differs between the platforms stands behind the seam: no other file asks which platform it is compiled for, or
-includes a header that only one platform has."""
+includes a header that only one platform has. The benchmarks call the system themselves, to be compared with."""
 
 import re
 
@@ -21,6 +21,6 @@ def violations(files):
         if not file.is_cxx() or _SEAM.match(file.path):
             continue
         for number, line in file.numbered():
-            found = CONDITIONAL.match(line) or SYSTEM_HEADER.match(line)
+            found = CONDITIONAL.match(line) or (file.folder != "bench" and SYSTEM_HEADER.match(line))
             if found:
                 yield f"{file.path}:{number}: {found.group(1)} belongs behind the platform seam"
