@@ -14,8 +14,12 @@ namespace {
 constexpr std::int64_t MINUTE = 60000;
 
 constinit std::atomic<std::uint64_t> allCount{0};
-constinit std::mutex reportLock;
 constinit OncePerMinute reports;
+
+std::mutex& reportLock() {
+  static std::mutex lock;
+  return lock;
+}
 
 std::string currentExceptionText() {
   try {
@@ -31,7 +35,7 @@ void report(const std::string& _what) {
   allCount.fetch_add(1, std::memory_order_relaxed);
   std::uint64_t count = 0;
   {
-    const std::lock_guard<std::mutex> lock(reportLock);
+    const std::lock_guard<std::mutex> lock(reportLock());
     count = reports.happened(platform::steadyMilliseconds());
   }
   if (count == 0) return;

@@ -8,12 +8,15 @@ namespace boost::logging {
 namespace {
 
 // The stream is free of data races only as long as it is synchronised with stdio, which an application may end.
-constinit std::mutex coutLock;
+std::mutex& coutLock() {
+  static std::mutex lock;
+  return lock;
+}
 
 }  // namespace
 
 void write_to_cout(const std::string& /*_log_name*/, const std::string& _message) {
-  const std::lock_guard<std::mutex> lock(coutLock);
+  const std::lock_guard<std::mutex> lock(coutLock());
   std::cout.write(_message.data(), static_cast<std::streamsize>(_message.size())).flush();
 }
 

@@ -57,7 +57,7 @@ TEST_F(CommonLogPath, IsTheDefaultForACaWithoutAFile) {
 
 TEST_F(CommonLogPath, IsNeitherTestedNorCreated) {
   pathFor("");
-  EXPECT_TRUE(testsupport::namesIn(sandbox_.appData()).empty());
+  EXPECT_TRUE(sandbox_.newInAppData().empty());
 }
 
 TEST_F(CommonLogPath, IsUnchangedWhenTheSystemDoesNotKnowTheFolder) {

@@ -9,6 +9,7 @@
 #include "tests/support/config_sandbox.h"
 #include "tests/support/fault_plan.h"
 #include "tests/support/golden.h"
+#include "tests/support/without_read_permission.h"
 #include "tests/trace/masked_object_bytes.h"
 #include "tests/trace/traced_console.h"
 
@@ -152,9 +153,8 @@ TEST_F(ConfigurationCheck, FailsWhenTheConfigurationFolderIsMissing) {
 
 TEST_F(ConfigurationCheck, AFileThatMayNotBeReadIsRecordedAndFails) {
   sandbox_.writeCfg("CA12", "CA_NR=CA12\n");
-  testsupport::denyAccess(sandbox_.cfgPath("CA12"));
   {
-    const AsUnprivilegedUser user;
+    const testsupport::WithoutReadPermission denied(sandbox_.cfgPath("CA12"), 2);
     EXPECT_FALSE(checkTraced("CA12"));
   }
   EXPECT_EQ(ca_, "CA12");
@@ -165,9 +165,8 @@ TEST_F(ConfigurationCheck, AFileThatMayNotBeReadIsRecordedAndFails) {
 
 TEST_F(ConfigurationCheck, AGenericFileThatMayNotBeReadIsRecordedAndFails) {
   sandbox_.writeCfg("GE", "CA_NR=GE\n");
-  testsupport::denyAccess(sandbox_.cfgPath("GE"));
   {
-    const AsUnprivilegedUser user;
+    const testsupport::WithoutReadPermission denied(sandbox_.cfgPath("GE"), 4);
     EXPECT_FALSE(check("CA12"));
   }
   EXPECT_EQ(ca_, "GE");

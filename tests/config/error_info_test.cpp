@@ -82,7 +82,7 @@ TEST_F(ErrorInfo, LiesInTheLogFolderOfTheGenericCaWhateverTheCa) {
   sandbox_.writeCfg("GE", "COMMON_LOG_FILE_ROOT=Generic\n");
   sandbox_.writeCfg("CA12", "COMMON_LOG_FILE_ROOT=Own\n");
   EXPECT_TRUE(write());
-  EXPECT_EQ(testsupport::namesIn(sandbox_.appData()), std::vector<std::string>{"Generic"});
+  EXPECT_EQ(sandbox_.newInAppData(), std::vector<std::string>{"Generic"});
   EXPECT_EQ(recordsIn(sandbox_.appData() + "\\Generic\\qmrk.info").size(), 1U);
 }
 

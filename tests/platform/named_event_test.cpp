@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <chrono>
 #include <string>
 #include <thread>
@@ -156,9 +157,27 @@ TEST_F(NamedEvent, OutlivesAHandleThatWasDuplicated) {
 }
 
 TEST_F(NamedEvent, HasAnErrorOfItsOwnForEachThread) {
-  EXPECT_FALSE(closeHandle(nullptr));
-  std::thread([] { EXPECT_EQ(lastError(), noError); }).join();
-  EXPECT_EQ(lastError(), errorInvalidHandle);
+  std::atomic<bool> hasFailed{false};
+  std::atomic<bool> wasSeen{false};
+  ErrorCode ofTheFailing = noError;
+  ErrorCode ofTheOther = errorInvalidHandle;
+  std::thread failing([&] {
+    closeHandle(nullptr);
+    hasFailed = true;
+    while (!wasSeen) {
+    }
+    ofTheFailing = lastError();
+  });
+  std::thread other([&] {
+    while (!hasFailed) {
+    }
+    ofTheOther = lastError();
+    wasSeen = true;
+  });
+  failing.join();
+  other.join();
+  EXPECT_EQ(ofTheFailing, errorInvalidHandle);
+  EXPECT_EQ(ofTheOther, noError);
 }
 
 TEST_F(NamedEvent, FailsWhereTheFaultPlanSaysSo) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "tests/support/temporary_folder.h"
 
@@ -9,7 +10,8 @@ namespace testsupport {
 
 /// Base folders of a test's own, in which the library finds its configuration and writes its logs while the object
 /// lives. On Linux they are new folders named by the overrides of the environment (child processes inherit them); on
-/// Windows, which has no override, they are the shell folders, whose product folders are emptied at both ends.
+/// Windows, which has no override, they are the shell folders: the product folders are removed at both ends, and
+/// whatever else is new in them at the end.
 /// DEFAULT_CA_NR is unset at the construction and again at the end. One sandbox may live at a time in a process.
 class ConfigSandbox {
  public:
@@ -22,6 +24,9 @@ class ConfigSandbox {
   const std::string& appData() const { return appData_; }
   const std::string& commonProgramFiles() const { return commonProgramFiles_; }
   const std::string& commonAppData() const { return commonAppData_; }
+
+  /// The names in the folder of the user's data that were not there at the construction, sorted.
+  std::vector<std::string> newInAppData() const { return newIn(appData_, formerAppData_); }
 
   /// The folders of the .cfg and of the .init files, without a final separator; both exist.
   std::string cfgFolder() const { return commonProgramFiles_ + "\\Orvane Shared\\qmrk\\logging\\cfg"; }
@@ -42,11 +47,13 @@ class ConfigSandbox {
  private:
   void enter();
   void leave();
+  static std::vector<std::string> newIn(const std::string& _folder, const std::vector<std::string>& _former);
 
   TemporaryFolder folder_;
   std::string appData_;
   std::string commonProgramFiles_;
   std::string commonAppData_;
+  std::vector<std::string> formerAppData_;
 };
 
 /// Sets or, with an empty value, unsets a variable of this process and of the children started later.

@@ -13,19 +13,26 @@ std::string folderOf(platform::ShellFolder _folder) {
   return path;
 }
 
+void removeProductFolders(const ConfigSandbox& _sandbox) {
+  removeAll(_sandbox.appData() + "\\Orvane");
+  removeAll(_sandbox.commonProgramFiles() + "\\Orvane Shared");
+  removeAll(_sandbox.commonAppData() + "\\Orvane");
+}
+
 }  // namespace
 
 void ConfigSandbox::enter() {
   appData_ = folderOf(platform::ShellFolder::userAppData);
   commonProgramFiles_ = folderOf(platform::ShellFolder::commonProgramFiles);
   commonAppData_ = folderOf(platform::ShellFolder::commonAppData);
-  leave();
+  removeProductFolders(*this);
 }
 
 void ConfigSandbox::leave() {
-  removeAll(appData_ + "\\Orvane");
-  removeAll(commonProgramFiles_ + "\\Orvane Shared");
-  removeAll(commonAppData_ + "\\Orvane");
+  removeProductFolders(*this);
+  for (const std::string& name : newInAppData()) {
+    removeAll(appData_ + "\\" + name);
+  }
 }
 
 void setEnvironment(const std::string& _name, const std::string& _value) {

@@ -1,0 +1,9 @@
+// SPDX-License-Identifier: MIT
+#include "tests/support/private_events.h"
+
+namespace testsupport {
+
+// Test programs run one after the other here, and every run in a prefix of its own.
+void usePrivateEvents() {}
+
+}  // namespace testsupport
