@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#include "logsetup/application_log_appenders.h"
+
+#include "config/cfg_data_manager.h"
+#include "logsetup/class_list.h"
+#include "logsetup/log_manager_binding.h"
+#include "logsetup/rolling_file_appender.h"
+#include "logsetup/rotation_settings.h"
+#include "logsetup/ts_mode.h"
+#include "quillmark_logging_names.h"
+#include "trace/trace_flags.h"
+#include "trace/trace_line.h"
+
+namespace Quillmark_logging {
+namespace {
+
+// @param _makeAppender is called for each pattern, after the appender of an earlier call is gone.
+template <class MakeAppender>
+void connectPatterns(const std::string& _logLevel, const char* _name, MakeAppender _makeAppender) {
+  const auto connect = [&](const std::string& _spec) {
+    deleteAppender(_spec, _name);
+    addAppender(_spec, byTsMode(_makeAppender()), _name, callableIndex);
+  };
+  if (_logLevel.find(';') == std::string::npos) {
+    connect(_logLevel);
+    return;
+  }
+  forEachClass(_logLevel, [&](const std::string& _spec, int _count) {
+    // The name of another function is required in this line.
+    traceLine("--- Quillmark_logging::setInitialLogLevels() tmp=\"%s\" tmpCnt=%i\r\n", _spec.c_str(), _count);
+    connect(_spec);
+  });
+}
+
+}  // namespace
+
+void connectApplicationLogs(const std::string& _logLevel, const std::string& _file, const std::string& _ca,
+                            bool _overWrite) {
+  if (!CfgDataManager::getInstance(loadTimeTrace())->getCfgFlag(SPEC_LOG_ROTATION, _ca)) {
+    traceLine("--- Quillmark_logging::createApplicationSpecificLogFile() Log rotation is disabled.\r\n");
+    connectPatterns(_logLevel, APPENDER_COUT_APPL_SPEC,
+                    [&] { return boost::logging::write_to_file(_file, _overWrite); });
+    return;
+  }
+  const RotationSettings settings = readRotationSettings(_ca);
+  connectPatterns(_logLevel, APPENDER_COUT_ROLLING_APPL_SPEC, [&] {
+    return boost::logging::rolling_file_appender(_file, oneLessThan(settings.fileLimit),
+                                                 oneLessThan(settings.nrOfFiles), nullptr, true);
+  });
+}
+
+}  // namespace Quillmark_logging
