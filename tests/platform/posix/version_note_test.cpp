@@ -28,7 +28,7 @@ bool read(const std::string& _bytes, FixedVersion& _version) {
       [&](std::uint64_t _offset, unsigned char* _buffer, std::size_t _size) {
         EXPECT_LE(_size, 64U * 1024U);
         if (_offset > _bytes.size() || _size > _bytes.size() - _offset) return false;
-        std::memcpy(_buffer, _bytes.data() + _offset, _size);
+        if (_size != 0) std::memcpy(_buffer, _bytes.data() + _offset, _size);
         return true;
       },
       _version);
