@@ -16,6 +16,16 @@ lay_out_sandbox() {
   fill_sandbox "$QMRK_COMMON_PROGRAM_FILES" "$QMRK_COMMON_APPDATA" "$QMRK_APPDATA"
 }
 
+# lay_out_wine_sandbox BUILD: the folders of the shell in the Wine prefix in use, for the programs of a Windows build.
+lay_out_wine_sandbox() {
+  SANDBOX=$QMRK_WINE_PREFIX/drive_c
+  SANDBOX_NOTE='They lie in the folders of the shell for common files and for application data.'
+  LOG_TEST=("$WINE_RUN" "$1/tools/LogTest.exe")
+  QMRKCTL=("$WINE_RUN" "$1/tools/qmrkctl/qmrkctl.exe")
+  fill_sandbox "$SANDBOX/Program Files/Common Files" "$SANDBOX/ProgramData" \
+    "$(echo "$SANDBOX"/users/"$(id -un)"/AppData/Roaming)"
+}
+
 # fill_sandbox PROGRAM_FILES COMMON_DATA USER_DATA: names the folders below the three base folders, makes those of the
 # configuration, and puts the examples there.
 fill_sandbox() {

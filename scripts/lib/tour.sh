@@ -27,8 +27,10 @@ show() {
 # run COMMAND...: shows the command as a user would type it, and what it prints.
 run() {
   local word line
-  line="  \$ $(basename "$1")"
-  for word in "${@:2}"; do
+  local command=("$@")
+  [ "$1" != "${WINE_RUN:-}" ] || command=("${@:2}")
+  line="  \$ $(basename "${command[0]}")"
+  for word in "${command[@]:1}"; do
     [[ $word =~ ^[A-Za-z0-9_./=-]+$ ]] || word="'$word'"
     line+=" $word"
   done
