@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <utility>
+
 #include "config/cfg_data_manager.h"
 #include "config/cfg_lookup.h"
 #include "config/configuration_check.h"
@@ -81,12 +83,13 @@ bool initDefaultLogs(std::string _calledBy, bool _writeToCout) {
     // No line end: required.
     traceLine("<== Quillmark_logging::initDefaultLogs(string, bool) Environment variable %s found, value is %s",
               DEFAULT_CA_NR, value.c_str());
-    return initDefaultLogs(_calledBy, value, _writeToCout);
+    return initDefaultLogs(std::move(_calledBy), value, _writeToCout);
   }
   traceLine("<== Quillmark_logging::initDefaultLogs(string, bool) Using default ca=%s\r\n", GENERIC_CA);
-  return initDefaultLogs(_calledBy, std::string(GENERIC_CA), _writeToCout);
+  return initDefaultLogs(std::move(_calledBy), std::string(GENERIC_CA), _writeToCout);
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the public signature takes it by value.
 bool initDefaultLogs(std::string _calledBy, const std::string& _ca, bool _writeToCout) {
   traceLine(
       "==> Quillmark_logging::initDefaultLogs(string, string, bool) Called by \"%s\", _ca=%s, _writeToCout=%s, "

@@ -92,6 +92,7 @@ void enableAllLogs() {
   traceLine("<== Quillmark_logging::enableAllLogs()\r\n");
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the public signature takes it by value.
 void enableSpecifiedLogs(std::string _logs) {
   traceLine("==> Quillmark_logging::enableSpecifiedLogs()\r\n");
   enableLogs(_logs);

@@ -7,7 +7,7 @@
 #include "tests/logsetup/log_set_up.h"
 #include "tests/support/as_unprivileged_user.h"
 #include "tests/support/fault_plan.h"
-#include "tests/trace/function_lines.h"
+#include "tests/trace/named_lines.h"
 #include "tests/trace/traced_console.h"
 
 namespace {

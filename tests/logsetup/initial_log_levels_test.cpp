@@ -4,7 +4,7 @@
 #include "quillmark_logging.h"
 #include "tests/logsetup/log_set_up.h"
 #include "tests/logsetup/waited_file.h"
-#include "tests/trace/function_lines.h"
+#include "tests/trace/named_lines.h"
 #include "tests/trace/traced_console.h"
 
 namespace {

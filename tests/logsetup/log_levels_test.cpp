@@ -6,7 +6,7 @@
 #include "tests/logsetup/log_probe.h"
 #include "tests/logsetup/log_set_up.h"
 #include "tests/support/as_unprivileged_user.h"
-#include "tests/trace/function_lines.h"
+#include "tests/trace/named_lines.h"
 #include "tests/trace/traced_console.h"
 
 namespace {

@@ -14,7 +14,7 @@ constexpr int setUpFailed = 1;
 constexpr int wrongUsage = 2;
 constexpr char programName[] = "LogTest";
 
-// The CA that the set-up is going to take.
+// The CA that the set-up takes.
 std::string chosenCa(const logtest::Options& _options) {
   std::string ca = Quillmark_logging::GENERIC_CA;
   if (_options.hasCa) {
@@ -31,13 +31,13 @@ bool setUp(const logtest::Options& _options) {
 }
 
 int run(const logtest::Options& _options) {
-  const std::string ca = chosenCa(_options);
-  const logtest::SetupFacts before = logtest::gatherSetupFacts(ca);
-  if (!setUp(_options)) {
-    logtest::reportFailure(logtest::gatherSetupFacts(ca));
+  const bool done = setUp(_options);
+  const logtest::SetupFacts facts = logtest::gatherSetupFacts(chosenCa(_options));
+  if (!done) {
+    logtest::reportFailure(facts);
     return setUpFailed;
   }
-  logtest::logLines(_options, before);
+  logtest::logLines(_options, facts);
   return 0;
 }
 

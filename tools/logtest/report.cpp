@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "logsetup/class_list.h"
+#include "platform/text_file.h"
 #include "quillmark_logging.h"
 #include "tools/logtest/setup_reason.h"
 
@@ -24,6 +25,12 @@ std::vector<logger> loggersOf(const std::string& _classes) {
     if (!_class.empty()) loggers.emplace_back(_class);
   });
   return loggers;
+}
+
+std::string commonLog(const SetupFacts& _facts) {
+  const std::string path = _facts.logFolder.value_or("") + "\\" + _facts.logFileName.value_or("");
+  const bool canBeWritten = platform::TextWriter(path, platform::TextWriter::Mode::append).isOpen();
+  return nativePath(path) + (canBeWritten ? "" : " (lines are lost: it cannot be written)");
 }
 
 std::string describe(const std::vector<logger>& _loggers, int _lines) {
@@ -49,9 +56,7 @@ void logLines(const Options& _options, const SetupFacts& _facts) {
   // One piece, so that lines of the console appender, which may come from another thread, do not get into it.
   const std::string fallBack =
       _facts.fellBack ? "No configuration of " + _facts.ca + ": the generic one is used.\n" : std::string();
-  std::cout << fallBack + "Folder of the common log: " + nativePath(_facts.logFolder.value_or("unknown")) + "\n" +
-                   describe(loggers, _options.lines)
-            << std::flush;
+  std::cout << fallBack + "Common log: " + commonLog(_facts) + "\n" + describe(loggers, _options.lines) << std::flush;
 }
 
 void reportFailure(const SetupFacts& _facts) {

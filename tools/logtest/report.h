@@ -10,7 +10,7 @@ namespace logtest {
 
 /// Logs the lines into the classes, a line of each class in turn, then tells on the standard output where the common
 /// log lies and which classes are on.
-/// @param _facts those that the set-up met.
+/// @param _facts those that the set-up left, as below.
 void logLines(const Options& _options, const SetupFacts& _facts);
 
 /// Tells on the standard error stream why the set-up failed, and where the library has recorded problems.

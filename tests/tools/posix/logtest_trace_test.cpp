@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+// The trace of a whole program on its standard error stream: the switches are read by the loader, not by the test.
+#include <gtest/gtest.h>
+
+#include "tests/logsetup/transcript.h"
+#include "tests/support/golden.h"
+#include "tests/tools/logtest_run.h"
+
+namespace {
+
+constexpr char traced[] = "QMRK_TRACE=TRUE\n";
+
+class LogTestTrace : public testsupport::LogTestRun {
+ protected:
+  testing::AssertionResult tracesAs(const std::string& _golden, const std::vector<std::string>& _arguments) const {
+    const auto result = run(_arguments);
+    return testsupport::matchesGolden(testsupport::transcript(sandbox_, result.errors), _golden);
+  }
+};
+
+TEST_F(LogTestTrace, IsThatOfAFirstStart) {
+  sandbox_.writeCfg("GE", traced);
+  EXPECT_TRUE(tracesAs("setup_first_start.txt", {"--ca", "CA12"}));
+}
+
+TEST_F(LogTestTrace, IsThatOfAMissingCa) {
+  sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA12\n");
+  writeCa12(std::string("LOG_STATE=TRUE\n") + traced);
+  EXPECT_TRUE(tracesAs("setup_missing_ca.txt", {"--ca", "CA7"}));
+}
+
+TEST_F(LogTestTrace, BeginsWithTheGeneratedFileThatSwitchesItOn) {
+  writeCa12(std::string("LOG_STATE=TRUE\n") + traced);
+  EXPECT_TRUE(tracesAs("setup_generated_trace_begins.txt", {"--ca", "CA7"}));
+}
+
+TEST_F(LogTestTrace, IsThatOfARedirectedGenericCa) {
+  sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA12\n");
+  writeCa12(std::string("LOG_STATE=TRUE\n") + traced);
+  EXPECT_TRUE(tracesAs("setup_redirected_generic.txt", {}));
+}
+
+TEST_F(LogTestTrace, IsThatOfThreadSafeMode) {
+  sandbox_.writeCfg("GE", std::string("TS_APPENDERS=True\n") + traced);
+  EXPECT_TRUE(tracesAs("setup_thread_safe.txt", {"--ca", "CA12", "--cout"}));
+}
+
+}  // namespace
