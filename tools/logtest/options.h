@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
 #include <string>
 
 namespace logtest {
 
 /// What the user of the program wants.
 struct Options {
+  /// Only the versions; nothing is set up.
+  bool version = false;
   /// The CA, when one was given (it may be empty); else the set-up chooses one.
   bool hasCa = false;
   std::string ca;
@@ -15,6 +18,13 @@ struct Options {
   std::string classes = "Demo.App.error;Demo.App.info;Demo.Net.error;Demo.Net.info;";
   /// Lines into each class.
   int lines = 3;
+  /// Seconds of listening, instead of a number of lines.
+  std::optional<double> listen;
+  /// Name of an application that gets a log file of its own, and whether that is emptied.
+  std::optional<std::string> app;
+  bool overWrite = false;
+  /// Process, thread and location in front of each line.
+  bool stamps = false;
 };
 
 enum class Parsed { run, done, wrong };
