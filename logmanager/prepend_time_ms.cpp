@@ -75,7 +75,7 @@ bool prepend_time_ms::format::refresh(Cache& _cache, std::int64_t _second) const
 
 prepend_time_ms::prepend_time_ms(const std::string& _format) : format_(new format(_format)) {}
 
-void prepend_time_ms::operator()(const std::string& /*_log_name*/, std::string& _message) const {
+void prepend_time_ms::operator()(const std::string& /*_logName*/, std::string& _message) const {
   format_->prependTo(_message, detail::messageTime());
 }
 

@@ -20,9 +20,9 @@ class ts_appender::handle {
   std::shared_ptr<detail::BatchWriter> writer_;
 };
 
-ts_appender::ts_appender(const appender& _wrapped, int _sleep_ms) : handle_(new handle(_wrapped, _sleep_ms)) {}
+ts_appender::ts_appender(const appender& _wrapped, int _sleepMs) : handle_(new handle(_wrapped, _sleepMs)) {}
 
-void ts_appender::operator()(const std::string& /*_log_name*/, const std::string& _message) const {
+void ts_appender::operator()(const std::string& /*_logName*/, const std::string& _message) const {
   handle_->writer().append(_message);
 }
 

@@ -15,7 +15,7 @@ std::mutex& coutLock() {
 
 }  // namespace
 
-void write_to_cout(const std::string& /*_log_name*/, const std::string& _message) {
+void write_to_cout(const std::string& /*_logName*/, const std::string& _message) {
   const std::lock_guard<std::mutex> lock(coutLock());
   std::cout.write(_message.data(), static_cast<std::streamsize>(_message.size())).flush();
 }

@@ -10,10 +10,10 @@ class write_to_file::state : public detail::SharedAppendFile {
   using SharedAppendFile::SharedAppendFile;
 };
 
-write_to_file::write_to_file(const std::string& _file_name, bool _overwrite)
-    : state_(new state(_file_name, _overwrite)) {}
+write_to_file::write_to_file(const std::string& _fileName, bool _overwrite)
+    : state_(new state(_fileName, _overwrite)) {}
 
-void write_to_file::operator()(const std::string& /*_log_name*/, const std::string& _message) const { write(_message); }
+void write_to_file::operator()(const std::string& /*_logName*/, const std::string& _message) const { write(_message); }
 
 void write_to_file::write(const std::string& _message) const { state_->append(_message, detail::messageTime()); }
 

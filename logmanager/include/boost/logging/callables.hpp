@@ -16,28 +16,28 @@ namespace logging {
 /// Writes a finished message somewhere. An exception does not reach the logging statement: it is counted and told on
 /// the standard error stream at most once a minute. An appender that was added once is never entered by two threads at
 /// the same time, unless it is write_to_cout, a write_to_file or a ts_appender.
-typedef boost::function<void(const std::string& log_name, const std::string& message)> appender;
+using appender = boost::function<void(const std::string& _logName, const std::string& _message)>;
 
 /// Changes a message in place. It may be entered by several threads at once. Exceptions as above.
-typedef boost::function<void(const std::string& log_name, std::string& message)> modifier;
+using modifier = boost::function<void(const std::string& _logName, std::string& _message)>;
 
 /// Appender: writes the message to the standard output (std::cout) and flushes it. Messages of several threads stay
 /// whole.
-BOOST_LOGGING_API void write_to_cout(const std::string& _log_name, const std::string& _message);
+BOOST_LOGGING_API void write_to_cout(const std::string& _logName, const std::string& _message);
 
 /// Appender: writes each message to a file by one append of the system, so that several threads and processes can share
 /// the file and every line stays whole. Copies share one open file.
 class write_to_file {
  public:
-  /// @param _file_name path with either separator; the file, and its folder, is made by the first message.
+  /// @param _fileName path with either separator; the file, and its folder, is made by the first message.
   /// @param _overwrite whether that first message empties an existing file.
-  BOOST_LOGGING_API write_to_file(const std::string& _file_name, bool _overwrite);
+  BOOST_LOGGING_API write_to_file(const std::string& _fileName, bool _overwrite);
 
   /// Appends the message. A file that was removed, renamed or replaced, or whose folder was, is made anew within a
   /// second. A message that cannot be written is lost and counted; the next one tries again, and a line before the
   /// first that can be written tells how many were lost. What a failed write or a killed process left of a message is
   /// ended by a line end before the next message.
-  BOOST_LOGGING_API void operator()(const std::string& _log_name, const std::string& _message) const;
+  BOOST_LOGGING_API void operator()(const std::string& _logName, const std::string& _message) const;
 
  private:
   class state;
@@ -51,11 +51,11 @@ class write_to_file {
 /// and when the library is unloaded.
 class ts_appender {
  public:
-  /// @param _sleep_ms the pause of the writer between two batches; 0 only gives up the rest of the time slice.
-  BOOST_LOGGING_API ts_appender(const appender& _wrapped, int _sleep_ms);
+  /// @param _sleepMs the pause of the writer between two batches; 0 only gives up the rest of the time slice.
+  BOOST_LOGGING_API ts_appender(const appender& _wrapped, int _sleepMs);
 
   /// Stores the message. The very first call starts the writer and sleeps 100 ms; no later one waits.
-  BOOST_LOGGING_API void operator()(const std::string& _log_name, const std::string& _message) const;
+  BOOST_LOGGING_API void operator()(const std::string& _logName, const std::string& _message) const;
 
  private:
   class handle;
@@ -69,7 +69,7 @@ class prepend_time_ms {
   ///   stays as it is.
   BOOST_LOGGING_API explicit prepend_time_ms(const std::string& _format);
 
-  BOOST_LOGGING_API void operator()(const std::string& _log_name, std::string& _message) const;
+  BOOST_LOGGING_API void operator()(const std::string& _logName, std::string& _message) const;
 
  private:
   class format;
@@ -77,10 +77,10 @@ class prepend_time_ms {
 };
 
 /// Modifier: puts "[", the name of the log and "] " before the message.
-BOOST_LOGGING_API void prepend_prefix(const std::string& _log_name, std::string& _message);
+BOOST_LOGGING_API void prepend_prefix(const std::string& _logName, std::string& _message);
 
 /// Modifier: puts a line feed after the message.
-BOOST_LOGGING_API void append_enter(const std::string& _log_name, std::string& _message);
+BOOST_LOGGING_API void append_enter(const std::string& _logName, std::string& _message);
 
 }  // namespace logging
 }  // namespace boost

@@ -37,18 +37,18 @@ template <typename T>
 struct put_as {};
 
 // clang-format off
-template <> struct put_as<const char*> { typedef const char* type; };
-template <> struct put_as<char*> { typedef const char* type; };
-template <> struct put_as<char> { typedef char type; };
-template <> struct put_as<bool> { typedef unsigned long long type; };
-template <> struct put_as<short> { typedef long long type; };
-template <> struct put_as<int> { typedef long long type; };
-template <> struct put_as<long> { typedef long long type; };
-template <> struct put_as<long long> { typedef long long type; };
-template <> struct put_as<unsigned short> { typedef unsigned long long type; };
-template <> struct put_as<unsigned int> { typedef unsigned long long type; };
-template <> struct put_as<unsigned long> { typedef unsigned long long type; };
-template <> struct put_as<unsigned long long> { typedef unsigned long long type; };
+template <> struct put_as<const char*> { using type = const char*; };
+template <> struct put_as<char*> { using type = const char*; };
+template <> struct put_as<char> { using type = char; };
+template <> struct put_as<bool> { using type = unsigned long long; };
+template <> struct put_as<short> { using type = long long; };
+template <> struct put_as<int> { using type = long long; };
+template <> struct put_as<long> { using type = long long; };
+template <> struct put_as<long long> { using type = long long; };
+template <> struct put_as<unsigned short> { using type = unsigned long long; };
+template <> struct put_as<unsigned int> { using type = unsigned long long; };
+template <> struct put_as<unsigned long> { using type = unsigned long long; };
+template <> struct put_as<unsigned long long> { using type = unsigned long long; };
 // clang-format on
 
 /// By value, so that an array becomes a pointer, and no reference binds to a bit-field or to a constant that has no
