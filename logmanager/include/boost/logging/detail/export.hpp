@@ -4,8 +4,12 @@
 
 // BOOST_LOGGING_API marks what the log manager exports. The library itself is compiled with BOOST_LOGGING_BUILDING; a
 // program that links the objects instead of the shared library (the manager's own tests) with BOOST_LOGGING_STATIC.
+//
+// BOOST_LOGGING_TYPE marks a class whose type information programs need, for a dynamic_cast or a sanitizer's check; on
+// Windows every module has its own.
 
 #if defined(_WIN32)
+#define BOOST_LOGGING_TYPE
 #if defined(BOOST_LOGGING_STATIC)
 #define BOOST_LOGGING_API
 #elif defined(BOOST_LOGGING_BUILDING)
@@ -14,6 +18,7 @@
 #define BOOST_LOGGING_API __declspec(dllimport)
 #endif
 #else
+#define BOOST_LOGGING_TYPE __attribute__((visibility("default")))
 #define BOOST_LOGGING_API __attribute__((visibility("default")))
 #endif
 

@@ -16,7 +16,7 @@ namespace detail {
 /// types below, the stream is in its initial formatting state, and their text goes into the message without the
 /// machinery of a stream; it is the text that the stream would make. Whatever else is inserted goes through the
 /// operators of std::ostream, and so does everything after it in the statement.
-class log_stream : public std::ostream {
+class BOOST_LOGGING_TYPE log_stream : public std::ostream {
  public:
   ~log_stream() override;
   log_stream(const log_stream&) = delete;
