@@ -4,7 +4,9 @@
 #include <algorithm>
 #include <boost/chrono/duration.hpp>
 #include <chrono>
+#include <memory>
 #include <utility>
+#include <vector>
 
 #include "logmanager/batch_writers.h"
 
@@ -22,6 +24,13 @@ constexpr int POLL_MS = 5;
 /// suspended.
 constexpr int LOCK_TRIES = 100;
 constexpr std::size_t LARGEST_KEPT_SIZE = 8 * 1024 * 1024;
+
+/// Keeps for ever, where a leak checker finds it, what cannot be destroyed.
+template <typename T>
+void abandon(std::unique_ptr<T> _object) {
+  static auto* const abandoned = new std::vector<std::unique_ptr<T>>;
+  if (_object) abandoned->push_back(std::move(_object));
+}
 
 }  // namespace
 
@@ -81,9 +90,9 @@ void BatchWriter::restartInChild() {
   if (writer_ == Writer::running) writer_ = Writer::none;
   isWaiting_ = false;
   isDelivering_ = false;
-  static_cast<void>(wake_.release());
-  static_cast<void>(ended_.release());
-  static_cast<void>(thread_.release());
+  abandon(std::move(wake_));
+  abandon(std::move(ended_));
+  abandon(std::move(thread_));
   wake_.reset(new boost::condition_variable);
   ended_.reset(new boost::condition_variable);
   lock_.unlock();
@@ -111,13 +120,15 @@ void BatchWriter::startAndSleep() {
 }
 
 bool BatchWriter::startThread() {
-  const std::shared_ptr<BatchWriter> self = shared_from_this();
+  std::shared_ptr<BatchWriter> self = shared_from_this();
   const bool isRegistered = batchWriters().add(self);
   Lock lock(lock_);
   if (writer_ != Writer::none) return false;
   if (isRegistered) {
     try {
-      thread_.reset(new boost::thread([self] { self->run(); }));
+      // The thread's function outlives the run of the thread, since this object holds the thread: it must not go on
+      // holding this object.
+      thread_.reset(new boost::thread([self]() mutable { std::exchange(self, nullptr)->run(); }));
       writer_ = Writer::running;
       return true;
     } catch (...) {
