@@ -29,8 +29,8 @@ bool closeHandle(Handle _handle);
 /// @return null when _handle is no open handle (lastError: 6).
 Handle duplicateHandle(Handle _handle);
 
-/// GetLastError: the error of the calling thread's latest call in handle.h, named_event.h and thread.h. To be asked right
-/// after that call, because on Windows other calls of the system change it too.
+/// GetLastError: the error of the calling thread's latest call in handle.h, named_event.h and thread.h. To be asked
+/// right after that call, because on Windows other calls of the system change it too.
 ErrorCode lastError() noexcept;
 
 /// SetLastError, for a caller that hands an error on after other work.

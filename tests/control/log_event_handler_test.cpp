@@ -249,6 +249,7 @@ TEST_F(LogEventHandlerTest, IsSilentWhileTheTraceIsOff) {
 }  // namespace
 
 // A box is left alone on purpose when its thread could not be started.
-extern "C" const char* __lsan_default_suppressions() {  // NOLINT(bugprone-reserved-identifier): the sanitizer's name
+extern "C" __attribute__((visibility("default"))) const char*
+__lsan_default_suppressions() {  // NOLINT(bugprone-reserved-identifier): the sanitizer's name
   return "leak:LogEventHandler::createWorkerThread\n";
 }
