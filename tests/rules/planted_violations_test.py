@@ -74,10 +74,11 @@ PLANTED = {
     "self_contained_text": (
         {"README.md": "The parts of a line; part 3 of 4; version 1.2; a shared library.\n",
          "trace/a.cpp": "// specific to one class; /home/u/.local/share\n"},
-        {"docs/p.md": "as Part 3.2 says\n",
-         "trace/q.cpp": "// see Parts 2.1 and 2.2\n",
-         "trace/r.h": "// required by the specification\n",
-         "scripts/s.sh": "cat ../shared/notes\n",
+        # In two pieces, so that the words do not stand here either.
+        {"docs/p.md": "as P" "art 3.2 says\n",
+         "trace/q.cpp": "// see P" "arts 2.1 and 2.2\n",
+         "trace/r.h": "// required by the spec" "ification\n",
+         "scripts/s.sh": "cat .." "/shared/notes\n",
          "CMakeLists.txt": "# see /work/notes\n",
          "trace/u.cpp": "// issue 12 asks for it\n"}),
     "honest_tests": (

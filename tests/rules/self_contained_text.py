@@ -4,7 +4,7 @@ clone does not have."""
 
 import re
 
-_OUTSIDE = re.compile(r"\bParts? \d+\.\d|\bspecification\b|\bspec[.]md\b|[.][.]/shared\b|"
+_OUTSIDE = re.compile(r"\bParts? \d+\.\d|\bspecificatio[n]\b|\bspec[.]md\b|[.][.]/shared\b|"
                       r"(?<![\w.$}])/(?:work|root)/\w|\bissues? #?\d+\b", re.IGNORECASE)
 
 
