@@ -108,6 +108,17 @@ def load_library(build, _folder, rounds):
     return {"loadBeyondAnEmptyLibrary": beyond}
 
 
+def listener_latency(build, folder, rounds):
+    """Microseconds; each round has 1,000 settings."""
+    figures = {"p50_us": [], "p99_us": []}
+    for number in range(rounds):
+        done = subprocess.run([f"{build}/bench/listener_latency_bench", f"{folder}/listener{number}"],
+                              stdout=subprocess.PIPE, text=True, check=True)
+        for name, value in (line.split() for line in done.stdout.splitlines()):
+            figures[name].append(float(value))
+    return figures
+
+
 LIBRARY_WORKLOADS = [
     LibraryWorkload("H", "Creating a logger", create_loggers,
                     [("createLoggerOfExistingName", "ns", False, at_most(100)),
@@ -116,4 +127,6 @@ LIBRARY_WORKLOADS = [
                     [("initialiseDefaultLogs", "ms", False, at_most(1))]),
     LibraryWorkload("I2", "Loading the library, beyond an empty library with the same dependencies", load_library,
                     [("loadBeyondAnEmptyLibrary", "ms", False, at_most(0.3))]),
+    LibraryWorkload("J", "From setting the event to the first line of the newly enabled class in another process",
+                    listener_latency, [("p50_us", "us", False, at_most(1000)), ("p99_us", "us", False, at_most(1000))]),
 ]
