@@ -129,5 +129,9 @@ take_the_tour() {
   station_settings
   station_class_list
   station_missing_ca
+  station_application_log
+  station_running_process
+  station_stamps
+  station_versions
   say "Everything of the tour is in ${SANDBOX#"$ROOT/"}. The formats and their traps: docs/file-formats.md."
 }

@@ -107,9 +107,21 @@ TEST_F(LogTestApplication, EndsWithOneAndTheReasonWhenASetUpFails) {
   EXPECT_EQ(result.exitCode, 0);
 }
 
+TEST_F(LogTestApplication, TellsThatTheLogOfTheApplicationCannotBeWritten) {
+  testsupport::makeFolders(appLog());
+  const ChildResult result = run({"--ca", "CA12", "--app", "Own"});
+  EXPECT_EQ(result.exitCode, 0);
+  EXPECT_THAT(result.output, HasSubstr("Own_log.txt (lines are lost: it cannot be written)"));
+}
+
 TEST_F(LogTestApplication, EndsWithTwoOnAWrongCommandLine) {
-  for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
-           {"--unknown"}, {"--lines", "many"}, {"--overwrite"}, {"--listen", "1", "--lines", "1"}, {"--app"}}) {
+  for (const std::vector<std::string>& arguments :
+       std::vector<std::vector<std::string>>{{"--unknown"},
+                                             {"--lines", "many"},
+                                             {"--overwrite"},
+                                             {"--listen", "1", "--lines", "1"},
+                                             {"--listen", "-1"},
+                                             {"--app"}}) {
     const ChildResult result = run(arguments);
     EXPECT_EQ(result.exitCode, 2) << arguments[0];
     EXPECT_THAT(result.errors, StartsWith("LogTest: "));

@@ -15,10 +15,9 @@ using Quillmark_logging::nativePath;
 
 std::string appFolder(const SetupFacts& _facts) { return _facts.logFolder.value_or("unknown") + "\\Application logs"; }
 
-std::string commonLog(const SetupFacts& _facts) {
-  const std::string path = _facts.logFolder.value_or("") + "\\" + _facts.logFileName.value_or("");
-  const bool canBeWritten = platform::TextWriter(path, platform::TextWriter::Mode::append).isOpen();
-  return nativePath(path) + (canBeWritten ? "" : " (lines are lost: it cannot be written)");
+std::string logFile(const std::string& _path) {
+  const bool canBeWritten = platform::TextWriter(_path, platform::TextWriter::Mode::append).isOpen();
+  return nativePath(_path) + (canBeWritten ? "" : " (lines are lost: it cannot be written)");
 }
 
 }  // namespace
@@ -26,10 +25,10 @@ std::string commonLog(const SetupFacts& _facts) {
 void reportLogs(const Options& _options, const SetupFacts& _facts, const std::vector<ClassLog>& _classes) {
   std::string text;
   if (_facts.fellBack) text += "No configuration of " + _facts.ca + ": the generic one is used.\n";
-  text += "Common log: " + commonLog(_facts) + "\n";
+  text += "Common log: " + logFile(_facts.logFolder.value_or("") + "\\" + _facts.logFileName.value_or("")) + "\n";
   if (_options.app) {
     const std::string file = appFolder(_facts) + "\\" + *_options.app + Quillmark_logging::APPL_SPEC_LOG_FILE_SUFFIX;
-    text += "Log of the application: " + nativePath(file) + "\n";
+    text += "Log of the application: " + logFile(file) + "\n";
   }
   // One piece, so that lines of the console appender, which may come from another thread, do not get into it.
   std::cout << text + describe(_classes) << std::flush;
