@@ -3,13 +3,18 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
 #include <set>
 #include <string>
 #include <vector>
 
+#include "tests/logmanager/name_pattern_oracle.h"
+
 namespace {
 
 using boost::logging::detail::NamePattern;
+using testsupport::naiveSelects;
 
 /// All texts of the characters up to the size.
 std::vector<std::string> allTexts(const std::string& _characters, std::size_t _size) {
@@ -23,23 +28,6 @@ std::vector<std::string> allTexts(const std::string& _characters, std::size_t _s
     begin = end;
   }
   return texts;
-}
-
-/// The definition of "*", word for word.
-bool naiveMatch(const std::string& _pattern, const std::string& _name) {
-  if (_pattern.empty()) return _name.empty();
-  if (_pattern[0] != '*') {
-    return !_name.empty() && _name[0] == _pattern[0] && naiveMatch(_pattern.substr(1), _name.substr(1));
-  }
-  for (std::size_t taken = 0; taken <= _name.size(); ++taken) {
-    if (naiveMatch(_pattern.substr(1), _name.substr(taken))) return true;
-  }
-  return false;
-}
-
-bool naiveSelects(const std::string& _pattern, const std::string& _name) {
-  if (_pattern.find('*') != std::string::npos) return naiveMatch(_pattern, _name);
-  return _name == _pattern || (!_pattern.empty() && _name.substr(0, _pattern.size() + 1) == _pattern + ".");
 }
 
 TEST(NamePattern, SelectsWhatTheDefinitionSaysForAllSmallPatternsAndNames) {
