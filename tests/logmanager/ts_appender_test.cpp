@@ -166,6 +166,18 @@ TEST(TsAppender, DeliversAfterTheLastCopyWhatWasHeldUp) {
   EXPECT_EQ(wrapped->waitForText(2), "12");
 }
 
+TEST(TsAppender, DestroysTheWrappedAppenderAfterTheLastCopy) {
+  const auto used = std::make_shared<int>(1);
+  std::optional<ts_appender> appender(
+      std::in_place, [used](const std::string&, const std::string&) {}, 1);
+  (*appender)("App", "1");
+  appender.reset();
+  const Clock::time_point end = Clock::now() + std::chrono::seconds(30);
+  while (used.use_count() > 1 && Clock::now() < end)
+    std::this_thread::yield();
+  EXPECT_EQ(used.use_count(), 1);
+}
+
 TEST(TsAppender, TakesMessagesOfManyThreads) {
   Wrapped wrapped;
   const ts_appender appender(wrapped.appender(), 0);
