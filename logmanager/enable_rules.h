@@ -19,6 +19,7 @@ class EnableRules {
   /// On when no rule selects the name.
   bool isEnabled(std::string_view _name);
 
+  /// How many rules are held, those included that a later call for all logs has overruled.
   std::size_t size() const { return rules_.size(); }
 
  private:
@@ -27,10 +28,13 @@ class EnableRules {
     bool enabled = true;
   };
 
+  void setForAll(bool _enabled);
+
   RuleIndex<Rule> rules_;
   std::uint64_t sequence_ = 0;
-  /// What the latest call that selected all logs said.
-  bool forAll_ = true;
+  /// The latest call that selected all logs: it overrules what was called before. The same patterns usually follow it
+  /// again, so their rules keep their places, unless most of them turn out to be no longer called.
+  Rule forAll_;
 };
 
 }  // namespace boost::logging::detail

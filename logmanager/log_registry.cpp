@@ -2,6 +2,11 @@
 #include "logmanager/log_registry.h"
 
 namespace boost::logging::detail {
+namespace {
+
+constexpr int MOST_PARENTS = 32;
+
+}  // namespace
 
 Log* LogRegistry::find(std::string_view _name) const {
   const auto place = logOf_.find(_name);
@@ -13,16 +18,23 @@ Log& LogRegistry::create(const std::string& _name) {
   logOf_.emplace(log.name, &log);
   byBeginning_.insert(&log);
   byEnding_.insert(&log);
-  std::uint64_t hash = NameHash::START;
-  for (const char character : log.name) {
-    if (character == '.') parents_.insert(hash);
-    hash = NameHash::next(hash, character);
-  }
+  noteParents(log.name);
   return log;
 }
 
+void LogRegistry::noteParents(std::string_view _name) {
+  std::string_view::size_type dot = _name.find('.');
+  for (int count = 0; dot != std::string_view::npos; dot = _name.find('.', dot + 1)) {
+    if (++count > MOST_PARENTS) {
+      hasDeepNames_ = true;
+      return;
+    }
+    parents_.insert(NameHash()(_name.substr(0, dot)));
+  }
+}
+
 bool LogRegistry::mayHaveBelow(std::string_view _name) const {
-  return !_name.empty() && parents_.contains(NameHash()(_name));
+  return !_name.empty() && (hasDeepNames_ || parents_.contains(NameHash()(_name)));
 }
 
 }  // namespace boost::logging::detail

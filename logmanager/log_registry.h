@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstdint>
+#include <cstddef>
 #include <deque>
 #include <functional>
 #include <set>
@@ -71,14 +71,17 @@ class LogRegistry {
     }
   }
 
+  void noteParents(std::string_view _name);
   bool mayHaveBelow(std::string_view _name) const;
 
   std::deque<Log> logs_;
   std::unordered_map<std::string_view, Log*, NameHash, std::equal_to<>> logOf_;
   std::set<Log*, LogLess<FromBeginning>> byBeginning_;
   std::set<Log*, LogLess<FromEnding>> byEnding_;
-  /// The hashes of all names that a log is below of: a cheap no for the many that no log is below of.
-  std::unordered_set<std::uint64_t> parents_;
+  /// The hashes of all names that a log is below of: a cheap no for the many that no log is below of. Names of very
+  /// many parts do not put theirs in, and have every answer be maybe.
+  std::unordered_set<std::size_t> parents_;
+  bool hasDeepNames_ = false;
 };
 
 }  // namespace boost::logging::detail

@@ -10,6 +10,7 @@ namespace {
 
 std::string withSingleStars(const std::string& _text) {
   std::string text = _text;
+  if (text.find("**") == std::string::npos) return text;
   const auto bothStars = [](char _left, char _right) { return _left == '*' && _right == '*'; };
   text.erase(std::unique(text.begin(), text.end(), bothStars), text.end());
   return text;
