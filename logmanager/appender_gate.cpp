@@ -36,7 +36,7 @@ void AppenderGate::pass(const Callable& _appender, const std::string& _logName, 
 void AppenderGate::leaveMessage(const Callable& _appender, const std::string& _logName, const std::string& _message) {
   {
     const std::lock_guard<std::mutex> lock(leftLock_);
-    left_.push_back(Left{_logName, _message, messageTime()});
+    left_.push_back(Left{_logName, _message, messageTime(threadState())});
     isLeft_.store(true);
   }
   // The thread that was inside may have gone without having seen the message.
@@ -58,7 +58,7 @@ void AppenderGate::leave(const Callable& _appender) {
 void AppenderGate::passOnLeft(const Callable& _appender) {
   Left left;
   while (takeLeft(left)) {
-    const MessageScope scope(left.time);
+    const MessageScope scope(threadState(), left.time);
     callAppender(_appender, left.logName, left.message);
   }
 }

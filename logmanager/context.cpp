@@ -21,13 +21,14 @@ Context& enterContext(const Log& _log) {
   }
   context->callables = callables;
   context->log = &_log;
+  context->thread = &state;
   context->outer = state.innermost;
   state.innermost = context;
   return *context;
 }
 
 void leaveContext(Context& _context) {
-  threadState().innermost = _context.outer;
+  _context.thread->innermost = _context.outer;
   _context.leave();
 }
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstdint>
 #include <string>
 
 #include "logmanager/log.h"
@@ -11,13 +10,18 @@
 
 namespace boost::logging::detail {
 
+struct ThreadState;
+
 /// What one logging statement needs while it runs. The slot keeps the callables alive that its log had at the start.
 struct Context : ReaderSlot {
+  Context() : stream(*this) {}
+
   StatementStream stream;
   /// Working memory, kept from one statement to the next.
   std::string message;
   const Log* log = nullptr;
   const CallableSet* callables = nullptr;
+  ThreadState* thread = nullptr;
   /// The statement of the same thread in whose insertion operator, appender or modifier this one runs.
   Context* outer = nullptr;
 };
@@ -25,9 +29,10 @@ struct Context : ReaderSlot {
 /// All contexts, for those who replace callables.
 SlotPool<Context>& contexts();
 
-/// A context for a statement on the log, until leaveContext. May throw std::bad_alloc.
+/// A context for a statement of the calling thread on the log, until leaveContext. May throw std::bad_alloc.
 Context& enterContext(const Log& _log);
 
+/// To be called for the innermost context of the thread.
 void leaveContext(Context& _context);
 
 }  // namespace boost::logging::detail

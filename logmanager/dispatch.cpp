@@ -19,16 +19,15 @@ void callModifier(const Callable& _modifier, const std::string& _logName, std::s
 
 }  // namespace
 
-MessageScope::MessageScope(std::int64_t _time) : outerTime_(threadState().messageTime) {
-  ThreadState& state = threadState();
-  ++state.depth;
-  state.messageTime = _time;
+MessageScope::MessageScope(ThreadState& _thread, std::int64_t _time)
+    : thread_(_thread), outerTime_(_thread.messageTime) {
+  ++thread_.depth;
+  thread_.messageTime = _time;
 }
 
 MessageScope::~MessageScope() {
-  ThreadState& state = threadState();
-  --state.depth;
-  state.messageTime = outerTime_;
+  --thread_.depth;
+  thread_.messageTime = outerTime_;
 }
 
 void callAppender(const Callable& _appender, const std::string& _logName, const std::string& _message) noexcept {
@@ -39,14 +38,14 @@ void callAppender(const Callable& _appender, const std::string& _logName, const 
   }
 }
 
-void passThrough(const CallableSet* _callables, const std::string& _logName, std::string& _message,
-                 std::int64_t _time) noexcept {
+void passThrough(ThreadState& _thread, const CallableSet* _callables, const std::string& _logName,
+                 std::string& _message, std::int64_t _time) noexcept {
   if (_callables == nullptr) return;
-  if (threadState().depth >= DEEPEST) {
+  if (_thread.depth >= DEEPEST) {
     reportEndlessLogging(_logName);
     return;
   }
-  const MessageScope scope(_time);
+  const MessageScope scope(_thread, _time);
   for (const SharedCallable& modifier : _callables->modifiers)
     callModifier(*modifier, _logName, _message);
   for (const SharedCallable& appender : _callables->appenders) {

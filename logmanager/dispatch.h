@@ -8,26 +8,30 @@
 
 namespace boost::logging::detail {
 
-/// While it lives, the calling thread passes a message of the given time through callables. A time of 0 is that of the
-/// first question for it.
+struct ThreadState;
+
+/// While it lives, the calling thread, whose state it is given, passes a message of the given time through callables. A
+/// time of 0 is that of the first question for it.
 class MessageScope {
  public:
-  explicit MessageScope(std::int64_t _time);
+  MessageScope(ThreadState& _thread, std::int64_t _time);
   ~MessageScope();
   MessageScope(const MessageScope&) = delete;
   MessageScope& operator=(const MessageScope&) = delete;
 
  private:
+  ThreadState& thread_;
   std::int64_t outerTime_;
 };
 
 /// Passes a message through the modifiers and then to the appenders. Exceptions of callables are contained, the others
 /// still get the message. A message that is logged inside eight others is dropped and reported: it would never end.
+/// @param _thread the state of the calling thread.
 /// @param _callables may be null: none.
 /// @param _message is changed by the modifiers.
 /// @param _time as for MessageScope.
-void passThrough(const CallableSet* _callables, const std::string& _logName, std::string& _message,
-                 std::int64_t _time) noexcept;
+void passThrough(ThreadState& _thread, const CallableSet* _callables, const std::string& _logName,
+                 std::string& _message, std::int64_t _time) noexcept;
 
 /// Calls the appender without its gate; an exception is contained.
 void callAppender(const Callable& _appender, const std::string& _logName, const std::string& _message) noexcept;

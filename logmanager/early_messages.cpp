@@ -18,7 +18,7 @@ void deliver(const Log& _log, std::int64_t _time, std::string_view _text) noexce
   try {
     std::string message(_text);
     Context& context = enterContext(_log);
-    passThrough(context.callables, _log.name, message, _time);
+    passThrough(*context.thread, context.callables, _log.name, message, _time);
     leaveContext(context);
   } catch (...) {
     reportException("log cache", _log.name);

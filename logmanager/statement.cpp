@@ -16,7 +16,7 @@ constexpr std::size_t LARGEST_KEPT_SIZE = 65536;
 void deliver(Context& _context) noexcept {
   try {
     if (get_default_log_manager().earlyMessages().keep(*_context.log, _context.message)) return;
-    passThrough(_context.callables, _context.log->name, _context.message, 0);
+    passThrough(*_context.thread, _context.callables, _context.log->name, _context.message, 0);
     if (_context.message.capacity() > LARGEST_KEPT_SIZE) std::string().swap(_context.message);
   } catch (...) {
     reportException("log cache", _context.log->name);
@@ -55,11 +55,12 @@ statement::statement(const logger& _logger) {
   stream_ = &context.stream;
 }
 
-statement::~statement() { leaveContext(*threadState().innermost); }
+statement::~statement() { leaveContext(static_cast<StatementStream*>(stream_)->context()); }
 
 void finish_statement::operator&(log_stream& _stream) const {
-  static_cast<StatementStream&>(_stream).noteOwnUse();
-  deliverText(*threadState().innermost);
+  auto& stream = static_cast<StatementStream&>(_stream);
+  stream.noteOwnUse();
+  deliverText(stream.context());
 }
 
 void finish_statement::operator&(std::ostream& /*_stream*/) const { deliverText(*threadState().innermost); }

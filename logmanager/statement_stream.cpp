@@ -58,7 +58,7 @@ void log_stream::put(long long _value) { putInteger(*this, _value); }
 
 void log_stream::put(unsigned long long _value) { putInteger(*this, _value); }
 
-StatementStream::StatementStream() : log_stream(nullptr) { putBack(); }
+StatementStream::StatementStream(Context& _context) : log_stream(nullptr), context_(_context) { putBack(); }
 
 void StatementStream::restart() {
   if (mayBeChanged_ || !good()) putBack();

@@ -6,11 +6,13 @@
 
 namespace boost::logging::detail {
 
-/// A stream with its text. Its locale is the classic one, whatever the global locale is. One thread at a time may use
-/// an object.
+struct Context;
+
+/// The stream of a context, with its text. Its locale is the classic one, whatever the global locale is. One thread at
+/// a time may use an object.
 class StatementStream : public log_stream {
  public:
-  StatementStream();
+  explicit StatementStream(Context& _context);
 
   /// Begins the text of another statement.
   void restart();
@@ -21,10 +23,12 @@ class StatementStream : public log_stream {
   void noteOwnUse() { mayBeChanged_ = false; }
 
   LineBuffer& buffer() { return buffer_; }
+  Context& context() const { return context_; }
 
  private:
   void putBack();
 
+  Context& context_;
   LineBuffer buffer_;
   bool mayBeChanged_ = false;
 };

@@ -10,11 +10,10 @@ ThreadState& threadState() {
   return state;
 }
 
-std::int64_t messageTime() {
-  ThreadState& state = threadState();
-  if (state.depth == 0) return platform::wallClockMilliseconds();
-  if (state.messageTime == 0) state.messageTime = platform::wallClockMilliseconds();
-  return state.messageTime;
+std::int64_t messageTime(ThreadState& _state) {
+  if (_state.depth == 0) return platform::wallClockMilliseconds();
+  if (_state.messageTime == 0) _state.messageTime = platform::wallClockMilliseconds();
+  return _state.messageTime;
 }
 
 }  // namespace boost::logging::detail

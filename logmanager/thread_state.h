@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 namespace boost::logging::detail {
@@ -11,6 +12,15 @@ class ReaderSlot;
 /// What the manager knows of the calling thread. Has no destructor, so that a thread, and the library, may end at any
 /// time and a statement in a destructor of the thread still works; what the pointers point to belongs to pools.
 struct ThreadState {
+  /// A time as a format gave it last: only the milliseconds change within the second.
+  struct TimeText {
+    /// Of the format; 0 for none.
+    std::uint64_t formatId = 0;
+    std::int64_t second = 0;
+    std::size_t size = 0;
+    char text[64] = {};
+  };
+
   /// The context of the innermost statement that runs.
   Context* innermost = nullptr;
   /// What the thread used last, probably free.
@@ -20,11 +30,13 @@ struct ThreadState {
   int depth = 0;
   /// The wall-clock time of the innermost of these messages in milliseconds since 1970; 0 while nobody has asked.
   std::int64_t messageTime = 0;
+  TimeText timeText;
 };
 
+/// To find it costs some instructions, so those who have it pass it on.
 ThreadState& threadState();
 
-/// The time of the message that the calling thread passes through callables, else the time now.
-std::int64_t messageTime();
+/// The time of the message that the thread passes through callables, else the time now.
+std::int64_t messageTime(ThreadState& _state);
 
 }  // namespace boost::logging::detail

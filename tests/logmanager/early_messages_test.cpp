@@ -79,13 +79,14 @@ TEST(EarlyMessages, AreToldFirstWhenSomeWereDropped) {
 
 TEST(EarlyMessages, KeepTheirTime) {
   std::vector<std::int64_t> times;
-  ConnectedLog log("l",
-                   [&times](const std::string&, const std::string&) { times.push_back(bl::detail::messageTime()); });
+  ConnectedLog log("l", [&times](const std::string&, const std::string&) {
+    times.push_back(bl::detail::messageTime(bl::detail::threadState()));
+  });
   EarlyMessages early;
-  const std::int64_t before = bl::detail::messageTime();
+  const std::int64_t before = bl::detail::messageTime(bl::detail::threadState());
   early.keep(*log, "1");
-  const std::int64_t after = bl::detail::messageTime();
-  while (bl::detail::messageTime() < after + 5)
+  const std::int64_t after = bl::detail::messageTime(bl::detail::threadState());
+  while (bl::detail::messageTime(bl::detail::threadState()) < after + 5)
     std::this_thread::yield();
   early.flush();
   ASSERT_EQ(times.size(), 1U);

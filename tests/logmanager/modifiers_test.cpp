@@ -7,6 +7,7 @@
 
 #include "boost/logging/logging.hpp"
 #include "logmanager/dispatch.h"
+#include "logmanager/thread_state.h"
 #include "platform/clock.h"
 
 namespace {
@@ -20,7 +21,7 @@ std::string modified(const bl::modifier& _modifier, const std::string& _log, std
 
 /// What the modifier puts before a message of the time.
 std::string stampOf(const bl::modifier& _modifier, std::int64_t _time) {
-  const bl::detail::MessageScope scope(_time);
+  const bl::detail::MessageScope scope(bl::detail::threadState(), _time);
   return modified(_modifier, "", "");
 }
 
@@ -80,7 +81,7 @@ TEST(PrependTime, TakesAFormatOfAnyLength) {
 TEST(PrependTime, AgreesWithAnotherOneOnTheTimeOfAMessage) {
   std::string first;
   std::string message;
-  const bl::detail::MessageScope scope(0);
+  const bl::detail::MessageScope scope(bl::detail::threadState(), 0);
   const bl::modifier modifier = bl::prepend_time_ms("$ss.$mss");
   modifier("", first);
   for (const std::int64_t end = platform::steadyMilliseconds() + 5; platform::steadyMilliseconds() < end;) {

@@ -7,6 +7,7 @@
 
 #include "boost/logging/logging.hpp"
 #include "logmanager/dispatch.h"
+#include "logmanager/thread_state.h"
 #include "platform/native_path.h"
 #include "tests/support/as_unprivileged_user.h"
 #include "tests/support/fault_plan.h"
@@ -29,7 +30,8 @@ class WriteToFile : public testing::Test {
  protected:
   /// Writes as a message logged so many milliseconds after the first.
   static void writeAt(const write_to_file& _appender, std::int64_t _milliseconds, const std::string& _message) {
-    const boost::logging::detail::MessageScope scope(1795255200000 + _milliseconds);
+    const boost::logging::detail::MessageScope scope(boost::logging::detail::threadState(),
+                                                     1795255200000 + _milliseconds);
     _appender("App", _message);
   }
 

@@ -6,6 +6,7 @@
 
 #include "boost/logging/logging.hpp"
 #include "logmanager/dispatch.h"
+#include "logmanager/thread_state.h"
 #include "tests/support/posix/file_size_limit.h"
 #include "tests/support/posix/shared_memory_mount.h"
 #include "tests/support/temporary_folder.h"
@@ -56,12 +57,12 @@ TEST(FileTrouble, ARenamedFileKeepsItsMessagesAndANewOneIsMade) {
   const std::string path = folder.file("app.log");
   const write_to_file appender(path, true);
   {
-    const boost::logging::detail::MessageScope scope(1000000);
+    const boost::logging::detail::MessageScope scope(boost::logging::detail::threadState(), 1000000);
     appender("App", "1\n");
   }
   ASSERT_EQ(std::rename((folder.path() + "/app.log").c_str(), (folder.path() + "/app.log.1").c_str()), 0);
   {
-    const boost::logging::detail::MessageScope scope(1000999);
+    const boost::logging::detail::MessageScope scope(boost::logging::detail::threadState(), 1000999);
     appender("App", "2\n");
   }
   EXPECT_EQ(readFile(folder.file("app.log.1")), "1\n");
@@ -73,13 +74,13 @@ TEST(FileTrouble, AReplacedFileIsContinuedNotEmptied) {
   const std::string path = folder.file("app.log");
   const write_to_file appender(path, true);
   {
-    const boost::logging::detail::MessageScope scope(1000000);
+    const boost::logging::detail::MessageScope scope(boost::logging::detail::threadState(), 1000000);
     appender("App", "1\n");
   }
   testsupport::writeFile(folder.file("other"), "other\n");
   ASSERT_EQ(std::rename((folder.path() + "/other").c_str(), (folder.path() + "/app.log").c_str()), 0);
   {
-    const boost::logging::detail::MessageScope scope(1000999);
+    const boost::logging::detail::MessageScope scope(boost::logging::detail::threadState(), 1000999);
     appender("App", "2\n");
   }
   EXPECT_EQ(readFile(path), "other\n2\n");
