@@ -14,6 +14,13 @@ void CallableSet::add(const SharedCallable& _callable) {
   std::vector<SharedCallable>& callables = _callable->kind == CallableKind::modifier ? modifiers : appenders;
   const auto runsLater = [](int _index, const SharedCallable& _other) { return _index < _other->index; };
   callables.insert(std::upper_bound(callables.begin(), callables.end(), _callable->index, runsLater), _callable);
+  if (_callable->kind == CallableKind::modifier) plan = LinePlan(modifiers);
+}
+
+void CallableSet::removeName(CallableKind _kind, const std::string& _name) {
+  std::erase_if(_kind == CallableKind::modifier ? modifiers : appenders,
+                [&_name](const SharedCallable& _callable) { return _callable->name == _name; });
+  if (_kind == CallableKind::modifier) plan = LinePlan(modifiers);
 }
 
 std::unique_ptr<const CallableSet> withCallable(const CallableSet* _set, const SharedCallable& _callable) {
@@ -24,6 +31,7 @@ std::unique_ptr<const CallableSet> withCallable(const CallableSet* _set, const S
     set->appenders.reserve(_set->appenders.size() + (_callable->kind == CallableKind::appender ? 1 : 0));
     set->modifiers.assign(_set->modifiers.begin(), _set->modifiers.end());
     set->appenders.assign(_set->appenders.begin(), _set->appenders.end());
+    set->plan = _set->plan;
   }
   set->add(_callable);
   return set;
@@ -31,8 +39,7 @@ std::unique_ptr<const CallableSet> withCallable(const CallableSet* _set, const S
 
 std::unique_ptr<const CallableSet> withoutName(const CallableSet& _set, CallableKind _kind, const std::string& _name) {
   auto set = std::make_unique<CallableSet>(_set);
-  std::erase_if(_kind == CallableKind::modifier ? set->modifiers : set->appenders,
-                [&_name](const SharedCallable& _callable) { return _callable->name == _name; });
+  set->removeName(_kind, _name);
   return set->isEmpty() ? nullptr : std::move(set);
 }
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "logmanager/callable.h"
+#include "logmanager/line_plan.h"
 
 namespace boost::logging::detail {
 
@@ -13,9 +14,12 @@ namespace boost::logging::detail {
 struct CallableSet {
   std::vector<SharedCallable> modifiers;
   std::vector<SharedCallable> appenders;
+  /// Of the modifiers.
+  LinePlan plan;
 
   /// Puts the callable, the latest one added, behind those of its index.
   void add(const SharedCallable& _callable);
+  void removeName(CallableKind _kind, const std::string& _name);
 
   const std::vector<SharedCallable>& of(CallableKind _kind) const;
   bool isEmpty() const { return modifiers.empty() && appenders.empty(); }

@@ -18,7 +18,7 @@ struct Context : ReaderSlot {
 
   StatementStream stream;
   /// Working memory, kept from one statement to the next.
-  std::string message;
+  std::string line;
   const Log* log = nullptr;
   const CallableSet* callables = nullptr;
   ThreadState* thread = nullptr;

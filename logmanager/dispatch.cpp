@@ -17,6 +17,25 @@ void callModifier(const Callable& _modifier, const std::string& _logName, std::s
   }
 }
 
+/// Makes the line of the message.
+/// @return false when there is no memory for it; that is reported.
+bool modify(ThreadState& _thread, const CallableSet& _callables, const std::string& _logName, std::string_view _text,
+            std::string& _line) noexcept {
+  try {
+    if (_callables.plan.isUsable()) {
+      _callables.plan.makeLine(_thread, _logName, _text, _line);
+      return true;
+    }
+    _line.assign(_text);
+  } catch (...) {
+    reportException("message", _logName);
+    return false;
+  }
+  for (const SharedCallable& modifier : _callables.modifiers)
+    callModifier(*modifier, _logName, _line);
+  return true;
+}
+
 }  // namespace
 
 MessageScope::MessageScope(ThreadState& _thread, std::int64_t _time)
@@ -39,20 +58,19 @@ void callAppender(const Callable& _appender, const std::string& _logName, const 
 }
 
 void passThrough(ThreadState& _thread, const CallableSet* _callables, const std::string& _logName,
-                 std::string& _message, std::int64_t _time) noexcept {
+                 std::string_view _text, std::string& _line, std::int64_t _time) noexcept {
   if (_callables == nullptr) return;
   if (_thread.depth >= DEEPEST) {
     reportEndlessLogging(_logName);
     return;
   }
   const MessageScope scope(_thread, _time);
-  for (const SharedCallable& modifier : _callables->modifiers)
-    callModifier(*modifier, _logName, _message);
+  if (!modify(_thread, *_callables, _logName, _text, _line)) return;
   for (const SharedCallable& appender : _callables->appenders) {
     if (appender->gate) {
-      appender->gate->pass(*appender, _logName, _message);
+      appender->gate->pass(*appender, _logName, _line);
     } else {
-      callAppender(*appender, _logName, _message);
+      callAppender(*appender, _logName, _line);
     }
   }
 }

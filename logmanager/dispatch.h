@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "logmanager/callable_set.h"
 
@@ -28,10 +29,11 @@ class MessageScope {
 /// still get the message. A message that is logged inside eight others is dropped and reported: it would never end.
 /// @param _thread the state of the calling thread.
 /// @param _callables may be null: none.
-/// @param _message is changed by the modifiers.
+/// @param _text the message as it was logged.
+/// @param _line working memory, in which the modifiers make the line; _text is not part of it.
 /// @param _time as for MessageScope.
 void passThrough(ThreadState& _thread, const CallableSet* _callables, const std::string& _logName,
-                 std::string& _message, std::int64_t _time) noexcept;
+                 std::string_view _text, std::string& _line, std::int64_t _time) noexcept;
 
 /// Calls the appender without its gate; an exception is contained.
 void callAppender(const Callable& _appender, const std::string& _logName, const std::string& _message) noexcept;

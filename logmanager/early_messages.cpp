@@ -16,9 +16,8 @@ namespace {
 void deliver(const Log& _log, std::int64_t _time, std::string_view _text) noexcept {
   if (!_log.enabled.load(std::memory_order_relaxed)) return;
   try {
-    std::string message(_text);
     Context& context = enterContext(_log);
-    passThrough(*context.thread, context.callables, _log.name, message, _time);
+    passThrough(*context.thread, context.callables, _log.name, _text, context.line, _time);
     leaveContext(context);
   } catch (...) {
     reportException("log cache", _log.name);
@@ -44,7 +43,7 @@ void deliverAll(const MessageCache& _cache) {
 
 }  // namespace
 
-bool EarlyMessages::keepLocked(const Log& _log, const std::string& _message) {
+bool EarlyMessages::keepLocked(const Log& _log, std::string_view _message) {
   const std::int64_t now = platform::wallClockMilliseconds();
   const std::lock_guard<std::mutex> lock(lock_);
   // What the callables themselves log during the flush goes through them at once.

@@ -4,7 +4,7 @@
 #include <atomic>
 #include <condition_variable>
 #include <mutex>
-#include <string>
+#include <string_view>
 
 #include "logmanager/message_cache.h"
 
@@ -17,7 +17,7 @@ class EarlyMessages {
  public:
   /// Keeps the message, unless the flush is done.
   /// @return false when the caller has to deliver the message itself.
-  bool keep(const Log& _log, const std::string& _message) {
+  bool keep(const Log& _log, std::string_view _message) {
     return isKeeping_.load(std::memory_order_acquire) && keepLocked(_log, _message);
   }
 
@@ -27,7 +27,7 @@ class EarlyMessages {
   void flush();
 
  private:
-  bool keepLocked(const Log& _log, const std::string& _message);
+  bool keepLocked(const Log& _log, std::string_view _message);
 
   std::atomic<bool> isKeeping_{true};
   std::mutex lock_;

@@ -8,7 +8,6 @@
 namespace boost::logging::detail {
 namespace {
 
-constexpr std::size_t USUAL_SIZE = 512;
 constexpr std::size_t LARGEST_KEPT_SIZE = 65536;
 
 }  // namespace
@@ -23,7 +22,7 @@ void LineBuffer::restart() {
   putAreaFrom(0);
 }
 
-void LineBuffer::append(const char* _text, std::size_t _size) {
+void LineBuffer::appendMuch(const char* _text, std::size_t _size) {
   if (static_cast<std::size_t>(epptr() - pptr()) < _size) grow(_size);
   std::memcpy(pptr(), _text, _size);
   if (_size <= static_cast<std::size_t>(std::numeric_limits<int>::max())) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstring>
 #include <streambuf>
 #include <string>
 #include <string_view>
@@ -17,7 +18,14 @@ class LineBuffer : public std::streambuf {
   /// Begins an empty text.
   void restart();
 
-  void append(const char* _text, std::size_t _size);
+  void append(const char* _text, std::size_t _size) {
+    if (_size > USUAL_SIZE || static_cast<std::size_t>(epptr() - pptr()) < _size) {
+      appendMuch(_text, _size);
+      return;
+    }
+    std::memcpy(pptr(), _text, _size);
+    pbump(static_cast<int>(_size));
+  }
 
   std::string_view text() const { return {pbase(), static_cast<std::size_t>(pptr() - pbase())}; }
 
@@ -28,6 +36,9 @@ class LineBuffer : public std::streambuf {
   pos_type seekoff(off_type _offset, std::ios_base::seekdir _from, std::ios_base::openmode _which) override;
 
  private:
+  static constexpr std::size_t USUAL_SIZE = 512;
+
+  void appendMuch(const char* _text, std::size_t _size);
   void grow(std::size_t _room);
   void putAreaFrom(std::size_t _size);
 

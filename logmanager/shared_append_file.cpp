@@ -24,7 +24,7 @@ SlotPool<ReaderSlot>& fileSlots() {
 /// Keeps the open file from being closed while the calling thread appends to it.
 class HeldFile {
  public:
-  explicit HeldFile(const std::atomic<AppendFile*>& _file) : slot_(hold(_file, file_)) {}
+  HeldFile(ThreadState& _thread, const std::atomic<AppendFile*>& _file) : slot_(hold(_thread, _file, file_)) {}
   ~HeldFile() { slot_.leave(); }
   HeldFile(const HeldFile&) = delete;
   HeldFile& operator=(const HeldFile&) = delete;
@@ -32,12 +32,11 @@ class HeldFile {
   AppendFile& file() const { return *file_; }
 
  private:
-  static ReaderSlot& hold(const std::atomic<AppendFile*>& _published, AppendFile*& _file) {
-    ThreadState& state = threadState();
-    if (state.usualFileSlot == nullptr || !state.usualFileSlot->tryHold(_published, _file)) {
-      state.usualFileSlot = &fileSlots().hold(_published, _file);
+  static ReaderSlot& hold(ThreadState& _thread, const std::atomic<AppendFile*>& _published, AppendFile*& _file) {
+    if (_thread.usualFileSlot == nullptr || !_thread.usualFileSlot->tryHold(_published, _file)) {
+      _thread.usualFileSlot = &fileSlots().hold(_published, _file);
     }
-    return *state.usualFileSlot;
+    return *_thread.usualFileSlot;
   }
 
   AppendFile* file_ = nullptr;
@@ -50,13 +49,13 @@ SharedAppendFile::SharedAppendFile(const std::string& _path, bool _overwrite) : 
 
 SharedAppendFile::~SharedAppendFile() { delete file_.load(std::memory_order_relaxed); }
 
-void SharedAppendFile::append(const std::string& _message, std::int64_t _now) {
+void SharedAppendFile::append(ThreadState& _thread, const std::string& _message, std::int64_t _now) {
   if (isCheckDue(_now)) check();
   if (needsCare_.load(std::memory_order_acquire)) {
     appendWithCare(_message);
     return;
   }
-  const HeldFile held(file_);
+  const HeldFile held(_thread, file_);
   const AppendFile::Result result = held.file().append(_message.data(), _message.size());
   if (result.error == platform::noError) return;
   const std::lock_guard<std::mutex> lock(lock_);

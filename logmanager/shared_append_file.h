@@ -11,6 +11,8 @@
 
 namespace boost::logging::detail {
 
+struct ThreadState;
+
 /// A log file that threads and processes share, and that stays usable whatever happens to it: opened by the first
 /// message, made anew when it is gone from its path, tried again after a failure. All functions may be called from any
 /// thread at once. As long as all goes well a message takes no lock and costs one call of the system.
@@ -22,8 +24,9 @@ class SharedAppendFile {
   SharedAppendFile(const SharedAppendFile&) = delete;
   SharedAppendFile& operator=(const SharedAppendFile&) = delete;
 
+  /// @param _thread the state of the calling thread.
   /// @param _now the wall clock, in milliseconds.
-  void append(const std::string& _message, std::int64_t _now);
+  void append(ThreadState& _thread, const std::string& _message, std::int64_t _now);
 
  private:
   /// What is to be repaired and told before the next message.

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <string_view>
+
 #include "boost/logging/logger.hpp"
 #include "logmanager/context.h"
 #include "logmanager/default_log_manager.h"
@@ -12,26 +14,18 @@ namespace {
 
 constexpr std::size_t LARGEST_KEPT_SIZE = 65536;
 
-/// Delivers the message of the context.
-void deliver(Context& _context) noexcept {
+/// Delivers a message of the statement of the context.
+void deliver(Context& _context, std::string_view _message) noexcept {
   try {
-    if (get_default_log_manager().earlyMessages().keep(*_context.log, _context.message)) return;
-    passThrough(*_context.thread, _context.callables, _context.log->name, _context.message, 0);
-    if (_context.message.capacity() > LARGEST_KEPT_SIZE) std::string().swap(_context.message);
+    if (get_default_log_manager().earlyMessages().keep(*_context.log, _message)) return;
+    passThrough(*_context.thread, _context.callables, _context.log->name, _message, _context.line, 0);
+    if (_context.line.capacity() > LARGEST_KEPT_SIZE) std::string().swap(_context.line);
   } catch (...) {
     reportException("log cache", _context.log->name);
   }
 }
 
-void deliverText(Context& _context) noexcept {
-  try {
-    _context.message.assign(_context.stream.buffer().text());
-  } catch (...) {
-    reportException("message", _context.log->name);
-    return;
-  }
-  deliver(_context);
-}
+void deliverText(Context& _context) noexcept { deliver(_context, _context.stream.buffer().text()); }
 
 class ContextScope {
  public:
@@ -74,8 +68,7 @@ const std::string& logger::name() const { return static_cast<const detail::Log*>
 void logger::write(const std::string& _message) const {
   if (!is_enabled()) return;
   const detail::ContextScope scope(static_cast<const detail::Log&>(*log_));
-  scope.context().message = _message;
-  detail::deliver(scope.context());
+  detail::deliver(scope.context(), _message);
 }
 
 }  // namespace boost::logging

@@ -16,6 +16,8 @@ struct ThreadState {
   struct TimeText {
     /// Of the format; 0 for none.
     std::uint64_t formatId = 0;
+    /// In milliseconds since 1970, and its second.
+    std::int64_t time = 0;
     std::int64_t second = 0;
     std::size_t size = 0;
     char text[64] = {};

@@ -16,7 +16,8 @@ write_to_file::write_to_file(const std::string& _fileName, bool _overwrite)
 void write_to_file::operator()(const std::string& /*_logName*/, const std::string& _message) const { write(_message); }
 
 void write_to_file::write(const std::string& _message) const {
-  state_->append(_message, detail::messageTime(detail::threadState()));
+  detail::ThreadState& thread = detail::threadState();
+  state_->append(thread, _message, detail::messageTime(thread));
 }
 
 }  // namespace boost::logging

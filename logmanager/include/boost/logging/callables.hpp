@@ -13,6 +13,12 @@
 namespace boost {
 namespace logging {
 
+namespace detail {
+
+class LinePlan;
+
+}  // namespace detail
+
 /// Writes a finished message somewhere. An exception does not reach the logging statement: it is counted and told on
 /// the standard error stream at most once a minute. An appender that was added once is never entered by two threads at
 /// the same time, unless it is write_to_cout, a write_to_file or a ts_appender.
@@ -72,6 +78,7 @@ class prepend_time_ms {
   BOOST_LOGGING_API void operator()(const std::string& _logName, std::string& _message) const;
 
  private:
+  friend class detail::LinePlan;
   class format;
   boost::shared_ptr<const format> format_;
 };

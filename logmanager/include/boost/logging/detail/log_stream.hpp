@@ -3,6 +3,7 @@
 #define BOOST_LOGGING_DETAIL_LOG_STREAM_HPP
 
 #include <cstddef>
+#include <cstring>
 #include <ostream>
 #include <string>
 
@@ -23,7 +24,14 @@ class BOOST_LOGGING_TYPE log_stream : public std::ostream {
   log_stream& operator=(const log_stream&) = delete;
 
   BOOST_LOGGING_API void put(const char* _text, std::size_t _size);
-  BOOST_LOGGING_API void put(const char* _text);
+  /// In the caller, so that a literal's size is no work at run time.
+  void put(const char* _text) {
+    if (_text == nullptr) {
+      setstate(std::ios_base::badbit);
+    } else {
+      put(_text, std::strlen(_text));
+    }
+  }
   BOOST_LOGGING_API void put(char _character);
   BOOST_LOGGING_API void put(long long _value);
   BOOST_LOGGING_API void put(unsigned long long _value);
