@@ -2,6 +2,7 @@
 #include <exception>
 
 #include "config/cfg_data_manager.h"
+#include "config/cfg_file_name.h"
 #include "config/text_replacement.h"
 #include "platform/shell_folder.h"
 #include "quillmark_logging_names.h"
@@ -27,11 +28,6 @@ constexpr FileKind CFG_KIND = {platform::ShellFolder::commonProgramFiles, Quillm
 constexpr FileKind INIT_KIND = {platform::ShellFolder::commonAppData, Quillmark_logging::INIT_FOLDER,
                                 Quillmark_logging::INIT_FILE_NAME};
 
-std::string fileName(const FileKind& _kind, const std::string& _ca) {
-  std::string name = _kind.name;
-  return name.replace(name.find(Quillmark_logging::CA_PLACEHOLDER), sizeof Quillmark_logging::CA_PLACEHOLDER - 1, _ca);
-}
-
 }  // namespace
 
 bool CfgDataManager::getQmrkCfgFilePath(std::string& _path, const std::string& _ca, bool _cfg) {
@@ -48,7 +44,7 @@ bool CfgDataManager::getQmrkCfgFilePath(std::string& _path, const std::string& _
       traceLineIf(tracing(), "<!= CfgDataManager::getQmrkCfgFilePath() No valid CA number was passed as argument.\r\n");
       return false;
     }
-    _path += kind.folder + fileName(kind, ca);
+    _path += kind.folder + cfgFileName(kind.name, ca);
     if (ca == Quillmark_logging::GENERIC_CA) redirectGeneric(_path, _cfg);
   } catch (const std::exception&) {
     return false;

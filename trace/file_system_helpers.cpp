@@ -3,6 +3,7 @@
 
 #include "platform/access.h"
 #include "platform/directory.h"
+#include "trace/folder_step.h"
 #include "trace/trace_line.h"
 
 namespace Quillmark_logging {
@@ -21,23 +22,8 @@ bool createStep(const std::string& _step, bool _resultSoFar) {
   // The lone "%" of this line is required.
   traceLine("--- Quillmark_logging::createDirectory() Directory \"%%\" didn't exist. Trying to create it.\r\n");
   platform::ErrorCode error = platform::noError;
-  if (platform::createFolder(_step, error)) {
-    traceLine("--- Quillmark_logging::createDirectory() Directory %s succesfully created.\r\n", _step.c_str());
-    return true;
-  }
-  if (error == platform::errorAlreadyExists) {
-    traceLine(
-        "-!- Quillmark_logging::createDirectory() ERROR: GetLastError() returned %d. Requested directory already "
-        "exists.\r\n",
-        static_cast<int>(error));
-    return true;
-  }
-  if (error == platform::noError) return _resultSoFar;
-  traceLine(
-      "-!- Quillmark_logging::createDirectory() ERROR: GetLastError() returned %d. Failed to create requested "
-      "directory.\r\n",
-      static_cast<int>(error));
-  return false;
+  const bool created = platform::createFolder(_step, error);
+  return folderStepResult(_step, created, error, _resultSoFar);
 }
 
 void traceKindAndPermission(const std::string& _fileWithPath) {
