@@ -56,6 +56,7 @@ void AppenderGate::leave(const Callable& _appender) {
 }
 
 void AppenderGate::passOnLeft(const Callable& _appender) {
+  if (!isLeft_.load()) return;
   Left left;
   while (takeLeft(left)) {
     const MessageScope scope(threadState(), left.time);

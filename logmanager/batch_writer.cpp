@@ -48,8 +48,9 @@ BatchWriter::~BatchWriter() {
 void BatchWriter::append(const std::string& _text) {
   Lock lock = lockBriefly();
   cache_ += _text;
-  hasText_.store(true, std::memory_order_release);
-  const bool isToWake = std::exchange(isWaiting_, false);
+  if (!hasText_.load(std::memory_order_relaxed)) hasText_.store(true, std::memory_order_release);
+  const bool isToWake = isWaiting_;
+  if (isToWake) isWaiting_ = false;
   const Writer writer = writer_;
   if (writer == Writer::ended) deliverRest(lock);
   lock.unlock();

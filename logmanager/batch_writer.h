@@ -6,6 +6,7 @@
 #include <boost/thread/mutex.hpp>
 #include <boost/thread/thread.hpp>
 #include <chrono>
+#include <cstddef>
 #include <memory>
 #include <string>
 
@@ -40,6 +41,8 @@ class BatchWriter : public std::enable_shared_from_this<BatchWriter> {
   void restartInChild();
 
  private:
+  static constexpr std::size_t CACHE_LINE = 64;
+
   using Lock = boost::unique_lock<boost::mutex>;
   enum class Writer { none, running, ended };
 
@@ -58,11 +61,13 @@ class BatchWriter : public std::enable_shared_from_this<BatchWriter> {
   const appender wrapped_;
   const int sleepMs_;
 
-  boost::mutex lock_;
-  std::string cache_;
-  /// Whether the cache has text, for the thread to ask without the lock.
-  std::atomic<bool> hasText_{false};
+  /// Whether the cache has text, for the thread to ask without the lock. Apart from what callers write for every
+  /// message, as the thread goes on reading it while it polls.
+  alignas(CACHE_LINE) std::atomic<bool> hasText_{false};
   std::atomic<bool> isStopped_{false};
+
+  alignas(CACHE_LINE) boost::mutex lock_;
+  std::string cache_;
   Writer writer_ = Writer::none;
   /// Whether the thread has to be woken for a message.
   bool isWaiting_ = false;

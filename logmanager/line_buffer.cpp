@@ -6,20 +6,11 @@
 #include <limits>
 
 namespace boost::logging::detail {
-namespace {
-
-constexpr std::size_t LARGEST_KEPT_SIZE = 65536;
-
-}  // namespace
-
 LineBuffer::LineBuffer() : memory_(USUAL_SIZE, '\0') { putAreaFrom(0); }
 
-void LineBuffer::restart() {
-  if (memory_.size() > LARGEST_KEPT_SIZE) {
-    memory_.resize(USUAL_SIZE);
-    memory_.shrink_to_fit();
-  }
-  putAreaFrom(0);
+void LineBuffer::shrink() {
+  memory_.resize(USUAL_SIZE);
+  memory_.shrink_to_fit();
 }
 
 void LineBuffer::appendMuch(const char* _text, std::size_t _size) {

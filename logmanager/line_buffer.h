@@ -16,7 +16,10 @@ class LineBuffer : public std::streambuf {
   LineBuffer();
 
   /// Begins an empty text.
-  void restart();
+  void restart() {
+    if (memory_.size() > LARGEST_KEPT_SIZE) shrink();
+    setp(memory_.data(), memory_.data() + memory_.size());
+  }
 
   void append(const char* _text, std::size_t _size) {
     if (_size > USUAL_SIZE || static_cast<std::size_t>(epptr() - pptr()) < _size) {
@@ -37,8 +40,10 @@ class LineBuffer : public std::streambuf {
 
  private:
   static constexpr std::size_t USUAL_SIZE = 512;
+  static constexpr std::size_t LARGEST_KEPT_SIZE = 65536;
 
   void appendMuch(const char* _text, std::size_t _size);
+  void shrink();
   void grow(std::size_t _room);
   void putAreaFrom(std::size_t _size);
 

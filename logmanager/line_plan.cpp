@@ -73,7 +73,8 @@ void LinePlan::makeLine(ThreadState& _thread, std::string_view _logName, std::st
   for (std::size_t i = frontCount_; i-- > 0;)
     end = fronts_[i] == nullptr ? putPrefix(end, _logName) : put(end, time);
   end = put(end, _message);
-  std::fill_n(end, enterCount_, '\n');
+  for (std::size_t i = 0; i < enterCount_; ++i)
+    end[i] = '\n';
 }
 
 }  // namespace boost::logging::detail

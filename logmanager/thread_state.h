@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "platform/clock.h"
+
 namespace boost::logging::detail {
 
 struct Context;
@@ -39,6 +41,10 @@ struct ThreadState {
 ThreadState& threadState();
 
 /// The time of the message that the thread passes through callables, else the time now.
-std::int64_t messageTime(ThreadState& _state);
+inline std::int64_t messageTime(ThreadState& _state) {
+  if (_state.depth == 0) return platform::wallClockMilliseconds();
+  if (_state.messageTime == 0) _state.messageTime = platform::wallClockMilliseconds();
+  return _state.messageTime;
+}
 
 }  // namespace boost::logging::detail

@@ -12,10 +12,6 @@ file_appender::~file_appender() = default;
 
 void file_appender::operator()(const std::string& /*_logName*/, const std::string& _msg) { write(_msg); }
 
-void file_appender::write(const std::string& _msg) {
-  auto& out = file_->out;
-  out.write(_msg.data(), static_cast<std::streamsize>(_msg.size()));
-  out.flush();
-}
+void file_appender::write(const std::string& _msg) { file_->write(_msg); }
 
 }  // namespace boost::logging

@@ -24,7 +24,7 @@ void rolling_file_appender::write(const std::string& _msg) {
   if (max_size == 0) {
     return;
   }
-  const std::int64_t position = file().out.tellp();
+  const std::int64_t position = file().position();
   if (position < max_size) {
     return;
   }

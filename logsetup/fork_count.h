@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+
+/// How often the process, or the one that it was forked from, has forked since the first call: a parent and a child
+/// share the positions of the files that were open. Always 0 on Windows. May be called from any thread.
+std::uint64_t forkCount();
