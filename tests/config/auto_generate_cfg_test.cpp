@@ -64,6 +64,15 @@ TEST_F(AutoGenerate, TheGeneratedFileCanBeLookedUp) {
   EXPECT_EQ(value, "CA07");
 }
 
+TEST_F(AutoGenerate, FindsTheCaAmongTheNamesThatWereReadFirst) {
+  addFile("qmrk_logging_CA12.cfg");
+  EXPECT_TRUE(generator_.traverseDirectory(folder_.path(), "CA12"));
+  addFile("qmrk_logging_CA07.cfg");
+  EXPECT_TRUE(generator_.setCfgPath(folder_.path()));
+  EXPECT_TRUE(generator_.generateGenericCfgFile());
+  EXPECT_NE(readFile(generated_).find("REDIRECT_CA_NR=CA12"), std::string::npos);
+}
+
 TEST_F(AutoGenerate, WritesNothingWhenThereIsOnlyAGenericFile) {
   writeFile(generated_, "CA_NR=GE\n");
   generator_.setCfgPath(folder_.path());

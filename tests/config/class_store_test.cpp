@@ -257,6 +257,13 @@ TEST_F(ClassStore, TheLogRootNeedsACa) {
   EXPECT_EQ(root, sandbox_.appData());
 }
 
+TEST_F(ClassStore, TheLogRootMayBeTheStringThatNamesTheCa) {
+  sandbox_.writeCfg("CA12", "COMMON_LOG_FILE_ROOT=Own\n");
+  std::string text = "CA12";
+  EXPECT_TRUE(store_->getLogRootPath(text, text));
+  EXPECT_EQ(text, sandbox_.appData() + "\\Own");
+}
+
 // ---- Traces ----
 
 TEST_F(ClassStore, TracesAList) {

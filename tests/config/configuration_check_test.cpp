@@ -127,6 +127,28 @@ TEST_F(ConfigurationCheck, TheTraceOfTheFreeFunctionsEndsWithAGeneratedFileThatL
   EXPECT_EQ(console.text(), before);
 }
 
+TEST_F(ConfigurationCheck, TheGenerationIsTracedByTheLoadTimeValueAlone) {
+  sandbox_.writeCfg("CA07", "QMRK_TRACE=TRUE\n");
+  {
+    const testsupport::CapturedConsole console;
+    Quillmark_logging::setLoadTimeTrace(false);
+    Quillmark_logging::setFreeFunctionTrace(true);
+    EXPECT_TRUE(check("CA12"));
+    EXPECT_EQ(console.text().find("AutoGenerateCfg::"), std::string::npos);
+  }
+  testsupport::removeAll(sandbox_.cfgPath("GE"));
+  {
+    const testsupport::CapturedConsole console;
+    Quillmark_logging::setLoadTimeTrace(true);
+    Quillmark_logging::setFreeFunctionTrace(false);
+    EXPECT_TRUE(check("CA12"));
+    EXPECT_NE(console.text().find("==> AutoGenerateCfg::getCA()"), std::string::npos);
+    EXPECT_NE(console.text().find("<== AutoGenerateCfg::showDirContent()"), std::string::npos);
+  }
+  Quillmark_logging::setLoadTimeTrace(false);
+  Quillmark_logging::setFreeFunctionTrace(false);
+}
+
 TEST_F(ConfigurationCheck, FailsWhenNoFileCanBeGeneratedForLackOfACa) {
   EXPECT_FALSE(checkTraced("CA12"));
   EXPECT_EQ(ca_, "GE");
