@@ -23,7 +23,7 @@ constexpr int POLL_MS = 5;
 /// How often a caller tries to get the lock, which is held for some instructions only, before it lets itself be
 /// suspended.
 constexpr int LOCK_TRIES = 100;
-constexpr std::size_t LARGEST_KEPT_SIZE = 8 * 1024 * 1024;
+constexpr std::size_t LARGEST_KEPT_SIZE = std::size_t{8} * 1024 * 1024;
 
 /// Keeps for ever, where a leak checker finds it, what cannot be destroyed.
 template <typename T>

@@ -12,9 +12,9 @@ void EnableRules::set(const NamePattern& _pattern, bool _enabled) {
 }
 
 void EnableRules::setForAll(bool _enabled) {
-  constexpr std::uint64_t FEW = 64;
+  constexpr std::uint64_t few = 64;
   const std::uint64_t callsSinceLast = sequence_ - forAll_.sequence;
-  if (rules_.size() > 2 * callsSinceLast + FEW) rules_.clear();
+  if (rules_.size() > 2 * callsSinceLast + few) rules_.clear();
   forAll_ = Rule{++sequence_, _enabled};
 }
 

@@ -15,7 +15,7 @@ struct Log;
 /// empty, no more messages than bytes); the oldest are dropped first. Not synchronised.
 class MessageCache {
  public:
-  static constexpr std::size_t USUAL_LIMIT = 1024 * 1024;
+  static constexpr std::size_t USUAL_LIMIT = std::size_t{1024} * 1024;
 
   explicit MessageCache(std::size_t _limit = USUAL_LIMIT) : limit_(_limit) {}
 

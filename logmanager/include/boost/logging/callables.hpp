@@ -22,10 +22,10 @@ class LinePlan;
 /// Writes a finished message somewhere. An exception does not reach the logging statement: it is counted and told on
 /// the standard error stream at most once a minute. An appender that was added once is never entered by two threads at
 /// the same time, unless it is write_to_cout, a write_to_file or a ts_appender.
-using appender = boost::function<void(const std::string& _logName, const std::string& _message)>;
+using appender = boost::function<void(const std::string& /*log_name*/, const std::string& /*message*/)>;
 
 /// Changes a message in place. It may be entered by several threads at once. Exceptions as above.
-using modifier = boost::function<void(const std::string& _logName, std::string& _message)>;
+using modifier = boost::function<void(const std::string& /*log_name*/, std::string& /*message*/)>;
 
 /// Appender: writes the message to the standard output (std::cout) and flushes it. Messages of several threads stay
 /// whole.

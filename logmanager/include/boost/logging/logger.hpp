@@ -49,9 +49,11 @@ class logger {
 
 /// QMRK_LOG(log) << "size " << n; logs a message on the boost::logging::logger. Nothing after the macro is evaluated
 /// when the log is off. It is an expression, and safe as the only statement of an if or else.
+// NOLINTBEGIN(bugprone-macro-parentheses): what follows the macro belongs to its last operand
 #define QMRK_LOG(log)        \
   !((log).is_enabled())      \
       ? static_cast<void>(0) \
       : ::boost::logging::detail::finish_statement() & ::boost::logging::detail::statement(log).stream()
+// NOLINTEND(bugprone-macro-parentheses)
 
 #endif
