@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "tests/control/listener_fixture.h"
+#include "tests/support/virtual_slot.h"
 
 namespace {
 
@@ -229,6 +230,14 @@ TEST_F(LogEventHandlerTest, RunsTheBodyOfADerivedClassAndTakesItsResultAsExitCod
   ASSERT_EQ(waitForThread(handler->getThreadHandle(), 30'000), waitObject);
   EXPECT_TRUE(handler->hadNullArgument());
   EXPECT_EQ(exitCodeOf(handler->getThreadHandle()), 77U);
+}
+
+struct Revealing : LogEventHandler {
+  using LogEventHandler::listen4EventThread;
+};
+
+TEST_F(LogEventHandlerTest, HasTheBodyOfItsThreadAfterTheDestructorAmongItsVirtualOperations) {
+  EXPECT_EQ(testsupport::virtualSlot(&Revealing::listen4EventThread), 2U);
 }
 
 TEST_F(LogEventHandlerTest, IsSilentWhileTheTraceIsOff) {

@@ -8,6 +8,7 @@
 
 #include "tests/support/as_unprivileged_user.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/virtual_slot.h"
 
 namespace {
 
@@ -174,6 +175,12 @@ TEST_F(RollingFileAppender, TwoAppendersOnOneFileBothAppend) {
   second.write("2");
   first.write("3");
   EXPECT_EQ(readFile(name()), "123");
+}
+
+TEST_F(RollingFileAppender, ItsVirtualOperationsComeInTheirOrderAfterTheDestructor) {
+  EXPECT_EQ(testsupport::virtualSlot(&boost::logging::file_appender::write), 2U);
+  EXPECT_EQ(testsupport::virtualSlot(&rolling_file_appender::write), 2U);
+  EXPECT_EQ(testsupport::virtualSlot(&rolling_file_appender::roll), 3U);
 }
 
 // Failures. Each is one of the file system, not of a stand-in.

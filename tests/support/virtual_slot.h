@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+namespace testsupport {
+
+/// The place of a virtual operation in the table of its class, counted from 0, in which a destructor takes two (the
+/// C++ ABI of g++ and clang on x86-64, also on Windows: a pointer to a virtual member begins with its offset plus 1).
+template <class Member>
+std::size_t virtualSlot(Member _member) {
+  std::uintptr_t offset = 0;
+  static_assert(sizeof _member == 2 * sizeof offset);
+  std::memcpy(&offset, &_member, sizeof offset);
+  return (offset - 1) / sizeof(void*);
+}
+
+}  // namespace testsupport
