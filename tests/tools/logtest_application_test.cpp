@@ -121,6 +121,7 @@ TEST_F(LogTestApplication, EndsWithTwoOnAWrongCommandLine) {
                                              {"--overwrite"},
                                              {"--listen", "1", "--lines", "1"},
                                              {"--listen", "-1"},
+                                             {"--listen", "nan"},
                                              {"--app"}}) {
     const ChildResult result = run(arguments);
     EXPECT_EQ(result.exitCode, 2) << arguments[0];

@@ -2,6 +2,7 @@
 #include "tools/logtest/options.h"
 
 #include <CLI/CLI.hpp>
+#include <cmath>
 #include <iostream>
 
 namespace logtest {
@@ -13,6 +14,12 @@ constexpr char description[] =
 
 constexpr int mostLines = 1000000;
 constexpr double mostSeconds = 1000000;
+
+// What is not a number ("nan") is in every range.
+std::string isNumber(const std::string& _text) {
+  double value = 0;
+  return CLI::detail::lexical_cast(_text, value) && !std::isnan(value) ? "" : _text + " is not a number";
+}
 
 CLI::Option* addSetUpOptions(CLI::App& _app, Options& _options) {
   _app.add_flag("--cout", _options.writeToCout, "log to the standard output too");
@@ -40,6 +47,7 @@ void addLineOptions(CLI::App& _app, Options& _options) {
                   "every 100 ms, for so long")
       ->type_name("SECONDS")
       ->check(CLI::Range(0.0, mostSeconds))
+      ->check(isNumber)
       ->excludes(lines);
   _app.add_flag("--stamps", _options.stamps, "put process, thread and location in front of each line");
 }
