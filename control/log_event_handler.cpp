@@ -93,8 +93,9 @@ void LogEventHandler::setLogEventName(const char* _logEventName) { store(logEven
 void LogEventHandler::setLogEventName(std::string _logEventName) { store(logEventName_, _logEventName.c_str()); }
 
 int LogEventHandler::runProcess(void* _box) {
-  const std::unique_ptr<LogEventHandler*> box(static_cast<LogEventHandler**>(_box));
-  return static_cast<int>((*box)->listen4EventThread(nullptr));
+  // The box is freed before the call, out of which the thread may be terminated.
+  LogEventHandler* const handler = *std::unique_ptr<LogEventHandler*>(static_cast<LogEventHandler**>(_box));
+  return static_cast<int>(handler->listen4EventThread(nullptr));
 }
 
 Quillmark_logging::dword LogEventHandler::listen4EventThread(void* /*_argument*/) {
