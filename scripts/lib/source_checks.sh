@@ -10,10 +10,11 @@ check_format() {
   cxx_files | xargs clang-format-14 --dry-run -Werror --style=file
 }
 
-# check_tidy: every source of ours in the compile database of linux-release, two at a time on two cores.
+# check_tidy: every source of ours in the compile database of linux-tidy, where the sources of a test program stand
+# together in one; the longest first, on all cores.
 check_tidy() {
-  local database="$ROOT/build/linux-release/compile_commands.json"
-  [ -f "$database" ] || { echo "$database is missing"; return 1; }
-  sed -n 's/^ *"file": "\(.*\)",\{0,1\}$/\1/p' "$database" | sort -u | grep -v "^$ROOT/build/" |
-    xargs -P "$(nproc)" -n 1 clang-tidy-14 -p "$ROOT/build/linux-release" --quiet
+  local build="$ROOT/build/linux-tidy"
+  (cd "$ROOT" && cmake --preset linux-tidy) >/dev/null || return
+  sed -n 's/^ *"file": "\(.*\)",\{0,1\}$/\1/p' "$build/compile_commands.json" | sort -u | grep -v "/build/[^/]*/[^/]*$" |
+    xargs -P "$(nproc)" -n 1 clang-tidy-14 -p "$build" --quiet
 }

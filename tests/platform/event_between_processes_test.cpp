@@ -18,8 +18,8 @@ using namespace platform;
 using testsupport::CompanionProcess;
 using testsupport::rounds;
 
-constexpr char name[] = "QMRK_EVENT_TEST";
-const std::string createIt = std::string("create ") + name;
+constexpr char sharedEvent[] = "QMRK_EVENT_TEST";
+const std::string createIt = std::string("create ") + sharedEvent;
 
 class EventBetweenProcesses : public ::testing::Test {
  protected:
@@ -48,7 +48,7 @@ TEST_F(EventBetweenProcesses, SettingWakesAWaiterOfAnotherProcess) {
   ASSERT_EQ(waiter.ask(createIt), "created");
   waiter.send("wait 30000");
   ASSERT_TRUE(waiter.waitUntilAsleep());
-  const Handle event = openEvent(name);
+  const Handle event = openEvent(sharedEvent);
   EXPECT_TRUE(setEvent(event));
   EXPECT_EQ(waiter.readLine(), "0");
   EXPECT_EQ(waiter.ask("reset"), "true");
@@ -77,7 +77,7 @@ TEST_F(EventBetweenProcesses, IsGoneWhenAllItsUsersWereKilled) {
   for (CompanionProcess& user : users) {
     user.kill();
   }
-  const Handle event = createEvent(name);
+  const Handle event = createEvent(sharedEvent);
   EXPECT_EQ(lastError(), noError);
   EXPECT_EQ(waitForEvent(event, 0), waitTimeout);
   EXPECT_TRUE(closeHandle(event));
@@ -87,7 +87,7 @@ TEST_F(EventBetweenProcesses, IsNotOpenedWhenItsOnlyUserWasKilled) {
   CompanionProcess user = actor();
   ASSERT_EQ(user.ask(createIt), "created");
   user.kill();
-  EXPECT_EQ(openEvent(name), nullptr);
+  EXPECT_EQ(openEvent(sharedEvent), nullptr);
   EXPECT_EQ(lastError(), errorFileNotFound);
 }
 
@@ -96,7 +96,7 @@ TEST_F(EventBetweenProcesses, IsCreatedByExactlyOneOfEightThatRaceTwoThousandTim
   auto racers = actors(8);
   for (int round = 0; round < rounds(2000); ++round) {
     const auto moment = std::chrono::steady_clock::now() + std::chrono::microseconds(300);
-    const std::string command = std::string("createAt ") + name + " " +
+    const std::string command = std::string("createAt ") + sharedEvent + " " +
                                 std::to_string(std::chrono::nanoseconds(moment.time_since_epoch()).count());
     std::vector<std::string> answers;
     for (CompanionProcess& racer : racers) {
@@ -117,7 +117,7 @@ TEST_F(EventBetweenProcesses, IsCreatedByExactlyOneOfEightThatRaceTwoThousandTim
 // of them can look.
 TEST_F(EventBetweenProcesses, SettingAndResettingAtOnceLosesNoneOfFourWaiters) {
   if (testsupport::cannotRunUnderWine("Wine does not tell whether a thread of another process waits")) return;
-  const Handle event = createEvent(name);
+  const Handle event = createEvent(sharedEvent);
   auto waiters = actors(4);
   for (CompanionProcess& waiter : waiters) {
     ASSERT_EQ(waiter.ask(createIt), "existing");
@@ -143,7 +143,7 @@ TEST_F(EventBetweenProcesses, SettingAndResettingAtOnceLosesNoneOfFourWaiters) {
 TEST_F(EventBetweenProcesses, LeavesNoStaleStateInAHundredThousandOpensUnderKills) {
   auto users = actors(8);
   for (CompanionProcess& user : users) {
-    user.send(std::string("churn ") + name);
+    user.send(std::string("churn ") + sharedEvent);
   }
   std::mt19937 random(20261121);
   long opens = 0;
@@ -157,10 +157,10 @@ TEST_F(EventBetweenProcesses, LeavesNoStaleStateInAHundredThousandOpensUnderKill
     user.kill();
     ++kills;
     user = actor();
-    user.send(std::string("churn ") + name);
+    user.send(std::string("churn ") + sharedEvent);
   }
   users.clear();
-  const Handle event = createEvent(name);
+  const Handle event = createEvent(sharedEvent);
   EXPECT_EQ(lastError(), noError);
   EXPECT_EQ(waitForEvent(event, 0), waitTimeout);
   EXPECT_TRUE(closeHandle(event));

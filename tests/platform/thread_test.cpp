@@ -16,7 +16,7 @@ namespace {
 using namespace platform;
 using testsupport::FaultPlan;
 
-constexpr char name[] = "QMRK_THREAD_TEST";
+constexpr char threadEvent[] = "QMRK_THREAD_TEST";
 
 class Thread : public ::testing::Test {
  protected:
@@ -27,7 +27,7 @@ std::uint32_t returnNumber(void* _number) { return *static_cast<std::uint32_t*>(
 
 // Creates the event, announces it by setting the flag, and waits for ever.
 std::uint32_t waitForever(void* _isWaiting) {
-  const Handle event = createEvent(name);
+  const Handle event = createEvent(threadEvent);
   static_cast<std::atomic<bool>*>(_isWaiting)->store(true);
   waitForEvent(event, platform::waitForever);
   closeHandle(event);
@@ -79,7 +79,7 @@ TEST_F(Thread, IsStillActiveAndTimesOutWhileItRuns) {
   std::uint32_t code = 0;
   EXPECT_TRUE(threadExitCode(thread, code));
   EXPECT_EQ(code, stillActive);
-  const Handle event = openEvent(name);
+  const Handle event = openEvent(threadEvent);
   setEvent(event);
   EXPECT_EQ(waitForThread(thread, platform::waitForever), waitObject);
   EXPECT_TRUE(closeHandle(event));
@@ -130,7 +130,7 @@ TEST_F(Thread, RunsOnWhenItsHandleIsClosed) {
   const Handle second = duplicateHandle(thread);
   waitFor(isWaiting);
   EXPECT_TRUE(closeHandle(thread));
-  const Handle event = openEvent(name);
+  const Handle event = openEvent(threadEvent);
   setEvent(event);
   EXPECT_EQ(waitForThread(second, platform::waitForever), waitObject);
   std::uint32_t code = 42;

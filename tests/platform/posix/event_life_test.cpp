@@ -19,14 +19,14 @@ using namespace platform;
 using testsupport::CompanionProcess;
 using testsupport::SleepingChild;
 
-constexpr char name[] = "QMRK_EVENT_TEST";
+constexpr char livingEvent[] = "QMRK_EVENT_TEST";
 
 class EventLife : public ::testing::Test {
  protected:
   static void SetUpTestSuite() { testsupport::usePrivateEvents(); }
 
   static bool createsAnew() {
-    const Handle event = createEvent(name);
+    const Handle event = createEvent(livingEvent);
     const bool isNew = event != nullptr && lastError() == noError && waitForEvent(event, 0) == waitTimeout;
     closeHandle(event);
     return isNew;
@@ -34,7 +34,7 @@ class EventLife : public ::testing::Test {
 };
 
 TEST_F(EventLife, IsNotProlongedByAForkedChild) {
-  const Handle event = createEvent(name);
+  const Handle event = createEvent(livingEvent);
   ASSERT_TRUE(setEvent(event));
   const SleepingChild child([] {});
   EXPECT_TRUE(closeHandle(event));
@@ -43,14 +43,14 @@ TEST_F(EventLife, IsNotProlongedByAForkedChild) {
 
 TEST_F(EventLife, IsNotProlongedByAChildWhoseParentWasKilled) {
   SleepingChild parent([] {
-    setEvent(createEvent(name));
+    setEvent(createEvent(livingEvent));
     if (::fork() == 0) {
       // Ends by itself when the test is over.
       ::alarm(20);
       ::pause();
     }
   });
-  const Handle event = openEvent(name);
+  const Handle event = openEvent(livingEvent);
   ASSERT_EQ(waitForEvent(event, 0), waitObject);
   ASSERT_TRUE(closeHandle(event));
   parent.kill();
@@ -58,10 +58,10 @@ TEST_F(EventLife, IsNotProlongedByAChildWhoseParentWasKilled) {
 }
 
 TEST_F(EventLife, IsNotEndedByAForkedChildThatEnds) {
-  const Handle event = createEvent(name);
+  const Handle event = createEvent(livingEvent);
   ASSERT_TRUE(setEvent(event));
   EXPECT_EQ(testsupport::inForkedChild([] { return 0; }), 0);
-  const Handle second = createEvent(name);
+  const Handle second = createEvent(livingEvent);
   EXPECT_EQ(lastError(), errorAlreadyExists);
   EXPECT_EQ(waitForEvent(second, 0), waitObject);
   EXPECT_TRUE(closeHandle(second));
@@ -69,11 +69,11 @@ TEST_F(EventLife, IsNotEndedByAForkedChildThatEnds) {
 }
 
 TEST_F(EventLife, IsOutOfReachOfAForkedChildUntilThatOpensIt) {
-  const Handle event = createEvent(name);
+  const Handle event = createEvent(livingEvent);
   EXPECT_EQ(testsupport::inForkedChild([event] {
               if (setEvent(event) || lastError() != errorInvalidHandle) return 1;
               if (waitForEvent(event, 0) != waitFailed || closeHandle(event)) return 2;
-              const Handle own = openEvent(name);
+              const Handle own = openEvent(livingEvent);
               return own != nullptr && own != event && setEvent(own) && closeHandle(own) ? 0 : 3;
             }),
             0);
@@ -82,11 +82,11 @@ TEST_F(EventLife, IsOutOfReachOfAForkedChildUntilThatOpensIt) {
 }
 
 TEST_F(EventLife, IsNotProlongedByAHandleThatATerminatedThreadHasLeft) {
-  const Handle before = createEvent(name);
+  const Handle before = createEvent(livingEvent);
   std::uint32_t id = 0;
   const Handle thread = createThread(
       [](void*) {
-        const Handle event = createEvent(name);
+        const Handle event = createEvent(livingEvent);
         return waitForEvent(event, waitForever);
       },
       nullptr, id);
@@ -100,7 +100,7 @@ TEST_F(EventLife, TakesOneFileAndOneMappingOnlyWhileAHandleIsOpen) {
   ASSERT_TRUE(createsAnew());
   const auto before = testsupport::processResources();
   for (int round = 0; round < 1000; ++round) {
-    const Handle event = createEvent(name);
+    const Handle event = createEvent(livingEvent);
     const Handle second = duplicateHandle(event);
     const auto open = testsupport::processResources();
     ASSERT_EQ(open.files, before.files + 1);
@@ -113,10 +113,10 @@ TEST_F(EventLife, TakesOneFileAndOneMappingOnlyWhileAHandleIsOpen) {
 }
 
 TEST_F(EventLife, GoesOnAfterALogOutHasRemovedItsFile) {
-  const Handle event = createEvent(name);
+  const Handle event = createEvent(livingEvent);
   testsupport::removeAll(eventFolderPath());
   CompanionProcess other({QMRK_EVENT_ACTOR});
-  ASSERT_EQ(other.ask(std::string("create ") + name), "created");
+  ASSERT_EQ(other.ask(std::string("create ") + livingEvent), "created");
   EXPECT_TRUE(setEvent(event));
   EXPECT_EQ(other.ask("wait 10000"), "0");
   EXPECT_EQ(other.ask("reset"), "true");
@@ -129,11 +129,11 @@ TEST_F(EventLife, GoesOnAfterALogOutHasRemovedItsFile) {
 // Takes the half minute after which a waiter looks whether its file is still in place.
 TEST_F(EventLife, WaiterFindsTheEventThatWasMadeAnewAfterALogOut) {
   CompanionProcess waiter({QMRK_EVENT_ACTOR});
-  ASSERT_EQ(waiter.ask(std::string("create ") + name), "created");
+  ASSERT_EQ(waiter.ask(std::string("create ") + livingEvent), "created");
   waiter.send("wait 120000");
   ASSERT_TRUE(waiter.waitUntilAsleep());
   testsupport::removeAll(eventFolderPath());
-  const Handle event = createEvent(name);
+  const Handle event = createEvent(livingEvent);
   EXPECT_EQ(lastError(), noError);
   EXPECT_TRUE(setEvent(event));
   EXPECT_EQ(waiter.readLine(60'000), "0");

@@ -16,7 +16,7 @@ namespace {
 
 using namespace platform;
 
-constexpr char name[] = "QMRK_THREAD_TEST";
+constexpr char endEvent[] = "QMRK_THREAD_TEST";
 constexpr unsigned int nobody = 65534;
 constexpr int tryAgain = 11;  // EAGAIN, which has no Windows counterpart
 
@@ -29,7 +29,7 @@ struct Work {
 
 std::uint32_t workOnce(void* _work) {
   auto& work = *static_cast<Work*>(_work);
-  const Handle event = createEvent(name);
+  const Handle event = createEvent(endEvent);
   waitForEvent(event, waitForever);
   work.hasBegun = true;
   while (!work.mayEnd) {
@@ -49,7 +49,7 @@ class ThreadEnd : public ::testing::Test {
 TEST_F(ThreadEnd, ComesOnlyWhenTheThreadWaitsForAnEvent) {
   Work work;
   std::uint32_t id = 0;
-  const Handle event = createEvent(name);
+  const Handle event = createEvent(endEvent);
   ASSERT_TRUE(setEvent(event));
   const Handle thread = createThread(workOnce, &work, id);
   while (!work.hasBegun) {
@@ -78,7 +78,7 @@ TEST_F(ThreadEnd, UnwindsTheStack) {
   const Handle thread = createThread(
       [](void* _unwound) {
         const Mark mark{*static_cast<std::atomic<bool>*>(_unwound)};
-        return waitForEvent(createEvent(name), waitForever);
+        return waitForEvent(createEvent(endEvent), waitForever);
       },
       &unwound, id);
   EXPECT_TRUE(terminateThread(thread, 1));
@@ -94,7 +94,7 @@ TEST_F(ThreadEnd, ComesToAThreadThatTerminatesItselfAtItsNextWait) {
       [](void* _shared) {
         waitForEvent(openEvent("QMRK_THREAD_TEST.start"), waitForever);
         EXPECT_TRUE(terminateThread(*static_cast<std::atomic<Handle>*>(_shared), 5));
-        waitForEvent(createEvent(name), waitForever);
+        waitForEvent(createEvent(endEvent), waitForever);
         return 42U;
       },
       &shared, id);
@@ -111,10 +111,10 @@ TEST_F(ThreadEnd, ComesToAThreadThatTerminatesItselfAtItsNextWait) {
 TEST_F(ThreadEnd, LeavesNothingBehindHoweverItComes) {
   const auto once = [](bool _terminate) {
     std::uint32_t id = 0;
-    const Handle event = createEvent(name);
+    const Handle event = createEvent(endEvent);
     const Handle thread = createThread(
         [](void*) {
-          const Handle own = createEvent(name);
+          const Handle own = createEvent(endEvent);
           waitForEvent(own, waitForever);
           closeHandle(own);
           return 0U;
