@@ -51,6 +51,7 @@ std::vector<SubjectEntry> subjectEntries();
 // Every subject's own file has one of these.
 std::unique_ptr<Subject> makeRaw();
 std::unique_ptr<Subject> makeQmrk();
+std::unique_ptr<Subject> makeQmrkFormatted();
 std::unique_ptr<Subject> makeSpdlog();
 std::unique_ptr<Subject> makeLog4cplus();
 std::unique_ptr<Subject> makeLog4cxx();

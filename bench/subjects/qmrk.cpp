@@ -5,6 +5,7 @@
 
 #include "bench/message.h"
 #include "bench/subject.h"
+#include "boost/logging/format.hpp"
 #include "boost/logging/logging.hpp"
 #include "logsetup/rolling_file_appender.h"
 
@@ -17,7 +18,7 @@ constexpr int index = 100;
 constexpr unsigned int on = 0;
 constexpr unsigned int off = 4294967295U;
 
-class Qmrk final : public Subject {
+class Qmrk : public Subject {
  public:
   bool openPlain(const std::string& _file) override { return connect(logging::write_to_file(_file, false)); }
 
@@ -76,8 +77,32 @@ class Qmrk final : public Subject {
   std::vector<std::string> patterns_;
 };
 
+/// The same by the form with a format.
+class QmrkFormatted final : public Qmrk {
+ public:
+  void logLines(int _count) override {
+    static const logging::logger log(logName);
+    for (int i = 0; i < _count; ++i) {
+      QMRK_LOGF(log, BENCH_MESSAGE_HEAD "{}" BENCH_MESSAGE_TAIL, firstInteger + i);
+    }
+  }
+
+  bool logOffLines(int _count) override {
+    static const logging::logger log("App.Module.debug");
+    logging::enable_logs(logging::get_default_log_manager(), log.name(), off);
+    for (int i = 0; i < _count; ++i) {
+      QMRK_LOGF(log, BENCH_MESSAGE_HEAD "{}" BENCH_MESSAGE_TAIL, firstInteger + i);
+    }
+    return true;
+  }
+
+  bool makeLogs(int /*_logs*/) override { return false; }
+};
+
 }  // namespace
 
 std::unique_ptr<Subject> makeQmrk() { return std::make_unique<Qmrk>(); }
+
+std::unique_ptr<Subject> makeQmrkFormatted() { return std::make_unique<QmrkFormatted>(); }
 
 }  // namespace bench

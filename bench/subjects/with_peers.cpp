@@ -5,8 +5,14 @@ namespace bench {
 
 std::vector<SubjectEntry> subjectEntries() {
   return {
-      {"raw", makeRaw},         {"qmrk", makeQmrk},          {"spdlog", makeSpdlog}, {"log4cplus", makeLog4cplus},
-      {"log4cxx", makeLog4cxx}, {"Boost.Log", makeBoostLog}, {"glog", makeGlog},
+      {"raw", makeRaw},
+      {"qmrk", makeQmrk},
+      {"qmrk-fmt", makeQmrkFormatted},
+      {"spdlog", makeSpdlog},
+      {"log4cplus", makeLog4cplus},
+      {"log4cxx", makeLog4cxx},
+      {"Boost.Log", makeBoostLog},
+      {"glog", makeGlog},
   };
 }
 

@@ -3,6 +3,8 @@
 
 namespace bench {
 
-std::vector<SubjectEntry> subjectEntries() { return {{"raw", makeRaw}, {"qmrk", makeQmrk}}; }
+std::vector<SubjectEntry> subjectEntries() {
+  return {{"raw", makeRaw}, {"qmrk", makeQmrk}, {"qmrk-fmt", makeQmrkFormatted}};
+}
 
 }  // namespace bench
