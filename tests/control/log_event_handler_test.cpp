@@ -257,8 +257,8 @@ TEST_F(LogEventHandlerTest, IsSilentWhileTheTraceIsOff) {
 
 }  // namespace
 
-// A box is left alone on purpose when its thread could not be started.
-extern "C" __attribute__((visibility("default"))) const char*
-__lsan_default_suppressions() {  // NOLINT(bugprone-reserved-identifier): the sanitizer's name
+// A box is left alone on purpose when its thread could not be started. The name is the sanitizer's.
+// NOLINTNEXTLINE(bugprone-reserved-identifier,readability-identifier-naming)
+extern "C" __attribute__((visibility("default"))) const char* __lsan_default_suppressions() {
   return "leak:LogEventHandler::createWorkerThread\n";
 }
