@@ -31,6 +31,7 @@ int runWorkload(int _argc, char** _argv, int _defaultCount,
   app.add_option("--folder", options.folder)->required()->check(CLI::ExistingDirectory);
   app.add_option("--count", options.count)->check(CLI::PositiveNumber);
   app.add_option("--threads", options.threads)->check(CLI::PositiveNumber);
+  app.add_option("--rounds", options.rounds)->check(CLI::PositiveNumber);
   CLI11_PARSE(app, _argc, _argv);
   const std::unique_ptr<Subject> subject = makeSubject(name);
   return _workload(*subject, options) ? 0 : notSupported;

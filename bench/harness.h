@@ -9,11 +9,13 @@
 
 namespace bench {
 
-/// What a workload program is called with: --subject NAME --folder DIR [--count N] [--threads N].
+/// What a workload program is called with: --subject NAME --folder DIR [--count N] [--threads N]
+/// [--rounds N].
 struct Options {
   std::string folder;
   int count = 0;
   int threads = 1;
+  int rounds = 10;
 
   std::string file() const { return folder + "/bench.log"; }
 };

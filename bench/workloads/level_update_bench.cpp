@@ -8,12 +8,11 @@ int main(int _argc, char** _argv) {
       return false;
     }
     _subject.updateLevels(_options.count);
-    constexpr int rounds = 10;
     const auto start = bench::nanoseconds();
-    for (int i = 0; i < rounds; ++i) {
+    for (int i = 0; i < _options.rounds; ++i) {
       _subject.updateLevels(_options.count);
     }
-    bench::report("us_per_update", static_cast<double>(bench::nanoseconds() - start) / rounds / 1e3);
+    bench::report("us_per_update", static_cast<double>(bench::nanoseconds() - start) / _options.rounds / 1e3);
     return true;
   });
 }
