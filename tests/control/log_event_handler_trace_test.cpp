@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <iomanip>
+#include <locale>
 #include <regex>
 
 #include "tests/control/listener_fixture.h"
@@ -74,6 +75,17 @@ TEST_F(LogEventHandlerTrace, WritesNumbersInDecimalWhateverTheFlagsOfTheStream) 
   std::cout << std::hex << std::showbase << std::setfill('#');
   withoutThread();
   std::cout << std::dec << std::noshowbase << std::setfill(' ');
+  EXPECT_EQ(cout_.count("==> LogEventHandler::~LogEventHandler() timeout_=1000\n"), 1);
+}
+
+TEST_F(LogEventHandlerTrace, HasNoSeparatorsOfThousandsInAnyLocale) {
+  struct Grouping : std::numpunct<char> {
+    char do_thousands_sep() const override { return '.'; }
+    std::string do_grouping() const override { return "\3"; }
+  };
+  const std::locale before = std::locale::global(std::locale(std::locale::classic(), new Grouping));
+  withoutThread();
+  std::locale::global(before);
   EXPECT_EQ(cout_.count("==> LogEventHandler::~LogEventHandler() timeout_=1000\n"), 1);
 }
 
