@@ -15,8 +15,8 @@ station_application_log() {
     printf '  %s\n' "${file#"$LOG_FOLDER/"}"
     show "$file"
   done
-  say 'A file with 100 bytes or more, here after every third line, became "Shop_log.txt.1", what was ".1" became ".2".' \
-    'With lines 1 to 3 the oldest file is gone, since three files are kept.'
+  say 'A file that had reached its limit, here after every third line, became "Shop_log.txt.1", and what was ".1"' \
+    'became ".2". With lines 1 to 3 the oldest file is gone, since three files are kept.'
   reset_examples
 }
 

@@ -257,8 +257,8 @@ TEST_F(LogEventHandlerTest, IsSilentWhileTheTraceIsOff) {
 
 }  // namespace
 
-// A box is left alone on purpose when its thread could not be started. The name is the sanitizer's.
-// NOLINTNEXTLINE(bugprone-reserved-identifier,readability-identifier-naming)
+// A box is left alone on purpose when its thread could not be started.
+// NOLINTNEXTLINE(bugprone-reserved-identifier,readability-identifier-naming): the name is the sanitizer's
 extern "C" __attribute__((visibility("default"))) const char* __lsan_default_suppressions() {
   return "leak:LogEventHandler::createWorkerThread\n";
 }
