@@ -2,23 +2,24 @@
 # SPDX-License-Identifier: MIT
 """Runs every workload for every subject in turn, several rounds, and writes docs/performance.md with its plot.
 
-usage: bench/compare.py BUILD_FOLDER [--rounds N] [--out DOCS_FOLDER]
+What was measured is kept in BUILD_FOLDER/figures.json. With --only nothing but the figures of some workloads is printed;
+with --render the page is written again from kept figures.
+
+usage: bench/compare.py BUILD_FOLDER [--rounds N] [--out DOCS_FOLDER] [--only A,B,...] [--render]
 """
 import argparse
-import datetime
-import os
+import json
 import pathlib
-import platform
 import shutil
 import statistics
 import subprocess
 import sys
 import tempfile
 
-from workloads import LIBRARY_WORKLOADS, PEERS, WORKLOADS
+import instructions
+import machine
 import page
-
-NOT_SUPPORTED = 3
+from workloads import EVERYBODY, LIBRARY_WORKLOADS, WORKLOADS
 
 
 def run_once(program, subject, arguments, folder):
@@ -30,7 +31,7 @@ def run_once(program, subject, arguments, folder):
             stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True, timeout=300, check=False)
     finally:
         shutil.rmtree(run_folder, ignore_errors=True)
-    if done.returncode == NOT_SUPPORTED:
+    if done.returncode == instructions.NOT_SUPPORTED:
         return None
     if done.returncode != 0:
         sys.exit(f"{program} --subject {subject} failed ({done.returncode}):\n{done.stderr}")
@@ -40,7 +41,7 @@ def run_once(program, subject, arguments, folder):
 def run_workload(build, workload, rounds, folder):
     """{subject: {metric: [a value per round]}}, the subjects interleaved round by round."""
     figures = {}
-    subjects = [s for s in ["raw", "qmrk", *PEERS] if s in workload.subjects]
+    subjects = list(workload.subjects)
     for _ in range(rounds):
         for subject in list(subjects):
             values = run_once(f"{build}/bench/{workload.program}", subject, workload.arguments, folder)
@@ -49,49 +50,42 @@ def run_workload(build, workload, rounds, folder):
                 continue
             for metric, value in values.items():
                 figures.setdefault(subject, {}).setdefault(metric, []).append(value)
-    print(f"{workload.key}: {workload.title}", flush=True)
     return figures
 
 
-def instructions(build, subject, count, folder):
-    """Instructions that callgrind counts for a run of that many disabled statements."""
-    out = f"{folder}/callgrind.out"
-    program = f"{build}/bench/disabled_statement_bench"
-    done = subprocess.run(
-        ["valgrind", "--tool=callgrind", f"--callgrind-out-file={out}", program, "--subject", subject, "--folder",
-         folder, "--count", str(count)], stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True, check=False)
-    if done.returncode == NOT_SUPPORTED:
-        return None
-    if done.returncode != 0:
-        sys.exit(f"callgrind of {program} --subject {subject} failed:\n{done.stderr}")
-    with open(out, encoding="utf-8") as lines:
-        return next(int(line.split()[1]) for line in lines if line.startswith("summary:"))
+def instructions_per_statement(build):
+    counts = {subject: instructions.of_disabled_statement(build, subject) for subject in EVERYBODY}
+    return {subject: count for subject, count in counts.items() if count is not None}
 
 
-def instructions_per_statement(build, folder):
-    """The difference of two counts leaves out everything but the statements."""
-    few, many = 10000, 110000
-    result = {}
-    for subject in ["raw", "qmrk", *PEERS]:
-        counts = [instructions(build, subject, n, folder) for n in (few, many)]
-        if None not in counts:
-            result[subject] = (counts[1] - counts[0]) / (many - few)
-    print("C: instructions of a statement of a log that is off", flush=True)
-    return result
+def measure(build, rounds, keys, folder):
+    """{key of a workload: its figures}, of those keys or of all."""
+    works = {w.key: (w.title, lambda w=w: run_workload(build, w, rounds, folder)) for w in WORKLOADS}
+    works["C"] = (page.DISABLED_TITLE, lambda: instructions_per_statement(build))
+    works.update({w.key: (w.title, lambda w=w: w.run(build, folder, rounds)) for w in LIBRARY_WORKLOADS})
+    figures = {}
+    for key in sorted(works):
+        if keys and key not in keys:
+            continue
+        title, run = works[key]
+        print(f"{key}: {title}", flush=True)
+        figures[key] = run()
+    return figures
 
 
-def machine():
-    with open("/proc/cpuinfo", encoding="utf-8") as lines:
-        model = next((line.split(":", 1)[1].strip() for line in lines if line.startswith("model name")), "unknown")
-    commit = subprocess.run(["git", "rev-parse", "--short", "HEAD"], stdout=subprocess.PIPE, text=True, check=False)
-    changed = subprocess.run(["git", "status", "--porcelain", "--untracked-files=no"], stdout=subprocess.PIPE,
-                             text=True, check=False).stdout.strip()
-    return {
-        "processor": f"{model}, {os.cpu_count()} cores",
-        "kernel": platform.release(),
-        "date": datetime.date.today().isoformat(),
-        "commit": commit.stdout.strip() + (" with uncommitted changes" if changed else ""),
-    }
+def profiles(build):
+    """Where the instructions of the two workloads with a file go."""
+    programs = {"A": "plain_file_bench", "B": "rolling_file_bench"}
+    return {key: instructions.by_function(build, program, "qmrk") for key, program in programs.items()}
+
+
+def print_medians(figures):
+    for key, of_key in figures.items():
+        for name, value in of_key.items():
+            values = value.items() if isinstance(value, dict) else [("", value)]
+            for metric, numbers in values:
+                median = statistics.median(numbers if isinstance(numbers, list) else [numbers])
+                print(f"{key} {name} {metric} {median:.4g}")
 
 
 def main():
@@ -99,15 +93,24 @@ def main():
     parser.add_argument("build")
     parser.add_argument("--rounds", type=int, default=5)
     parser.add_argument("--out", default="docs")
+    parser.add_argument("--only", default="")
+    parser.add_argument("--render", action="store_true")
     options = parser.parse_args()
-    build = str(pathlib.Path(options.build).resolve())
-    with tempfile.TemporaryDirectory(dir=build, prefix="run-") as folder:
-        figures = {w.key: run_workload(build, w, options.rounds, folder) for w in WORKLOADS}
-        figures["C"] = instructions_per_statement(build, folder)
-        for workload in LIBRARY_WORKLOADS:
-            figures[workload.key] = workload.run(build, folder, options.rounds)
-            print(f"{workload.key}: {workload.title}", flush=True)
-    page.write(figures, machine(), options.rounds, pathlib.Path(options.out))
+    build = pathlib.Path(options.build).resolve()
+    kept = build / "figures.json"
+    if options.render:
+        measured = json.loads(kept.read_text(encoding="utf-8"))
+    else:
+        with tempfile.TemporaryDirectory(dir=build, prefix="run-") as folder:
+            measured = {"machine": machine.description(), "rounds": options.rounds}
+            measured["figures"] = measure(str(build), options.rounds, [k for k in options.only.split(",") if k], folder)
+    if options.only:
+        print_medians(measured["figures"])
+        return
+    if not options.render:
+        measured["profiles"] = profiles(str(build))
+        kept.write_text(json.dumps(measured), encoding="utf-8")
+    page.write(measured, pathlib.Path(options.out))
 
 
 if __name__ == "__main__":

@@ -3,7 +3,9 @@
 import statistics
 import subprocess
 
-from workloads import EVERYBODY, LIBRARY_WORKLOADS, WORKLOADS
+from workloads import EVERYBODY, LIBRARY_WORKLOADS, PEERS, WORKLOADS
+
+DISABLED_TITLE = "A statement of a log that is off"
 
 CONFIGURATION = """\
 Every library writes the same line, `[App.Module.info] 20261121 10:00:00.123 ` and a message of 60 characters with an
@@ -14,6 +16,7 @@ documentation recommends for the job; the code is in `bench/subjects/`.
 |---|---|
 | raw | formatted by hand into one buffer with a cached second, one `write` on an `O_APPEND` descriptor; rolling: the size counted, `rename`; writer thread: a lock and two swapped buffers |
 | qmrk | `QMRK_LOG`, the three modifiers of the default set-up, `write_to_file`; rolling: `rolling_file_appender`; writer thread: `ts_appender` with interval 0 |
+| qmrk-fmt | the same by `QMRK_LOGF` |
 | spdlog | `basic_file_sink_mt` or `rotating_file_sink_mt`, flushed at every message; `async_factory`, queue of 8192, flushed at the end of a run of lines |
 | log4cplus | `FileAppender` or `RollingFileAppender` with immediate flush and a `PatternLayout`; `AsyncAppender`, queue of 8192 |
 | log4cxx | `FileAppender` or `RollingFileAppender` with immediate flush and a `PatternLayout`; `AsyncAppender`, buffer of 8192 |
@@ -55,34 +58,105 @@ def metric_rows(figures, metric, unit, relative):
         yield f"| {subject} | {cell(figures[subject][metric])} {unit} | {ratio} |"
 
 
-def verdict(metric, goal, value, relative):
-    what = "ratio to raw" if relative else metric
-    state = "reached" if reached(goal, value) else "**missed**"
-    return f"To reach: {what} {goal[0]} {number(goal[1])}; measured {number(value)}: {state}."
+def metrics_of_qmrk(figures):
+    """(key, title, metric, unit, is a ratio?, goal, measured, the best peer and its figure or None) in order."""
+    for workload in WORKLOADS:
+        of_key = figures[workload.key]
+        for metric, unit, relative, goal in workload.metrics:
+            value = typical(of_key, "qmrk", metric, relative)
+            peers = [(typical(of_key, peer, metric, relative), peer) for peer in PEERS if metric in of_key.get(peer, {})]
+            best = (max if metric == "lines_per_second" else min)(peers, default=None)
+            yield workload.key, workload.title, metric, unit, relative, goal, value, best
+    off = figures["C"]
+    yield ("C", DISABLED_TITLE, "instructions", "", False, ("at most", 8), off["qmrk"],
+           min(((off[peer], peer) for peer in PEERS if peer in off), default=None))
+    for workload in LIBRARY_WORKLOADS:
+        for metric, unit, relative, goal in workload.metrics:
+            yield (workload.key, workload.title, metric, unit, relative, goal,
+                   statistics.median(figures[workload.key][metric]), None)
+
+
+def typical(of_key, subject, metric, relative):
+    """The median; of ratios that were formed round by round where the workload has them."""
+    return statistics.median(ratios(of_key, subject, metric) if relative else of_key[subject][metric])
+
+
+def state(goal, value):
+    if reached(goal, value):
+        return "reached"
+    missed = abs(value - goal[1]) / goal[1] if goal[1] else 1
+    return f"**missed** by {missed:.0%}"
+
+
+def beats(metric, one, other):
+    return one > other if metric == "lines_per_second" else one < other
+
+
+def summary(figures):
+    lines = ["## What was to be reached", "", "| | metric | to reach | measured | | best peer |", "|---|---|---|---|---|---|"]
+    for key, _, metric, unit, relative, goal, value, best in sorted(metrics_of_qmrk(figures), key=lambda row: row[0]):
+        if goal is None or metric == "lines_lost" and reached(goal, value):
+            continue
+        what = f"{metric}, ratio to raw" if relative else f"{metric}{', ' + unit if unit else ''}"
+        peer = f"{best[1]} {number(best[0])}" if best else ""
+        lines.append(f"| {key} | {what} | {goal[0]} {number(goal[1])} | {number(value)} | {state(goal, value)} | {peer} |")
+    return lines + ["", *won_by_peers(figures), ""]
+
+
+def won_by_peers(figures):
+    won = [f"{key}, {metric}: {best[1]} with {number(best[0])}, qmrk {number(value)}"
+           for key, _, metric, _, _, _, value, best in metrics_of_qmrk(figures)
+           if best and beats(metric, best[0], value)]
+    return ["Where a peer is ahead: " + ("; ".join(won) if won else "nowhere") + "."]
 
 
 def workload_section(workload, figures):
     lines = [f"## {workload.key}. {workload.title}", ""]
     for metric, unit, relative, goal in workload.metrics:
-        lines += ["| subject | median (range) | ratio to raw (range) |", "|---|---|---|"]
-        lines += metric_rows(figures, metric, unit, relative)
-        value = statistics.median(ratios(figures, "qmrk", metric) if relative else figures["qmrk"][metric])
-        lines += ["", verdict(metric, goal, value, relative), ""]
+        if metric == "lines_lost":
+            lines += [lost_lines(figures), ""]
+            continue
+        heading = f"| {metric} | median (range) | ratio to raw (range) |"
+        lines += [heading, "|---|---|---|", *metric_rows(figures, metric, unit, relative), ""]
+        if goal is not None:
+            value = typical(figures, "qmrk", metric, relative)
+            lines += [f"To reach: {goal[0]} {number(goal[1])}; measured {number(value)}: {state(goal, value)}.", ""]
     return lines
 
 
+def lost_lines(figures):
+    lost = [f"{subject} {number(max(of_subject['lines_lost']))}" for subject, of_subject in figures.items()
+            if max(of_subject["lines_lost"]) > 0]
+    return f"Lost or torn lines: {', '.join(lost) if lost else 'none, of any subject'}."
+
+
 def disabled_section(figures):
-    lines = ["## C. A statement of a log that is off", "", "Counted by callgrind; an empty loop is raw.", "",
+    lines = [f"## C. {DISABLED_TITLE}", "", "Instructions, counted by callgrind; an empty loop is raw.", "",
              "| subject | instructions |", "|---|---|"]
     lines += [f"| {subject} | {number(value)} |" for subject, value in figures.items()]
-    return lines + ["", verdict("instructions", ("at most", 8), figures["qmrk"], False), ""]
+    return lines + ["", f"To reach: at most 8; measured {number(figures['qmrk'])}: {state(('at most', 8), figures['qmrk'])}.",
+                    ""]
 
 
 def library_section(workload, figures):
     lines = [f"## {workload.key}. {workload.title}", ""]
     for metric, unit, _, goal in workload.metrics:
-        lines += [f"{metric}: {cell(figures[metric])} {unit}. "
-                  + verdict(metric, goal, statistics.median(figures[metric]), False), ""]
+        line = f"{metric}: {cell(figures[metric])} {unit}."
+        if goal is not None:
+            value = statistics.median(figures[metric])
+            line += f" To reach: {goal[0]} {number(goal[1])}; measured {number(value)}: {state(goal, value)}."
+        lines += [line, ""]
+    return lines
+
+
+def profile_section(profiles):
+    lines = ["## Where the instructions of a line go", "",
+             "Counted by callgrind, without what the kernel does; functions of less than ten instructions are left out.", ""]
+    for key, rows in profiles.items():
+        total = sum(count for count, _ in rows)
+        lines += [f"{key}: {total:.0f} instructions a line", "", "| instructions | function |", "|---|---|"]
+        lines += [f"| {count:.0f} | `{function}` |" for count, function in rows if count >= 10]
+        lines += [""]
     return lines
 
 
@@ -117,19 +191,29 @@ plot {columns}, 1 lc rgb "#444444" dt 2 title "raw"
     subprocess.run(["gnuplot"], input=script, text=True, check=True)
 
 
-def write(figures, machine, rounds, folder, notes=None):
-    lines = ["<!-- SPDX-License-Identifier: MIT -->", "# What a logging statement costs", "",
-             "Written by `scripts/bench`, which installs the peers, builds everything and runs the subjects in turn. "
-             "Ratios are formed round by round and are what counts; absolute times are this machine's.", "",
-             f"{machine['processor']}, Linux {machine['kernel']}, {machine['date']}, commit {machine['commit']}, "
-             f"{rounds} rounds.", "", "![time per line as a ratio to raw](performance.svg)", "", CONFIGURATION]
+def heading(measured):
+    machine = measured["machine"]
+    return ["<!-- SPDX-License-Identifier: MIT -->", "# What a logging statement costs", "",
+            "Written by `scripts/bench`, which installs the peers, builds everything and runs the subjects in turn. "
+            "Ratios are formed round by round and are what counts; absolute times are this machine's.", "",
+            f"{machine['processor']}, Linux {machine['kernel']}, {machine['compiler']}, {machine['date']}, commit "
+            f"{machine['commit']}, {measured['rounds']} rounds, load {machine['load']} before the first. "
+            f"Packages: {machine['versions']}.", "",
+            "![time per line as a ratio to raw](performance.svg)", ""]
+
+
+def write(measured, folder):
+    """Writes performance.md and performance.svg. What is said by hand stands in performance-notes.md beside them."""
+    figures = measured["figures"]
+    lines = [*heading(measured), *summary(figures), "## How the subjects are used", "", CONFIGURATION]
     sections = {w.key: (lambda w=w: workload_section(w, figures[w.key])) for w in WORKLOADS}
     sections["C"] = lambda: disabled_section(figures["C"])
     sections.update({w.key: (lambda w=w: library_section(w, figures[w.key])) for w in LIBRARY_WORKLOADS})
     for key in sorted(sections):
         lines += sections[key]()
-    remarks = folder / "performance-notes.md"
-    if remarks.exists():
-        lines += [remarks.read_text(encoding="utf-8")]
+    lines += profile_section(measured["profiles"])
+    notes = folder / "performance-notes.md"
+    if notes.exists():
+        lines += [f"[What was tried, and what the figures mean]({notes.name})", ""]
     (folder / "performance.md").write_text("\n".join(lines), encoding="utf-8")
     plot(figures, folder / "performance.svg")

@@ -7,6 +7,18 @@
 #include "bench/harness.h"
 #include "bench/message.h"
 
+namespace {
+
+// It is the same whatever came before.
+void reportIdle() {
+  std::this_thread::sleep_for(std::chrono::seconds(1));
+  const auto idle = bench::processorNanoseconds();
+  std::this_thread::sleep_for(std::chrono::seconds(3));
+  bench::report("idle_ms", static_cast<double>(bench::processorNanoseconds() - idle) / 1e6);
+}
+
+}  // namespace
+
 int main(int _argc, char** _argv) {
   return bench::runWorkload(_argc, _argv, 200000, [](bench::Subject& _subject, const bench::Options& _options) {
     if (!_subject.openQueued(_options.file())) {
@@ -25,10 +37,9 @@ int main(int _argc, char** _argv) {
     bench::waitForSize(_options.file(), before * (_options.count + 1));
     bench::report("lines_per_second", 1e9 * _options.count / static_cast<double>(bench::nanoseconds() - start));
     bench::report("lines_lost", static_cast<double>(_options.count + 1 - bench::countLines(_options.file())));
-    std::this_thread::sleep_for(std::chrono::seconds(1));
-    const auto idle = bench::processorNanoseconds();
-    std::this_thread::sleep_for(std::chrono::seconds(3));
-    bench::report("idle_ms", static_cast<double>(bench::processorNanoseconds() - idle) / 1e6);
+    if (_options.threads == 1) {
+      reportIdle();
+    }
     return true;
   });
 }
