@@ -9,6 +9,7 @@
 #include "config/cfg_parser.h"
 #include "tests/config/cfg_oracle.h"
 
+// NOLINTNEXTLINE(readability-identifier-naming): the name is that of libFuzzer
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* _data, std::size_t _size) {
   const std::string text(_data, _data + _size);
   std::string expanded = text;

@@ -10,6 +10,7 @@
 #include "logmanager/name_pattern.h"
 #include "tests/logmanager/name_pattern_oracle.h"
 
+// NOLINTNEXTLINE(readability-identifier-naming): the name is that of libFuzzer
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* _data, std::size_t _size) {
   if (_size > 200) return 0;
   std::istringstream lines(std::string(_data, _data + _size));

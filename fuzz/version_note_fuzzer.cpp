@@ -7,6 +7,7 @@
 
 #include "platform/posix/version_note.h"
 
+// NOLINTNEXTLINE(readability-identifier-naming): the name is that of libFuzzer
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* _data, std::size_t _size) {
   constexpr std::size_t largestRead = 0x10000;
   platform::FixedVersion version;

@@ -121,7 +121,7 @@ TEST(ConcurrentSetUp, AStatementDoesNotWaitForASetUpCall) {
         std::this_thread::yield();
     }
   };
-  auto slow = std::make_shared<SlowToEnd>(isLogged);
+  std::shared_ptr<SlowToEnd> slow(new SlowToEnd{isLogged});
   bl::add_appender(
       manager, "P3", [slow](const std::string&, const std::string&) {}, "slow", 100);
   slow.reset();

@@ -19,12 +19,12 @@ constexpr char STATIC_DESTROYED[] = "second destroyed\nfirst destroyed\n";
 class LoggingProcess : public testing::Test {
  protected:
   int run(const std::vector<std::string>& _arguments) const {
-    std::vector<std::string> arguments{_arguments[0], path};
+    std::vector<std::string> arguments{_arguments[0], path_};
     arguments.insert(arguments.end(), _arguments.begin() + 1, _arguments.end());
     return testsupport::runProgram(LOGGING_APPLICATION, arguments).exitCode;
   }
 
-  std::string text() const { return testsupport::replaced(testsupport::readFile(path), "\r\n", "\n"); }
+  std::string text() const { return testsupport::replaced(testsupport::readFile(path_), "\r\n", "\n"); }
 
   static std::string numbers(int _count) {
     std::string lines;
@@ -33,8 +33,8 @@ class LoggingProcess : public testing::Test {
     return lines;
   }
 
-  testsupport::TemporaryFolder folder;
-  const std::string path = folder.file("app.log");
+  testsupport::TemporaryFolder folder_;
+  const std::string path_ = folder_.file("app.log");
 };
 
 TEST_F(LoggingProcess, WhatStaticObjectsAndMainLogBeforeAndAfterTheSetUpArrivesInOrder) {
@@ -66,11 +66,11 @@ TEST_F(LoggingProcess, EndsEvenIfAnAppenderNeverReturns) {
 }
 
 TEST_F(LoggingProcess, SixteenOfThemAppendWholeLinesToOneFile) {
-  constexpr int PROCESSES = 16;
-  constexpr int LINES = 20000;
+  constexpr int processCount = 16;
+  constexpr int lineCount = 20000;
   std::vector<std::thread> runners;
-  for (int i = 0; i < PROCESSES; ++i) {
-    runners.emplace_back([this, i] { EXPECT_EQ(run({"append", std::to_string(i), std::to_string(LINES)}), 0); });
+  for (int i = 0; i < processCount; ++i) {
+    runners.emplace_back([this, i] { EXPECT_EQ(run({"append", std::to_string(i), std::to_string(lineCount)}), 0); });
   }
   for (std::thread& runner : runners)
     runner.join();
@@ -85,7 +85,7 @@ TEST_F(LoggingProcess, SixteenOfThemAppendWholeLinesToOneFile) {
     const std::string prefix = line.substr(0, number);
     ASSERT_EQ(line.substr(number), std::to_string(nextLine[prefix]++)) << line;
   }
-  EXPECT_EQ(count, PROCESSES * LINES);
+  EXPECT_EQ(count, processCount * lineCount);
   EXPECT_EQ(nextLine.size(), 16U);
 }
 

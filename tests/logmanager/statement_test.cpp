@@ -45,11 +45,11 @@ std::ostream& operator<<(std::ostream& _stream, const Throwing& /*_throwing*/) {
 }
 
 struct Logging {
-  const boost::logging::logger& log;
+  const boost::logging::logger& log_;
 };
 
 std::ostream& operator<<(std::ostream& _stream, const Logging& _logging) {
-  QMRK_LOG(_logging.log) << "inner " << std::hex << 255 << app::Point{10, 11};
+  QMRK_LOG(_logging.log_) << "inner " << std::hex << 255 << app::Point{10, 11};
   return _stream << "outer value";
 }
 
@@ -67,34 +67,34 @@ class Statement : public testing::Test {
  protected:
   Statement() {
     boost::logging::flush_log_cache();
-    boost::logging::del_appender(manager, "*", "Statement");
-    boost::logging::add_appender(manager, "Statement", recorder.appender(), "Statement", 100);
+    boost::logging::del_appender(manager_, "*", "Statement");
+    boost::logging::add_appender(manager_, "Statement", recorder_.appender(), "Statement", 100);
   }
 
   std::vector<std::string> texts() const {
     std::vector<std::string> texts;
-    for (const std::string& message : recorder.messages())
+    for (const std::string& message : recorder_.messages())
       texts.push_back(message.substr(message.find('|') + 1));
     return texts;
   }
 
-  boost::logging::default_log_manager& manager = boost::logging::get_default_log_manager();
-  testsupport::Recorder recorder;
-  const boost::logging::logger log{"Statement"};
+  boost::logging::default_log_manager& manager_ = boost::logging::get_default_log_manager();
+  testsupport::Recorder recorder_;
+  const boost::logging::logger log_{"Statement"};
 };
 
 TEST_F(Statement, LogsWhatAStreamMakesOfTheValues) {
   const std::string text = "string";
   const char* const pointer = "pointer";
   char array[] = "array";
-  QMRK_LOG(log) << "a" << text << pointer << array << 'c' << 1 << -2L << 3U << 4ULL << short{5} << true << 1.5;
+  QMRK_LOG(log_) << "a" << text << pointer << array << 'c' << 1 << -2L << 3U << 4ULL << short{5} << true << 1.5;
   EXPECT_THAT(texts(), ElementsAre("astringpointerarrayc1-2345"
                                    "11.5"));
 }
 
 TEST_F(Statement, LogsAnEmptyMessage) {
-  QMRK_LOG(log);
-  QMRK_LOG(log) << "";
+  QMRK_LOG(log_);
+  QMRK_LOG(log_) << "";
   EXPECT_THAT(texts(), ElementsAre("", ""));
 }
 
@@ -115,31 +115,31 @@ TYPED_TEST_SUITE(IntegerStatement, Integers);
 TYPED_TEST(IntegerStatement, LogsTheLimitsAsAStreamDoes) {
   using Limits = std::numeric_limits<TypeParam>;
   for (const TypeParam value : {Limits::min(), TypeParam{0}, TypeParam{1}, Limits::max()}) {
-    QMRK_LOG(this->log) << value;
+    QMRK_LOG(this->log_) << value;
     EXPECT_EQ(this->texts().back(), streamed(value));
   }
 }
 
 TEST_F(Statement, TakesManipulatorsAndOwnOperators) {
-  QMRK_LOG(log) << std::setw(5) << std::setfill('0') << 42 << std::hex << 255 << std::uppercase << 255 << std::endl;
-  QMRK_LOG(log) << "at " << Point{10, 11} << ' ' << 12;
-  QMRK_LOG(log) << Metres() << ", " << std::vector<int>{1, 2};
+  QMRK_LOG(log_) << std::setw(5) << std::setfill('0') << 42 << std::hex << 255 << std::uppercase << 255 << std::endl;
+  QMRK_LOG(log_) << "at " << Point{10, 11} << ' ' << 12;
+  QMRK_LOG(log_) << Metres() << ", " << std::vector<int>{1, 2};
   EXPECT_THAT(texts(), ElementsAre("00042ffFF\n", "at (a,b) c", "metres, 2 values"));
 }
 
 TEST_F(Statement, BeginsEachStatementInTheInitialFormattingState) {
   for (int i = 0; i < 2; ++i) {
-    QMRK_LOG(log) << 10 << ' ' << 1.0 / 3 << ' ' << true << marked;
-    QMRK_LOG(log) << std::hex << std::showbase << std::boolalpha << std::setprecision(3) << std::setfill('*')
-                  << std::setw(9) << std::scientific;
+    QMRK_LOG(log_) << 10 << ' ' << 1.0 / 3 << ' ' << true << marked;
+    QMRK_LOG(log_) << std::hex << std::showbase << std::boolalpha << std::setprecision(3) << std::setfill('*')
+                   << std::setw(9) << std::scientific;
   }
   EXPECT_THAT(texts(), ElementsAre("10 0.333333 1mark0", "", "10 0.333333 1mark0", ""));
 }
 
 TEST_F(Statement, RecoversFromAStreamThatFailed) {
   const char* const none = nullptr;
-  QMRK_LOG(log) << "before" << none << "after";
-  QMRK_LOG(log) << "next";
+  QMRK_LOG(log_) << "before" << none << "after";
+  QMRK_LOG(log_) << "next";
   EXPECT_THAT(texts(), ElementsAre("before", "next"));
 }
 
@@ -151,8 +151,8 @@ struct Grouping : std::numpunct<char> {
 TEST_F(Statement, FormatsInTheClassicLocaleWhateverTheGlobalOneIs) {
   const std::locale former = std::locale::global(std::locale(std::locale::classic(), new Grouping));
   std::thread([this] {
-    QMRK_LOG(log) << 1234567 << ' ' << 1234567.5F;
-    QMRK_LOG(log) << std::dec << 1234567;
+    QMRK_LOG(log_) << 1234567 << ' ' << 1234567.5F;
+    QMRK_LOG(log_) << std::dec << 1234567;
   }).join();
   std::locale::global(former);
   EXPECT_THAT(texts(), ElementsAre("1234567 1.23457e+06", "1234567"));
@@ -161,45 +161,47 @@ TEST_F(Statement, FormatsInTheClassicLocaleWhateverTheGlobalOneIs) {
 int evaluate(int& _count) { return ++_count; }
 
 TEST_F(Statement, EvaluatesNothingWhenTheLogIsOff) {
-  boost::logging::enable_logs(manager, "Statement", 4294967295U);
+  boost::logging::enable_logs(manager_, "Statement", 4294967295U);
   int count = 0;
-  QMRK_LOG(log) << evaluate(count);
-  boost::logging::enable_logs(manager, "Statement", 0);
+  QMRK_LOG(log_) << evaluate(count);
+  boost::logging::enable_logs(manager_, "Statement", 0);
   EXPECT_EQ(count, 0);
   EXPECT_THAT(texts(), IsEmpty());
-  QMRK_LOG(log) << evaluate(count);
+  QMRK_LOG(log_) << evaluate(count);
   EXPECT_THAT(texts(), ElementsAre("1"));
 }
 
 TEST_F(Statement, IsOneStatementInABranchWithoutBraces) {
   for (const bool condition : {true, false}) {
+    // NOLINTBEGIN(readability-braces-around-statements): that is the point
     if (condition)
-      QMRK_LOG(log) << "then";
+      QMRK_LOG(log_) << "then";
     else
-      QMRK_LOG(log) << "else";
+      QMRK_LOG(log_) << "else";
+    // NOLINTEND(readability-braces-around-statements)
   }
   EXPECT_THAT(texts(), ElementsAre("then", "else"));
 }
 
 TEST_F(Statement, MayLogInsideTheInsertionOperatorOfAValue) {
-  QMRK_LOG(log) << 1 << ' ' << Logging{log} << ' ' << 16;
+  QMRK_LOG(log_) << 1 << ' ' << Logging{log_} << ' ' << 16;
   EXPECT_THAT(texts(), ElementsAre("inner ff(a,b)", "1 outer value 16"));
 }
 
 TEST_F(Statement, EndsWithoutAMessageWhenAnInsertionThrows) {
-  EXPECT_THROW(QMRK_LOG(log) << "before " << Throwing(), std::runtime_error);
-  QMRK_LOG(log) << 10;
+  EXPECT_THROW(QMRK_LOG(log_) << "before " << Throwing(), std::runtime_error);
+  QMRK_LOG(log_) << 10;
   EXPECT_THAT(texts(), ElementsAre("10"));
 }
 
 struct LogsWhenItEnds {
-  const boost::logging::logger& log;
-  ~LogsWhenItEnds() { QMRK_LOG(log) << "end"; }
+  const boost::logging::logger& log_;
+  ~LogsWhenItEnds() { QMRK_LOG(log_) << "end"; }
 };
 
 TEST_F(Statement, WorksWhileAnExceptionUnwindsTheStack) {
   try {
-    const LogsWhenItEnds guard{log};
+    const LogsWhenItEnds guard{log_};
     throw std::runtime_error("unwind");
   } catch (const std::runtime_error&) {
     EXPECT_THAT(texts(), ElementsAre("end"));
@@ -210,8 +212,8 @@ std::ostream& position(std::ostream& _stream) { return _stream << " at " << _str
 
 TEST_F(Statement, TakesLongMessagesAndTellsThePosition) {
   const std::string text(1000000, 'x');
-  QMRK_LOG(log) << text << std::string(1000, 'y');
-  QMRK_LOG(log) << "12345" << position;
+  QMRK_LOG(log_) << text << std::string(1000, 'y');
+  QMRK_LOG(log_) << "12345" << position;
   ASSERT_EQ(texts().size(), 2U);
   EXPECT_TRUE(texts()[0] == text + std::string(1000, 'y'));
   EXPECT_EQ(texts()[1], "12345 at 9");
@@ -225,7 +227,7 @@ struct Constants {
 TEST_F(Statement, TakesBitFieldsAndConstantsWithoutDefinition) {
   Constants constants{};
   constants.field = 9;
-  QMRK_LOG(log) << Constants::withoutDefinition << constants.field;
+  QMRK_LOG(log_) << Constants::withoutDefinition << constants.field;
   EXPECT_THAT(texts(), ElementsAre("39"));
 }
 
@@ -237,7 +239,7 @@ TEST_F(Statement, WorksInTheDestructorOfAThreadLocalObject) {
   std::thread([this] {
     thread_local const LogsAtThreadEnd guard;
     static_cast<void>(&guard);
-    QMRK_LOG(log) << "thread runs";
+    QMRK_LOG(log_) << "thread runs";
   }).join();
   EXPECT_THAT(texts(), ElementsAre("thread runs", "thread ends"));
 }

@@ -36,46 +36,46 @@ class WriteToFile : public testing::Test {
   }
 
   /// The text of the file, with line ends of LF.
-  std::string text() const { return testsupport::replaced(readFile(path), "\r\n", "\n"); }
+  std::string text() const { return testsupport::replaced(readFile(path_), "\r\n", "\n"); }
 
-  TemporaryFolder folder;
-  const std::string path = folder.file("common.log");
+  TemporaryFolder folder_;
+  const std::string path_ = folder_.file("common.log");
 };
 
 TEST_F(WriteToFile, OpensTheFileAtItsFirstMessage) {
-  const write_to_file appender(path, true);
-  EXPECT_FALSE(exists(path));
+  const write_to_file appender(path_, true);
+  EXPECT_FALSE(exists(path_));
   appender("App", "text\n");
   EXPECT_EQ(text(), "text\n");
 }
 
 TEST_F(WriteToFile, ContinuesAnExistingFile) {
-  writeFile(path, "before\n");
-  write_to_file(path, false)("App", "text\n");
+  writeFile(path_, "before\n");
+  write_to_file(path_, false)("App", "text\n");
   EXPECT_EQ(text(), "before\ntext\n");
 }
 
 TEST_F(WriteToFile, EmptiesTheFileOnceWhenItIsToOverwrite) {
-  writeFile(path, "before\n");
-  const write_to_file appender(path, true);
+  writeFile(path_, "before\n");
+  const write_to_file appender(path_, true);
   EXPECT_EQ(text(), "before\n");
   appender("App", "1\n");
   const write_to_file copy = appender;
   copy("App", "2\n");
-  removeAll(path);
-  writeFile(path, "other\n");
+  removeAll(path_);
+  writeFile(path_, "other\n");
   writeAt(appender, 3600000, "3\n");
   EXPECT_EQ(text(), "other\n3\n");
 }
 
 TEST_F(WriteToFile, TakesBothSeparators) {
-  write_to_file(platform::nativePath(path), false)("App", "1\n");
-  write_to_file(path, false)("App", "2\n");
+  write_to_file(platform::nativePath(path_), false)("App", "1\n");
+  write_to_file(path_, false)("App", "2\n");
   EXPECT_EQ(text(), "1\n2\n");
 }
 
 TEST_F(WriteToFile, CopiesShareOneOpenFile) {
-  const write_to_file appender(path, false);
+  const write_to_file appender(path_, false);
   const write_to_file copy = appender;
   const FaultPlan opens(Call::openForAppending, 1000, 5);
   appender("App", "1\n");
@@ -85,32 +85,32 @@ TEST_F(WriteToFile, CopiesShareOneOpenFile) {
 }
 
 TEST_F(WriteToFile, MakesARemovedFileAnewWithinASecond) {
-  const write_to_file appender(path, false);
+  const write_to_file appender(path_, false);
   writeAt(appender, 0, "1\n");
-  removeAll(path);
+  removeAll(path_);
   writeAt(appender, 999, "2\n");
   EXPECT_EQ(text(), "2\n");
 }
 
 TEST_F(WriteToFile, MakesARemovedFolderAnewWithinASecond) {
-  const std::string deepPath = folder.file("a\\b\\c.log");
+  const std::string deepPath = folder_.file("a\\b\\c.log");
   const write_to_file appender(deepPath, false);
   writeAt(appender, 0, "1\n");
-  removeAll(folder.file("a"));
+  removeAll(folder_.file("a"));
   writeAt(appender, 999, "2\n");
   EXPECT_EQ(testsupport::replaced(readFile(deepPath), "\r\n", "\n"), "2\n");
 }
 
 TEST_F(WriteToFile, LooksForTheFileAgainAfterTheClockWasSetBack) {
-  const write_to_file appender(path, false);
+  const write_to_file appender(path_, false);
   writeAt(appender, 0, "1\n");
-  removeAll(path);
+  removeAll(path_);
   writeAt(appender, -1, "2\n");
   EXPECT_EQ(text(), "2\n");
 }
 
 TEST_F(WriteToFile, DoesNotLookForTheFileAtEveryMessage) {
-  const write_to_file appender(path, false);
+  const write_to_file appender(path_, false);
   writeAt(appender, 0, "1\n");
   const FaultPlan looks(Call::statusQuery, 1000, 5);
   for (int i = 0; i < 400; ++i)
@@ -119,15 +119,15 @@ TEST_F(WriteToFile, DoesNotLookForTheFileAtEveryMessage) {
 }
 
 TEST_F(WriteToFile, EndsAFragmentThatAKilledProcessLeft) {
-  writeFile(path, "whole\nfragm");
-  const write_to_file appender(path, false);
+  writeFile(path_, "whole\nfragm");
+  const write_to_file appender(path_, false);
   appender("App", "1\n");
   appender("App", "2\n");
   EXPECT_EQ(text(), "whole\nfragm\n1\n2\n");
 }
 
 TEST_F(WriteToFile, TellsInOneLineWhatAFailedWriteLost) {
-  const write_to_file appender(path, false);
+  const write_to_file appender(path_, false);
   appender("App", "1\n");
   {
     const FaultPlan plan(Call::append, 1, platform::errorDiskFull, 3);
@@ -140,38 +140,38 @@ TEST_F(WriteToFile, TellsInOneLineWhatAFailedWriteLost) {
 }
 
 TEST_F(WriteToFile, TriesAFailedOpenAgainWithTheNextMessage) {
-  const write_to_file appender(path, false);
+  const write_to_file appender(path_, false);
   {
     const FaultPlan plan(Call::openForAppending, 1, platform::errorAccessDenied);
     appender("App", "1\n");
-    EXPECT_FALSE(exists(path));
+    EXPECT_FALSE(exists(path_));
     appender("App", "2\n");
   }
   EXPECT_EQ(text(), LOST_ONE + std::string("5\n2\n"));
 }
 
 TEST_F(WriteToFile, CannotWriteWhereTheUserMayNotButCanAsSoonAsHeMay) {
-  testsupport::makeFolders(folder.file("closed"));
-  testsupport::denyWriting(folder.file("closed"));
-  const std::string closedPath = folder.file("closed\\c.log");
+  testsupport::makeFolders(folder_.file("closed"));
+  testsupport::denyWriting(folder_.file("closed"));
+  const std::string closedPath = folder_.file("closed\\c.log");
   const write_to_file appender(closedPath, false);
   {
     const testsupport::AsUnprivilegedUser user;
     appender("App", "1\n");
     EXPECT_FALSE(exists(closedPath));
   }
-  removeAll(folder.file("closed"));
+  removeAll(folder_.file("closed"));
   appender("App", "2\n");
   EXPECT_EQ(testsupport::replaced(readFile(closedPath), "\r\n", "\n"), LOST_ONE + std::string("5\n2\n"));
 }
 
 TEST_F(WriteToFile, KeepsLinesOfSeveralThreadsWhole) {
-  constexpr int LINES = 2000;
-  const write_to_file appender(path, false);
+  constexpr int lineCount = 2000;
+  const write_to_file appender(path_, false);
   std::vector<std::thread> threads;
   for (int thread = 0; thread < 4; ++thread) {
     threads.emplace_back([&appender, thread] {
-      for (int line = 0; line < LINES; ++line)
+      for (int line = 0; line < lineCount; ++line)
         appender("App", std::string(50, static_cast<char>('a' + thread)) + "\n");
     });
   }
@@ -181,11 +181,11 @@ TEST_F(WriteToFile, KeepsLinesOfSeveralThreadsWhole) {
   for (int thread = 0; thread < 4; ++thread) {
     all = testsupport::replaced(all, std::string(50, static_cast<char>('a' + thread)) + "\n", "+");
   }
-  EXPECT_EQ(all, std::string(4 * LINES, '+'));
+  EXPECT_EQ(all, std::string(4 * lineCount, '+'));
 }
 
 TEST_F(WriteToFile, SurvivesRemovalsWhileThreadsWrite) {
-  const write_to_file appender(path, false);
+  const write_to_file appender(path_, false);
   std::vector<std::thread> threads;
   for (int thread = 0; thread < 4; ++thread) {
     threads.emplace_back([&appender] {
@@ -194,7 +194,7 @@ TEST_F(WriteToFile, SurvivesRemovalsWhileThreadsWrite) {
     });
   }
   for (int i = 0; i < 50; ++i)
-    removeAll(path);
+    removeAll(path_);
   for (std::thread& thread : threads)
     thread.join();
   writeAt(appender, 3600000, "end\n");
