@@ -9,10 +9,9 @@
 #include "tests/support/posix/forked_child.h"
 #include "tests/support/temporary_folder.h"
 
-// A child that is forked while other threads run may not start threads under the thread sanitizer, unless told so by
-// this function of a name that the sanitizer knows.
+// A child that is forked while other threads run may not start threads under the thread sanitizer, unless told so.
 //
-// NOLINTNEXTLINE(bugprone-reserved-identifier,readability-identifier-naming)
+// NOLINTNEXTLINE(bugprone-reserved-identifier,readability-identifier-naming): the name is the sanitizer's
 extern "C" __attribute__((visibility("default"))) const char* __tsan_default_options() { return "die_after_fork=0"; }
 
 namespace {
