@@ -37,57 +37,59 @@ class Format : public testing::Test {
  protected:
   Format() {
     boost::logging::flush_log_cache();
-    boost::logging::del_appender(manager, "*", "Format");
-    boost::logging::add_appender(manager, "Format", recorder.appender(), "Format", 100);
-    boost::logging::enable_logs(manager, "Format", 0);
+    boost::logging::del_appender(manager_, "*", "Format");
+    boost::logging::add_appender(manager_, "Format", recorder_.appender(), "Format", 100);
+    boost::logging::enable_logs(manager_, "Format", 0);
   }
 
   using Messages = std::vector<std::string>;
-  boost::logging::default_log_manager& manager = boost::logging::get_default_log_manager();
-  testsupport::Recorder recorder;
-  const boost::logging::logger log{"Format"};
+  boost::logging::default_log_manager& manager_ = boost::logging::get_default_log_manager();
+  testsupport::Recorder recorder_;
+  const boost::logging::logger log_{"Format"};
 };
 
 TEST_F(Format, LogsWhatTheFormatMakesOfTheArguments) {
-  QMRK_LOGF(log, "plain {{}}");
-  QMRK_LOGF(log, "size {}", 42);
-  QMRK_LOGF(log, "{1:>5}|{0:#x}|{2}", 255, "abc", std::string("def"));
-  QMRK_LOGF(log, "at {}", Point{1, 2});
-  EXPECT_EQ(recorder.messages(),
+  QMRK_LOGF(log_, "plain {{}}");
+  QMRK_LOGF(log_, "size {}", 42);
+  QMRK_LOGF(log_, "{1:>5}|{0:#x}|{2}", 255, "abc", std::string("def"));
+  QMRK_LOGF(log_, "at {}", Point{1, 2});
+  EXPECT_EQ(recorder_.messages(),
             (Messages{"Format|plain {}", "Format|size 42", "Format|  abc|0xff|def", "Format|at (1, 2)"}));
 }
 
 TEST_F(Format, TakesTextsOfAnySize) {
   const std::string large(100000, 'x');
-  QMRK_LOGF(log, "{}", large);
-  QMRK_LOGF(log, "");
-  EXPECT_EQ(recorder.messages(), (Messages{"Format|" + large, "Format|"}));
+  QMRK_LOGF(log_, "{}", large);
+  QMRK_LOGF(log_, "");
+  EXPECT_EQ(recorder_.messages(), (Messages{"Format|" + large, "Format|"}));
 }
 
 TEST_F(Format, EvaluatesAndFormatsNothingWhenTheLogIsOff) {
-  boost::logging::enable_logs(manager, "Format", 4294967295U);
+  boost::logging::enable_logs(manager_, "Format", 4294967295U);
   int evaluated = 0;
   pointsFormatted = 0;
-  QMRK_LOGF(log, "{} {}", ++evaluated, Point{1, 2});
+  QMRK_LOGF(log_, "{} {}", ++evaluated, Point{1, 2});
   EXPECT_EQ(evaluated, 0);
   EXPECT_EQ(pointsFormatted, 0);
-  EXPECT_TRUE(recorder.messages().empty());
+  EXPECT_TRUE(recorder_.messages().empty());
 }
 
 TEST_F(Format, LogsNothingWhenAFormatterThrows) {
-  EXPECT_THROW(QMRK_LOGF(log, "at {}", Point{-1, 0}), std::runtime_error);
-  QMRK_LOGF(log, "after");
-  EXPECT_EQ(recorder.messages(), Messages{"Format|after"});
+  EXPECT_THROW(QMRK_LOGF(log_, "at {}", Point{-1, 0}), std::runtime_error);
+  QMRK_LOGF(log_, "after");
+  EXPECT_EQ(recorder_.messages(), Messages{"Format|after"});
 }
 
 TEST_F(Format, IsOneStatementInABranchWithoutBraces) {
   for (const bool branch : {true, false}) {
+    // NOLINTBEGIN(readability-braces-around-statements): its subject
     if (branch)
-      QMRK_LOGF(log, "yes");
+      QMRK_LOGF(log_, "yes");
     else
-      QMRK_LOGF(log, "no {}", 1);
+      QMRK_LOGF(log_, "no {}", 1);
+    // NOLINTEND(readability-braces-around-statements)
   }
-  EXPECT_EQ(recorder.messages(), (Messages{"Format|yes", "Format|no 1"}));
+  EXPECT_EQ(recorder_.messages(), (Messages{"Format|yes", "Format|no 1"}));
 }
 
 }  // namespace
