@@ -16,8 +16,6 @@
 
 #include "tests/support/posix/sleeping_process.h"
 
-extern char** environ;
-
 namespace testsupport {
 namespace {
 
