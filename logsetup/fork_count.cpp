@@ -5,6 +5,7 @@
 
 #include "platform/fork_handlers.h"
 
+namespace Quillmark_logging {
 namespace {
 
 constinit std::atomic<std::uint64_t> forks{0};
@@ -22,3 +23,5 @@ std::uint64_t forkCount() {
   [[maybe_unused]] static const bool registered = registerHandlers();
   return forks.load(std::memory_order_relaxed);
 }
+
+}  // namespace Quillmark_logging

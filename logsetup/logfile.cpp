@@ -20,7 +20,7 @@ void logfile::open(bool _append) {
   hasLineEnd_ = false;
   isAppending_ = _append;
   isConfirmed_ = false;
-  forksAtOpen_ = forkCount();
+  forksAtOpen_ = Quillmark_logging::forkCount();
 }
 
 void logfile::write(const std::string& _msg) {
@@ -37,6 +37,8 @@ std::int64_t logfile::position() {
   return position;
 }
 
-bool logfile::isCounted() const { return isConfirmed_ && !isAppending_ && forkCount() == forksAtOpen_; }
+bool logfile::isCounted() const {
+  return isConfirmed_ && !isAppending_ && Quillmark_logging::forkCount() == forksAtOpen_;
+}
 
 }  // namespace boost::logging
