@@ -20,17 +20,7 @@ constexpr char traced[] = "QMRK_TRACE=TRUE\n";
 // The complete trace of a set-up, with the switches of the process as the configuration files set them at load time.
 class SetupTranscript : public testsupport::LogSetUp {
  protected:
-  SetupTranscript() {
-    sandbox_.writeInit("CA12", "Demo.App;\nDemo.Net.error;\n");
-    writeCa12("LOG_STATE=TRUE\n");
-  }
-
-  void writeCa12(const std::string& _keys) const {
-    sandbox_.writeCfg("CA12", "CA_NR=CA12\n" + _keys +
-                                  "COMMON_LOG_FILE_NAME=common.log\n"
-                                  "COMMON_LOG_FILE_ROOT=Logs\\Common\n"
-                                  "COMMON_LOG_FILE_FILTER=Demo.App;Demo.Net;Demo.Disk\n");
-  }
+  SetupTranscript() { sandbox_.writeDemoOfCa12("LOG_STATE=TRUE\n"); }
 
   std::string setUp(const std::string& _ca, bool _writeToCout = false) {
     const CapturedConsole console;
@@ -64,7 +54,7 @@ TEST_F(SetupTranscript, OfALaterStartNamesTheFolderAsTheFile) {
 
 TEST_F(SetupTranscript, OfACaThatIsMissingWithAGenericFile) {
   sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA12\n");
-  writeCa12(std::string("LOG_STATE=TRUE\n") + traced);
+  sandbox_.writeDemoOfCa12(std::string("LOG_STATE=TRUE\n") + traced);
   load();
   EXPECT_TRUE(matchesGolden(setUp("CA7"), "setup_missing_ca.txt"));
   EXPECT_TRUE(done_);
@@ -72,7 +62,7 @@ TEST_F(SetupTranscript, OfACaThatIsMissingWithAGenericFile) {
 
 // The trace begins when the new file has been written: it leads to a file that switches the trace on.
 TEST_F(SetupTranscript, OfAGenerationThatSwitchesTheTraceOn) {
-  writeCa12(std::string("LOG_STATE=TRUE\n") + traced);
+  sandbox_.writeDemoOfCa12(std::string("LOG_STATE=TRUE\n") + traced);
   load();
   EXPECT_TRUE(matchesGolden(setUp("CA7"), "setup_generated_trace_begins.txt"));
   EXPECT_TRUE(done_);
@@ -84,7 +74,7 @@ TEST_F(SetupTranscript, OfAGenerationThatLeavesTheTraceOn) {
   sandbox_.writeCfg("GE", traced);
   load();
   removeAll(sandbox_.cfgPath("GE"));
-  writeCa12(std::string("LOG_STATE=TRUE\n") + traced);
+  sandbox_.writeDemoOfCa12(std::string("LOG_STATE=TRUE\n") + traced);
   EXPECT_TRUE(matchesGolden(setUp("CA7"), "setup_generated_trace_stays.txt"));
   EXPECT_TRUE(done_);
 }
@@ -114,7 +104,7 @@ TEST_F(SetupTranscript, OfAFileThatMayNotBeRead) {
 
 TEST_F(SetupTranscript, OfDisabledLogging) {
   sandbox_.writeCfg("GE", traced);
-  writeCa12("LOG_STATE=FALSE\n");
+  sandbox_.writeDemoOfCa12("LOG_STATE=FALSE\n");
   load();
   EXPECT_TRUE(matchesGolden(setUp("CA12"), "setup_disabled.txt"));
   EXPECT_FALSE(done_);
@@ -122,7 +112,7 @@ TEST_F(SetupTranscript, OfDisabledLogging) {
 
 TEST_F(SetupTranscript, OfARedirectedGenericCa) {
   sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA12\n");
-  writeCa12(std::string("LOG_STATE=TRUE\n") + traced);
+  sandbox_.writeDemoOfCa12(std::string("LOG_STATE=TRUE\n") + traced);
   load();
   EXPECT_TRUE(matchesGolden(setUpWithoutCa(), "setup_redirected_generic.txt"));
   EXPECT_TRUE(done_);
@@ -130,7 +120,7 @@ TEST_F(SetupTranscript, OfARedirectedGenericCa) {
 
 TEST_F(SetupTranscript, OfACaOfTheEnvironment) {
   sandbox_.writeCfg("GE", traced);
-  writeCa12("LOG_STATE=FALSE\n");
+  sandbox_.writeDemoOfCa12("LOG_STATE=FALSE\n");
   load();
   testsupport::setEnvironment("DEFAULT_CA_NR", "ca12");
   EXPECT_TRUE(matchesGolden(setUpWithoutCa(), "setup_environment.txt"));

@@ -26,6 +26,14 @@ std::vector<std::string> ConfigSandbox::newIn(const std::string& _folder, const 
   return added;
 }
 
+void ConfigSandbox::writeDemoOfCa12(const std::string& _keys) const {
+  writeInit("CA12", "Demo.App;\nDemo.Net.error;\n");
+  writeCfg("CA12", "CA_NR=CA12\n" + _keys +
+                       "COMMON_LOG_FILE_NAME=common.log\n"
+                       "COMMON_LOG_FILE_ROOT=Logs\\Common\n"
+                       "COMMON_LOG_FILE_FILTER=Demo.App;Demo.Net;Demo.Disk\n");
+}
+
 std::string ConfigSandbox::masked(const std::string& _text) const {
   return replaced(replaced(replaced(_text, appData_, "<APPDATA>"), commonProgramFiles_, "<CFGBASE>"), commonAppData_,
                   "<INITBASE>");

@@ -41,6 +41,10 @@ class ConfigSandbox {
   void writeCfg(const std::string& _ca, const std::string& _bytes) const { writeFile(cfgPath(_ca), _bytes); }
   void writeInit(const std::string& _ca, const std::string& _bytes) const { writeFile(initPath(_ca), _bytes); }
 
+  /// The configuration of CA12 with a common log for the classes of "Demo", its keys preceded by these, and the classes
+  /// that are on.
+  void writeDemoOfCa12(const std::string& _keys) const;
+
   /// The text with the base folders replaced by <APPDATA>, <CFGBASE> and <INITBASE>, for comparison with a golden.
   std::string masked(const std::string& _text) const;
 

@@ -64,7 +64,7 @@ TEST_F(LogTest, LogsLinesOfSeveralClassesAndTellsWhichAreOn) {
 }
 
 TEST_F(LogTest, StampsWithMillisecondsWhenTheConfigurationWantsThem) {
-  writeCa12("LOG_STATE=TRUE\nMILLISECOND_RESOLUTION=TRUE\n");
+  sandbox_.writeDemoOfCa12("LOG_STATE=TRUE\nMILLISECOND_RESOLUTION=TRUE\n");
   EXPECT_EQ(run({"--ca", "CA12", "--lines", "1", "--classes", "Demo.App"}).exitCode, 0);
   EXPECT_EQ(commonLogLines(), "[Demo.App] <STAMP WITH MILLISECONDS> line 1 of 1\n");
 }
@@ -123,7 +123,7 @@ TEST_F(LogTest, TellsThatTheCommonLogCannotBeWritten) {
 
 TEST_F(LogTest, LosesNothingAtItsEndInThreadSafeMode) {
   sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA12\n");
-  writeCa12("LOG_STATE=TRUE\nTS_APPENDERS=TRUE\n");
+  sandbox_.writeDemoOfCa12("LOG_STATE=TRUE\nTS_APPENDERS=TRUE\n");
   const ChildResult result = run({"--cout", "--lines", "5000", "--classes", "Demo.App.a;Demo.App.b;Demo.Net.error;"});
   EXPECT_EQ(result.exitCode, 0);
   for (const char* log : {"Demo.App.a", "Demo.App.b", "Demo.Net.error"}) {
@@ -145,7 +145,7 @@ TEST_F(LogTest, SaysThatTheConfigurationIsMissing) {
 }
 
 TEST_F(LogTest, SaysThatLoggingIsSwitchedOff) {
-  writeCa12("LOG_STATE=yes\n");
+  sandbox_.writeDemoOfCa12("LOG_STATE=yes\n");
   expectFailure({"--ca", "CA12"},
                 "logging is switched off: LOG_STATE is \"yes\", not TRUE, in " + nativePath(sandbox_.cfgPath("CA12")));
 }

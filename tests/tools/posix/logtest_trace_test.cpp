@@ -25,18 +25,18 @@ TEST_F(LogTestTrace, IsThatOfAFirstStart) {
 
 TEST_F(LogTestTrace, IsThatOfAMissingCa) {
   sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA12\n");
-  writeCa12(std::string("LOG_STATE=TRUE\n") + traced);
+  sandbox_.writeDemoOfCa12(std::string("LOG_STATE=TRUE\n") + traced);
   EXPECT_TRUE(tracesAs("setup_missing_ca.txt", {"--ca", "CA7"}));
 }
 
 TEST_F(LogTestTrace, BeginsWithTheGeneratedFileThatSwitchesItOn) {
-  writeCa12(std::string("LOG_STATE=TRUE\n") + traced);
+  sandbox_.writeDemoOfCa12(std::string("LOG_STATE=TRUE\n") + traced);
   EXPECT_TRUE(tracesAs("setup_generated_trace_begins.txt", {"--ca", "CA7"}));
 }
 
 TEST_F(LogTestTrace, IsThatOfARedirectedGenericCa) {
   sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA12\n");
-  writeCa12(std::string("LOG_STATE=TRUE\n") + traced);
+  sandbox_.writeDemoOfCa12(std::string("LOG_STATE=TRUE\n") + traced);
   EXPECT_TRUE(tracesAs("setup_redirected_generic.txt", {}));
 }
 
