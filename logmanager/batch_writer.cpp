@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "logmanager/batch_writers.h"
+#include "platform/append_file.h"
 
 namespace boost::logging::detail {
 namespace {
@@ -37,6 +38,7 @@ void abandon(std::unique_ptr<T> _object) {
 BatchWriter::BatchWriter(const appender& _wrapped, int _sleepMs)
     : wrapped_(_wrapped),
       sleepMs_(std::max(_sleepMs, 0)),
+      batch_(new std::string),
       wake_(new boost::condition_variable),
       ended_(new boost::condition_variable) {}
 
@@ -91,9 +93,11 @@ void BatchWriter::restartInChild() {
   if (writer_ == Writer::running) writer_ = Writer::none;
   isWaiting_ = false;
   isDelivering_ = false;
+  abandon(std::move(batch_));
   abandon(std::move(wake_));
   abandon(std::move(ended_));
   abandon(std::move(thread_));
+  batch_.reset(new std::string);
   wake_.reset(new boost::condition_variable);
   ended_.reset(new boost::condition_variable);
   lock_.unlock();
@@ -141,14 +145,15 @@ bool BatchWriter::startThread() {
 }
 
 void BatchWriter::run() {
-  std::string batch;
+  platform::watchAppends(isAppended_);
   Lock lock(lock_);
   while (true) {
-    deliverBatch(lock, batch);
+    deliverBatch(lock, *batch_);
     if (isStopped_.load(std::memory_order_relaxed)) break;
     pause(lock);
   }
-  deliverRest(lock);
+  while (!cache_.empty())
+    deliverBatch(lock, *batch_);
   writer_ = Writer::ended;
   ended_->notify_all();
   lock.unlock();
@@ -159,6 +164,7 @@ void BatchWriter::deliverBatch(Lock& _lock, std::string& _batch) {
   if (cache_.empty()) return;
   _batch.swap(cache_);
   hasText_.store(false, std::memory_order_relaxed);
+  isAppended_.store(false, std::memory_order_relaxed);
   isDelivering_ = true;
   _lock.unlock();
   try {
@@ -213,7 +219,14 @@ void BatchWriter::endIfThreadIsGone(Lock& _lock) {
   _lock.lock();
   if (!isGone || writer_ != Writer::running) return;
   writer_ = Writer::ended;
-  isDelivering_ = false;
+  if (!std::exchange(isDelivering_, false)) return;
+  // The thread was ended inside the wrapped appender. Called again, a foreign one might wait for ever for what the
+  // thread has left behind.
+  if (wrapped_.target<write_to_file>() != nullptr) {
+    if (!isAppended_.load(std::memory_order_relaxed)) cache_.insert(0, *batch_);
+  } else {
+    cache_.clear();
+  }
 }
 
 }  // namespace boost::logging::detail

@@ -32,7 +32,8 @@ class BatchWriter : public std::enable_shared_from_this<BatchWriter> {
   void stop();
 
   /// For the end of the process or of the library: sets the stop flag and waits until all text is delivered, but not
-  /// beyond the deadline. Where the thread is gone, as threads are when a Windows process ends, delivers the text here.
+  /// beyond the deadline. Where the thread is gone, as threads are when a Windows process ends, delivers the text here,
+  /// unless the thread was inside an appender other than write_to_file, whose state nobody knows then.
   void finish(std::chrono::steady_clock::time_point _deadline);
 
   /// Around a fork. The child begins without text, which the parent delivers, and without the thread.
@@ -73,6 +74,10 @@ class BatchWriter : public std::enable_shared_from_this<BatchWriter> {
   bool isWaiting_ = false;
   bool isDelivering_ = false;
   // Pointers, since a forked child has to abandon them as they are: their other user does not exist there.
+  /// What the thread delivers.
+  std::unique_ptr<std::string> batch_;
+  /// Set when the thread's batch has reached the file of a write_to_file.
+  std::atomic<bool> isAppended_{false};
   std::unique_ptr<boost::condition_variable> wake_;
   std::unique_ptr<boost::condition_variable> ended_;
   std::unique_ptr<boost::thread> thread_;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -59,5 +60,10 @@ class AppendFile {
   std::intptr_t file_;
   Identity identity_;
 };
+
+/// From now on the flag is set as soon as a message of the calling thread has reached a file, so that others can tell
+/// what a thread has done that was ended inside append, as happens at the end of a Windows process. Without effect on
+/// Linux. The flag has to outlive the thread's appending.
+void watchAppends(std::atomic<bool>& _appended);
 
 }  // namespace platform

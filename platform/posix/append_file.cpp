@@ -98,4 +98,6 @@ bool AppendFile::isStillAt(const std::string& _path) const {
   return errno != ENOENT && errno != ENOTDIR;
 }
 
+void watchAppends(std::atomic<bool>& /*_appended*/) {}
+
 }  // namespace platform

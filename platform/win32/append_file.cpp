@@ -13,7 +13,20 @@ namespace {
 constexpr char SEPARATORS[] = "\\/";
 constexpr DWORD SHARE_ALL = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
-HANDLE handleOf(std::intptr_t _file) { return reinterpret_cast<HANDLE>(_file); }
+thread_local constinit std::atomic<bool>* watch = nullptr;
+
+struct OpenFile {
+  HANDLE file;
+  HANDLE queue;
+};
+
+const OpenFile& openFileOf(std::intptr_t _file) { return *reinterpret_cast<const OpenFile*>(_file); }
+
+HANDLE handleOf(std::intptr_t _file) { return openFileOf(_file).file; }
+
+std::string queueName(const AppendFile::Identity& _identity) {
+  return "qmrk-append-" + std::to_string(_identity.volume) + "-" + std::to_string(_identity.file);
+}
 
 // Without the right to write data every write goes to the end of the file. Reading serves to look at the last byte, and
 // the lock needs it.
@@ -70,13 +83,16 @@ std::unique_ptr<AppendFile> AppendFile::open(const std::string& _path, bool _tru
     if (file != INVALID_HANDLE_VALUE) ::CloseHandle(file);
     return nullptr;
   }
-  return std::unique_ptr<AppendFile>(new AppendFile(reinterpret_cast<std::intptr_t>(file), identity));
+  const auto* const opened = new OpenFile{file, makeAppendQueue(queueName(identity))};
+  return std::unique_ptr<AppendFile>(new AppendFile(reinterpret_cast<std::intptr_t>(opened), identity));
 }
 
 AppendFile::AppendFile(std::intptr_t _file, Identity _identity) : file_(_file), identity_(_identity) {}
 
 AppendFile::~AppendFile() {
-  if (injectedFault(Call::closeFile) == noError) ::CloseHandle(handleOf(file_));
+  const std::unique_ptr<const OpenFile> opened(&openFileOf(file_));
+  if (injectedFault(Call::closeFile) == noError) ::CloseHandle(opened->file);
+  if (opened->queue != nullptr) ::CloseHandle(opened->queue);
 }
 
 AppendFile::Result AppendFile::append(const char* _data, std::size_t _size) {
@@ -84,12 +100,15 @@ AppendFile::Result AppendFile::append(const char* _data, std::size_t _size) {
   const ErrorCode fault = injectedFault(Call::append);
   if (fault != noError) return {0, fault};
   const std::string bytes = withCarriageReturns({_data, _size});
-  const AppendLock lock(handleOf(file_));
+  const AppendLock lock(handleOf(file_), openFileOf(file_).queue);
   DWORD written = 0;
   if (!::WriteFile(handleOf(file_), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr)) {
     return {0, lastErrorCode()};
   }
-  if (written == bytes.size()) return {_size, noError};
+  if (written == bytes.size()) {
+    if (watch != nullptr) watch->store(true, std::memory_order_relaxed);
+    return {_size, noError};
+  }
   // A short write is not continued: another process may have appended since.
   return {sizeBeforeTranslation({_data, _size}, written), errorDiskFull};
 }
@@ -120,5 +139,7 @@ bool AppendFile::isStillAt(const std::string& _path) const {
   ::CloseHandle(file);
   return same;
 }
+
+void watchAppends(std::atomic<bool>& _appended) { watch = &_appended; }
 
 }  // namespace platform

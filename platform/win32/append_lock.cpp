@@ -4,10 +4,7 @@
 namespace platform {
 namespace {
 
-constexpr ULONGLONG LONGEST_WAIT_MS = 50;
-// The holder needs some microseconds; who finds the lock taken more often than this sleeps between the attempts.
-constexpr int ATTEMPTS_WITHOUT_SLEEP = 64;
-
+constexpr DWORD LONGEST_WAIT_MS = 50;
 OVERLAPPED lockedByte() {
   OVERLAPPED position{};
   position.OffsetHigh = 0x7FFFFFFF;
@@ -19,12 +16,19 @@ bool tryLock(HANDLE _file) {
   return ::LockFileEx(_file, LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &position) != 0;
 }
 
-bool lockWithinLimit(HANDLE _file) {
+// Whether this writer is the first in the queue now, which it then has to leave.
+bool standInQueue(HANDLE _queue) {
+  if (_queue == nullptr) return false;
+  const DWORD result = ::WaitForSingleObject(_queue, LONGEST_WAIT_MS);
+  // The one before may have died.
+  return result == WAIT_OBJECT_0 || result == WAIT_ABANDONED;
+}
+
+bool lockUntil(HANDLE _file, ULONGLONG _end) {
   if (tryLock(_file)) return true;
-  const ULONGLONG begin = ::GetTickCount64();
-  for (int attempt = 1; ::GetLastError() == ERROR_LOCK_VIOLATION; ++attempt) {
-    if (::GetTickCount64() - begin >= LONGEST_WAIT_MS) return false;
-    ::Sleep(attempt < ATTEMPTS_WITHOUT_SLEEP ? 0 : 1);
+  while (::GetLastError() == ERROR_LOCK_VIOLATION) {
+    if (::GetTickCount64() >= _end) return false;
+    ::Sleep(0);
     if (tryLock(_file)) return true;
   }
   return false;
@@ -32,12 +36,20 @@ bool lockWithinLimit(HANDLE _file) {
 
 }  // namespace
 
-AppendLock::AppendLock(HANDLE _file) : file_(_file), locked_(lockWithinLimit(_file)) {}
+HANDLE makeAppendQueue(const std::string& _name) { return ::CreateMutexA(nullptr, FALSE, _name.c_str()); }
+
+AppendLock::AppendLock(HANDLE _file, HANDLE _queue) : file_(_file), queue_(_queue) {
+  const ULONGLONG end = ::GetTickCount64() + LONGEST_WAIT_MS;
+  isFirst_ = standInQueue(_queue);
+  locked_ = lockUntil(_file, end);
+}
 
 AppendLock::~AppendLock() {
-  if (!locked_) return;
-  OVERLAPPED position = lockedByte();
-  ::UnlockFileEx(file_, 0, 1, 0, &position);
+  if (locked_) {
+    OVERLAPPED position = lockedByte();
+    ::UnlockFileEx(file_, 0, 1, 0, &position);
+  }
+  if (isFirst_) ::ReleaseMutex(queue_);
 }
 
 }  // namespace platform
