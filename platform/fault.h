@@ -11,6 +11,7 @@ enum class Call {
   environmentVariable,
   consoleWrite,
   accessTest,
+  readAccessTest,
   statusQuery,
   createDirectory,
   openForReading,

@@ -18,6 +18,7 @@ static_assert(static_cast<int>(Access::readWrite) == (R_OK | W_OK));
 
 bool isAccessible(const std::string& _path, Access _mode) {
   if (injectedFault(Call::accessTest) != noError) return false;
+  if (_mode == Access::read && injectedFault(Call::readAccessTest) != noError) return false;
   return ::faccessat(AT_FDCWD, nativePath(_path).c_str(), static_cast<int>(_mode), AT_EACCESS) == 0;
 }
 

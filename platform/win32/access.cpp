@@ -21,6 +21,7 @@ std::string withoutFinalSeparators(const std::string& _path) {
 
 bool isAccessible(const std::string& _path, Access _mode) {
   if (injectedFault(Call::accessTest) != noError) return false;
+  if (_mode == Access::read && injectedFault(Call::readAccessTest) != noError) return false;
   return ::_access(_path.c_str(), static_cast<int>(_mode)) == 0;
 }
 

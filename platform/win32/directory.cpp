@@ -10,8 +10,9 @@ namespace platform {
 bool createFolder(const std::string& _path, ErrorCode& _error) {
   _error = injectedFault(Call::createDirectory);
   if (_error != noError) return false;
-  if (!::CreateDirectoryA(_path.c_str(), nullptr)) _error = lastErrorCode();
-  return _error == noError;
+  if (::CreateDirectoryA(_path.c_str(), nullptr)) return true;
+  _error = lastErrorCode();
+  return false;
 }
 
 }  // namespace platform

@@ -176,7 +176,7 @@ TEST_F(ConfigurationCheck, FailsWhenTheConfigurationFolderIsMissing) {
 TEST_F(ConfigurationCheck, AFileThatMayNotBeReadIsRecordedAndFails) {
   sandbox_.writeCfg("CA12", "CA_NR=CA12\n");
   {
-    const testsupport::WithoutReadPermission denied(sandbox_.cfgPath("CA12"), 2);
+    const testsupport::WithoutReadPermission denied(sandbox_.cfgPath("CA12"));
     EXPECT_FALSE(checkTraced("CA12"));
   }
   EXPECT_EQ(ca_, "CA12");
@@ -188,7 +188,7 @@ TEST_F(ConfigurationCheck, AFileThatMayNotBeReadIsRecordedAndFails) {
 TEST_F(ConfigurationCheck, AGenericFileThatMayNotBeReadIsRecordedAndFails) {
   sandbox_.writeCfg("GE", "CA_NR=GE\n");
   {
-    const testsupport::WithoutReadPermission denied(sandbox_.cfgPath("GE"), 4);
+    const testsupport::WithoutReadPermission denied(sandbox_.cfgPath("GE"));
     EXPECT_FALSE(check("CA12"));
   }
   EXPECT_EQ(ca_, "GE");

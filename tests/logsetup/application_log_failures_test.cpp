@@ -2,6 +2,7 @@
 #include "tests/logsetup/application_logs.h"
 #include "tests/support/as_unprivileged_user.h"
 #include "tests/support/fault_plan.h"
+#include "tests/support/without_read_permission.h"
 #include "tests/trace/traced_console.h"
 
 namespace {
@@ -27,8 +28,7 @@ TEST_F(ApplicationLogFailures, AnEmptyFileNameFailsAndChangesNothing) {
 }
 
 TEST_F(ApplicationLogFailures, AConfigurationThatCannotBeReadFailsAndConnectsNothing) {
-  testsupport::denyAccess(sandbox_.cfgPath("CA12"));
-  const testsupport::AsUnprivilegedUser user;
+  const testsupport::WithoutReadPermission denied(sandbox_.cfgPath("CA12"));
   const TracedConsole console;
   EXPECT_FALSE(create("App"));
   EXPECT_NE(console.text().find(

@@ -7,6 +7,7 @@
 #include "tests/logsetup/log_set_up.h"
 #include "tests/support/as_unprivileged_user.h"
 #include "tests/support/fault_plan.h"
+#include "tests/support/without_read_permission.h"
 #include "tests/trace/named_lines.h"
 #include "tests/trace/traced_console.h"
 
@@ -76,8 +77,7 @@ TEST_F(DefaultLogsFailure, IsAConfigurationThatIsMissingAndCannotBeGenerated) {
 }
 
 TEST_F(DefaultLogsFailure, IsAConfigurationThatIsDenied) {
-  testsupport::denyAccess(sandbox_.cfgPath("CA12"));
-  const testsupport::AsUnprivilegedUser user;
+  const testsupport::WithoutReadPermission denied(sandbox_.cfgPath("CA12"));
   expectFailure("-!- Quillmark_logging::initDefaultLogs() Specified configuration NOT OK\r\n");
 }
 

@@ -4,9 +4,9 @@
 #include "quillmark_logging.h"
 #include "tests/logsetup/log_set_up.h"
 #include "tests/logsetup/transcript.h"
-#include "tests/support/as_unprivileged_user.h"
 #include "tests/support/captured_console.h"
 #include "tests/support/golden.h"
+#include "tests/support/without_read_permission.h"
 
 namespace {
 
@@ -92,10 +92,9 @@ TEST_F(SetupTranscript, OfAGenerationThatSwitchesTheTraceOff) {
 TEST_F(SetupTranscript, OfAFileThatMayNotBeRead) {
   sandbox_.writeCfg("GE", traced);
   load();
-  testsupport::denyAccess(sandbox_.cfgPath("CA12"));
   std::string trace;
   {
-    const testsupport::AsUnprivilegedUser user;
+    const testsupport::WithoutReadPermission denied(sandbox_.cfgPath("CA12"));
     trace = setUp("CA12");
   }
   EXPECT_TRUE(matchesGolden(trace, "setup_unreadable.txt"));

@@ -6,12 +6,11 @@
 
 namespace testsupport {
 
-/// While it lives, the access test for reading fails on an existing file: on Linux because the process acts as another
-/// user, from whom the rights on the file are taken. On Windows the C run-time's access test lets everybody read every
-/// file, so there the _nth access test of the process from now on is made to fail.
+/// While it lives, the process acts as another user, from whom the rights on the file are taken. Since the C run-time's
+/// access test on Windows lets everybody read every file, all access tests for reading are made to fail there.
 class WithoutReadPermission {
  public:
-  WithoutReadPermission(const std::string& _path, int _nth);
+  explicit WithoutReadPermission(const std::string& _path);
   ~WithoutReadPermission();
   WithoutReadPermission(const WithoutReadPermission&) = delete;
   WithoutReadPermission& operator=(const WithoutReadPermission&) = delete;

@@ -3,9 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/as_unprivileged_user.h"
 #include "tests/support/config_sandbox.h"
 #include "tests/support/fault_plan.h"
+#include "tests/support/without_read_permission.h"
 
 namespace {
 
@@ -60,8 +60,7 @@ TEST_F(SetupFactsTest, DoNotCallTheGenericCaAFallBackOfItself) {
 
 TEST_F(SetupFactsTest, TellThatAFileIsDenied) {
   sandbox_.writeCfg("CA12", "LOG_STATE=TRUE\n");
-  testsupport::denyAccess(sandbox_.cfgPath("CA12"));
-  const testsupport::AsUnprivilegedUser user;
+  const testsupport::WithoutReadPermission denied(sandbox_.cfgPath("CA12"));
   const SetupFacts facts = gatherSetupFacts("CA12");
   EXPECT_TRUE(facts.cfgExists);
   EXPECT_FALSE(facts.cfgIsReadable);

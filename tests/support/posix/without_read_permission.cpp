@@ -9,7 +9,7 @@ struct WithoutReadPermission::State {
   AsUnprivilegedUser user;
 };
 
-WithoutReadPermission::WithoutReadPermission(const std::string& _path, int /*_nth*/) {
+WithoutReadPermission::WithoutReadPermission(const std::string& _path) {
   denyAccess(_path);
   state_ = std::make_unique<State>();
 }
