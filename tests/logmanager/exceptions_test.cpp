@@ -8,7 +8,6 @@
 #include "boost/logging/logging.hpp"
 #include "logmanager/exception_report.h"
 #include "tests/logmanager/recorder.h"
-#include "tests/support/captured_console.h"
 
 namespace {
 
@@ -27,10 +26,10 @@ void throwingNumber(const std::string& /*_log*/, std::string& _message) {
 TEST(Exceptions, AreToldOnTheStandardErrorStreamOnceAMinute) {
   bl::flush_log_cache();
   bl::add_appender(bl::get_default_log_manager(), "E2", &throwing, "bad one", 1);
-  const testsupport::CapturedConsole console;
+  testing::internal::CaptureStderr();
   for (int i = 0; i < 1000; ++i)
     bl::logger("E2").write("text");
-  EXPECT_EQ(console.text(),
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
             "boost::logging: 1 exception in appenders and modifiers; the last: \"bad one\", log \"E2\": broken\n");
 }
 

@@ -8,6 +8,7 @@
 #include "boost/logging/logging.hpp"
 #include "logmanager/default_log_manager.h"
 #include "tests/logmanager/recorder.h"
+#include "tests/support/matches_pattern.h"
 
 namespace {
 
@@ -59,8 +60,9 @@ TEST_F(SetUp, MakesTheDefaultLineOfThreeModifiersOfEqualIndex) {
   bl::add_appender(manager_, "C3.error", recorder_.appender(), "A", 100);
   const std::vector<std::string> lines = logged("C3.error", "text");
   ASSERT_EQ(lines.size(), 1U);
-  EXPECT_THAT(lines[0], testing::MatchesRegex("C3.error.\\[C3.error\\] "
-                                              "[0-9]{8} [0-9][0-9]:[0-9][0-9]:[0-9][0-9].[0-9][0-9][0-9] text\n"));
+  EXPECT_THAT(lines[0],
+              testsupport::MatchesPattern("C3.error.\\[C3.error\\] "
+                                          "[0-9]{8} [0-9][0-9]:[0-9][0-9]:[0-9][0-9].[0-9][0-9][0-9] text\n"));
 }
 
 TEST_F(SetUp, RemovesAllCallablesOfTheNameFromTheSelectedLogsOnly) {

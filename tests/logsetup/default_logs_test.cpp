@@ -7,13 +7,14 @@
 #include "tests/logsetup/log_probe.h"
 #include "tests/logsetup/log_set_up.h"
 #include "tests/logsetup/waited_file.h"
+#include "tests/support/matches_pattern.h"
 
 namespace {
 
 using namespace Quillmark_logging;
-using testing::MatchesRegex;
 using testsupport::exists;
 using testsupport::LogProbe;
+using testsupport::MatchesPattern;
 using testsupport::nativeLineEnds;
 using testsupport::readFile;
 
@@ -59,7 +60,7 @@ TEST_F(DefaultLogs, LandInTheCommonLogStampedPrefixedAndFilteredByClass) {
   EXPECT_THAT(testsupport::replaced(readFile(commonLog()), nativeLineEnds("\n"), "\n"), testing::EndsWith(" second\n"));
   EXPECT_THAT(
       testsupport::replaced(readFile(commonLog()), nativeLineEnds("\n"), "\n"),
-      MatchesRegex("[^[]*" + line("Def.a.error", secondsStamp, "first") + line("Def.b", secondsStamp, "second")));
+      MatchesPattern("[^[]*" + line("Def.a.error", secondsStamp, "first") + line("Def.b", secondsStamp, "second")));
 }
 
 TEST_F(DefaultLogs, AreStampedWithMillisecondsWhenTheKeyIsTrue) {
@@ -67,7 +68,7 @@ TEST_F(DefaultLogs, AreStampedWithMillisecondsWhenTheKeyIsTrue) {
   for (const char* value : {"TRUE", "true", "True"}) {
     writeCfg("CA12", std::string("LOG_STATE=TRUE\nMILLISECOND_RESOLUTION=") + value + "\n");
     ASSERT_TRUE(initDefaultLogs("App", "CA12", false));
-    EXPECT_THAT(probe.logged("Def.a", "text"), MatchesRegex(line("Def.a", millisecondsStamp, "text"))) << value;
+    EXPECT_THAT(probe.logged("Def.a", "text"), MatchesPattern(line("Def.a", millisecondsStamp, "text"))) << value;
   }
 }
 
@@ -77,13 +78,13 @@ TEST_F(DefaultLogs, AreStampedInWholeSecondsOtherwise) {
                           "MILLISECOND_RESOLUTION=yes\n", "MILLISECOND_RESOLUTION= TRUE\n"}) {
     writeCfg("CA12", std::string("LOG_STATE=TRUE\n") + key);
     ASSERT_TRUE(initDefaultLogs("App", "CA12", false));
-    EXPECT_THAT(probe.logged("Def.a", "text"), MatchesRegex(line("Def.a", secondsStamp, "text"))) << key;
+    EXPECT_THAT(probe.logged("Def.a", "text"), MatchesPattern(line("Def.a", secondsStamp, "text"))) << key;
   }
 }
 
 TEST_F(DefaultLogs, ComeToTheConsoleWhenItIsWanted) {
   ASSERT_TRUE(initDefaultLogs("App", "CA12", true));
-  EXPECT_THAT(printed("Def.other", "text"), MatchesRegex(line("Def.other", secondsStamp, "text")));
+  EXPECT_THAT(printed("Def.other", "text"), MatchesPattern(line("Def.other", secondsStamp, "text")));
 }
 
 TEST_F(DefaultLogs, LeaveTheConsoleWhenALaterCallDoesNotWantIt) {
@@ -96,11 +97,11 @@ TEST_F(DefaultLogs, AreReplacedByASecondCall) {
   ASSERT_TRUE(initDefaultLogs("App", "CA12", true));
   ASSERT_TRUE(initDefaultLogs("App", "CA12", true));
   const LogProbe probe;
-  EXPECT_THAT(printed("Def.a", "text"), MatchesRegex(line("Def.a", secondsStamp, "text")));
+  EXPECT_THAT(printed("Def.a", "text"), MatchesPattern(line("Def.a", secondsStamp, "text")));
   ASSERT_EQ(probe.messages().size(), 1U);
-  EXPECT_THAT(probe.messages().front(), MatchesRegex(line("Def.a", secondsStamp, "text")));
+  EXPECT_THAT(probe.messages().front(), MatchesPattern(line("Def.a", secondsStamp, "text")));
   EXPECT_THAT(testsupport::replaced(readFile(commonLog()), nativeLineEnds("\n"), "\n"),
-              MatchesRegex("[^[]*" + line("Def.a", secondsStamp, "text")));
+              MatchesPattern("[^[]*" + line("Def.a", secondsStamp, "text")));
 }
 
 TEST_F(DefaultLogs, KeepWhatTheApplicationHasConnected) {
@@ -131,7 +132,7 @@ TEST_F(DefaultLogs, AreSetUpWithoutAFilter) {
   sandbox_.writeCfg("CA12", "COMMON_LOG_FILE_NAME=common.log\nLOG_STATE=TRUE\n");
   const LogProbe probe;
   EXPECT_TRUE(initDefaultLogs("App", "CA12", false));
-  EXPECT_THAT(probe.logged("Def.a", "text"), MatchesRegex(line("Def.a", secondsStamp, "text")));
+  EXPECT_THAT(probe.logged("Def.a", "text"), MatchesPattern(line("Def.a", secondsStamp, "text")));
   EXPECT_EQ(readFile(commonLog()).find("text"), std::string::npos);
 }
 
@@ -139,7 +140,7 @@ TEST_F(DefaultLogs, AreSetUpWithoutAClassList) {
   testsupport::removeAll(sandbox_.initPath("CA12"));
   const LogProbe probe;
   EXPECT_TRUE(initDefaultLogs("App", "CA12", false));
-  EXPECT_THAT(probe.logged("Def.a", "text"), MatchesRegex(line("Def.a", secondsStamp, "text")));
+  EXPECT_THAT(probe.logged("Def.a", "text"), MatchesPattern(line("Def.a", secondsStamp, "text")));
 }
 
 TEST_F(DefaultLogs, ComeFromThreadsOfTheirOwnInThreadSafeMode) {
@@ -174,7 +175,7 @@ TEST_F(DefaultLogs, AreThoseOfTheGenericCaWhereTheEnvironmentNamesAMissingOne) {
   EXPECT_TRUE(initDefaultLogs("App", false));
   // The generic file is its own class list, as a "GE" that is not redirected has none.
   enableLogs("Def.a");
-  EXPECT_THAT(probe.logged("Def.a", "text"), MatchesRegex(line("Def.a", millisecondsStamp, "text")));
+  EXPECT_THAT(probe.logged("Def.a", "text"), MatchesPattern(line("Def.a", millisecondsStamp, "text")));
   EXPECT_TRUE(exists(sandbox_.appData() + "\\Generic\\common.log"));
   EXPECT_EQ(testsupport::recordsIn(sandbox_.appData() + "\\Generic\\qmrk.info"),
             std::vector<std::string>{"Invalid of missing configuration file for CA7. Redirecting to configuration file "

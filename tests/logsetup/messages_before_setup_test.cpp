@@ -5,6 +5,7 @@
 #include "logsetup/log_manager_binding.h"
 #include "quillmark_logging.h"
 #include "tests/support/config_sandbox.h"
+#include "tests/support/matches_pattern.h"
 
 namespace {
 
@@ -21,8 +22,9 @@ TEST(EarlyMessages, LoggedBeforeTheSetUpAreInTheCommonLogBeforeTheLaterOnes) {
   QMRK_LOG(boost::logging::logger("Early.on")) << "four";
   const std::string stamp = "[0-9]{8} [0-9]{2}:[0-9]{2}:[0-9]{2}";
   // Between them lies the description of the system, where it is known.
-  EXPECT_THAT(testsupport::replaced(testsupport::readFile(file), testsupport::nativeLineEnds("\n"), "\n"),
-              testing::MatchesRegex("\\[Early.on\\] " + stamp + " one\n[^[]*\\[Early.on\\] " + stamp + " four\n"));
+  EXPECT_THAT(
+      testsupport::replaced(testsupport::readFile(file), testsupport::nativeLineEnds("\n"), "\n"),
+      testsupport::MatchesPattern("\\[Early.on\\] " + stamp + " one\n[^[]*\\[Early.on\\] " + stamp + " four\n"));
   Quillmark_logging::deleteAppender("*", "APPENDER_WRITE2FILE_INIT");
 }
 

@@ -9,7 +9,7 @@ namespace testsupport {
 struct ChildResult {
   /// -1 when the program could not be started or was ended by a signal.
   int exitCode = -1;
-  /// What it wrote to the standard output and error streams.
+  /// What it wrote to the standard output and error streams, with line ends of LF.
   std::string output;
   std::string errors;
 };

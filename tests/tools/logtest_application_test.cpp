@@ -6,14 +6,15 @@
 #include "tests/support/child_process.h"
 #include "tests/support/companion_process.h"
 #include "tests/support/config_sandbox.h"
+#include "tests/support/matches_pattern.h"
 #include "tests/support/private_events.h"
 
 namespace {
 
 using testing::HasSubstr;
-using testing::MatchesRegex;
 using testing::StartsWith;
 using testsupport::ChildResult;
+using testsupport::MatchesPattern;
 using testsupport::readFile;
 
 class LogTestApplication : public testing::Test {
@@ -56,19 +57,22 @@ TEST_F(LogTestApplication, LogsIntoTheFileOfAnApplication) {
 
 TEST_F(LogTestApplication, PutsProcessThreadAndLocationInFrontOfALine) {
   EXPECT_EQ(run({"--ca", "CA12", "--classes", "A;", "--lines", "1", "--app", "Own", "--stamps"}).exitCode, 0);
-  EXPECT_THAT(readFile(appLog()), MatchesRegex(".*\\[[0-9]+\\] \\[[0-9]+\\] \\[logLine tools.logtest.class_log\\.cpp:"
-                                               "[0-9]+\\] line 1 of 1\r?\n"));
+  EXPECT_THAT(readFile(appLog()), MatchesPattern(".*\\[[0-9]+\\] \\[[0-9]+\\] \\[logLine tools.logtest.class_log\\.cpp:"
+                                                 "[0-9]+\\] line 1 of 1\r?\n"));
 }
 
 TEST_F(LogTestApplication, TellsTheVersionsWithoutAnySetUp) {
   const ChildResult result = run({"--version"});
   EXPECT_EQ(result.exitCode, 0) << result.errors;
-  EXPECT_EQ(result.output, testsupport::nativeLineEnds("\nVersion info:\n"
-                                                       "=============\n"
-                                                       "qmrk_log.dll        " QMRK_VERSION "\n"
-                                                       "LogTest.exe         " QMRK_VERSION "\n"
-                                                       "\n"
-                                                       "Library " QMRK_VERSION ", LogTest " QMRK_VERSION "\n"));
+  EXPECT_EQ(result.output,
+            "\nVersion info:\n"
+            "=============\n"
+            "qmrk_log.dll        " QMRK_VERSION
+            "\n"
+            "LogTest.exe         " QMRK_VERSION
+            "\n"
+            "\n"
+            "Library " QMRK_VERSION ", LogTest " QMRK_VERSION "\n");
   EXPECT_FALSE(testsupport::exists(sandbox_.logFolder()));
 }
 

@@ -16,12 +16,8 @@ class LogTestRun : public testing::Test {
  protected:
   LogTestRun() { sandbox_.writeDemoOfCa12("LOG_STATE=TRUE\n"); }
 
-  /// What LogTest does, with line ends of LF in its output.
-  static ChildResult run(const std::vector<std::string>& _arguments) {
-    ChildResult result = runProgram(QMRK_LOGTEST, _arguments);
-    result.output = replaced(result.output, "\r\n", "\n");
-    return result;
-  }
+  /// What LogTest does.
+  static ChildResult run(const std::vector<std::string>& _arguments) { return runProgram(QMRK_LOGTEST, _arguments); }
 
   std::string commonLog() const { return sandbox_.appData() + "\\Logs\\Common\\common.log"; }
 

@@ -184,7 +184,7 @@ TEST_F(LogTest, ExitsWith2OnWrongUsage) {
     EXPECT_THAT(result.errors, StartsWith("LogTest: ")) << arguments.front();
     EXPECT_EQ(result.output, "");
   }
-  EXPECT_TRUE(testsupport::namesIn(sandbox_.appData()).empty());
+  EXPECT_TRUE(sandbox_.newInAppData().empty());
 }
 
 TEST_F(LogTest, TellsHowItIsUsed) {

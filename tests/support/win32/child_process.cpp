@@ -50,8 +50,8 @@ ChildResult runProgram(const std::string& _program, const std::vector<std::strin
   if (started) result.exitCode = waitFor(child);
   ::CloseHandle(startup.hStdOutput);
   ::CloseHandle(startup.hStdError);
-  result.output = readFile(output);
-  result.errors = readFile(errors);
+  result.output = replaced(readFile(output), "\r\n", "\n");
+  result.errors = replaced(readFile(errors), "\r\n", "\n");
   return result;
 }
 
