@@ -6,6 +6,7 @@
 lay_out_sandbox() {
   SANDBOX=$1
   LOG_TEST=("$2/tools/LogTest")
+  LOG_TEST_ON_CONSOLE=("${LOG_TEST[@]}")
   QMRKCTL=("$2/tools/qmrkctl/qmrkctl")
   SANDBOX_NOTE='They lie below the base folders that QMRK_COMMON_PROGRAM_FILES and QMRK_COMMON_APPDATA name.'
   rm -rf "$SANDBOX"
@@ -20,8 +21,9 @@ lay_out_sandbox() {
 lay_out_wine_sandbox() {
   SANDBOX=$QMRK_WINE_PREFIX/drive_c
   SANDBOX_NOTE='They lie in the folders of the shell for common files and for application data.'
-  LOG_TEST=("$WINE_RUN" "$1/tools/LogTest.exe")
-  QMRKCTL=("$WINE_RUN" "$1/tools/qmrkctl/qmrkctl.exe")
+  LOG_TEST=("$WINE_RUN" "$1/bin/LogTest.exe")
+  LOG_TEST_ON_CONSOLE=("$WINE_RUN" --on-console "$1/bin/LogTest.exe")
+  QMRKCTL=("$WINE_RUN" "$1/bin/qmrkctl.exe")
   fill_sandbox "$SANDBOX/Program Files/Common Files" "$SANDBOX/ProgramData" \
     "$(echo "$SANDBOX"/users/"$(id -un)"/AppData/Roaming)"
 }

@@ -29,6 +29,7 @@ run() {
   local word line
   local command=("$@")
   [ "$1" != "${WINE_RUN:-}" ] || command=("${@:2}")
+  [ "${command[0]}" != --on-console ] || command=("${command[@]:1}")
   line="  \$ $(basename "${command[0]}")"
   for word in "${command[@]:1}"; do
     [[ $word =~ ^[A-Za-z0-9_./=-]+$ ]] || word="'$word'"
@@ -101,7 +102,7 @@ station_settings() {
   reset_examples
   set_key QMRK_TRACE TRUE
   say 'QMRK_TRACE=TRUE: the library traces its own steps on the console:'
-  ends_of_trace 4 log_test --lines 1
+  ends_of_trace 4 run "${LOG_TEST_ON_CONSOLE[@]}" --lines 1
   reset_examples
 }
 

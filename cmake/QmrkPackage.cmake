@@ -1,0 +1,23 @@
+# SPDX-License-Identifier: MIT
+# The archive that cpack makes of what gets installed. On Windows it has the licences of what is linked statically, too.
+set(CPACK_PACKAGE_NAME qmrk_log)
+set(CPACK_PACKAGE_VENDOR Orvane)
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY ${PROJECT_DESCRIPTION})
+set(CPACK_STRIP_FILES ON)
+if(WIN32)
+  set(CPACK_GENERATOR ZIP)
+  set(CPACK_PACKAGE_FILE_NAME qmrk_log-${PROJECT_VERSION}-windows-x86_64)
+  foreach(part IN ITEMS
+      boost:libboost1.74-dev cli11:libcli11-dev gcc:gcc-mingw-w64-base mingw-w64:mingw-w64-common)
+    string(REGEX MATCH "^([^:]*):(.*)$" part ${part})
+    set(name ${CMAKE_MATCH_1})
+    set(copyright /usr/share/doc/${CMAKE_MATCH_2}/copyright)
+    if(EXISTS ${copyright})
+      install(FILES ${copyright} DESTINATION ${CMAKE_INSTALL_DOCDIR}/licences RENAME ${name}.txt)
+    endif()
+  endforeach()
+else()
+  set(CPACK_GENERATOR TGZ)
+  set(CPACK_PACKAGE_FILE_NAME qmrk_log-${PROJECT_VERSION}-linux-${CMAKE_SYSTEM_PROCESSOR})
+endif()
+include(CPack)

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <boost/filesystem/exception.hpp>
+#include <boost/logging/logging.hpp>
+
+#include "logsetup/rolling_file_appender.h"
+#include "tests/support/companion_process.h"
+#include "tests/support/temporary_folder.h"
+
+namespace {
+
+using boost::logging::rolling_file_appender;
+using testsupport::CompanionProcess;
+using testsupport::exists;
+using testsupport::readFile;
+
+class HeldFile : public ::testing::Test {
+ protected:
+  CompanionProcess hold() const {
+    CompanionProcess holder({QMRK_FILE_HOLDER, path_});
+    EXPECT_EQ(holder.readLine(), "held");
+    return holder;
+  }
+
+  testsupport::TemporaryFolder folder_;
+  std::string path_ = folder_.file("a_log.txt");
+};
+
+TEST_F(HeldFile, TheErrorOfTheRenameReachesTheCallerAndTheStreamStaysClosed) {
+  rolling_file_appender appender(path_, 4, 2, nullptr, true);
+  {
+    CompanionProcess holder = hold();
+    EXPECT_THROW(appender.write("1234"), boost::filesystem::filesystem_error);
+    EXPECT_EQ(holder.finish(), 0);
+  }
+  EXPECT_NO_THROW(appender.write("lost"));
+  EXPECT_EQ(readFile(path_), "1234");
+  EXPECT_FALSE(exists(path_ + ".1"));
+}
+
+TEST_F(HeldFile, RotationGoesOnWhenTheFileIsReleasedInTime) {
+  rolling_file_appender appender(path_, 8, 2, nullptr, true);
+  {
+    CompanionProcess holder = hold();
+    EXPECT_NO_THROW(appender.write("1234"));
+    EXPECT_EQ(holder.finish(), 0);
+  }
+  EXPECT_NO_THROW(appender.write("5678"));
+  EXPECT_EQ(readFile(path_ + ".1"), "12345678");
+  EXPECT_EQ(readFile(path_), "");
+}
+
+TEST_F(HeldFile, BehindTheThreadSafeWrapperTheProcessLivesOn) {
+  const rolling_file_appender rolling(path_, 4, 2, nullptr, true);
+  const boost::logging::ts_appender appender(rolling, 0);
+  CompanionProcess holder = hold();
+  // The first call starts the writer, which meets the error, and sleeps meanwhile.
+  EXPECT_NO_THROW(appender("log", "1234"));
+  EXPECT_NO_THROW(appender("log", "lost"));
+  EXPECT_EQ(holder.finish(), 0);
+  EXPECT_EQ(readFile(path_), "1234");
+  EXPECT_FALSE(exists(path_ + ".1"));
+}
+
+}  // namespace

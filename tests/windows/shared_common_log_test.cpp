@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <map>
+#include <regex>
+#include <sstream>
+#include <vector>
+
+#include "tests/support/companion_process.h"
+#include "tests/support/config_sandbox.h"
+
+namespace {
+
+using testsupport::CompanionProcess;
+
+constexpr int PROCESSES = 4;
+constexpr int LINES = 5000;
+
+TEST(SharedCommonLog, FourProcessesOfFiveThousandLinesLoseAndTearNone) {
+  const testsupport::ConfigSandbox sandbox;
+  sandbox.writeCfg("GE", "REDIRECT_CA_NR=CA12\n");
+  sandbox.writeCfg("CA12",
+                   "LOG_STATE=TRUE\nCOMMON_LOG_FILE_NAME=common.log\nCOMMON_LOG_FILE_FILTER=Shared;\n"
+                   "MILLISECOND_RESOLUTION=TRUE\n");
+  sandbox.writeInit("CA12", "Shared;");
+  std::vector<CompanionProcess> writers;
+  for (int writer = 0; writer < PROCESSES; ++writer) {
+    writers.emplace_back(std::vector<std::string>{QMRK_LOGTEST, "--classes", "Shared.p" + std::to_string(writer) + ";",
+                                                  "--lines", std::to_string(LINES)});
+  }
+  for (CompanionProcess& writer : writers) {
+    EXPECT_EQ(writer.finish(), 0);
+  }
+  const std::regex whole(R"(\[Shared\.p(\d)\] \d{8} \d\d:\d\d:\d\d\.\d{3} line (\d+) of 5000\r)");
+  std::map<std::string, int> lastLine;
+  int lines = 0;
+  std::istringstream log(testsupport::readFile(sandbox.logFolder() + "\\common.log"));
+  for (std::string line; std::getline(log, line);) {
+    if (line.find("Shared") == std::string::npos) continue;
+    std::smatch parts;
+    ASSERT_TRUE(std::regex_match(line, parts, whole)) << line;
+    // Each process's own lines stay in order, so none is missing when the numbers have no gap.
+    ASSERT_EQ(std::stoi(parts[2]), ++lastLine[parts[1]]) << line;
+    ++lines;
+  }
+  EXPECT_EQ(lines, PROCESSES * LINES);
+}
+
+}  // namespace
