@@ -14,6 +14,7 @@ namespace {
 [[gnu::format(printf, 1, 0)]] void print(const char* _format, va_list _arguments) {
   va_list again;
   va_copy(again, _arguments);
+  // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized): it does not see the start in the caller
   const int length = std::vsnprintf(nullptr, 0, _format, again);
   va_end(again);
   if (length <= 0) return;
