@@ -10,16 +10,16 @@
 namespace Quillmark_logging {
 
 // The trace of LogEventHandler. It goes to the standard streams, not to the console, and follows the switch as it was
-// when the library was loaded. A line is made as a whole first: lines of several listeners then do not mix, and neither
-// the flags that an application has set on the stream nor its locale change how numbers look.
+// when the library was loaded. A line is inserted as a whole, with its end: lines of several threads then do not mix,
+// and neither the flags that an application has set on the stream nor its locale change how numbers look.
 
 template <class... Parts>
 void traceTo(std::ostream& _stream, const Parts&... _parts) {
   if (!loadTimeTrace()) return;
   std::ostringstream line;
   line.imbue(std::locale::classic());
-  (line << ... << _parts);
-  _stream << line.str() << std::endl;
+  (line << ... << _parts) << '\n';
+  _stream << line.str() << std::flush;
 }
 
 template <class... Parts>
