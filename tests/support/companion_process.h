@@ -42,6 +42,9 @@ class CompanionProcess {
 
  private:
   void release();
+  static void closeIfOpen(int& _end);
+  /// Takes the next line, without its end, out of what was read; false when there is no whole one.
+  bool takeLine(std::string& _line);
 
   long process_ = -1;
   int input_ = -1;

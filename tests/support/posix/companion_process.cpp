@@ -29,12 +29,6 @@ std::array<int, 2> makePipe() {
   return ends;
 }
 
-void closeIfOpen(int& _file) {
-  if (_file >= 0) {
-    ::close(std::exchange(_file, -1));
-  }
-}
-
 int waitForEnd(long _process) {
   int status = 0;
   while (::waitpid(static_cast<pid_t>(_process), &status, 0) == -1 && errno == EINTR) {
@@ -71,28 +65,8 @@ CompanionProcess::CompanionProcess(const std::vector<std::string>& _command) {
   output_ = fromChild[0];
 }
 
-CompanionProcess::~CompanionProcess() { release(); }
-
-CompanionProcess::CompanionProcess(CompanionProcess&& _other) noexcept
-    : process_(std::exchange(_other.process_, -1)),
-      input_(std::exchange(_other.input_, -1)),
-      output_(std::exchange(_other.output_, -1)),
-      buffered_(std::move(_other.buffered_)) {}
-
-CompanionProcess& CompanionProcess::operator=(CompanionProcess&& _other) noexcept {
-  if (this != &_other) {
-    release();
-    process_ = std::exchange(_other.process_, -1);
-    input_ = std::exchange(_other.input_, -1);
-    output_ = std::exchange(_other.output_, -1);
-    buffered_ = std::move(_other.buffered_);
-  }
-  return *this;
-}
-
-void CompanionProcess::release() {
-  kill();
-  closeIfOpen(output_);
+void CompanionProcess::closeIfOpen(int& _end) {
+  if (_end >= 0) ::close(std::exchange(_end, -1));
 }
 
 void CompanionProcess::send(const std::string& _line) {
@@ -104,12 +78,8 @@ void CompanionProcess::send(const std::string& _line) {
 std::string CompanionProcess::readLine(int _milliseconds) {
   const auto deadline = Clock::now() + std::chrono::milliseconds(_milliseconds);
   for (;;) {
-    const std::size_t end = buffered_.find('\n');
-    if (end != std::string::npos) {
-      std::string line = buffered_.substr(0, end);
-      buffered_.erase(0, end + 1);
-      return line;
-    }
+    std::string line;
+    if (takeLine(line)) return line;
     const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now()).count();
     pollfd ready{output_, POLLIN, 0};
     if (::poll(&ready, 1, left > 0 ? static_cast<int>(left) : 0) <= 0) {
@@ -122,11 +92,6 @@ std::string CompanionProcess::readLine(int _milliseconds) {
     }
     buffered_.append(bytes.data(), static_cast<std::size_t>(got));
   }
-}
-
-std::string CompanionProcess::ask(const std::string& _line) {
-  send(_line);
-  return readLine();
 }
 
 void CompanionProcess::kill() {

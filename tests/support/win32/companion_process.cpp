@@ -41,10 +41,6 @@ HANDLE inheritable(HANDLE _handle) {
   return _handle;
 }
 
-void closeIfOpen(int& _handle) {
-  if (_handle >= 0) ::CloseHandle(handleOf(std::exchange(_handle, -1)));
-}
-
 std::string commandLine(const std::vector<std::string>& _command) {
   std::string line;
   for (const std::string& word : _command) {
@@ -76,28 +72,8 @@ CompanionProcess::CompanionProcess(const std::vector<std::string>& _command) {
   output_ = static_cast<int>(numberOf(fromChild.readEnd));
 }
 
-CompanionProcess::~CompanionProcess() { release(); }
-
-CompanionProcess::CompanionProcess(CompanionProcess&& _other) noexcept
-    : process_(std::exchange(_other.process_, -1)),
-      input_(std::exchange(_other.input_, -1)),
-      output_(std::exchange(_other.output_, -1)),
-      buffered_(std::move(_other.buffered_)) {}
-
-CompanionProcess& CompanionProcess::operator=(CompanionProcess&& _other) noexcept {
-  if (this != &_other) {
-    release();
-    process_ = std::exchange(_other.process_, -1);
-    input_ = std::exchange(_other.input_, -1);
-    output_ = std::exchange(_other.output_, -1);
-    buffered_ = std::move(_other.buffered_);
-  }
-  return *this;
-}
-
-void CompanionProcess::release() {
-  kill();
-  closeIfOpen(output_);
+void CompanionProcess::closeIfOpen(int& _end) {
+  if (_end >= 0) ::CloseHandle(handleOf(std::exchange(_end, -1)));
 }
 
 void CompanionProcess::send(const std::string& _line) {
@@ -109,13 +85,8 @@ void CompanionProcess::send(const std::string& _line) {
 std::string CompanionProcess::readLine(int _milliseconds) {
   const ULONGLONG deadline = ::GetTickCount64() + static_cast<ULONGLONG>(_milliseconds);
   for (;;) {
-    const std::size_t end = buffered_.find('\n');
-    if (end != std::string::npos) {
-      std::string line = buffered_.substr(0, end);
-      buffered_.erase(0, end + 1);
-      if (!line.empty() && line.back() == '\r') line.pop_back();
-      return line;
-    }
+    std::string line;
+    if (takeLine(line)) return line;
     DWORD available = 0;
     if (!::PeekNamedPipe(handleOf(output_), nullptr, 0, nullptr, &available, nullptr)) return "<end>";
     if (available == 0) {
@@ -128,11 +99,6 @@ std::string CompanionProcess::readLine(int _milliseconds) {
     if (!::ReadFile(handleOf(output_), bytes.data(), static_cast<DWORD>(bytes.size()), &got, nullptr)) return "<end>";
     buffered_.append(bytes.data(), got);
   }
-}
-
-std::string CompanionProcess::ask(const std::string& _line) {
-  send(_line);
-  return readLine();
 }
 
 void CompanionProcess::kill() {
