@@ -20,7 +20,7 @@ bool makeFolder(const std::string& _path) {
   return ::chmod(_path.c_str(), ownerOnly) == 0;
 }
 
-bool isTrusted(int _folder) {
+bool isTrustedFolder(int _folder) {
   struct stat status {};
   if (::fstat(_folder, &status) != 0) return false;
   if (status.st_uid == ::geteuid() && (status.st_mode & permissionBits) == ownerOnly) return true;
@@ -45,7 +45,7 @@ FileDescriptor openEventFolder(bool _create) {
   // Whoever else makes the folder at this moment may not have set its mode yet; the umask would have to be odd for that
   // to matter.
   if (!folder.isOpen() && errno == ENOENT && _create && makeFolder(path)) folder = openFolder(path);
-  if (folder.isOpen() && !isTrusted(folder.get())) folder.reset();
+  if (folder.isOpen() && !isTrustedFolder(folder.get())) folder.reset();
   return folder;
 }
 

@@ -21,9 +21,8 @@ build_programs() {
     cmake --build --preset linux-release --target LogTest qmrkctl)
 }
 
-# build_instruction_benchmarks: what is counted, with the flags of the release and without peers.
+# build_instruction_benchmarks: what is counted, with the libraries of the release and without peers.
 build_instruction_benchmarks() {
-  (cd "$ROOT" && cmake --preset linux-release -B build/linux-instructions -DQMRK_BUILD_TESTS=OFF \
-    -DQMRK_BUILD_TOOLS=OFF -DQMRK_BUILD_BENCH=ON -DQMRK_BENCH_PEERS=OFF &&
-    cmake --build build/linux-instructions --target instruction_benchmarks)
+  (cd "$ROOT" && cmake --preset linux-release -DQMRK_BUILD_BENCH=ON -DQMRK_BENCH_PEERS=OFF &&
+    cmake --build --preset linux-release --target instruction_benchmarks)
 }
