@@ -44,7 +44,8 @@ class AppendFile {
   /// process (ulimit -f) gives a short or failed write, never a signal that ends the process.
   Result append(const char* _data, std::size_t _size);
 
-  /// Whether the file is empty or ends in a line feed; true as well when that cannot be told.
+  /// Whether the file is empty or ends in a line feed; true as well when that cannot be told. A message that another
+  /// is appending meanwhile does not count as a piece.
   bool endsInLineFeed() const;
 
   /// The identity of the open file.

@@ -16,6 +16,9 @@
 namespace platform {
 namespace {
 
+// Where others append without a break, the file never stands still for one who looks at it.
+constexpr int MOST_LOOKS = 1000;
+
 AppendFile::Identity identityOf(const struct stat& _status) {
   return {static_cast<std::uint64_t>(_status.st_dev), static_cast<std::uint64_t>(_status.st_ino)};
 }
@@ -83,11 +86,20 @@ AppendFile::Result AppendFile::append(const char* _data, std::size_t _size) {
 
 bool AppendFile::endsInLineFeed() const {
   if (injectedFault(Call::read) != noError) return true;
-  struct stat status {};
   const int file = static_cast<int>(file_);
-  if (::fstat(file, &status) != 0 || status.st_size == 0) return true;
-  char last = '\n';
-  return ::pread(file, &last, 1, status.st_size - 1) != 1 || last == '\n';
+  off_t formerSize = -1;
+  for (int look = 0; look < MOST_LOOKS; ++look) {
+    struct stat status {};
+    if (::fstat(file, &status) != 0 || status.st_size == 0) return true;
+    char last = '\n';
+    if (::pread(file, &last, 1, status.st_size - 1) != 1 || last == '\n') return true;
+    if (status.st_size == formerSize) return false;
+    // A file grows page by page while a message is appended, so this may be the inside of one. To write nothing waits
+    // for the write that is under way; only what has not grown after it is a piece that somebody left.
+    formerSize = status.st_size;
+    [[maybe_unused]] const ssize_t nothing = ::write(file, &last, 0);
+  }
+  return true;
 }
 
 bool AppendFile::isStillAt(const std::string& _path) const {

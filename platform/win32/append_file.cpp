@@ -115,6 +115,8 @@ AppendFile::Result AppendFile::append(const char* _data, std::size_t _size) {
 
 bool AppendFile::endsInLineFeed() const {
   if (injectedFault(Call::read) != noError) return true;
+  // What ends the file while a message is appended is not what ends it afterwards.
+  const AppendLock lock(handleOf(file_), openFileOf(file_).queue);
   LARGE_INTEGER size{};
   if (!::GetFileSizeEx(handleOf(file_), &size) || size.QuadPart == 0) return true;
   OVERLAPPED position{};

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
 #include <filesystem>
 #include <sstream>
 #include <thread>
@@ -173,6 +174,26 @@ TEST_F(AppendFileTest, LookingAtTheEndFollowsWhatOthersAppend) {
   EXPECT_FALSE(one->endsInLineFeed());
   EXPECT_TRUE(append(*one, "\n"));
   EXPECT_TRUE(two->endsInLineFeed());
+}
+
+TEST_F(AppendFileTest, LookingAtTheEndNeverTakesAMessageThatIsBeingAppendedForAPiece) {
+  const auto writing = open(path_);
+  const auto looking = open(path_);
+  std::atomic<bool> isDone{false};
+  std::thread writer([&writing, &isDone] {
+    // Over page boundaries, as the system lets a file grow page by page.
+    const std::string message = std::string(9999, 'x') + "\n";
+    for (int i = 0; i < 4000; ++i) {
+      writing->append(message.data(), message.size());
+    }
+    isDone = true;
+  });
+  int pieces = 0;
+  while (!isDone) {
+    if (!looking->endsInLineFeed()) ++pieces;
+  }
+  writer.join();
+  EXPECT_EQ(pieces, 0);
 }
 
 TEST_F(AppendFileTest, TheIdentityIsThatOfTheFileNotOfItsName) {
