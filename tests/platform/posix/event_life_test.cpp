@@ -9,6 +9,7 @@
 #include "platform/thread.h"
 #include "tests/support/companion_process.h"
 #include "tests/support/posix/forked_child.h"
+#include "tests/support/posix/sleeping_process.h"
 #include "tests/support/private_events.h"
 #include "tests/support/process_resources.h"
 #include "tests/support/temporary_folder.h"
@@ -44,11 +45,13 @@ TEST_F(EventLife, IsNotProlongedByAForkedChild) {
 TEST_F(EventLife, IsNotProlongedByAChildWhoseParentWasKilled) {
   SleepingChild parent([] {
     setEvent(createEvent(livingEvent));
-    if (::fork() == 0) {
+    const pid_t child = ::fork();
+    if (child == 0) {
       // Ends by itself when the test is over.
       ::alarm(20);
       ::pause();
     }
+    testsupport::waitUntilProcessSleeps(child);
   });
   const Handle event = openEvent(livingEvent);
   ASSERT_EQ(waitForEvent(event, 0), waitObject);
