@@ -9,8 +9,7 @@ using AppenderFunction = void (*)(const std::string&, const std::string&);
 /// Whether the appender is one of the manager's own, which several threads may enter at once.
 bool isMadeForThreads(const boost::logging::appender& _appender) {
   const AppenderFunction* const function = _appender.target<AppenderFunction>();
-  if (function != nullptr) return *function == &write_to_cout;
-  return _appender.target<write_to_file>() != nullptr || _appender.target<ts_appender>() != nullptr;
+  return function != nullptr ? *function == &write_to_cout : OwnAppender(_appender).isThere();
 }
 
 }  // namespace

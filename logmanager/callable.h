@@ -6,6 +6,7 @@
 
 #include "boost/logging/callables.hpp"
 #include "logmanager/appender_gate.h"
+#include "logmanager/own_appender.h"
 
 namespace boost::logging::detail {
 
@@ -22,6 +23,8 @@ struct Callable {
   boost::logging::appender append;
   /// Set for an appender that must not be entered by two threads at once.
   std::unique_ptr<AppenderGate> gate;
+  /// Of append.
+  OwnAppender own{append};
 };
 
 using SharedCallable = std::shared_ptr<const Callable>;

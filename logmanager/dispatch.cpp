@@ -36,6 +36,15 @@ bool modify(ThreadState& _thread, const CallableSet& _callables, const std::stri
   return true;
 }
 
+void callOwnAppender(ThreadState& _thread, const Callable& _appender, const std::string& _logName,
+                     const std::string& _line) noexcept {
+  try {
+    _appender.own.append(_thread, _line);
+  } catch (...) {
+    reportException(_appender.name, _logName);
+  }
+}
+
 }  // namespace
 
 MessageScope::MessageScope(ThreadState& _thread, std::int64_t _time)
@@ -67,7 +76,9 @@ void passThrough(ThreadState& _thread, const CallableSet* _callables, const std:
   const MessageScope scope(_thread, _time);
   if (!modify(_thread, *_callables, _logName, _text, _line)) return;
   for (const SharedCallable& appender : _callables->appenders) {
-    if (appender->gate) {
+    if (appender->own.isThere()) {
+      callOwnAppender(_thread, *appender, _logName, _line);
+    } else if (appender->gate) {
       appender->gate->pass(*appender, _logName, _line);
     } else {
       callAppender(*appender, _logName, _line);

@@ -30,6 +30,14 @@ class LineBuffer : public std::streambuf {
     pbump(static_cast<int>(_size));
   }
 
+  /// Where so many bytes, a few, can be put behind the text, of which advance() then makes a part of it.
+  char* room(std::size_t _size) {
+    if (static_cast<std::size_t>(epptr() - pptr()) < _size) grow(_size);
+    return pptr();
+  }
+
+  void advance(std::size_t _size) { pbump(static_cast<int>(_size)); }
+
   std::string_view text() const { return {pbase(), static_cast<std::size_t>(pptr() - pbase())}; }
 
  protected:

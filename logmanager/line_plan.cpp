@@ -35,21 +35,29 @@ LinePlan::LinePlan(const std::vector<SharedCallable>& _modifiers)
                                     [this](const SharedCallable& _modifier) { return include(_modifier->modify); })) {}
 
 bool LinePlan::include(const boost::logging::modifier& _modifier) {
-  if (const auto* const time = _modifier.target<prepend_time_ms>()) return addFront(time->format_.get());
+  if (const auto* const time = _modifier.target<prepend_time_ms>()) return addTime(*time->format_);
   const ModifierFunction* const function = _modifier.target<ModifierFunction>();
   if (function == nullptr) return false;
-  if (*function == &prepend_prefix) return addFront(nullptr);
+  if (*function == &prepend_prefix) return addPrefix();
   if (*function != &append_enter) return false;
   ++enterCount_;
   return true;
 }
 
 // A second time would overwrite the text of the first one in the state of the thread.
-bool LinePlan::addFront(const TimeStamp* _front) {
+bool LinePlan::addTime(const TimeStamp& _time) {
+  if (time_ != nullptr) return false;
+  time_ = &_time;
+  return addFront(Front::time);
+}
+
+bool LinePlan::addPrefix() {
+  ++prefixCount_;
+  return addFront(Front::prefix);
+}
+
+bool LinePlan::addFront(Front _front) {
   if (frontCount_ == MOST_FRONTS) return false;
-  const auto end = fronts_.begin() + static_cast<std::ptrdiff_t>(frontCount_);
-  if (_front != nullptr && std::any_of(fronts_.begin(), end, [](const TimeStamp* _other) { return _other != nullptr; }))
-    return false;
   fronts_[frontCount_++] = _front;
   return true;
 }
@@ -58,20 +66,12 @@ void LinePlan::makeLine(ThreadState& _thread, std::string_view _logName, std::st
                         std::string& _line) const {
   std::string memory;
   std::string_view time;
-  std::size_t size = _message.size() + enterCount_;
-  for (std::size_t i = 0; i < frontCount_; ++i) {
-    if (fronts_[i] == nullptr) {
-      size += _logName.size() + PREFIX_SIGNS;
-    } else {
-      time = fronts_[i]->text(messageTime(_thread), _thread.timeText, memory);
-      size += time.size();
-    }
-  }
+  if (time_ != nullptr) time = time_->text(messageTime(_thread), _thread.timeText, memory);
   // What the line held before is overwritten, which costs less than to clear it.
-  _line.resize(size);
+  _line.resize(time.size() + prefixCount_ * (_logName.size() + PREFIX_SIGNS) + _message.size() + enterCount_);
   char* end = _line.data();
   for (std::size_t i = frontCount_; i-- > 0;)
-    end = fronts_[i] == nullptr ? putPrefix(end, _logName) : put(end, time);
+    end = fronts_[i] == Front::prefix ? putPrefix(end, _logName) : put(end, time);
   end = put(end, _message);
   for (std::size_t i = 0; i < enterCount_; ++i)
     end[i] = '\n';

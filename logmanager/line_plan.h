@@ -33,13 +33,18 @@ class LinePlan {
 
  private:
   static constexpr std::size_t MOST_FRONTS = 4;
+  enum class Front { time, prefix };
 
   bool include(const boost::logging::modifier& _modifier);
-  bool addFront(const TimeStamp* _front);
+  bool addTime(const TimeStamp& _time);
+  bool addPrefix();
+  bool addFront(Front _front);
 
-  /// What comes before the message, the last part first; null stands for the prefix.
-  std::array<const TimeStamp*, MOST_FRONTS> fronts_{};
+  /// What comes before the message, the last part first.
+  std::array<Front, MOST_FRONTS> fronts_{};
   std::size_t frontCount_ = 0;
+  std::size_t prefixCount_ = 0;
+  const TimeStamp* time_ = nullptr;
   std::size_t enterCount_ = 0;
   bool isUsable_ = true;
 };

@@ -120,6 +120,20 @@ TYPED_TEST(IntegerStatement, LogsTheLimitsAsAStreamDoes) {
   }
 }
 
+TEST_F(Statement, LogsNumbersOfEveryLengthAsAStreamDoes) {
+  std::vector<unsigned long long> numbers;
+  for (unsigned long long power = 1; power <= std::numeric_limits<unsigned long long>::max() / 10; power *= 10) {
+    numbers.insert(numbers.end(), {10 * power - 1, 10 * power, 10 * power + 1, power * 7});
+  }
+  for (int bit = 0; bit < 64; ++bit)
+    numbers.insert(numbers.end(), {(1ULL << bit) - 1, 1ULL << bit});
+  for (const unsigned long long number : numbers) {
+    const auto negative = -static_cast<long long>(number / 2);
+    QMRK_LOG(log_) << number << ' ' << negative;
+    ASSERT_EQ(texts().back(), streamed(number) + " " + streamed(negative));
+  }
+}
+
 TEST_F(Statement, TakesManipulatorsAndOwnOperators) {
   QMRK_LOG(log_) << std::setw(5) << std::setfill('0') << 42 << std::hex << 255 << std::uppercase << 255 << std::endl;
   QMRK_LOG(log_) << "at " << Point{10, 11} << ' ' << 12;

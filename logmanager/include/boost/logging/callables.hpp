@@ -15,7 +15,10 @@ namespace logging {
 
 namespace detail {
 
+class BatchHandle;
 class LinePlan;
+class OwnAppender;
+class SharedAppendFile;
 
 }  // namespace detail
 
@@ -46,9 +49,8 @@ class write_to_file {
   BOOST_LOGGING_API void operator()(const std::string& _logName, const std::string& _message) const;
 
  private:
-  class state;
-  void write(const std::string& _message) const;
-  boost::shared_ptr<state> state_;
+  friend class detail::OwnAppender;
+  boost::shared_ptr<detail::SharedAppendFile> file_;
 };
 
 /// Appender: hands messages to a writer thread of its own, which calls the wrapped appender, one call at a time, with
@@ -64,8 +66,8 @@ class ts_appender {
   BOOST_LOGGING_API void operator()(const std::string& _logName, const std::string& _message) const;
 
  private:
-  class handle;
-  boost::shared_ptr<handle> handle_;
+  friend class detail::OwnAppender;
+  boost::shared_ptr<detail::BatchHandle> handle_;
 };
 
 /// Modifier: puts the local time of the logging statement before the message.

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+#include "boost/logging/callables.hpp"
+#include "logmanager/batch_writer.h"
+#include "logmanager/shared_append_file.h"
+#include "logmanager/thread_state.h"
+
+namespace boost::logging::detail {
+
+/// A write_to_file or ts_appender, called without the detour through the function object that it came in: each call on
+/// the way to the system is one that has to be returned from after it, when the processor no longer knows the way. A
+/// value, which the function object has to outlive.
+class OwnAppender {
+ public:
+  /// @param _appender any appender.
+  explicit OwnAppender(const appender& _appender);
+
+  /// Whether the appender is one of these two.
+  bool isThere() const { return file_ != nullptr || writer_ != nullptr; }
+
+  /// Does what the appender does. To be called only when it is there. May throw.
+  /// @param _thread the state of the calling thread, which passes a message through callables.
+  void append(ThreadState& _thread, const std::string& _line) const {
+    if (file_ != nullptr) {
+      file_->append(_thread, _line, messageTime(_thread));
+    } else {
+      writer_->append(_line);
+    }
+  }
+
+ private:
+  SharedAppendFile* file_ = nullptr;
+  BatchWriter* writer_ = nullptr;
+};
+
+}  // namespace boost::logging::detail
