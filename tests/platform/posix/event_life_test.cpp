@@ -47,7 +47,9 @@ TEST_F(EventLife, IsNotProlongedByAChildWhoseParentWasKilled) {
     setEvent(createEvent(livingEvent));
     const pid_t child = ::fork();
     if (child == 0) {
-      // Ends by itself when the test is over.
+      // Ends by itself when the test is over, for whose end those who read its output do not wait.
+      ::close(STDOUT_FILENO);
+      ::close(STDERR_FILENO);
       ::alarm(20);
       ::pause();
     }
