@@ -18,14 +18,19 @@ function(qmrk_compile_options _target)
   endif()
 endfunction()
 
+# For targets of many sources, where QMRK_UNITY_OBJECTS asks for it.
+function(qmrk_compile_together _target)
+  if(QMRK_UNITY_OBJECTS)
+    set_target_properties(${_target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 12)
+  endif()
+endfunction()
+
 # An object library whose sources are added by the folders with target_sources().
 function(qmrk_add_objects _target)
   add_library(${_target} OBJECT)
   qmrk_compile_options(${_target})
   target_include_directories(${_target} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>)
-  if(QMRK_UNITY_OBJECTS)
-    set_target_properties(${_target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 12)
-  endif()
+  qmrk_compile_together(${_target})
 endfunction()
 
 # A shared library exports what its version script names; the others hide what they do not export by visibility alone.
