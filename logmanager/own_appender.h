@@ -10,9 +10,8 @@
 
 namespace boost::logging::detail {
 
-/// A write_to_file or ts_appender, called without the detour through the function object that it came in: each call on
-/// the way to the system is one that has to be returned from after it, when the processor no longer knows the way. A
-/// value, which the function object has to outlive.
+/// A write_to_file or ts_appender, called without the detour through the function object that it came in, which takes
+/// several calls and another look-up of the thread's state. A value, which the function object has to outlive.
 class OwnAppender {
  public:
   /// @param _appender any appender.
