@@ -18,6 +18,24 @@ function(qmrk_compile_options _target)
   endif()
 endfunction()
 
+# For what is not part of the libraries and takes long to compile: tests, and programs under a sanitizer.
+function(qmrk_do_not_optimise _target)
+  if(NOT MSVC)
+    # So much code that is not inlined has more sections than an object file of Windows has by default.
+    target_compile_options(${_target} PRIVATE -O0 $<$<PLATFORM_ID:Windows>:-Wa,-mbig-obj>)
+  endif()
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_FLAGS MATCHES "-fsanitize")
+    # g++ 12 sees uninitialised members in std::regex when it instruments it.
+    target_compile_options(${_target} PRIVATE -Wno-maybe-uninitialized)
+  endif()
+endfunction()
+
+function(qmrk_do_not_optimise_sanitized _target)
+  if(CMAKE_CXX_FLAGS MATCHES "-fsanitize")
+    qmrk_do_not_optimise(${_target})
+  endif()
+endfunction()
+
 # For targets of many sources, where QMRK_UNITY_OBJECTS asks for it.
 function(qmrk_compile_together _target)
   if(QMRK_UNITY_OBJECTS)

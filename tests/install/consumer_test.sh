@@ -20,9 +20,9 @@ case $way in
       $(PKG_CONFIG_PATH="$libraries/pkgconfig" pkg-config --cflags --libs qmrk_log) -Wl,-rpath,"$libraries"
     ;;
   find_package | add_subdirectory)
-    # Not optimised: what matters is that it builds and runs.
+    # Not optimised, and several sources together: what matters is that it builds and runs.
     cmake -S "$folder" -B "$folder/build" -G Ninja -DCMAKE_CXX_COMPILER="$compiler" -DWAY="$way" \
-      -DQMRK_ROOT="$root" -DCMAKE_PREFIX_PATH="$stage" -DCMAKE_BUILD_TYPE=None
+      -DQMRK_ROOT="$root" -DCMAKE_PREFIX_PATH="$stage" -DCMAKE_BUILD_TYPE=None -DQMRK_UNITY_OBJECTS=ON
     cmake --build "$folder/build"
     cp "$folder/build/consumer" "$folder/consumer"
     ;;
