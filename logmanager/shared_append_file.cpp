@@ -29,7 +29,8 @@ class HeldFile {
   HeldFile(const HeldFile&) = delete;
   HeldFile& operator=(const HeldFile&) = delete;
 
-  AppendFile& file() const { return *file_; }
+  /// Null while the file is made anew.
+  AppendFile* file() const { return file_; }
 
  private:
   static ReaderSlot& hold(ThreadState& _thread, const std::atomic<AppendFile*>& _published, AppendFile*& _file) {
@@ -55,12 +56,19 @@ void SharedAppendFile::append(ThreadState& _thread, const std::string& _message,
     appendWithCare(_message);
     return;
   }
+  if (!appendToOpenFile(_thread, _message)) appendWithCare(_message);
+}
+
+// false, and nothing is done, when no file is open.
+bool SharedAppendFile::appendToOpenFile(ThreadState& _thread, const std::string& _message) {
   const HeldFile held(_thread, file_);
-  const AppendFile::Result result = held.file().append(_message.data(), _message.size());
-  if (result.error == platform::noError) return;
+  if (held.file() == nullptr) return false;
+  const AppendFile::Result result = held.file()->append(_message.data(), _message.size());
+  if (result.error == platform::noError) return true;
   const std::lock_guard<std::mutex> lock(lock_);
   trouble_.noteResult(_message, result);
   needsCare_.store(true, std::memory_order_release);
+  return true;
 }
 
 // The clock may be set back, and messages that were kept carry the time of their logging.
@@ -90,6 +98,9 @@ void SharedAppendFile::appendWithCare(const std::string& _message) {
 // false, and the message is counted as lost, when the file cannot be opened.
 bool SharedAppendFile::openWhenGone() {
   if (!isGone_) return true;
+  // First, as on Windows a file that was removed keeps its name until nobody has it open.
+  retired_.add(std::unique_ptr<AppendFile>(file_.exchange(nullptr, std::memory_order_seq_cst)));
+  retired_.takeUnused(fileSlots());
   platform::ErrorCode error = platform::noError;
   std::unique_ptr<AppendFile> file = AppendFile::open(path_, isToEmpty_, error);
   if (!file) {
@@ -100,8 +111,7 @@ bool SharedAppendFile::openWhenGone() {
   isToEmpty_ = false;
   isGone_ = false;
   trouble_.isFragment = !file->endsInLineFeed();
-  retired_.add(std::unique_ptr<AppendFile>(file_.exchange(file.release(), std::memory_order_seq_cst)));
-  retired_.takeUnused(fileSlots());
+  file_.store(file.release(), std::memory_order_seq_cst);
   return true;
 }
 

@@ -42,12 +42,13 @@ class SharedAppendFile {
   };
 
   bool isCheckDue(std::int64_t _now);
+  bool appendToOpenFile(ThreadState& _thread, const std::string& _message);
   void check();
   void appendWithCare(const std::string& _message);
   bool openWhenGone();
 
   const std::string path_;
-  /// Null until the file was opened for the first time. What it pointed to before stays open as long as it is in use.
+  /// Null while no file is open. What it pointed to before stays open as long as it is in use.
   std::atomic<platform::AppendFile*> file_{nullptr};
   /// Whether the next message has to take the lock, to open the file or because of trouble.
   std::atomic<bool> needsCare_{true};
