@@ -67,13 +67,21 @@ void BatchWriter::stop() {
     if (writer_ != Writer::running) return;
     wake_->notify_one();
   }
+  const boost::this_thread::disable_interruption uninterrupted;
   boost::this_thread::sleep_for(milliseconds(sleepMs_) * 3 / 2);
 }
 
 void BatchWriter::finish(steady_clock::time_point _deadline) {
+  const boost::this_thread::disable_interruption uninterrupted;
   Lock lock(lock_, boost::defer_lock);
   if (!lockInTime(lock, _deadline)) return;
   isStopped_.store(true, std::memory_order_relaxed);
+  if (!thread_) {
+    // It could not be started, or was about to be.
+    writer_ = Writer::ended;
+    deliverRest(lock);
+    return;
+  }
   if (thread_->get_id() == boost::this_thread::get_id()) return;
   wake_->notify_one();
   while (writer_ == Writer::running && steady_clock::now() < _deadline) {
@@ -121,7 +129,9 @@ bool BatchWriter::lockInTime(Lock& _lock, steady_clock::time_point _deadline) {
 }
 
 void BatchWriter::startAndSleep() {
-  if (startThread()) boost::this_thread::sleep_for(milliseconds(START_DELAY_MS));
+  if (!startThread()) return;
+  const boost::this_thread::disable_interruption uninterrupted;
+  boost::this_thread::sleep_for(milliseconds(START_DELAY_MS));
 }
 
 bool BatchWriter::startThread() {

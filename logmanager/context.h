@@ -32,6 +32,13 @@ SlotPool<Context>& contexts();
 /// A context for a statement of the calling thread on the log, until leaveContext. May throw std::bad_alloc.
 Context& enterContext(const Log& _log);
 
+/// Gives the context the callables that its log has now. Without it a message that is begun before the first set-up and
+/// ended after it would go nowhere.
+inline void followSetUp(Context& _context) {
+  if (_context.log->callables.load(std::memory_order_relaxed) == _context.callables) return;
+  _context.callables = _context.hold(_context.log->callables);
+}
+
 /// To be called for the innermost context of the thread.
 void leaveContext(Context& _context);
 

@@ -79,6 +79,7 @@ Log& default_log_manager::createLog(const std::string& _name) {
 }
 
 void default_log_manager::publish(Log& _log, std::unique_ptr<const CallableSet> _callables) {
+  retired_.makeRoom();
   // Sequentially consistent, so that it comes before the look at the readers' slots.
   const CallableSet* const former = _log.callables.exchange(_callables.release(), std::memory_order_seq_cst);
   retired_.add(std::unique_ptr<const CallableSet>(former));

@@ -29,7 +29,8 @@ std::string droppedLine(std::uint64_t _count) {
          " dropped before the log cache was flushed";
 }
 
-/// The line about dropped messages goes, with its time, before the first message that a log takes which is on.
+/// The line about dropped messages goes, with its time, before the first message that a log takes which is on; where
+/// there is none, to the log of the latest one that was dropped.
 void deliverAll(const MessageCache& _cache) {
   bool isToTell = _cache.dropped() > 0;
   _cache.forEach([&](const Log& _log, std::int64_t _time, std::string_view _text) {
@@ -39,6 +40,7 @@ void deliverAll(const MessageCache& _cache) {
     }
     deliver(_log, _time, _text);
   });
+  if (isToTell) deliver(*_cache.latestDroppedLog(), _cache.latestDroppedTime(), droppedLine(_cache.dropped()));
 }
 
 }  // namespace
@@ -60,11 +62,17 @@ void EarlyMessages::flush() {
   }
   if (!isKeeping_.load(std::memory_order_relaxed)) return;
   flusher_ = &threadState();
-  while (!cache_.isEmpty() || cache_.dropped() > 0) {
-    const MessageCache kept = std::exchange(cache_, MessageCache());
-    lock.unlock();
-    deliverAll(kept);
-    lock.lock();
+  try {
+    while (!cache_.isEmpty() || cache_.dropped() > 0) {
+      const MessageCache kept = std::exchange(cache_, MessageCache());
+      lock.unlock();
+      deliverAll(kept);
+      lock.lock();
+    }
+  } catch (...) {
+    // No memory for the line about dropped messages, or for another cache.
+    reportException("log cache", std::string());
+    if (!lock.owns_lock()) lock.lock();
   }
   isKeeping_.store(false, std::memory_order_release);
   flusher_ = nullptr;

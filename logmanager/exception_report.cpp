@@ -25,14 +25,14 @@ std::string currentExceptionText() {
   try {
     throw;
   } catch (const std::exception& exception) {
-    return exception.what();
+    const char* const what = exception.what();
+    return what != nullptr ? what : "";
   } catch (...) {
     return "unknown exception";
   }
 }
 
 void report(const std::string& _what) {
-  allCount.fetch_add(1, std::memory_order_relaxed);
   std::uint64_t count = 0;
   {
     const std::lock_guard<std::mutex> lock(reportLock());
@@ -57,6 +57,7 @@ std::uint64_t OncePerMinute::happened(std::int64_t _now) {
 }
 
 void reportException(const std::string& _callable, const std::string& _logName) noexcept {
+  allCount.fetch_add(1, std::memory_order_relaxed);
   try {
     report("\"" + _callable + "\", log \"" + _logName + "\": " + currentExceptionText());
   } catch (...) {
@@ -65,6 +66,7 @@ void reportException(const std::string& _callable, const std::string& _logName) 
 }
 
 void reportEndlessLogging(const std::string& _logName) noexcept {
+  allCount.fetch_add(1, std::memory_order_relaxed);
   try {
     report("log \"" + _logName + "\": a message is logged while another is, without end");
   } catch (...) {

@@ -35,7 +35,7 @@ LinePlan::LinePlan(const std::vector<SharedCallable>& _modifiers)
                                     [this](const SharedCallable& _modifier) { return include(_modifier->modify); })) {}
 
 bool LinePlan::include(const boost::logging::modifier& _modifier) {
-  if (const auto* const time = _modifier.target<prepend_time_ms>()) return addTime(*time->format_);
+  if (const auto* const time = _modifier.target<prepend_time_ms>()) return addTime(time->format_);
   const ModifierFunction* const function = _modifier.target<ModifierFunction>();
   if (function == nullptr) return false;
   if (*function == &prepend_prefix) return addPrefix();
@@ -45,9 +45,9 @@ bool LinePlan::include(const boost::logging::modifier& _modifier) {
 }
 
 // A second time would overwrite the text of the first one in the state of the thread.
-bool LinePlan::addTime(const TimeStamp& _time) {
+bool LinePlan::addTime(const boost::shared_ptr<const TimeStamp>& _time) {
   if (time_ != nullptr) return false;
-  time_ = &_time;
+  time_ = _time;
   return addFront(Front::time);
 }
 

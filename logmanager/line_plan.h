@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <boost/shared_ptr.hpp>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -21,7 +22,7 @@ class LinePlan {
   /// Of a log without modifiers.
   LinePlan() = default;
 
-  /// @param _modifiers in the order of running; they have to outlive the plan.
+  /// @param _modifiers in the order of running.
   explicit LinePlan(const std::vector<SharedCallable>& _modifiers);
 
   /// Whether there is a plan: all modifiers are the manager's own, no more than a plan takes, and one time at most.
@@ -36,7 +37,7 @@ class LinePlan {
   enum class Front { time, prefix };
 
   bool include(const boost::logging::modifier& _modifier);
-  bool addTime(const TimeStamp& _time);
+  bool addTime(const boost::shared_ptr<const TimeStamp>& _time);
   bool addPrefix();
   bool addFront(Front _front);
 
@@ -44,7 +45,7 @@ class LinePlan {
   std::array<Front, MOST_FRONTS> fronts_{};
   std::size_t frontCount_ = 0;
   std::size_t prefixCount_ = 0;
-  const TimeStamp* time_ = nullptr;
+  boost::shared_ptr<const TimeStamp> time_;
   std::size_t enterCount_ = 0;
   bool isUsable_ = true;
 };

@@ -7,7 +7,7 @@ void MessageCache::add(const Log& _log, std::int64_t _time, std::string_view _te
   if (_text.size() > limit_) {
     while (!entries_.empty())
       dropOldest();
-    ++dropped_;
+    noteDropped(Entry{&_log, _time, _text.size()});
     return;
   }
   while (text_.size() - begin_ + _text.size() > limit_ || entries_.size() >= limit_)
@@ -16,13 +16,23 @@ void MessageCache::add(const Log& _log, std::int64_t _time, std::string_view _te
     text_.erase(0, begin_);
     begin_ = 0;
   }
-  text_ += _text;
   entries_.push_back(Entry{&_log, _time, _text.size()});
+  try {
+    text_ += _text;
+  } catch (...) {
+    entries_.pop_back();
+    throw;
+  }
 }
 
 void MessageCache::dropOldest() {
   begin_ += entries_.front().size;
+  noteDropped(entries_.front());
   entries_.pop_front();
+}
+
+void MessageCache::noteDropped(const Entry& _entry) {
+  latestDropped_ = _entry;
   ++dropped_;
 }
 

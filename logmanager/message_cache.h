@@ -27,6 +27,10 @@ class MessageCache {
   /// How many messages were dropped.
   std::uint64_t dropped() const { return dropped_; }
 
+  /// Log and time of the latest that was dropped; null when there is none.
+  const Log* latestDroppedLog() const { return latestDropped_.log; }
+  std::int64_t latestDroppedTime() const { return latestDropped_.time; }
+
   /// Calls _visit(const Log&, std::int64_t _time, std::string_view) for each message in order.
   template <typename Visit>
   void forEach(Visit _visit) const {
@@ -45,6 +49,7 @@ class MessageCache {
   };
 
   void dropOldest();
+  void noteDropped(const Entry& _entry);
 
   std::size_t limit_;
   std::deque<Entry> entries_;
@@ -52,6 +57,7 @@ class MessageCache {
   std::string text_;
   std::size_t begin_ = 0;
   std::uint64_t dropped_ = 0;
+  Entry latestDropped_{nullptr, 0, 0};
 };
 
 }  // namespace boost::logging::detail

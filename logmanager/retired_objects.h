@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <memory>
 #include <vector>
 
@@ -11,21 +13,26 @@ namespace boost::logging::detail {
 template <typename T>
 class RetiredObjects {
  public:
+  /// To be called before a published pointer is replaced, so that add() cannot fail then. May throw std::bad_alloc.
+  void makeRoom() {
+    if (objects_.size() == objects_.capacity()) objects_.reserve(2 * objects_.size() + 1);
+  }
+
   /// To be called after the published pointer has been replaced.
   /// @param _object may be null.
-  void add(std::unique_ptr<T> _object) {
+  void add(std::unique_ptr<T> _object) noexcept {
     if (_object) objects_.push_back(std::move(_object));
   }
 
   /// Takes out those that no reader of the pool can hold, for the caller to destroy where it holds no lock.
   template <typename Pool>
   std::vector<std::unique_ptr<T>> takeUnused(const Pool& _pool) {
-    std::vector<std::unique_ptr<T>> unused;
-    std::vector<std::unique_ptr<T>> used;
-    for (std::unique_ptr<T>& object : objects_) {
-      (_pool.mayHold(object.get()) ? used : unused).push_back(std::move(object));
-    }
-    objects_ = std::move(used);
+    const auto unusedBegin = std::partition(objects_.begin(), objects_.end(), [&_pool](const std::unique_ptr<T>& _one) {
+      return _pool.mayHold(_one.get());
+    });
+    std::vector<std::unique_ptr<T>> unused(std::make_move_iterator(unusedBegin),
+                                           std::make_move_iterator(objects_.end()));
+    objects_.erase(unusedBegin, objects_.end());
     return unused;
   }
 

@@ -80,6 +80,7 @@ bool SharedAppendFile::isCheckDue(std::int64_t _now) {
 
 void SharedAppendFile::check() {
   const std::lock_guard<std::mutex> lock(lock_);
+  retired_.takeUnused(fileSlots());
   const AppendFile* const file = file_.load(std::memory_order_relaxed);
   if (file == nullptr || file->isStillAt(path_)) return;
   isGone_ = true;
@@ -89,9 +90,14 @@ void SharedAppendFile::check() {
 void SharedAppendFile::appendWithCare(const std::string& _message) {
   const std::lock_guard<std::mutex> lock(lock_);
   if (!openWhenGone()) return;
-  const std::string text = trouble_.text() + _message;
   AppendFile& file = *file_.load(std::memory_order_relaxed);
-  trouble_.noteResult(text, file.append(text.data(), text.size()));
+  // The piece may be another process's.
+  if (trouble_.lost > 0 && !trouble_.isFragment) trouble_.isFragment = !file.endsInLineFeed();
+  const std::string told = trouble_.text();
+  const std::string text = told + _message;
+  const AppendFile::Result result = file.append(text.data(), text.size());
+  if (result.written >= told.size()) trouble_.lost = 0;
+  trouble_.noteResult(text, result);
   if (trouble_.lost == 0) needsCare_.store(false, std::memory_order_release);
 }
 
@@ -99,6 +105,7 @@ void SharedAppendFile::appendWithCare(const std::string& _message) {
 bool SharedAppendFile::openWhenGone() {
   if (!isGone_) return true;
   // First, as on Windows a file that was removed keeps its name until nobody has it open.
+  retired_.makeRoom();
   retired_.add(std::unique_ptr<AppendFile>(file_.exchange(nullptr, std::memory_order_seq_cst)));
   retired_.takeUnused(fileSlots());
   platform::ErrorCode error = platform::noError;

@@ -18,6 +18,7 @@ constexpr std::size_t LARGEST_KEPT_SIZE = 65536;
 void deliver(Context& _context, std::string_view _message) noexcept {
   try {
     if (get_default_log_manager().earlyMessages().keep(*_context.log, _message)) return;
+    followSetUp(_context);
     passThrough(*_context.thread, _context.callables, _context.log->name, _message, _context.line, 0);
     if (_context.line.capacity() > LARGEST_KEPT_SIZE) std::string().swap(_context.line);
   } catch (...) {
@@ -43,7 +44,12 @@ class ContextScope {
 
 statement::statement(const logger& _logger) {
   Context& context = enterContext(static_cast<const Log&>(*_logger.log_));
-  context.stream.restart();
+  try {
+    context.stream.restart();
+  } catch (...) {
+    leaveContext(context);
+    throw;
+  }
   // Until the end of the statement shows that only log_stream's own operators were used.
   context.stream.noteGeneralUse();
   stream_ = &context.stream;

@@ -8,15 +8,16 @@ namespace boost::logging {
 namespace {
 
 // The stream is free of data races only as long as it is synchronised with stdio, which an application may end.
-std::mutex& coutLock() {
-  static std::mutex lock;
+// Recursive, as the buffer of the stream may be an application's, and log.
+std::recursive_mutex& coutLock() {
+  static std::recursive_mutex lock;
   return lock;
 }
 
 }  // namespace
 
 void write_to_cout(const std::string& /*_logName*/, const std::string& _message) {
-  const std::lock_guard<std::mutex> lock(coutLock());
+  const std::lock_guard<std::recursive_mutex> lock(coutLock());
   std::cout.write(_message.data(), static_cast<std::streamsize>(_message.size())).flush();
 }
 

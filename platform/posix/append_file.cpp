@@ -6,6 +6,8 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
+#include <thread>
 
 #include "platform/fault.h"
 #include "platform/native_path.h"
@@ -16,8 +18,9 @@
 namespace platform {
 namespace {
 
-// Where others append without a break, the file never stands still for one who looks at it.
-constexpr int MOST_LOOKS = 1000;
+// Where others append without a break, the file may never stand still for one who looks at it.
+constexpr int MOST_LOOKS = 50;
+constexpr std::chrono::milliseconds BETWEEN_LOOKS{1};
 
 AppendFile::Identity identityOf(const struct stat& _status) {
   return {static_cast<std::uint64_t>(_status.st_dev), static_cast<std::uint64_t>(_status.st_ino)};
@@ -95,9 +98,11 @@ bool AppendFile::endsInLineFeed() const {
     if (::pread(file, &last, 1, status.st_size - 1) != 1 || last == '\n') return true;
     if (status.st_size == formerSize) return false;
     // A file grows page by page while a message is appended, so this may be the inside of one. To write nothing waits
-    // for the write that is under way; only what has not grown after it is a piece that somebody left.
+    // for the write that is under way, on most file systems; only what has not grown after it is a piece that somebody
+    // left.
     formerSize = status.st_size;
     [[maybe_unused]] const ssize_t nothing = ::write(file, &last, 0);
+    std::this_thread::sleep_for(BETWEEN_LOOKS);
   }
   return true;
 }

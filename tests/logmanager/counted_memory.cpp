@@ -4,6 +4,7 @@
 #include <atomic>
 #include <cstdlib>
 #include <new>
+#include <thread>
 
 namespace {
 
@@ -15,7 +16,17 @@ struct Header {
   void* begin;
 };
 
+thread_local constinit testsupport::HeldAllocation* held = nullptr;
+
+void waitIfHeld() {
+  if (held == nullptr || held->after-- != 0) return;
+  held->isHeld = true;
+  while (!held->isReleased)
+    std::this_thread::yield();
+}
+
 void* allocate(std::size_t _size, std::size_t _alignment) {
+  waitIfHeld();
   void* const begin = std::malloc(_size + _alignment + sizeof(Header));
   if (begin == nullptr) throw std::bad_alloc();
   const auto lowest = reinterpret_cast<std::size_t>(begin) + sizeof(Header);
@@ -37,6 +48,8 @@ void release(void* _block) {
 namespace testsupport {
 
 std::size_t memoryInUse() { return inUse.load(std::memory_order_relaxed); }
+
+void holdAllocation(HeldAllocation* _held) { held = _held; }
 
 }  // namespace testsupport
 

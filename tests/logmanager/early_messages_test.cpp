@@ -77,6 +77,17 @@ TEST(EarlyMessages, AreToldFirstWhenSomeWereDropped) {
               ElementsAre("other|2 messages were dropped before the log cache was flushed", "other|a", "one|" + half));
 }
 
+TEST(EarlyMessages, AreToldToTheLogOfTheLatestWhenAllWereDropped) {
+  const Recorder recorder;
+  ConnectedLog one("one", recorder.appender());
+  ConnectedLog other("other", recorder.appender());
+  EarlyMessages early;
+  early.keep(*one, "short");
+  early.keep(*other, std::string(bl::detail::MessageCache::USUAL_LIMIT + 1, 'x'));
+  early.flush();
+  EXPECT_THAT(recorder.messages(), ElementsAre("other|2 messages were dropped before the log cache was flushed"));
+}
+
 TEST(EarlyMessages, KeepTheirTime) {
   std::vector<std::int64_t> times;
   ConnectedLog log("l", [&times](const std::string&, const std::string&) {

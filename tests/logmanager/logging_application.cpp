@@ -59,6 +59,18 @@ int plain(const std::string& _file, char** /*_arguments*/) {
   return 0;
 }
 
+bool setUp(const std::string& _file) {
+  connect(bl::write_to_file(_file, false));
+  return true;
+}
+
+// The set-up is made by an operand of a statement.
+int within(const std::string& _file, char** /*_arguments*/) {
+  const bl::logger log("App");
+  QMRK_LOG(log) << "set up: " << setUp(_file);
+  return 0;
+}
+
 // LINES, INTERVAL: through a ts_appender; ends right afterwards.
 int threadSafe(const std::string& _file, char** _arguments) {
   connect(bl::ts_appender(bl::write_to_file(_file, false), std::atoi(_arguments[1])));
@@ -98,7 +110,8 @@ int append(const std::string& _file, char** _arguments) {
 
 int main(int _count, char** _arguments) {
   const std::map<std::string, std::function<int(const std::string&, char**)>> modes{
-      {"plain", &plain}, {"ts", &threadSafe}, {"ts-exit", &threadSafeExit}, {"stuck", &stuck}, {"append", &append}};
+      {"plain", &plain}, {"within", &within}, {"ts", &threadSafe}, {"ts-exit", &threadSafeExit},
+      {"stuck", &stuck}, {"append", &append}};
   if (_count < 3 || modes.count(_arguments[1]) == 0) {
     std::cerr << "usage: logging_application MODE FILE [ARGUMENTS]\n";
     return 2;

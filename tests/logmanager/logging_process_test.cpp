@@ -43,6 +43,11 @@ TEST_F(LoggingProcess, WhatStaticObjectsAndMainLogBeforeAndAfterTheSetUpArrivesI
   EXPECT_EQ(text(), std::string(STATIC_MADE) + "before set-up\nafter set-up\n" + STATIC_DESTROYED);
 }
 
+TEST_F(LoggingProcess, LosesNoMessageInWhoseMiddleTheSetUpIsMade) {
+  EXPECT_EQ(run({"within"}), 0);
+  EXPECT_EQ(text(), std::string(STATIC_MADE) + "set up: 1\n" + STATIC_DESTROYED);
+}
+
 TEST_F(LoggingProcess, LosesNothingAtItsEndInThreadSafeMode) {
   EXPECT_EQ(run({"ts", "5000", "0"}), 0);
   EXPECT_EQ(text(), STATIC_MADE + numbers(5000) + STATIC_DESTROYED);

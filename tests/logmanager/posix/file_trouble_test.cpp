@@ -52,6 +52,22 @@ TEST(FileTrouble, AFileSizeLimitDoesNotEndTheProcessAndIsToldWhenItIsLifted) {
   EXPECT_EQ(readFile(path), std::string("0123456789\n012345678\n") + LOST_TWO + "27\nafter\n");
 }
 
+TEST(FileTrouble, TheFragmentOfAnotherIsEndedBeforeTheLossIsTold) {
+  const testsupport::TemporaryFolder folder;
+  const std::string path = folder.file("limited.log");
+  const write_to_file one(path, false);
+  const write_to_file other(path, false);
+  {
+    const testsupport::FileSizeLimit limit(12);
+    one("App", "one\n");
+    other("App", "other\n");
+    one("App", "0123456789\n");
+    other("App", "lost\n");
+  }
+  other("App", "after\n");
+  EXPECT_EQ(readFile(path), "one\nother\n01\n1 message was lost: this file could not be written, error 27\nafter\n");
+}
+
 TEST(FileTrouble, ARenamedFileKeepsItsMessagesAndANewOneIsMade) {
   const testsupport::TemporaryFolder folder;
   const std::string path = folder.file("app.log");
