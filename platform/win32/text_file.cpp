@@ -10,6 +10,7 @@
 #include <array>
 
 #include "platform/fault.h"
+#include "platform/win32/append_lock.h"
 
 // The files are those of the C run-time in text mode, which translates the line ends.
 
@@ -59,6 +60,8 @@ bool TextWriter::isOpen() const { return file_ != -1; }
 
 bool TextWriter::write(const std::string& _text) {
   if (!isOpen()) return false;
+  // The run-time appends by a seek and a write; between them nobody else may append.
+  const AppendLock lock(reinterpret_cast<HANDLE>(::_get_osfhandle(file_)), nullptr);
   std::size_t done = 0;
   while (done < _text.size()) {
     if (injectedFault(Call::write) != noError) return false;

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 // exit_with_listener abandoned|static: ends while a listener waits for its event: one that nobody destroys, or one that
 // the run-time destroys at the end.
+#include <chrono>
 #include <string>
+#include <thread>
 
+#include "platform/named_event.h"
 #include "quillmark_logging.h"
 
 namespace {
@@ -14,10 +17,24 @@ const LogEventHandler& staticListener() {
   return listener;
 }
 
+// Its thread makes the event, and then waits for it at once.
+bool waitUntilListening() {
+  for (int tries = 0; tries < 1000; ++tries) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    const platform::Handle event = platform::openEvent("QMRK_LOG_EVENT");
+    if (event == nullptr) continue;
+    platform::closeHandle(event);
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 int main(int _count, char** _arguments) {
   if (_count != 2) return 2;
   const bool isStatic = std::string(_arguments[1]) == "static";
-  return (isStatic ? staticListener() : abandonedListener()).isCreated() == 1 ? 0 : 1;
+  const bool isCreated = (isStatic ? staticListener() : abandonedListener()).isCreated() == 1;
+  return isCreated && waitUntilListening() ? 0 : 1;
 }

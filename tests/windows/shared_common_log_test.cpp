@@ -33,6 +33,8 @@ TEST(SharedCommonLog, FourProcessesOfFiveThousandLinesLoseAndTearNone) {
   }
   const std::regex whole(R"(\[Shared\.p(\d)\] \d{8} \d\d:\d\d:\d\d\.\d{3} line (\d+) of 5000\r)");
   std::map<std::string, int> lastLine;
+  std::string writer;
+  int changesOfWriter = 0;
   int lines = 0;
   std::istringstream log(testsupport::readFile(sandbox.logFolder() + "\\common.log"));
   for (std::string line; std::getline(log, line);) {
@@ -41,9 +43,12 @@ TEST(SharedCommonLog, FourProcessesOfFiveThousandLinesLoseAndTearNone) {
     ASSERT_TRUE(std::regex_match(line, parts, whole)) << line;
     // Each process's own lines stay in order, so none is missing when the numbers have no gap.
     ASSERT_EQ(std::stoi(parts[2]), ++lastLine[parts[1]]) << line;
+    if (writer != parts[1]) ++changesOfWriter;
+    writer = parts[1];
     ++lines;
   }
   EXPECT_EQ(lines, PROCESSES * LINES);
+  EXPECT_GT(changesOfWriter, 10 * PROCESSES) << "they wrote one after the other";
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <initializer_list>
 
 namespace {
 
@@ -24,7 +25,9 @@ int main(int _count, char** _arguments) {
     if (entry == nullptr) return fail("the plugin has no entry", round);
     if (reinterpret_cast<int (*)()>(reinterpret_cast<void*>(entry))() == 0) return fail("the set-up failed", round);
     if (!::FreeLibrary(plugin)) return fail("the plugin is not unloaded", round);
-    if (::GetModuleHandleA("qmrk_log.dll") != nullptr) return fail("the library is still loaded", round);
+    for (const char* library : {"qmrk_log.dll", "boost_log-vc80-mt-1_33.dll"}) {
+      if (::GetModuleHandleA(library) != nullptr) return fail("a library is still loaded", round);
+    }
   }
   return 0;
 }
