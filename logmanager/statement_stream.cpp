@@ -27,6 +27,8 @@ constexpr auto PAIRS = [] {
   return pairs;
 }();
 
+const char* pairOf(std::size_t _number) { return &PAIRS[2 * _number]; }
+
 /// 0, 10, 100 and so on, to the largest that the type holds.
 constexpr auto POWERS = [] {
   std::array<unsigned long long, 20> powers{0, 10};
@@ -46,7 +48,7 @@ template <typename Integer>
 char* putPairs(char* _end, Integer& _value, Integer _largest) {
   for (; _value > _largest; _value /= 100) {
     _end -= 2;
-    std::memcpy(_end, &PAIRS[2 * (_value % 100)], 2);
+    std::memcpy(_end, pairOf(static_cast<std::size_t>(_value % 100)), 2);
   }
   return _end;
 }
@@ -59,7 +61,7 @@ std::size_t putDigits(char* _place, unsigned long long _value) {
   auto rest = static_cast<std::uint32_t>(_value);
   putPairs(end, rest, std::uint32_t{99});
   if (rest >= 10) {
-    std::memcpy(_place, &PAIRS[2 * rest], 2);
+    std::memcpy(_place, pairOf(rest), 2);
   } else {
     *_place = static_cast<char>('0' + rest);
   }
