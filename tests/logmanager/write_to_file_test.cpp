@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <thread>
 #include <vector>
@@ -11,6 +12,7 @@
 #include "platform/native_path.h"
 #include "tests/support/as_unprivileged_user.h"
 #include "tests/support/fault_plan.h"
+#include "tests/support/system_path.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {
@@ -99,6 +101,26 @@ TEST_F(WriteToFile, MakesARemovedFolderAnewWithinASecond) {
   removeAll(folder_.file("a"));
   writeAt(appender, 999, "2\n");
   EXPECT_EQ(testsupport::replaced(readFile(deepPath), "\r\n", "\n"), "2\n");
+}
+
+TEST_F(WriteToFile, MakesARenamedFileAnewWithinASecond) {
+  const write_to_file appender(path_, true);
+  writeAt(appender, 0, "1\n");
+  std::filesystem::rename(testsupport::systemPath(path_), testsupport::systemPath(path_ + ".1"));
+  writeAt(appender, 999, "2\n");
+  EXPECT_EQ(testsupport::replaced(readFile(path_ + ".1"), "\r\n", "\n"), "1\n");
+  EXPECT_EQ(text(), "2\n");
+}
+
+TEST_F(WriteToFile, WaitsForAFolderInItsPlaceToGo) {
+  testsupport::makeFolders(path_);
+  const write_to_file appender(path_, false);
+  appender("App", "1\n");
+  appender("App", "2\n");
+  removeAll(path_);
+  appender("App", "3\n");
+  EXPECT_EQ(text().find("2 messages were lost: this file could not be written, error "), 0U);
+  EXPECT_EQ(text().substr(text().find('\n')), "\n3\n");
 }
 
 TEST_F(WriteToFile, LooksForTheFileAgainAfterTheClockWasSetBack) {

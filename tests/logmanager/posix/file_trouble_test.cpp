@@ -68,23 +68,6 @@ TEST(FileTrouble, TheFragmentOfAnotherIsEndedBeforeTheLossIsTold) {
   EXPECT_EQ(readFile(path), "one\nother\n01\n1 message was lost: this file could not be written, error 27\nafter\n");
 }
 
-TEST(FileTrouble, ARenamedFileKeepsItsMessagesAndANewOneIsMade) {
-  const testsupport::TemporaryFolder folder;
-  const std::string path = folder.file("app.log");
-  const write_to_file appender(path, true);
-  {
-    const boost::logging::detail::MessageScope scope(boost::logging::detail::threadState(), 1000000);
-    appender("App", "1\n");
-  }
-  ASSERT_EQ(std::rename((folder.path() + "/app.log").c_str(), (folder.path() + "/app.log.1").c_str()), 0);
-  {
-    const boost::logging::detail::MessageScope scope(boost::logging::detail::threadState(), 1000999);
-    appender("App", "2\n");
-  }
-  EXPECT_EQ(readFile(folder.file("app.log.1")), "1\n");
-  EXPECT_EQ(readFile(path), "2\n");
-}
-
 TEST(FileTrouble, AReplacedFileIsContinuedNotEmptied) {
   const testsupport::TemporaryFolder folder;
   const std::string path = folder.file("app.log");
@@ -100,18 +83,6 @@ TEST(FileTrouble, AReplacedFileIsContinuedNotEmptied) {
     appender("App", "2\n");
   }
   EXPECT_EQ(readFile(path), "other\n2\n");
-}
-
-TEST(FileTrouble, AFolderInThePlaceOfTheFileIsWaitedOut) {
-  const testsupport::TemporaryFolder folder;
-  const std::string path = folder.file("app.log");
-  testsupport::makeFolders(path);
-  const write_to_file appender(path, false);
-  appender("App", "1\n");
-  appender("App", "2\n");
-  removeAll(path);
-  appender("App", "3\n");
-  EXPECT_EQ(readFile(path), std::string(LOST_TWO) + "21\n3\n");
 }
 
 }  // namespace

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
-// The trace of a whole program on its standard error stream: the switches are read by the loader, not by the test.
+// The trace of a whole program: the switches are read by the loader, not by the test. It goes to the standard error
+// stream or to the console that the program shares with the test.
 #include <gtest/gtest.h>
 
 #include "tests/logsetup/transcript.h"
+#include "tests/support/captured_console.h"
 #include "tests/support/golden.h"
 #include "tests/tools/logtest_run.h"
 
@@ -13,8 +15,9 @@ constexpr char traced[] = "QMRK_TRACE=TRUE\n";
 class LogTestTrace : public testsupport::LogTestRun {
  protected:
   testing::AssertionResult tracesAs(const std::string& _golden, const std::vector<std::string>& _arguments) const {
-    const auto result = run(_arguments);
-    return testsupport::matchesGolden(testsupport::transcript(sandbox_, result.errors), _golden);
+    const testsupport::CapturedConsole console;
+    const std::string errors = run(_arguments).errors;
+    return testsupport::matchesGolden(testsupport::transcript(sandbox_, errors + console.text()), _golden);
   }
 };
 
