@@ -134,5 +134,7 @@ take_the_tour() {
   station_running_process
   station_stamps
   station_versions
-  say "Everything of the tour is in ${SANDBOX#"$ROOT/"}. The formats and their traps: docs/file-formats.md."
+  # A prefix of Wine goes with the tour.
+  [ -n "${QMRK_WINE_PREFIX:-}" ] || say "Everything of the tour is in ${SANDBOX#"$ROOT/"}."
+  say 'The formats and their traps: docs/file-formats.md.'
 }
