@@ -19,7 +19,7 @@ HANDLE makeAppendQueue(const std::string& _name);
 /// an append is atomic; only under Wine it is not.
 class AppendLock {
  public:
-  /// @param _file open for reading; must stay open while the object lives, like the queue.
+  /// @param _file open for reading or writing; must stay open while the object lives, like the queue.
   /// @param _queue from makeAppendQueue; may be null.
   AppendLock(HANDLE _file, HANDLE _queue);
   ~AppendLock();

@@ -4,7 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <sstream>
+#include <string>
+#include <thread>
 
+#include "platform/append_file.h"
 #include "tests/support/as_unprivileged_user.h"
 #include "tests/support/fault_plan.h"
 #include "tests/support/temporary_folder.h"
@@ -240,6 +244,30 @@ TEST_F(TextWriterTest, ThePlannedWriteFailsAndTheNextArrives) {
   EXPECT_FALSE(writer.write("two "));
   EXPECT_TRUE(writer.write("three"));
   EXPECT_EQ(read(path_), "one three");
+}
+
+TEST_F(TextWriterTest, AppendsBesideAnAppendFileAndNeitherOverwritesTheOther) {
+  constexpr int lines = 2000;
+  platform::ErrorCode error = platform::noError;
+  const auto appendFile = platform::AppendFile::open(path_, false, error);
+  ASSERT_NE(appendFile, nullptr);
+  std::thread other([&appendFile] {
+    for (int i = 0; i < lines; ++i)
+      appendFile->append("appended\n", 9);
+  });
+  TextWriter writer(path_, TextWriter::Mode::append);
+  for (int i = 0; i < lines; ++i)
+    EXPECT_TRUE(writer.write("written\n"));
+  other.join();
+  std::istringstream text(read(path_));
+  int appended = 0;
+  int written = 0;
+  for (std::string line; std::getline(text, line);) {
+    appended += line == "appended" ? 1 : 0;
+    written += line == "written" ? 1 : 0;
+  }
+  EXPECT_EQ(appended, lines);
+  EXPECT_EQ(written, lines);
 }
 
 TEST_F(TextFile, EveryFileThatWasOpenedIsClosed) {
