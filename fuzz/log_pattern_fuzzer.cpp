@@ -7,8 +7,8 @@
 #include <sstream>
 #include <string>
 
-#include "logmanager/name_pattern.h"
-#include "tests/logmanager/name_pattern_oracle.h"
+#include "logmanager/names/name_pattern.h"
+#include "tests/logmanager/names/name_pattern_oracle.h"
 
 // NOLINTNEXTLINE(readability-identifier-naming): the name is that of libFuzzer
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* _data, std::size_t _size) {

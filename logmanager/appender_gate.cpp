@@ -3,10 +3,10 @@
 
 #include <utility>
 
+#include "logmanager/appenders/exception_report.h"
 #include "logmanager/callable.h"
 #include "logmanager/dispatch.h"
-#include "logmanager/exception_report.h"
-#include "logmanager/thread_state.h"
+#include "logmanager/threads/thread_state.h"
 
 namespace boost::logging::detail {
 

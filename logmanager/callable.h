@@ -6,7 +6,7 @@
 
 #include "boost/logging/callables.hpp"
 #include "logmanager/appender_gate.h"
-#include "logmanager/own_appender.h"
+#include "logmanager/appenders/own_appender.h"
 
 namespace boost::logging::detail {
 

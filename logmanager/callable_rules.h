@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "logmanager/callable.h"
-#include "logmanager/name_pattern.h"
-#include "logmanager/rule_index.h"
+#include "logmanager/names/name_pattern.h"
+#include "logmanager/names/rule_index.h"
 
 namespace boost::logging::detail {
 

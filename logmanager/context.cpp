@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "logmanager/context.h"
 
-#include "logmanager/thread_state.h"
+#include "logmanager/threads/thread_state.h"
 
 namespace boost::logging::detail {
 

@@ -4,9 +4,9 @@
 #include <string>
 
 #include "logmanager/log.h"
-#include "logmanager/reader_slot.h"
-#include "logmanager/slot_pool.h"
 #include "logmanager/statement_stream.h"
+#include "logmanager/threads/reader_slot.h"
+#include "logmanager/threads/slot_pool.h"
 
 namespace boost::logging::detail {
 

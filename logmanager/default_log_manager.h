@@ -10,8 +10,8 @@
 #include "logmanager/early_messages.h"
 #include "logmanager/enable_rules.h"
 #include "logmanager/log_registry.h"
-#include "logmanager/name_pattern.h"
-#include "logmanager/retired_objects.h"
+#include "logmanager/names/name_pattern.h"
+#include "logmanager/threads/retired_objects.h"
 
 namespace boost::logging {
 

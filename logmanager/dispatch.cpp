@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "logmanager/dispatch.h"
 
-#include "logmanager/exception_report.h"
-#include "logmanager/thread_state.h"
+#include "logmanager/appenders/exception_report.h"
+#include "logmanager/threads/thread_state.h"
 
 namespace boost::logging::detail {
 namespace {

@@ -4,10 +4,10 @@
 #include <cstdint>
 #include <utility>
 
+#include "logmanager/appenders/exception_report.h"
 #include "logmanager/context.h"
 #include "logmanager/dispatch.h"
-#include "logmanager/exception_report.h"
-#include "logmanager/thread_state.h"
+#include "logmanager/threads/thread_state.h"
 #include "platform/clock.h"
 
 namespace boost::logging::detail {

@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <string_view>
 
-#include "logmanager/name_pattern.h"
-#include "logmanager/rule_index.h"
+#include "logmanager/names/name_pattern.h"
+#include "logmanager/names/rule_index.h"
 
 namespace boost::logging::detail {
 

@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <cstring>
 
-#include "logmanager/prepend_time_ms.h"
-#include "logmanager/thread_state.h"
+#include "logmanager/modifiers/prepend_time_ms.h"
+#include "logmanager/threads/thread_state.h"
 
 namespace boost::logging::detail {
 namespace {

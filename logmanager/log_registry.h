@@ -11,9 +11,9 @@
 #include <unordered_set>
 
 #include "logmanager/log.h"
-#include "logmanager/name_hash.h"
-#include "logmanager/name_order.h"
-#include "logmanager/name_pattern.h"
+#include "logmanager/names/name_hash.h"
+#include "logmanager/names/name_order.h"
+#include "logmanager/names/name_pattern.h"
 
 namespace boost::logging::detail {
 

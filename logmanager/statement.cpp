@@ -2,11 +2,11 @@
 #include <string_view>
 
 #include "boost/logging/logger.hpp"
+#include "logmanager/appenders/exception_report.h"
 #include "logmanager/context.h"
 #include "logmanager/default_log_manager.h"
 #include "logmanager/dispatch.h"
-#include "logmanager/exception_report.h"
-#include "logmanager/thread_state.h"
+#include "logmanager/threads/thread_state.h"
 
 namespace boost::logging {
 namespace detail {

@@ -13,7 +13,7 @@
 #include "logmanager/callable_set.h"
 #include "logmanager/log.h"
 #include "logmanager/message_cache.h"
-#include "logmanager/thread_state.h"
+#include "logmanager/threads/thread_state.h"
 #include "tests/logmanager/recorder.h"
 
 namespace {

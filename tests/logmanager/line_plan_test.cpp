@@ -8,7 +8,7 @@
 
 #include "boost/logging/logging.hpp"
 #include "logmanager/dispatch.h"
-#include "logmanager/thread_state.h"
+#include "logmanager/threads/thread_state.h"
 
 namespace {
 

@@ -5,7 +5,7 @@ forms of one interface."""
 import re
 
 COLLECTING = re.compile(r"(?:^|_)(?:utils?|common|misc|stuff)$|^helpers?$")
-_PLATFORM = re.compile(r"(^|/)(?:posix|win32)/")
+_PLATFORM = re.compile(r"(^|/)(?:linux|win32)/")
 
 
 def violations(files):

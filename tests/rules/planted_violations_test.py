@@ -22,7 +22,7 @@ PLANTED = {
          "logmanager/e.cpp": '#include <boost/logging/logging.hpp>\n#include "platform/clock.h"\n',
          "tools/f.cpp": '#include "control/listener.h"\n#include <boost/logging/logging.hpp>\n'},
         {"platform/p.cpp": '#include "trace/trace.h"\n',
-         "platform/posix/q.cpp": '#include "quillmark_logging_names.h"\n',
+         "platform/linux/q.cpp": '#include "quillmark_logging_names.h"\n',
          "trace/r.cpp": '#include "config/store.h"\n',
          "config/s.cpp": '#include "logsetup/levels.h"\n',
          "diagnostics/t.cpp": "#include <boost/logging/logging.hpp>\n",
@@ -36,7 +36,7 @@ PLANTED = {
     "platform_conditionals": (
         {"platform/win32/a.cpp": "#ifdef _WIN32\n#include <windows.h>\n#endif\n",
          "include/quillmark_logging_export.h": "#if defined(_WIN32)\n#endif\n",
-         "tests/support/posix/b.cpp": "#include <unistd.h>\n",
+         "tests/support/linux/b.cpp": "#include <unistd.h>\n",
          "trace/c.cpp": "// _WIN32 only in words\n#ifdef NDEBUG\n#endif\n#include <time.h>\n"},
         {"trace/p.cpp": "#ifdef _WIN32\n#endif\n",
          "config/q.h": "#if defined(NDEBUG) && !defined(__linux__)\n#endif\n",
@@ -65,7 +65,7 @@ PLANTED = {
         {"trace/p.cpp": "\n" * 301, "trace/q.h": "\n" * 121, "tests/trace/r.cpp": "\n" * 301,
          "trace/s.cpp": "// Longer than the budget: \n" + "\n" * 400}),
     "file_names": (
-        {"platform/posix/clock.cpp": "", "platform/win32/clock.cpp": "", "trace/trace.h": "", "trace/trace.cpp": ""},
+        {"platform/linux/clock.cpp": "", "platform/win32/clock.cpp": "", "trace/trace.h": "", "trace/trace.cpp": ""},
         {"zlast/trace.h": "", "trace/string_utils.h": "", "config/common.cpp": "", "config/helpers.h": ""}),
     "header_guards": (
         {"trace/a.h": "#pragma once\n", "include/b.h": "#ifndef B_H\n#define B_H\n#endif\n"},

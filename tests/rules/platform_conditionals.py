@@ -13,7 +13,7 @@ SYSTEM_HEADER = re.compile(
 
 _SEAM = re.compile(r"platform/|include/quillmark_logging_export\.h$|"
                    r"logmanager/include/boost/logging/detail/export\.hpp$|"
-                   r"(?:tests|tools|bench)/(?:\w+/)*(?:posix|win32)/")
+                   r"(?:tests|tools|bench)/(?:\w+/)*(?:linux|win32)/")
 
 
 def violations(files):

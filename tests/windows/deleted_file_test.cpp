@@ -5,7 +5,7 @@
 
 #include "boost/logging/logging.hpp"
 #include "logmanager/dispatch.h"
-#include "logmanager/thread_state.h"
+#include "logmanager/threads/thread_state.h"
 #include "tests/support/running_system.h"
 #include "tests/support/temporary_folder.h"
 

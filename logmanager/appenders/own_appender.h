@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <boost/shared_ptr.hpp>
+#include <string>
+
+#include "boost/logging/callables.hpp"
+#include "logmanager/appenders/batch_handle.h"
+#include "logmanager/appenders/shared_append_file.h"
+#include "logmanager/threads/thread_state.h"
+
+namespace boost::logging::detail {
+
+/// A write_to_file or ts_appender, called without the detour through the function object that it came in, which takes
+/// several calls and another look-up of the thread's state. A value, which shares what it calls.
+class OwnAppender {
+ public:
+  /// @param _appender any appender.
+  explicit OwnAppender(const appender& _appender);
+
+  /// Whether the appender is one of these two.
+  bool isThere() const { return file_ != nullptr || handle_ != nullptr; }
+
+  /// Does what the appender does. To be called only when it is there. May throw.
+  /// @param _thread the state of the calling thread, which passes a message through callables.
+  void append(ThreadState& _thread, const std::string& _line) const {
+    if (file_ != nullptr) {
+      file_->append(_thread, _line, messageTime(_thread));
+    } else {
+      handle_->writer().append(_line);
+    }
+  }
+
+ private:
+  boost::shared_ptr<SharedAppendFile> file_;
+  boost::shared_ptr<BatchHandle> handle_;
+};
+
+}  // namespace boost::logging::detail

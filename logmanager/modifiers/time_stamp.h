@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "logmanager/modifiers/time_format.h"
+#include "logmanager/threads/thread_state.h"
+
+namespace boost::logging::detail {
+
+/// A time format that keeps, for each thread, the text of the latest time: within a second only the milliseconds
+/// change, and many messages share theirs. All functions may be called from any thread at once.
+class TimeStamp {
+ public:
+  explicit TimeStamp(const std::string& _format) : format_(_format), id_(nextId()) {}
+
+  /// The time in this format.
+  /// @param _time in milliseconds since 1970.
+  /// @param _latest of the calling thread; the result may point into it.
+  /// @param _memory for a text that is too long for that.
+  std::string_view text(std::int64_t _time, ThreadState::TimeText& _latest, std::string& _memory) const {
+    if (_latest.formatId == id_ && _latest.time == _time) return {_latest.text, _latest.size};
+    return newText(_time, _latest, _memory);
+  }
+
+ private:
+  static std::uint64_t nextId();
+  std::string_view newText(std::int64_t _time, ThreadState::TimeText& _latest, std::string& _memory) const;
+  bool refresh(ThreadState::TimeText& _latest, std::int64_t _second) const;
+
+  TimeFormat format_;
+  /// Tells the formats apart in the states of threads; never used again.
+  std::uint64_t id_;
+};
+
+}  // namespace boost::logging::detail

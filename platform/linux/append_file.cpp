@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: MIT
+#include "platform/append_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <chrono>
+#include <thread>
+
+#include "platform/fault.h"
+#include "platform/linux/errno_code.h"
+#include "platform/linux/file_write.h"
+#include "platform/linux/open_file.h"
+#include "platform/native_path.h"
+
+namespace platform {
+namespace {
+
+// Where others append without a break, the file may never stand still for one who looks at it.
+constexpr int MOST_LOOKS = 50;
+constexpr std::chrono::milliseconds BETWEEN_LOOKS{1};
+
+AppendFile::Identity identityOf(const struct stat& _status) {
+  return {static_cast<std::uint64_t>(_status.st_dev), static_cast<std::uint64_t>(_status.st_ino)};
+}
+
+// Reading serves only to look at the last byte, so a file that may only be written is opened all the same.
+int openForAppending(const std::string& _path, bool _truncate) {
+  const int flags = O_APPEND | O_CREAT | (_truncate ? O_TRUNC : 0);
+  const int file = openFile(_path, O_RDWR | flags);
+  return file == -1 && errno == EACCES ? openFile(_path, O_WRONLY | flags) : file;
+}
+
+// Creates the folder of a path with its missing parents.
+// @return 0 when the folder exists now, else the errno.
+int createFolderOf(const std::string& _path) {
+  const std::size_t nameBegin = _path.find_last_of('/');
+  const std::size_t folderEnd = nameBegin == std::string::npos ? nameBegin : _path.find_last_not_of('/', nameBegin);
+  if (folderEnd == std::string::npos) return ENOENT;
+  const std::string folder = _path.substr(0, folderEnd + 1);
+  if (::mkdir(folder.c_str(), 0777) == 0 || errno == EEXIST) return 0;
+  if (errno != ENOENT) return errno;
+  const int error = createFolderOf(folder);
+  if (error != 0) return error;
+  return ::mkdir(folder.c_str(), 0777) == 0 || errno == EEXIST ? 0 : errno;
+}
+
+}  // namespace
+
+std::unique_ptr<AppendFile> AppendFile::open(const std::string& _path, bool _truncate, ErrorCode& _error) {
+  const ErrorCode fault = injectedFault(Call::openForAppending);
+  if (fault != noError) {
+    _error = fault;
+    return nullptr;
+  }
+  int file = openForAppending(_path, _truncate);
+  if (file == -1 && errno == ENOENT) {
+    errno = createFolderOf(nativePath(_path));
+    if (errno == 0) file = openForAppending(_path, _truncate);
+  }
+  struct stat status {};
+  if (file == -1 || ::fstat(file, &status) != 0) {
+    _error = errnoCode(errno);
+    if (file != -1) ::close(file);
+    return nullptr;
+  }
+  refreshFileSizeLimit();
+  return std::unique_ptr<AppendFile>(new AppendFile(file, identityOf(status)));
+}
+
+AppendFile::AppendFile(std::intptr_t _file, Identity _identity) : file_(_file), identity_(_identity) {}
+
+AppendFile::~AppendFile() {
+  if (injectedFault(Call::closeFile) == noError) ::close(static_cast<int>(file_));
+}
+
+AppendFile::Result AppendFile::append(const char* _data, std::size_t _size) {
+  if (_size == 0) return {};
+  const ErrorCode fault = injectedFault(Call::append);
+  if (fault != noError) return {0, fault};
+  const ssize_t written = writeToFile(static_cast<int>(file_), _data, _size);
+  if (written == -1) return {0, errnoCode(errno)};
+  const auto size = static_cast<std::size_t>(written);
+  // A short write has no errno. It is not continued: another process may have appended since.
+  return {size, size == _size ? noError : errorDiskFull};
+}
+
+bool AppendFile::endsInLineFeed() const {
+  if (injectedFault(Call::read) != noError) return true;
+  const int file = static_cast<int>(file_);
+  off_t formerSize = -1;
+  for (int look = 0; look < MOST_LOOKS; ++look) {
+    struct stat status {};
+    if (::fstat(file, &status) != 0 || status.st_size == 0) return true;
+    char last = '\n';
+    if (::pread(file, &last, 1, status.st_size - 1) != 1 || last == '\n') return true;
+    if (status.st_size == formerSize) return false;
+    // A file grows page by page while a message is appended, so this may be the inside of one. To write nothing waits
+    // for the write that is under way, on most file systems; only what has not grown after it is a piece that somebody
+    // left.
+    formerSize = status.st_size;
+    [[maybe_unused]] const ssize_t nothing = ::write(file, &last, 0);
+    std::this_thread::sleep_for(BETWEEN_LOOKS);
+  }
+  return true;
+}
+
+bool AppendFile::isStillAt(const std::string& _path) const {
+  if (injectedFault(Call::statusQuery) != noError) return true;
+  refreshFileSizeLimit();
+  struct stat status {};
+  if (::stat(nativePath(_path).c_str(), &status) == 0) return identityOf(status) == identity_;
+  return errno != ENOENT && errno != ENOTDIR;
+}
+
+void watchAppends(std::atomic<bool>& /*_appended*/) {}
+
+}  // namespace platform

@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/handle_table.h"
+
+#include <pthread.h>
+
+#include <utility>
+#include <vector>
+
+#include "platform/fault.h"
+#include "platform/linux/event_file.h"
+
+namespace platform {
+namespace {
+
+constexpr std::uintptr_t step = 4;
+
+void beforeFork() {
+  EventFile::lockAll();
+  HandleTable::instance().lock();
+}
+
+void inParent() {
+  HandleTable::instance().unlock();
+  EventFile::unlockAll();
+}
+
+void inChild() {
+  EventFile::abandonAll();
+  HandleTable::instance().forgetAll();
+  inParent();
+}
+
+}  // namespace
+
+HandleTable& HandleTable::instance() {
+  static HandleTable& table = *new HandleTable;
+  return table;
+}
+
+Handle HandleTable::insert(std::shared_ptr<HandleTarget> _target, const void* _owner) {
+  [[maybe_unused]] static const int guarded = ::pthread_atfork(beforeFork, inParent, inChild);
+  const std::lock_guard<std::mutex> lock(mutex_);
+  latest_ += step;
+  const Handle handle = reinterpret_cast<Handle>(latest_);  // NOLINT(performance-no-int-to-ptr): a number, see handle.h
+  entries_.emplace(handle, Entry{std::move(_target), _owner});
+  return handle;
+}
+
+std::shared_ptr<HandleTarget> HandleTable::findAny(Handle _handle) {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  const auto found = entries_.find(_handle);
+  return found == entries_.end() ? nullptr : found->second.target;
+}
+
+bool HandleTable::remove(Handle _handle) {
+  // Outlives the lock: the end of an object may take long, and locks too.
+  std::shared_ptr<HandleTarget> last;
+  const std::lock_guard<std::mutex> lock(mutex_);
+  const auto found = entries_.find(_handle);
+  if (found == entries_.end()) return false;
+  last = std::move(found->second.target);
+  entries_.erase(found);
+  return true;
+}
+
+void HandleTable::removeOwnedBy(const void* _owner) {
+  std::vector<std::shared_ptr<HandleTarget>> last;
+  const std::lock_guard<std::mutex> lock(mutex_);
+  for (auto entry = entries_.begin(); entry != entries_.end();) {
+    if (entry->second.owner != _owner) {
+      ++entry;
+      continue;
+    }
+    last.push_back(std::move(entry->second.target));
+    entry = entries_.erase(entry);
+  }
+}
+
+std::size_t HandleTable::size() {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  return entries_.size();
+}
+
+bool closeHandle(Handle _handle) {
+  const ErrorCode fault = injectedFault(Call::closeHandle);
+  const bool closed = fault == noError && HandleTable::instance().remove(_handle);
+  setLastError(closed ? noError : (fault != noError ? fault : errorInvalidHandle));
+  return closed;
+}
+
+Handle duplicateHandle(Handle _handle) {
+  std::shared_ptr<HandleTarget> target = HandleTable::instance().findAny(_handle);
+  setLastError(target != nullptr ? noError : errorInvalidHandle);
+  return target != nullptr ? HandleTable::instance().insert(std::move(target), nullptr) : nullptr;
+}
+
+}  // namespace platform

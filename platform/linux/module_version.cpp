@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#include "platform/module_version.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <string>
+
+#include "platform/fault.h"
+#include "platform/linux/module_search.h"
+#include "platform/linux/open_file.h"
+#include "platform/linux/version_note.h"
+
+namespace platform {
+namespace {
+
+constexpr char LIBRARY_FILE[] = "libqmrk_log.so";
+
+// Modules are asked for by the names that they have on Windows.
+std::string fileNameOf(const std::string& _module) {
+  if (_module == "qmrk_log.dll") return LIBRARY_FILE;
+  if (_module == "LogTest.exe") return "LogTest";
+  return _module;
+}
+
+// -1 when there is no regular file of the name.
+int openRegularFile(const std::string& _path) {
+  // Without blocking, in case a pipe has the name.
+  const int file = openFile(_path, O_RDONLY | O_NONBLOCK);
+  struct stat status {};
+  if (file != -1 && (::fstat(file, &status) != 0 || !S_ISREG(status.st_mode))) {
+    ::close(file);
+    return -1;
+  }
+  return file;
+}
+
+int openModule(const std::string& _name) {
+  for (std::string& folder : moduleFolders()) {
+    const int file = openRegularFile(folder.append("/").append(_name));
+    if (file != -1) return file;
+  }
+  return _name == LIBRARY_FILE ? openRegularFile(ownFile()) : -1;
+}
+
+bool readAt(int _file, std::uint64_t _offset, unsigned char* _buffer, std::size_t _size) {
+  while (_size > 0) {
+    const ssize_t got = ::pread(_file, _buffer, _size, static_cast<off_t>(_offset));
+    if (got < 0 && errno == EINTR) continue;
+    if (got <= 0) return false;
+    _buffer += got;
+    _offset += static_cast<std::uint64_t>(got);
+    _size -= static_cast<std::size_t>(got);
+  }
+  return true;
+}
+
+}  // namespace
+
+bool readModuleVersion(const char* _module, FixedVersion& _version) {
+  if (injectedFault(Call::moduleVersion) != noError) return false;
+  const int file = openModule(fileNameOf(_module));
+  if (file == -1) return false;
+  const bool found = readVersionNote([file](std::uint64_t _offset, unsigned char* _buffer,
+                                            std::size_t _size) { return readAt(file, _offset, _buffer, _size); },
+                                     _version);
+  ::close(file);
+  return found;
+}
+
+}  // namespace platform

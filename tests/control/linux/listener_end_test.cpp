@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include <fstream>
+#include <thread>
+
+#include "boost/logging/logging.hpp"
+#include "platform/native_path.h"
+#include "tests/control/listener_fixture.h"
+#include "tests/support/linux/named_pipe.h"
+#include "tests/support/linux/shared_memory_mount.h"
+
+namespace {
+
+using namespace platform;
+
+class ListenerEnd : public testsupport::Listener {};
+
+// The class list is a pipe: the update is in its middle until the test writes the list.
+TEST_F(ListenerEnd, WaitsForAnUpdateInItsMiddle) {
+  const boost::logging::logger late("Listener.late");
+  ASSERT_TRUE(Quillmark_logging::updateLogLevels());
+  ASSERT_FALSE(late.is_enabled());
+  const std::string list = nativePath(classesPath());
+  testsupport::makeNamedPipe(list);
+  auto handler = std::make_unique<LogEventHandler>();
+  ASSERT_TRUE(waitUntilListening(*handler));
+  const Handle thread = duplicateHandle(handler->getThreadHandle());
+  const Handle event = openEvent("QMRK_LOG_EVENT");
+  ASSERT_TRUE(setEvent(event));
+  ASSERT_TRUE(cout_.waitFor("WAIT_OBJECT_0 (0)"));
+  std::thread end([&handler] { handler.reset(); });
+  EXPECT_EQ(waitForThread(thread, 1500), waitTimeout);
+  EXPECT_FALSE(late.is_enabled());
+  std::ofstream(list) << "Listener.late;";
+  end.join();
+  EXPECT_TRUE(late.is_enabled());
+  EXPECT_EQ(waitForThread(thread, 0), waitObject);
+  EXPECT_EQ(exitCodeOf(thread), 1U);
+  EXPECT_EQ(waitForEvent(event, 0), waitTimeout);
+  EXPECT_EQ(cout_.count("<== LogEventHandler::resetEvent() returns true\n"), 1);
+  EXPECT_TRUE(closeHandle(event));
+  EXPECT_TRUE(closeHandle(thread));
+}
+
+TEST_F(ListenerEnd, AbsorbsASettingDuringTheUpdateByTheResetAfterIt) {
+  ASSERT_TRUE(Quillmark_logging::updateLogLevels());
+  const std::string list = nativePath(classesPath());
+  testsupport::makeNamedPipe(list);
+  LogEventHandler handler;
+  ASSERT_TRUE(waitUntilListening(handler));
+  ASSERT_TRUE(signal());
+  ASSERT_TRUE(cout_.waitFor("WAIT_OBJECT_0 (0)"));
+  ASSERT_TRUE(signal());
+  std::ofstream(list) << "Listener.one;";
+  ASSERT_TRUE(cout_.waitFor("resetEvent() returns true"));
+  EXPECT_EQ(waitForThread(handler.getThreadHandle(), 100), waitTimeout);
+  EXPECT_EQ(cout_.count("WAIT_OBJECT_0 (0)"), 1);
+  testsupport::removeAll(list);
+  writeClasses("Listener.one;");
+  stop(handler);
+}
+
+TEST_F(ListenerEnd, ComesAtOnceInAFullSharedMemory) {
+  testsupport::mountSharedMemory("nr_inodes=1");
+  {
+    LogEventHandler handler;
+    EXPECT_EQ(waitForThread(handler.getThreadHandle(), 30'000), waitObject);
+    EXPECT_EQ(exitCodeOf(handler.getThreadHandle()), 0xFFFFFFFF);
+    EXPECT_EQ(handler.isCreated(), 1);
+  }
+  testsupport::unmountSharedMemory();
+  EXPECT_EQ(cerr_.text(),
+            "<!= LogEventHandler::createEvent() ERROR: Failed to create event \"QMRK_LOG_EVENT\", GetLastError=112\n"
+            "<!= LogEventHandler::Listen4EventThread() ERROR: Failed to create event \"QMRK_LOG_EVENT\", "
+            "GetLastError=112\n");
+}
+
+}  // namespace

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <string>
+
+#include "boost/logging/logging.hpp"
+#include "logmanager/dispatch.h"
+#include "logmanager/threads/thread_state.h"
+#include "tests/support/linux/file_size_limit.h"
+#include "tests/support/linux/shared_memory_mount.h"
+#include "tests/support/temporary_folder.h"
+
+namespace {
+
+using boost::logging::write_to_file;
+using testsupport::readFile;
+using testsupport::removeAll;
+
+constexpr char LOST_TWO[] = "2 messages were lost: this file could not be written, error ";
+
+TEST(FileTrouble, AFullDiskLeavesOneFragmentThatIsEndedWhenThereIsRoom) {
+  testsupport::mountSharedMemory("size=16k");
+  const std::string path = "\\dev\\shm\\full.log";
+  const std::string filler = "\\dev\\shm\\filler";
+  testsupport::writeFile(filler, std::string(8192, 'f'));
+  const write_to_file appender(path, false);
+  const std::string message = std::string(4999, 'm') + "\n";
+  appender("App", message);
+  appender("App", message);
+  appender("App", message);
+  EXPECT_EQ(readFile(path), message + message.substr(0, 8192 - 5000));
+  removeAll(filler);
+  appender("App", "after\n");
+  appender("App", "next\n");
+  EXPECT_EQ(readFile(path), message + message.substr(0, 8192 - 5000) + "\n" + LOST_TWO + "112\nafter\nnext\n");
+  testsupport::unmountSharedMemory();
+}
+
+TEST(FileTrouble, AFileSizeLimitDoesNotEndTheProcessAndIsToldWhenItIsLifted) {
+  const testsupport::TemporaryFolder folder;
+  const std::string path = folder.file("limited.log");
+  const write_to_file appender(path, false);
+  {
+    const testsupport::FileSizeLimit limit(20);
+    appender("App", "0123456789\n");
+    appender("App", "0123456789\n");
+    appender("App", "lost\n");
+    EXPECT_EQ(readFile(path), "0123456789\n012345678");
+  }
+  appender("App", "after\n");
+  EXPECT_EQ(readFile(path), std::string("0123456789\n012345678\n") + LOST_TWO + "27\nafter\n");
+}
+
+TEST(FileTrouble, TheFragmentOfAnotherIsEndedBeforeTheLossIsTold) {
+  const testsupport::TemporaryFolder folder;
+  const std::string path = folder.file("limited.log");
+  const write_to_file one(path, false);
+  const write_to_file other(path, false);
+  {
+    const testsupport::FileSizeLimit limit(12);
+    one("App", "one\n");
+    other("App", "other\n");
+    one("App", "0123456789\n");
+    other("App", "lost\n");
+  }
+  other("App", "after\n");
+  EXPECT_EQ(readFile(path), "one\nother\n01\n1 message was lost: this file could not be written, error 27\nafter\n");
+}
+
+TEST(FileTrouble, AReplacedFileIsContinuedNotEmptied) {
+  const testsupport::TemporaryFolder folder;
+  const std::string path = folder.file("app.log");
+  const write_to_file appender(path, true);
+  {
+    const boost::logging::detail::MessageScope scope(boost::logging::detail::threadState(), 1000000);
+    appender("App", "1\n");
+  }
+  testsupport::writeFile(folder.file("other"), "other\n");
+  ASSERT_EQ(std::rename((folder.path() + "/other").c_str(), (folder.path() + "/app.log").c_str()), 0);
+  {
+    const boost::logging::detail::MessageScope scope(boost::logging::detail::threadState(), 1000999);
+    appender("App", "2\n");
+  }
+  EXPECT_EQ(readFile(path), "other\n2\n");
+}
+
+}  // namespace

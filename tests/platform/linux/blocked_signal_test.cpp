@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/blocked_signal.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+
+namespace {
+
+using platform::BlockedSignal;
+
+bool isBlocked(int _signal) {
+  sigset_t mask;
+  ::pthread_sigmask(SIG_BLOCK, nullptr, &mask);
+  return sigismember(&mask, _signal) == 1;
+}
+
+TEST(BlockedSignal, IsBlockedInTheThreadWhileTheObjectLives) {
+  EXPECT_FALSE(isBlocked(SIGUSR1));
+  {
+    const BlockedSignal blocked(SIGUSR1);
+    EXPECT_TRUE(isBlocked(SIGUSR1));
+    EXPECT_FALSE(isBlocked(SIGUSR2));
+  }
+  EXPECT_FALSE(isBlocked(SIGUSR1));
+}
+
+TEST(BlockedSignal, StaysBlockedWhereItWasBlockedBefore) {
+  const BlockedSignal outer(SIGUSR1);
+  { const BlockedSignal inner(SIGUSR1); }
+  EXPECT_TRUE(isBlocked(SIGUSR1));
+}
+
+TEST(BlockedSignal, ThatIsConsumedNeverArrives) {
+  BlockedSignal blocked(SIGUSR1);
+  ::raise(SIGUSR1);
+  blocked.consume();
+}
+
+TEST(BlockedSignal, ThatIsIgnoredIsConsumedAsWell) {
+  struct sigaction ignore {};
+  struct sigaction former {};
+  ignore.sa_handler = SIG_IGN;
+  ::sigaction(SIGUSR1, &ignore, &former);
+  {
+    BlockedSignal blocked(SIGUSR1);
+    ::raise(SIGUSR1);
+    blocked.consume();
+    sigset_t pending;
+    ::sigpending(&pending);
+    EXPECT_EQ(sigismember(&pending, SIGUSR1), 0);
+  }
+  ::sigaction(SIGUSR1, &former, nullptr);
+}
+
+TEST(BlockedSignal, ConsumingWhereNoneCameDoesNotWait) {
+  BlockedSignal blocked(SIGUSR1);
+  blocked.consume();
+  EXPECT_TRUE(isBlocked(SIGUSR1));
+}
+
+}  // namespace

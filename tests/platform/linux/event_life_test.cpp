@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <string>
+
+#include "platform/linux/event_folder.h"
+#include "platform/named_event.h"
+#include "platform/thread.h"
+#include "tests/support/companion_process.h"
+#include "tests/support/linux/forked_child.h"
+#include "tests/support/linux/sleeping_process.h"
+#include "tests/support/private_events.h"
+#include "tests/support/process_resources.h"
+#include "tests/support/temporary_folder.h"
+
+namespace {
+
+using namespace platform;
+using testsupport::CompanionProcess;
+using testsupport::SleepingChild;
+
+constexpr char livingEvent[] = "QMRK_EVENT_TEST";
+
+class EventLife : public ::testing::Test {
+ protected:
+  static void SetUpTestSuite() { testsupport::usePrivateEvents(); }
+
+  static bool createsAnew() {
+    const Handle event = createEvent(livingEvent);
+    const bool isNew = event != nullptr && lastError() == noError && waitForEvent(event, 0) == waitTimeout;
+    closeHandle(event);
+    return isNew;
+  }
+};
+
+TEST_F(EventLife, IsNotProlongedByAForkedChild) {
+  const Handle event = createEvent(livingEvent);
+  ASSERT_TRUE(setEvent(event));
+  const SleepingChild child([] {});
+  EXPECT_TRUE(closeHandle(event));
+  EXPECT_TRUE(createsAnew());
+}
+
+TEST_F(EventLife, IsNotProlongedByAChildWhoseParentWasKilled) {
+  SleepingChild parent([] {
+    setEvent(createEvent(livingEvent));
+    const pid_t child = ::fork();
+    if (child == 0) {
+      // Ends by itself when the test is over, for whose end those who read its output do not wait.
+      ::close(STDOUT_FILENO);
+      ::close(STDERR_FILENO);
+      ::alarm(20);
+      ::pause();
+    }
+    testsupport::waitUntilProcessSleeps(child);
+  });
+  const Handle event = openEvent(livingEvent);
+  ASSERT_EQ(waitForEvent(event, 0), waitObject);
+  ASSERT_TRUE(closeHandle(event));
+  parent.kill();
+  EXPECT_TRUE(createsAnew());
+}
+
+TEST_F(EventLife, IsNotEndedByAForkedChildThatEnds) {
+  const Handle event = createEvent(livingEvent);
+  ASSERT_TRUE(setEvent(event));
+  EXPECT_EQ(testsupport::inForkedChild([] { return 0; }), 0);
+  const Handle second = createEvent(livingEvent);
+  EXPECT_EQ(lastError(), errorAlreadyExists);
+  EXPECT_EQ(waitForEvent(second, 0), waitObject);
+  EXPECT_TRUE(closeHandle(second));
+  EXPECT_TRUE(closeHandle(event));
+}
+
+TEST_F(EventLife, IsOutOfReachOfAForkedChildUntilThatOpensIt) {
+  const Handle event = createEvent(livingEvent);
+  EXPECT_EQ(testsupport::inForkedChild([event] {
+              if (setEvent(event) || lastError() != errorInvalidHandle) return 1;
+              if (waitForEvent(event, 0) != waitFailed || closeHandle(event)) return 2;
+              const Handle own = openEvent(livingEvent);
+              return own != nullptr && own != event && setEvent(own) && closeHandle(own) ? 0 : 3;
+            }),
+            0);
+  EXPECT_EQ(waitForEvent(event, 0), waitObject);
+  EXPECT_TRUE(closeHandle(event));
+}
+
+TEST_F(EventLife, IsNotProlongedByAHandleThatATerminatedThreadHasLeft) {
+  const Handle before = createEvent(livingEvent);
+  std::uint32_t id = 0;
+  const Handle thread = createThread(
+      [](void*) {
+        const Handle event = createEvent(livingEvent);
+        return waitForEvent(event, waitForever);
+      },
+      nullptr, id);
+  ASSERT_TRUE(terminateThread(thread, 1));
+  EXPECT_TRUE(closeHandle(thread));
+  EXPECT_TRUE(closeHandle(before));
+  EXPECT_TRUE(createsAnew());
+}
+
+TEST_F(EventLife, TakesOneFileAndOneMappingOnlyWhileAHandleIsOpen) {
+  ASSERT_TRUE(createsAnew());
+  const auto before = testsupport::processResources();
+  for (int round = 0; round < 1000; ++round) {
+    const Handle event = createEvent(livingEvent);
+    const Handle second = duplicateHandle(event);
+    const auto open = testsupport::processResources();
+    ASSERT_EQ(open.files, before.files + 1);
+    ASSERT_EQ(open.eventMappings, before.eventMappings + 1);
+    ASSERT_EQ(open.handles, before.handles + 2);
+    ASSERT_TRUE(closeHandle(event));
+    ASSERT_TRUE(closeHandle(second));
+  }
+  EXPECT_EQ(testsupport::processResources(), before);
+}
+
+TEST_F(EventLife, GoesOnAfterALogOutHasRemovedItsFile) {
+  const Handle event = createEvent(livingEvent);
+  testsupport::removeAll(eventFolderPath());
+  CompanionProcess other({QMRK_EVENT_ACTOR});
+  ASSERT_EQ(other.ask(std::string("create ") + livingEvent), "created");
+  EXPECT_TRUE(setEvent(event));
+  EXPECT_EQ(other.ask("wait 10000"), "0");
+  EXPECT_EQ(other.ask("reset"), "true");
+  EXPECT_EQ(waitForEvent(event, 0), waitTimeout);
+  EXPECT_TRUE(closeHandle(event));
+  EXPECT_EQ(other.ask("set"), "true");
+  EXPECT_EQ(other.ask("wait 0"), "0");
+}
+
+// Takes the half minute after which a waiter looks whether its file is still in place.
+TEST_F(EventLife, WaiterFindsTheEventThatWasMadeAnewAfterALogOut) {
+  CompanionProcess waiter({QMRK_EVENT_ACTOR});
+  ASSERT_EQ(waiter.ask(std::string("create ") + livingEvent), "created");
+  waiter.send("wait 120000");
+  ASSERT_TRUE(waiter.waitUntilAsleep());
+  testsupport::removeAll(eventFolderPath());
+  const Handle event = createEvent(livingEvent);
+  EXPECT_EQ(lastError(), noError);
+  EXPECT_TRUE(setEvent(event));
+  EXPECT_EQ(waiter.readLine(60'000), "0");
+  EXPECT_TRUE(closeHandle(event));
+}
+
+}  // namespace

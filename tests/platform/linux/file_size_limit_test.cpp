@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <ctime>
+#include <memory>
+
+#include "platform/append_file.h"
+#include "platform/text_file.h"
+#include "tests/support/linux/file_size_limit.h"
+#include "tests/support/temporary_folder.h"
+
+// The signal of a write beyond the limit ends a process by default, so each test here also shows by its going on that
+// no signal came.
+
+namespace {
+
+using platform::AppendFile;
+using platform::ErrorCode;
+using platform::TextWriter;
+using testsupport::FileSizeLimit;
+using testsupport::readFile;
+using testsupport::TemporaryFolder;
+
+class FileSizeLimitTest : public ::testing::Test {
+ protected:
+  std::unique_ptr<AppendFile> open() {
+    ErrorCode error = platform::noError;
+    auto file = AppendFile::open(path_, false, error);
+    EXPECT_EQ(error, platform::noError);
+    return file;
+  }
+
+  TemporaryFolder folder_;
+  std::string path_ = folder_.file("limited");
+};
+
+TEST_F(FileSizeLimitTest, AMessageThatFitsOnlyInPartIsShort) {
+  const FileSizeLimit limit(10);
+  const auto file = open();
+  const AppendFile::Result result = file->append("0123456789abcdef", 16);
+  EXPECT_EQ(result.written, 10U);
+  EXPECT_EQ(result.error, 112U);
+  EXPECT_EQ(readFile(path_), "0123456789");
+  EXPECT_FALSE(file->endsInLineFeed());
+}
+
+TEST_F(FileSizeLimitTest, AMessageBeyondTheLimitFailsAndTheProcessGoesOn) {
+  const FileSizeLimit limit(4);
+  const auto file = open();
+  EXPECT_EQ(file->append("full", 4).error, platform::noError);
+  for (int i = 0; i < 3; ++i) {
+    const AppendFile::Result result = file->append("x", 1);
+    EXPECT_EQ(result.written, 0U);
+    EXPECT_EQ(result.error, static_cast<ErrorCode>(EFBIG));
+  }
+  EXPECT_EQ(readFile(path_), "full");
+}
+
+TEST_F(FileSizeLimitTest, MessagesArriveAgainWhenTheLimitIsLifted) {
+  const auto file = open();
+  {
+    const FileSizeLimit limit(4);
+    EXPECT_TRUE(file->isStillAt(path_));
+    EXPECT_EQ(file->append("full", 4).error, platform::noError);
+    EXPECT_NE(file->append("lost", 4).error, platform::noError);
+  }
+  EXPECT_EQ(file->append("+", 1).error, platform::noError);
+  EXPECT_EQ(readFile(path_), "full+");
+}
+
+TEST_F(FileSizeLimitTest, ALimitSetLaterCountsFromTheNextLookAtThePath) {
+  const auto file = open();
+  EXPECT_EQ(file->append("full", 4).error, platform::noError);
+  const FileSizeLimit limit(4);
+  EXPECT_TRUE(file->isStillAt(path_));
+  EXPECT_NE(file->append("x", 1).error, platform::noError);
+}
+
+TEST_F(FileSizeLimitTest, ATextBeyondTheLimitFailsAndTheProcessGoesOn) {
+  const FileSizeLimit limit(6);
+  TextWriter writer(path_, TextWriter::Mode::append);
+  EXPECT_TRUE(writer.write("four"));
+  EXPECT_FALSE(writer.write("four"));
+  EXPECT_FALSE(writer.write("x"));
+  EXPECT_EQ(readFile(path_), "fourfo");
+}
+
+int signalsSeen = 0;
+void countSignal(int /*_signal*/) { ++signalsSeen; }
+
+TEST_F(FileSizeLimitTest, TheApplicationsOwnHandlerIsNeitherCalledNorReplaced) {
+  struct sigaction own {};
+  struct sigaction former {};
+  own.sa_handler = countSignal;
+  ASSERT_EQ(::sigaction(SIGXFSZ, &own, &former), 0);
+  {
+    const FileSizeLimit limit(0);
+    EXPECT_NE(open()->append("x", 1).error, platform::noError);
+    EXPECT_EQ(signalsSeen, 0);
+  }
+  ::raise(SIGXFSZ);
+  EXPECT_EQ(signalsSeen, 1);
+  ::sigaction(SIGXFSZ, &former, nullptr);
+}
+
+TEST_F(FileSizeLimitTest, ASignalThatWasPendingBeforeStaysPending) {
+  sigset_t set;
+  sigset_t former;
+  sigemptyset(&set);
+  sigaddset(&set, SIGXFSZ);
+  ASSERT_EQ(::pthread_sigmask(SIG_BLOCK, &set, &former), 0);
+  const FileSizeLimit limit(0);
+  EXPECT_NE(open()->append("x", 1).error, platform::noError);
+  sigset_t pending;
+  ::sigpending(&pending);
+  EXPECT_EQ(sigismember(&pending, SIGXFSZ), 0) << "the signal of the write was left over";
+  ::raise(SIGXFSZ);
+  EXPECT_NE(open()->append("x", 1).error, platform::noError);
+  ::sigpending(&pending);
+  EXPECT_EQ(sigismember(&pending, SIGXFSZ), 1) << "the application's own signal was taken";
+  const timespec atOnce{};
+  ::sigtimedwait(&set, nullptr, &atOnce);
+  ::pthread_sigmask(SIG_SETMASK, &former, nullptr);
+}
+
+}  // namespace

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <string>
+
+#include "platform/linux/event_folder.h"
+#include "tests/support/child_process.h"
+#include "tests/support/linux/shared_memory_mount.h"
+
+namespace {
+
+class QmrkctlRefusal : public ::testing::Test {
+ protected:
+  void SetUp() override { testsupport::mountSharedMemory(""); }
+  void TearDown() override { testsupport::unmountSharedMemory(); }
+};
+
+TEST_F(QmrkctlRefusal, OfANameThatCannotNameAnEventIsWrongUsage) {
+  for (const std::string& name : {std::string("a/b"), std::string("../up"), std::string(201, 'x')}) {
+    const auto result = testsupport::runProgram(QMRKCTL, {"signal", "--event", name});
+    EXPECT_EQ(result.exitCode, 2) << name;
+    EXPECT_NE(result.errors.find("cannot name an event"), std::string::npos) << result.errors;
+  }
+}
+
+TEST_F(QmrkctlRefusal, OfTheSystemIsToldApartFromNobodyListening) {
+  std::ofstream(platform::eventFolderPath()) << "squatted";
+  const auto result = testsupport::runProgram(QMRKCTL, {"signal"});
+  EXPECT_EQ(result.exitCode, 3);
+  EXPECT_NE(result.errors.find("cannot be set (error 5)"), std::string::npos) << result.errors;
+}
+
+}  // namespace
