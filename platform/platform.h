@@ -10,6 +10,7 @@
 // std::bad_alloc.
 
 #include "platform/access.h"
+#include "platform/all_signals_blocked.h"
 #include "platform/append_file.h"
 #include "platform/clock.h"
 #include "platform/console.h"

@@ -3,6 +3,7 @@
 
 #include <chrono>
 
+#include "platform/all_signals_blocked.h"
 #include "platform/linux/event_word.h"
 #include "platform/process.h"
 
@@ -58,7 +59,10 @@ ThreadObject* ThreadObject::current() { return currentObject; }
 int ThreadObject::start(const std::shared_ptr<ThreadObject>& _thread, std::uint32_t& _id) {
   auto box = std::make_unique<std::shared_ptr<ThreadObject>>(_thread);
   std::unique_lock<std::mutex> lock(_thread->mutex_);
-  const int error = ::pthread_create(&_thread->thread_, nullptr, &ThreadObject::enter, box.get());
+  const int error = [&] {
+    const AllSignalsBlocked blocked;
+    return ::pthread_create(&_thread->thread_, nullptr, &ThreadObject::enter, box.get());
+  }();
   if (error != 0) return error;
   static_cast<void>(box.release());
   _thread->changed_.wait(lock, [&_thread] { return _thread->id_ != 0; });

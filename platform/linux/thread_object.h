@@ -13,7 +13,7 @@
 
 namespace platform {
 
-/// A thread that createThread has made. Its cancellation is deferred and disabled but in TerminationPoint::check.
+/// A thread that createThread has made. It blocks every signal. Its cancellation is deferred and disabled but in TerminationPoint::check.
 class ThreadObject : public HandleTarget {
  public:
   ThreadObject(ThreadRoutine _routine, void* _argument) : routine_(_routine), argument_(_argument) {}

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+
+namespace platform {
+
+/// Blocks every signal for the calling thread while it lives. A thread that is created meanwhile starts with every
+/// signal blocked and stays so, whoever creates it: signals of the application must reach the application's threads.
+///
+///   const platform::AllSignalsBlocked blocked;
+///   thread = boost::thread(...);
+///
+/// Never fails and never allocates. Does nothing on Windows, which has no signals.
+class AllSignalsBlocked {
+ public:
+  AllSignalsBlocked() noexcept;
+
+  /// Restores the signal mask of the calling thread, which must be the one that constructed the object.
+  ~AllSignalsBlocked();
+  AllSignalsBlocked(const AllSignalsBlocked&) = delete;
+  AllSignalsBlocked& operator=(const AllSignalsBlocked&) = delete;
+
+ private:
+  std::uint64_t former_[16];
+};
+
+}  // namespace platform
