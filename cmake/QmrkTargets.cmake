@@ -59,6 +59,14 @@ function(qmrk_export_only _target _map)
   endif()
 endfunction()
 
+# A shared library that stays loaded after dlclose: its threads go on, and what it has queued is delivered when the
+# process ends. Windows has no such option of the linker.
+function(qmrk_stay_loaded _target)
+  if(NOT WIN32)
+    target_link_options(${_target} PRIVATE -Wl,-z,nodelete)
+  endif()
+endfunction()
+
 # Writes the version of the project into a binary, where ModuleVersion finds it: a note of its own in an ELF file, a
 # version resource in a file of Windows.
 function(qmrk_stamp_version _target)

@@ -17,6 +17,9 @@
  * spare the time, call setListenForEventState(false), set the event and wait for the thread before destroying the
  * object. The thread ends then with exit code 0. Exit code 0xFFFFFFFF: the event could not be created.
  *
+ * Unloading: on Linux the library stays loaded after dlclose, so the thread of an object that is still alive goes on. On
+ * Windows destroy every object before FreeLibrary.
+ *
  * Copies share one thread handle. Each of them waits for the thread in its destructor and closes the handle, the second
  * one in vain; the thread works for the object that started it, which must outlive it. Copy only what you can keep in
  * order.
