@@ -28,7 +28,7 @@ TEST(Unload, OfAPluginDeliversEverythingAtTheEndOfTheProcess) {
                    "LOG_STATE=TRUE\nCOMMON_LOG_FILE_NAME=common.log\nCOMMON_LOG_FILE_FILTER=Plugin;\n"
                    "TS_APPENDERS=TRUE\n");
   sandbox.writeInit("CA12", "Plugin;");
-  const testsupport::ChildResult result = load("log", QMRK_DEFAULT_LOGS_PLUGIN);
+  const testsupport::ChildResult result = load("log", QMRK_CLOSED_PLUGIN);
   EXPECT_EQ(result.exitCode, 0) << result.errors;
   const std::string log = testsupport::readFile(platform::nativePath(sandbox.logFolder() + "\\common.log"));
   std::size_t place = 0;
@@ -46,7 +46,7 @@ TEST(Unload, OfAPluginLeavesItsListenerAtWork) {
   sandbox.writeCfg("GE", "REDIRECT_CA_NR=CA12\n");
   sandbox.writeCfg("CA12", "LOG_STATE=TRUE\n");
   sandbox.writeInit("CA12", "Plugin;");
-  const testsupport::ChildResult result = load("listen", QMRK_DEFAULT_LOGS_PLUGIN);
+  const testsupport::ChildResult result = load("listen", QMRK_CLOSED_PLUGIN);
   EXPECT_EQ(result.exitCode, 0) << result.errors;
 }
 
