@@ -1,17 +1,24 @@
 // SPDX-License-Identifier: MIT
 #include "logmanager/early_messages.h"
 
-#include <cstdint>
+#include <chrono>
+#include <string>
 #include <utility>
 
 #include "logmanager/appenders/exception_report.h"
 #include "logmanager/context.h"
 #include "logmanager/dispatch.h"
+#include "logmanager/threads/process_lock.h"
 #include "logmanager/threads/thread_state.h"
 #include "platform/clock.h"
 
 namespace boost::logging::detail {
 namespace {
+
+/// In how many rounds of a flush other threads go on without waiting.
+constexpr int OPEN_ROUNDS = 2;
+/// A flush that delivers nothing for so long may itself wait for a thread that logs.
+constexpr std::chrono::seconds STANDSTILL{2};
 
 void deliver(const Log& _log, std::int64_t _time, std::string_view _text) noexcept {
   if (!_log.enabled.load(std::memory_order_relaxed)) return;
@@ -29,54 +36,99 @@ std::string droppedLine(std::uint64_t _count) {
          " dropped before the log cache was flushed";
 }
 
-/// The line about dropped messages goes, with its time, before the first message that a log takes which is on; where
-/// there is none, to the log of the latest one that was dropped.
-void deliverAll(const MessageCache& _cache) {
-  bool isToTell = _cache.dropped() > 0;
-  _cache.forEach([&](const Log& _log, std::int64_t _time, std::string_view _text) {
-    if (isToTell && _log.enabled.load(std::memory_order_relaxed)) {
-      deliver(_log, _time, droppedLine(_cache.dropped()));
-      isToTell = false;
-    }
-    deliver(_log, _time, _text);
-  });
-  if (isToTell) deliver(*_cache.latestDroppedLog(), _cache.latestDroppedTime(), droppedLine(_cache.dropped()));
-}
-
 }  // namespace
 
+bool EarlyMessages::isFlushing() const {
+  const Phase phase = phase_.load(std::memory_order_relaxed);
+  return phase == Phase::flushing || phase == Phase::lastRound;
+}
+
+bool EarlyMessages::mustWait(std::string_view _message) const {
+  return phase_.load(std::memory_order_relaxed) == Phase::lastRound ||
+         (isFlushing() && !cache_.hasRoomFor(_message.size()));
+}
+
 bool EarlyMessages::keepLocked(const Log& _log, std::string_view _message) {
+  // What callables log goes through them at once: the flush may wait for it.
+  if (threadState().depth > 0) return false;
   const std::int64_t now = platform::wallClockMilliseconds();
-  const std::lock_guard<std::mutex> lock(lock_);
-  // What the callables themselves log during the flush goes through them at once.
-  if (!isKeeping_.load(std::memory_order_relaxed) || flusher_ == &threadState()) return false;
+  std::unique_lock<std::mutex> lock(lock_);
+  if (mustWait(_message)) {
+    waitWhileFlushAdvances(lock);
+    return false;
+  }
+  if (phase_.load(std::memory_order_relaxed) == Phase::done) return false;
   cache_.add(_log, now, _message);
   return true;
 }
 
+// A callable may wait for a thread that logs; that thread must not wait for the flush for ever.
+void EarlyMessages::waitWhileFlushAdvances(std::unique_lock<std::mutex>& _lock) {
+  std::uint64_t before = 0;
+  do {
+    before = delivered_.load(std::memory_order_relaxed);
+    if (done_->wait_for(_lock, STANDSTILL, [this] { return !isFlushing(); })) return;
+  } while (delivered_.load(std::memory_order_relaxed) != before);
+}
+
 void EarlyMessages::flush() {
   std::unique_lock<std::mutex> lock(lock_);
-  if (flusher_ != nullptr) {
-    if (threadState().depth == 0) done_.wait(lock, [this] { return flusher_ == nullptr; });
+  if (isFlushing()) {
+    if (threadState().depth == 0) done_->wait(lock, [this] { return !isFlushing(); });
     return;
   }
-  if (!isKeeping_.load(std::memory_order_relaxed)) return;
+  if (phase_.load(std::memory_order_relaxed) == Phase::done) return;
   flusher_ = &threadState();
+  phase_.store(Phase::flushing, std::memory_order_relaxed);
   try {
-    while (!cache_.isEmpty() || cache_.dropped() > 0) {
-      const MessageCache kept = std::exchange(cache_, MessageCache());
-      lock.unlock();
-      deliverAll(kept);
-      lock.lock();
-    }
+    deliverRounds(lock);
   } catch (...) {
     // No memory for the line about dropped messages, or for another cache.
     reportException("log cache", std::string());
     if (!lock.owns_lock()) lock.lock();
   }
-  isKeeping_.store(false, std::memory_order_release);
+  phase_.store(Phase::done, std::memory_order_release);
   flusher_ = nullptr;
-  done_.notify_all();
+  done_->notify_all();
+}
+
+void EarlyMessages::deliverRounds(std::unique_lock<std::mutex>& _lock) {
+  for (int round = 0; !cache_.isEmpty() || cache_.dropped() > 0; ++round) {
+    if (round == OPEN_ROUNDS) phase_.store(Phase::lastRound, std::memory_order_relaxed);
+    const MessageCache kept = std::exchange(cache_, MessageCache());
+    _lock.unlock();
+    deliverAll(kept);
+    _lock.lock();
+  }
+}
+
+// The line about dropped messages goes, with its time, before the first message that a log takes which is on; where
+// there is none, to the log of the latest one that was dropped. When a callable forks, the parent delivers what is
+// left.
+void EarlyMessages::deliverAll(const MessageCache& _cache) {
+  const std::uint32_t process = processStamp();
+  bool isToReport = _cache.dropped() > 0;
+  _cache.forEach([&](const Log& _log, std::int64_t _time, std::string_view _text) {
+    if (isToReport && _log.enabled.load(std::memory_order_relaxed)) {
+      deliver(_log, _time, droppedLine(_cache.dropped()));
+      isToReport = false;
+    }
+    if (processStamp() == process) deliver(_log, _time, _text);
+    delivered_.fetch_add(1, std::memory_order_relaxed);
+  });
+  if (!isToReport || processStamp() != process) return;
+  deliver(*_cache.latestDroppedLog(), _cache.latestDroppedTime(), droppedLine(_cache.dropped()));
+}
+
+void EarlyMessages::restartInChild() {
+  cache_ = MessageCache();
+  static_cast<void>(done_.release());
+  done_ = std::make_unique<std::condition_variable>();
+  if (isFlushing() && flusher_ != &threadState()) {
+    phase_.store(Phase::done, std::memory_order_release);
+    flusher_ = nullptr;
+  }
+  lock_.unlock();
 }
 
 }  // namespace boost::logging::detail

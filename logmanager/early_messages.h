@@ -3,6 +3,8 @@
 
 #include <atomic>
 #include <condition_variable>
+#include <cstdint>
+#include <memory>
 #include <mutex>
 #include <string_view>
 
@@ -12,29 +14,50 @@ namespace boost::logging::detail {
 
 struct Log;
 
-/// Keeps the messages that are logged before the first flush. All functions may be called from any thread at once.
+/// Keeps the messages that are logged before the first flush. All functions may be called from any thread at once,
+/// unless said otherwise.
 class EarlyMessages {
  public:
-  /// Keeps the message, unless the flush is done.
+  /// Keeps the message, unless the flush is done or the calling thread is inside an appender or modifier. Waits for the
+  /// last round of a flush, and during a flush rather than drop what was kept.
   /// @return false when the caller has to deliver the message itself.
   bool keep(const Log& _log, std::string_view _message) {
-    return isKeeping_.load(std::memory_order_acquire) && keepLocked(_log, _message);
+    return phase_.load(std::memory_order_acquire) != Phase::done && keepLocked(_log, _message);
   }
 
-  /// Delivers what was kept, and what other threads log meanwhile, in the order of logging; from then on nothing is
-  /// kept. Returns when that is done, except inside an appender or modifier, which does not wait for another thread's
+  /// Delivers what was kept, in the order of logging; from then on nothing is kept. What other threads log meanwhile is
+  /// kept and delivered in two more rounds; during the last one they wait, so that the flush ends however much they
+  /// log. Returns when that is done, except inside an appender or modifier, which does not wait for another thread's
   /// flush.
   void flush();
 
- private:
-  bool keepLocked(const Log& _log, std::string_view _message);
+  /// Around a fork, so that the child finds the object whole.
+  void lockForFork() { lock_.lock(); }
+  void unlockAfterFork() { lock_.unlock(); }
 
-  std::atomic<bool> isKeeping_{true};
+  /// In place of unlockAfterFork in the child, which begins with nothing kept: the parent delivers that.
+  void restartInChild();
+
+ private:
+  /// Each phase goes on to the next.
+  enum class Phase { keeping, flushing, lastRound, done };
+
+  bool keepLocked(const Log& _log, std::string_view _message);
+  bool isFlushing() const;
+  bool mustWait(std::string_view _message) const;
+  void waitWhileFlushAdvances(std::unique_lock<std::mutex>& _lock);
+  void deliverRounds(std::unique_lock<std::mutex>& _lock);
+  void deliverAll(const MessageCache& _cache);
+
+  std::atomic<Phase> phase_{Phase::keeping};
   std::mutex lock_;
-  std::condition_variable done_;
+  /// A pointer, since a forked child has to abandon it: those who wait do not exist there.
+  std::unique_ptr<std::condition_variable> done_ = std::make_unique<std::condition_variable>();
   MessageCache cache_;
   /// The state of the thread that flushes.
   const void* flusher_ = nullptr;
+  /// How many messages the flush has delivered.
+  std::atomic<std::uint64_t> delivered_{0};
 };
 
 }  // namespace boost::logging::detail

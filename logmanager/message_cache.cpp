@@ -10,7 +10,7 @@ void MessageCache::add(const Log& _log, std::int64_t _time, std::string_view _te
     noteDropped(Entry{&_log, _time, _text.size()});
     return;
   }
-  while (text_.size() - begin_ + _text.size() > limit_ || entries_.size() >= limit_)
+  while (!hasRoomFor(_text.size()))
     dropOldest();
   if (begin_ > limit_) {
     text_.erase(0, begin_);

@@ -24,6 +24,11 @@ class MessageCache {
 
   bool isEmpty() const { return entries_.empty(); }
 
+  /// Whether a text of so many bytes can be added without dropping one.
+  bool hasRoomFor(std::size_t _size) const {
+    return text_.size() - begin_ + _size <= limit_ && entries_.size() < limit_;
+  }
+
   /// How many messages were dropped.
   std::uint64_t dropped() const { return dropped_; }
 

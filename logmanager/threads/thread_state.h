@@ -9,6 +9,7 @@
 namespace boost::logging::detail {
 
 struct Context;
+class InsideMark;
 class ReaderSlot;
 
 /// What the manager knows of the calling thread. Has no destructor, so that a thread, and the library, may end at any
@@ -30,6 +31,8 @@ struct ThreadState {
   /// What the thread used last, probably free.
   Context* usualContext = nullptr;
   ReaderSlot* usualFileSlot = nullptr;
+  /// The locks that the thread holds while it runs foreign code.
+  const InsideMark* innermostMark = nullptr;
   /// How many messages are on their way through callables, one inside the other.
   int depth = 0;
   /// The wall-clock time of the innermost of these messages in milliseconds since 1970; 0 while nobody has asked.

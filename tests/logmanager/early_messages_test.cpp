@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <memory>
 #include <string>
 #include <thread>
@@ -11,10 +12,14 @@
 
 #include "boost/logging/logging.hpp"
 #include "logmanager/callable_set.h"
+#include "logmanager/dispatch.h"
 #include "logmanager/log.h"
 #include "logmanager/message_cache.h"
 #include "logmanager/threads/thread_state.h"
+#include "platform/process.h"
 #include "tests/logmanager/recorder.h"
+#include "tests/support/fault_plan.h"
+#include "tests/support/sleeping_thread.h"
 
 namespace {
 
@@ -134,6 +139,120 @@ TEST(EarlyMessages, OfOtherThreadsDuringTheFlushComeAfterThoseBefore) {
   early.keep(*log, "2");
   early.flush();
   EXPECT_THAT(recorder.messages(), ElementsAre("l|1", "l|2", "l|3"));
+}
+
+/// A thread that logs a message to be kept.
+class LoggingThread {
+ public:
+  LoggingThread(EarlyMessages& _early, Log& _log, const std::string& _message)
+      : thread_([this, &_early, &_log, _message] {
+          id_ = platform::threadId();
+          isKept_ = _early.keep(_log, _message);
+        }) {}
+
+  /// Returns when the thread waits for something.
+  void waitUntilItSleeps() const {
+    while (id_ == 0)
+      std::this_thread::yield();
+    EXPECT_TRUE(testsupport::waitUntilThreadSleeps(id_));
+  }
+
+  /// Whether the message was kept.
+  bool join() {
+    thread_.join();
+    return isKept_;
+  }
+
+ private:
+  std::atomic<std::uint32_t> id_{0};
+  bool isKept_ = false;
+  std::thread thread_;
+};
+
+TEST(EarlyMessages, OfOtherThreadsHoldTheFlushUpForTwoRoundsAndThenWaitForIt) {
+  EarlyMessages early;
+  std::vector<std::string> got;
+  std::unique_ptr<LoggingThread> waiting;
+  ConnectedLog* self = nullptr;
+  ConnectedLog log("l", [&](const std::string&, const std::string& _message) {
+    got.push_back(_message);
+    // One that is never held up would go on for ever.
+    if (got.size() > 3) return;
+    auto thread = std::make_unique<LoggingThread>(early, **self, std::to_string(got.size() + 1));
+    if (got.size() < 3) {
+      EXPECT_TRUE(thread->join());
+    } else {
+      thread->waitUntilItSleeps();
+      waiting = std::move(thread);
+    }
+  });
+  self = &log;
+  early.keep(*log, "1");
+  early.flush();
+  EXPECT_THAT(got, ElementsAre("1", "2", "3"));
+  EXPECT_FALSE(waiting->join());
+}
+
+TEST(EarlyMessages, OfAThreadInsideAnotherCallableNeverWaitForTheFlush) {
+  EarlyMessages early;
+  int count = 0;
+  ConnectedLog* self = nullptr;
+  ConnectedLog log("l", [&](const std::string&, const std::string&) {
+    std::thread([&] {
+      const bl::detail::MessageScope scope(bl::detail::threadState(), 0);
+      EXPECT_FALSE(early.keep(**self, "inner"));
+    }).join();
+    ++count;
+    if (count == 3) return;
+    EXPECT_TRUE(LoggingThread(early, **self, "next round").join());
+  });
+  self = &log;
+  early.keep(*log, "first round");
+  early.flush();
+  EXPECT_EQ(count, 3);
+}
+
+TEST(EarlyMessages, OfAThreadForWhichTheFlushItselfWaitsGoOn) {
+  EarlyMessages early;
+  int count = 0;
+  ConnectedLog* self = nullptr;
+  ConnectedLog log("l", [&](const std::string&, const std::string&) {
+    const bool isKept = LoggingThread(early, **self, "next round").join();
+    EXPECT_EQ(isKept, ++count < 3);
+  });
+  self = &log;
+  early.keep(*log, "first round");
+  early.flush();
+  EXPECT_EQ(count, 3);
+}
+
+TEST(EarlyMessages, ForWhichThereIsNoRoomDuringTheFlushWaitInsteadOfDroppingOthers) {
+  EarlyMessages early;
+  std::vector<std::string> got;
+  std::unique_ptr<LoggingThread> waiting;
+  const std::string filling(bl::detail::MessageCache::USUAL_LIMIT, 'x');
+  ConnectedLog* self = nullptr;
+  ConnectedLog log("l", [&](const std::string&, const std::string& _message) {
+    got.push_back(_message);
+    if (_message != "first") return;
+    EXPECT_TRUE(LoggingThread(early, **self, filling).join());
+    waiting = std::make_unique<LoggingThread>(early, **self, "too much");
+    waiting->waitUntilItSleeps();
+  });
+  self = &log;
+  early.keep(*log, "first");
+  early.flush();
+  EXPECT_THAT(got, ElementsAre("first", filling));
+  EXPECT_FALSE(waiting->join());
+}
+
+TEST(EarlyMessages, AreNotKeptWhenTheFlushEndsBetweenTheTwoLooks) {
+  const Recorder recorder;
+  ConnectedLog log("l", recorder.appender());
+  EarlyMessages early;
+  // The time is read between the look without the lock and the one under it.
+  const testsupport::CallHook hook(platform::Call::clock, 1, [&early] { early.flush(); });
+  EXPECT_FALSE(early.keep(*log, "nobody would deliver it any more"));
 }
 
 }  // namespace

@@ -9,6 +9,7 @@ namespace {
 
 using platform::Call;
 using platform::injectedFault;
+using testsupport::CallHook;
 using testsupport::FaultPlan;
 
 TEST(Fault, NothingFailsWithoutAPlan) { EXPECT_EQ(injectedFault(Call::write), platform::noError); }
@@ -29,6 +30,17 @@ TEST(Fault, APlanForOneCallLeavesTheOthersAlone) {
 TEST(Fault, ThePlanEndsWithItsObject) {
   { const FaultPlan plan(Call::write, 1, platform::errorDiskFull, 100); }
   EXPECT_EQ(injectedFault(Call::write), platform::noError);
+}
+
+TEST(Fault, AHookRunsOnceBeforeItsCall) {
+  int runs = 0;
+  const CallHook hook(Call::write, 2, [&runs] { ++runs; });
+  EXPECT_EQ(injectedFault(Call::write), platform::noError);
+  EXPECT_EQ(runs, 0);
+  EXPECT_EQ(injectedFault(Call::write), platform::noError);
+  EXPECT_EQ(runs, 1);
+  EXPECT_EQ(injectedFault(Call::write), platform::noError);
+  EXPECT_EQ(runs, 1);
 }
 
 }  // namespace

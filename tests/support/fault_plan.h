@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <functional>
+
 #include "platform/fault.h"
 
 namespace testsupport {
@@ -20,6 +22,22 @@ class FaultPlan {
 
  private:
   platform::Call call_;
+};
+
+/// While it lives, runs a function of the test at the moment at which the seam is about to make a call, on the thread
+/// that makes it: what another thread may do at that moment is then sure to happen there. One hook for a call may exist
+/// at a time. The function must not throw.
+class CallHook {
+ public:
+  /// The function runs once, before the _nth call (1 is the next one) of this kind.
+  CallHook(platform::Call _call, int _nth, const std::function<void()>& _function);
+  ~CallHook();
+  CallHook(const CallHook&) = delete;
+  CallHook& operator=(const CallHook&) = delete;
+
+ private:
+  platform::Call call_;
+  std::function<void()> function_;
 };
 
 }  // namespace testsupport
