@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <exception>
 #include <iostream>
 #include <locale>
 #include <sstream>
@@ -16,10 +17,14 @@ namespace Quillmark_logging {
 template <class... Parts>
 void traceTo(std::ostream& _stream, const Parts&... _parts) {
   if (!loadTimeTrace()) return;
-  std::ostringstream line;
-  line.imbue(std::locale::classic());
-  (line << ... << _parts) << '\n';
-  _stream << line.str() << std::flush;
+  try {
+    std::ostringstream line;
+    line.imbue(std::locale::classic());
+    (line << ... << _parts) << '\n';
+    _stream << line.str() << std::flush;
+  } catch (const std::exception&) {
+    return;
+  }
 }
 
 template <class... Parts>

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <atomic>
+#include <exception>
 #include <memory>
 #include <utility>
 
@@ -33,14 +34,30 @@ void store(Value& _field, Value _value) {
   std::atomic_ref<Value>(_field).store(_value, std::memory_order_relaxed);
 }
 
+// What is caught here and below are exceptions such as that of exhausted memory, which must not end the application.
+// The termination of the thread passes, because it is none.
+void traceException(const std::exception& _exception) {
+  traceError("<!= LogEventHandler::Listen4EventThread() ERROR: ", _exception.what());
+}
+
+void updateAndGoOn() {
+  try {
+    Quillmark_logging::updateLogLevels();
+  } catch (const std::exception& exception) {
+    traceException(exception);
+  }
+}
+
 }  // namespace
 
-LogEventHandler::LogEventHandler()
+LogEventHandler::LogEventHandler(StartLater /*_startLater*/)
     : threadHandle_(nullptr),
       threadId_(0),
       timeout_(defaultTimeout),
       logEventName_(defaultEventName),
-      listenForEventState_(true) {
+      listenForEventState_(true) {}
+
+LogEventHandler::LogEventHandler() : LogEventHandler(startLater) {
   traceOut("==> LogEventHandler::LogEventHandler()");
   createWorkerThread();
   traceOut("<== LogEventHandler::LogEventHandler()");
@@ -95,7 +112,12 @@ void LogEventHandler::setLogEventName(std::string _logEventName) { store(logEven
 int LogEventHandler::runProcess(void* _box) {
   // The box is freed before the call, out of which the thread may be terminated.
   LogEventHandler* const handler = *std::unique_ptr<LogEventHandler*>(static_cast<LogEventHandler**>(_box));
-  return static_cast<int>(handler->listen4EventThread(nullptr));
+  try {
+    return static_cast<int>(handler->listen4EventThread(nullptr));
+  } catch (const std::exception& exception) {
+    traceException(exception);
+    return static_cast<int>(noEvent);
+  }
 }
 
 Quillmark_logging::dword LogEventHandler::listen4EventThread(void* /*_argument*/) {
@@ -109,12 +131,16 @@ Quillmark_logging::dword LogEventHandler::listen4EventThread(void* /*_argument*/
     return noEvent;
   }
   while (load(listenForEventState_)) {
-    const std::uint32_t result = platform::waitForEvent(event, platform::waitForever);
-    traceOut(Quillmark_logging::waitResultLine(result));
-    if (result == platform::waitObject) {
-      Quillmark_logging::updateLogLevels();
-      // After the update on purpose: one update is enough for all settings until here.
-      resetEvent(event);
+    try {
+      const std::uint32_t result = platform::waitForEvent(event, platform::waitForever);
+      traceOut(Quillmark_logging::waitResultLine(result));
+      if (result == platform::waitObject) {
+        updateAndGoOn();
+        // After the update on purpose: one update is enough for all settings until here.
+        resetEvent(event);
+      }
+    } catch (const std::exception& exception) {
+      traceException(exception);
     }
   }
   closeHandle(event);

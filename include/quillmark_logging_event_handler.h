@@ -13,16 +13,21 @@
  * the event and are all woken.
  *
  * Ending: the destructor gives the thread getThreadHandle() stands for 1000 ms to end, then terminates it with exit
- * code 1 (on Linux never in the middle of an update: it waits for that). A thread that waits does not end by itself: to
- * spare the time, call setListenForEventState(false), set the event and wait for the thread before destroying the
- * object. The thread ends then with exit code 0. Exit code 0xFFFFFFFF: the event could not be created.
+ * code 1 (on Linux never in the middle of an update: it waits for that). A terminated thread never closes its event:
+ * the process remains a user of it, on Linux by one reference for each name. A thread that waits does not end by
+ * itself: to spare the time, call setListenForEventState(false), set the event and wait for the thread before
+ * destroying the object. The thread ends then with exit code 0. Exit code 0xFFFFFFFF: the event could not be created.
  *
- * Unloading: on Linux the library stays loaded after dlclose, so the thread of an object that is still alive goes on. On
- * Windows destroy every object before FreeLibrary.
+ * Unloading: on Linux the library stays loaded after dlclose, so the thread of an object that is still alive goes on.
+ * On Windows destroy every object before FreeLibrary.
  *
  * Copies share one thread handle. Each of them waits for the thread in its destructor and closes the handle, the second
  * one in vain; the thread works for the object that started it, which must outlive it. Copy only what you can keep in
  * order.
+ *
+ * An update that fails, for lack of memory too, is traced, and the thread goes on listening.
+ *
+ * The threads of the library block every signal: those of the application reach the application's own threads.
  *
  * When the trace is on (QMRK_TRACE of the generic configuration while the library was loaded) the class traces to
  * std::cout and std::cerr.
@@ -71,10 +76,23 @@ class QMRK_LOG_API LogEventHandler {
   void setLogEventName(std::string _logEventName);
 
  protected:
-  /* The body of the thread; its result is the exit code. The argument is null. The call is made in the new thread, so
-   * possibly before the constructor of a derived class has finished. On Linux a thread is terminated only inside this
-   * class's wait for the event, whose stack is then unwound: an override that never returns, nor calls this one, makes
-   * the destructor wait for ever, and one that calls it must not swallow everything it catches. */
+  /* For a derived class that overrides listen4EventThread: constructs the object without a thread, and traces nothing.
+   * The derived class starts the thread by createWorkerThread() as the last step of its own constructor:
+   *
+   *   MyHandler::MyHandler() : LogEventHandler(startLater), counter_(0) { createWorkerThread(); }
+   *
+   * With the default constructor the thread may run before the object is a MyHandler: it is a matter of chance then
+   * whether the override or the body of this class is called. An override that uses members of the derived class must
+   * have returned before those are destroyed, so end the thread in the destructor of the derived class. */
+  enum StartLater { startLater };
+  explicit LogEventHandler(StartLater _startLater);
+
+  /* The body of the thread; its result is the exit code. The argument is null. The call is made in the new thread, with
+   * the default constructor possibly before the constructor of a derived class has finished. An exception that is
+   * derived from std::exception ends the thread with exit code 0xFFFFFFFF; any other ends the application. On Linux a
+   * thread is terminated only inside this class's wait for the event, whose stack is then unwound: an override that
+   * never returns, nor calls this one, makes the destructor wait for ever, and one that calls it must not swallow
+   * everything it catches. */
   virtual Quillmark_logging::dword listen4EventThread(void* _argument);
 
  private:

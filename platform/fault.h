@@ -26,6 +26,8 @@ enum class Call {
   registry,
   createThread,
   openEvent,
+  openEventFile,   ///< Linux: between the folder and the file in it
+  awaitEventGate,  ///< Linux: before each pause for a process that blocks the event; cannot fail
   waitEvent,
   setEvent,
   resetEvent,

@@ -15,7 +15,8 @@ namespace platform {
 // On Linux a name has 1 to 200 bytes out of letters, digits, ".", "_" and "-", and does not begin with "."; others are
 // refused (lastError: 123, or 206 when too long). The event is a file of that name in /dev/shm/qmrk-<effective user
 // id>, a folder that must belong to the user with mode 0700. When that file or folder is removed from outside, who
-// holds the event joins the one that took its place: at the next call, or after 30 s inside a wait.
+// holds the event joins the one that took its place: at the next call, or after 2 s inside a wait.
+// Another process that is stopped while it creates or closes the event holds nobody up longer than 100 ms.
 
 /// CreateEventA with default security, manual reset, not set: creates the event, or opens the one that exists.
 /// @return the handle, with lastError 183 when the event existed and else 0; null on failure, with the reason in
@@ -36,8 +37,9 @@ bool setEvent(Handle _event);
 bool resetEvent(Handle _event);
 
 /// WaitForSingleObject on an event: until it is set.
-/// On Linux this is the only place where a thread that createThread has made can be terminated; the stack is then
-/// unwound from here, so no frame above may be noexcept or swallow everything it catches.
+/// On Linux this is the only place where a thread that createThread has made can be terminated, also when the event is
+/// set already; the stack is then unwound from here, so no frame above may be noexcept or swallow everything it
+/// catches.
 /// @param _milliseconds the time-out; 0 only asks, waitForever has none.
 /// @return waitObject, waitTimeout, or waitFailed with the reason in lastError.
 std::uint32_t waitForEvent(Handle _event, std::uint32_t _milliseconds);

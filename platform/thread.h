@@ -26,7 +26,8 @@ std::uint32_t waitForThread(Handle _thread, std::uint32_t _milliseconds);
 /// TerminateThread. On Linux the thread is only ever ended inside waitForEvent: it finishes what it is doing until it
 /// waits, and this call returns when it has ended (at once when a thread terminates itself, which then runs on to its
 /// next wait). Its stack is unwound, and the event handles that it has opened and not closed are closed, since nobody
-/// else knows them. On Windows the thread is cut wherever it is.
+/// else knows them; the process stays a user of those events, by one reference for each name. On Windows the thread is
+/// cut wherever it is, and its handles stay open.
 /// @return false when it is no open handle of a thread (lastError: 6) or the thread has ended (lastError: 5).
 bool terminateThread(Handle _thread, std::uint32_t _exitCode);
 

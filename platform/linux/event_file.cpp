@@ -7,11 +7,15 @@
 
 #include <atomic>
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <mutex>
 #include <set>
+#include <thread>
 
+#include "platform/fault.h"
 #include "platform/linux/blocked_signal.h"
+#include "platform/linux/deadline.h"
 #include "platform/linux/errno_code.h"
 #include "platform/linux/event_folder.h"
 #include "platform/linux/open_file.h"
@@ -23,6 +27,13 @@ namespace {
 constexpr long usersByte = 0;
 constexpr long gateByte = 1;
 constexpr mode_t othersBits = 077;
+constexpr mode_t ownerBits = 0600;
+constexpr std::uint32_t longestGateWait = 100;
+constexpr std::chrono::microseconds betweenTries{200};
+// How often the one beside the gate tries to share the event, and how often an attempt to join begins again: somebody
+// else must have removed the file or the folder each time.
+constexpr int mostSharingTries = 10;
+constexpr int mostAttempts = 1000;
 
 // Every file of the process, for fork. Never destroyed: a thread may wait for an event while the process exits.
 struct OpenFiles {
@@ -35,12 +46,26 @@ OpenFiles& openFiles() {
   return files;
 }
 
+bool isOwn(const struct stat& _status) {
+  return S_ISREG(_status.st_mode) && _status.st_uid == ::geteuid() && (_status.st_mode & othersBits) == 0;
+}
+
 bool isTrusted(int _file) {
   struct stat status {};
   if (::fstat(_file, &status) != 0) return false;
-  if (S_ISREG(status.st_mode) && status.st_uid == ::geteuid() && (status.st_mode & othersBits) == 0) return true;
-  errno = EACCES;
-  return false;
+  if (!isOwn(status)) {
+    errno = EACCES;
+    return false;
+  }
+  // The umask may have taken bits away.
+  return (status.st_mode & ownerBits) == ownerBits || ::fchmod(_file, ownerBits) == 0;
+}
+
+// Opens a file for its owner whose creator has not come to do so yet, or was killed before.
+bool isMadeAccessible(int _folder, const char* _name) {
+  struct stat status {};
+  return ::fstatat(_folder, _name, &status, AT_SYMLINK_NOFOLLOW) == 0 && isOwn(status) &&
+         (status.st_mode & ownerBits) != ownerBits && ::fchmodat(_folder, _name, ownerBits, 0) == 0;
 }
 
 // Takes the memory now: with a full /dev/shm the first write to the mapping would otherwise be a SIGBUS. A file size
@@ -56,10 +81,12 @@ bool reserve(int _file) {
   return error == 0;
 }
 
-void removeKeepingErrno(const std::string& _path) {
-  const int error = errno;
-  ::unlink(_path.c_str());
-  errno = error;
+// Gives others of the process the lock for a moment.
+void pause(std::unique_lock<std::mutex>& _lock) {
+  _lock.unlock();
+  static_cast<void>(injectedFault(Call::awaitEventGate));
+  std::this_thread::sleep_for(betweenTries);
+  _lock.lock();
 }
 
 }  // namespace
@@ -70,66 +97,119 @@ EventFile::EventFile(const std::string& _name) : name_(_name), path_(eventFolder
 }
 
 EventFile::~EventFile() {
-  const std::lock_guard<std::mutex> lock(openFiles().mutex);
+  std::unique_lock<std::mutex> lock(openFiles().mutex);
+  if (word_ != nullptr) ::munmap(word_, sizeof(std::uint32_t));
+  if (file_.isOpen()) leave(lock);
   openFiles().files.erase(this);
-  if (file_.isOpen()) leave();
 }
 
 EventFile::Joined EventFile::join(const std::string& _name, Joining _joining) {
   Joined result;
   std::shared_ptr<EventFile> file(new EventFile(_name));
   Step step = Step::again;
-  {
-    const std::lock_guard<std::mutex> lock(openFiles().mutex);
-    while (step == Step::again) {
-      step = file->tryToJoin(_joining, result.existed);
-    }
-    if (step == Step::failed) {
-      const bool isMissing = errno == ENOENT && _joining == Joining::openOnly;
-      result.error = isMissing ? errorFileNotFound : errnoCode(errno);
-      file->file_.reset();
-    }
+  for (int attempt = 0; step == Step::again && attempt < mostAttempts; ++attempt) {
+    step = file->tryToJoin(_joining, result.existed);
   }
-  if (step == Step::joined) result.file = std::move(file);
+  if (step == Step::joined) {
+    result.file = std::move(file);
+    return result;
+  }
+  const bool isMissing = errno == ENOENT && _joining == Joining::openOnly;
+  result.error = isMissing ? errorFileNotFound : errnoCode(errno);
+  const std::lock_guard<std::mutex> lock(openFiles().mutex);
+  file->file_.reset();
   return result;
 }
 
 EventFile::Step EventFile::tryToJoin(Joining _joining, bool& _existed) {
-  if (!open(_joining) || !waitForRecordLock(file_.get(), gateByte, RecordLock::exclusive)) return Step::failed;
+  std::unique_lock<std::mutex> lock(openFiles().mutex);
+  const Step opened = open(_joining);
+  if (opened != Step::joined) return opened;
+  const bool isInGate = passGate(lock);
   // The last user may have removed the file while this one was at the gate.
-  if (!isInPlace()) return Step::again;
-  _existed = !tryRecordLock(file_.get(), usersByte, RecordLock::exclusive);
-  const Step step = _existed ? enterAsFurther() : enterAsFirst(_joining);
-  if (step == Step::joined) tryRecordLock(file_.get(), gateByte, RecordLock::none);
+  if (!isInPlace()) {
+    errno = ENOENT;
+    return Step::again;
+  }
+  const Step step = isInGate ? enter(_joining, _existed) : enterBesideGate(lock, _joining, _existed);
+  if (step == Step::joined && isInGate) tryRecordLock(file_.get(), gateByte, RecordLock::none);
   return step;
 }
 
-bool EventFile::open(Joining _joining) {
+// What is "joined" here is the file, not yet the event.
+EventFile::Step EventFile::open(Joining _joining) {
   const bool create = _joining == Joining::createOrOpen;
+  const Step missing = create ? Step::again : Step::failed;
   const FileDescriptor folder = openEventFolder(create);
-  if (!folder.isOpen()) return false;
+  if (!folder.isOpen()) return errno == ENOENT ? missing : Step::failed;
+  if (injectedFault(Call::openEventFile) != noError) {
+    errno = EACCES;
+    return Step::failed;
+  }
   // O_NONBLOCK is for what may stand there instead of a file.
   const int flags = O_RDWR | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK | (create ? O_CREAT : 0);
-  file_ = FileDescriptor(aboveStandardStreams(::openat(folder.get(), name_.c_str(), flags, 0600)));
-  if (!file_.isOpen() && errno == ELOOP) errno = EACCES;
-  return file_.isOpen() && isTrusted(file_.get());
+  file_ = FileDescriptor(aboveStandardStreams(::openat(folder.get(), name_.c_str(), flags, ownerBits)));
+  if (file_.isOpen()) return isTrusted(file_.get()) ? Step::joined : Step::failed;
+  if (errno == ENOENT) return missing;
+  if (errno == ELOOP) errno = EACCES;
+  if (errno != EACCES) return Step::failed;
+  const bool isAccessible = isMadeAccessible(folder.get(), name_.c_str());
+  errno = EACCES;
+  return isAccessible ? Step::again : Step::failed;
 }
 
-EventFile::Step EventFile::enterAsFirst(Joining _joining) {
-  if (_joining == Joining::openOnly) {
-    errno = ENOENT;
-  } else if (reserve(file_.get()) && map()) {
-    std::atomic_ref<std::uint32_t>(*word_).store(0);
-    if (tryRecordLock(file_.get(), usersByte, RecordLock::shared)) return Step::joined;
+// A fork meanwhile is no harm: the child closes the file.
+bool EventFile::passGate(std::unique_lock<std::mutex>& _lock) {
+  const Deadline deadline(longestGateWait);
+  while (!tryRecordLock(file_.get(), gateByte, RecordLock::exclusive)) {
+    if (deadline.hasPassed()) return false;
+    pause(_lock);
   }
-  removeKeepingErrno(path_);
+  return true;
+}
+
+EventFile::Step EventFile::enter(Joining _joining, bool& _existed) {
+  _existed = !tryRecordLock(file_.get(), usersByte, RecordLock::exclusive);
+  if (_existed) return becomeFurther();
+  if (_joining == Joining::createOrOpen) {
+    const Step step = becomeFirst();
+    if (step == Step::joined) return step;
+  } else {
+    errno = ENOENT;
+  }
+  const int error = errno;
+  if (isInPlace()) ::unlink(path_.c_str());
+  errno = error;
   return Step::failed;
 }
 
-EventFile::Step EventFile::enterAsFurther() {
-  // Nobody has the exclusive lock outside the gate, so this one cannot be refused.
-  const bool isUser = tryRecordLock(file_.get(), usersByte, RecordLock::shared);
-  return isUser && reserve(file_.get()) && map() ? Step::joined : Step::failed;
+EventFile::Step EventFile::enterBesideGate(std::unique_lock<std::mutex>& _lock, Joining _joining, bool& _existed) {
+  bool isShared = tryRecordLock(file_.get(), usersByte, RecordLock::shared);
+  for (int tries = 1; !isShared && tries < mostSharingTries; ++tries) {
+    pause(_lock);
+    isShared = tryRecordLock(file_.get(), usersByte, RecordLock::shared);
+  }
+  // A shared lock becomes an exclusive one exactly when nobody else has any.
+  _existed = isShared && !tryRecordLock(file_.get(), usersByte, RecordLock::exclusive);
+  if (_existed) return becomeFurther();
+  errno = ENOENT;
+  if (_joining == Joining::openOnly) return Step::failed;
+  if (isShared) return becomeFirst();
+  // The one in the gate stands still while it makes or removes the event, which therefore has no other user.
+  ::unlink(path_.c_str());
+  return Step::again;
+}
+
+EventFile::Step EventFile::becomeFirst() {
+  if (!reserve(file_.get()) || !map()) return Step::failed;
+  std::atomic_ref<std::uint32_t>(*word_).store(0);
+  return tryRecordLock(file_.get(), usersByte, RecordLock::shared) ? Step::joined : Step::failed;
+}
+
+EventFile::Step EventFile::becomeFurther() {
+  // Refused only while somebody beside the gate makes the event.
+  if (!tryRecordLock(file_.get(), usersByte, RecordLock::shared)) return Step::again;
+  return reserve(file_.get()) && map() ? Step::joined : Step::failed;
 }
 
 bool EventFile::map() {
@@ -140,10 +220,9 @@ bool EventFile::map() {
   return true;
 }
 
-void EventFile::leave() {
-  ::munmap(word_, sizeof(std::uint32_t));
-  if (waitForRecordLock(file_.get(), gateByte, RecordLock::exclusive) && isInPlace() &&
-      tryRecordLock(file_.get(), usersByte, RecordLock::exclusive)) {
+void EventFile::leave(std::unique_lock<std::mutex>& _lock) {
+  // A file that stays because the gate is blocked is begun again by the next user.
+  if (passGate(_lock) && tryRecordLock(file_.get(), usersByte, RecordLock::exclusive) && isInPlace()) {
     ::unlink(path_.c_str());
   }
   // Closing is not enough while another process has a copy of the descriptor, for instance between vfork and exec.

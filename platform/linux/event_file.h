@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <mutex>
 #include <string>
 
 #include "platform/errors.h"
@@ -18,6 +19,10 @@ namespace platform {
 /// gets it in leaving removes the file. Both locks end with a killed process; what it has left half done is then
 /// nobody's, and made anew. Without the gate a process killed while it makes the event anew would leave the state
 /// before it to those who wait for its lock.
+///
+/// A process can be stopped inside the gate, so nobody waits for it longer than 100 ms, and no lock of the process is
+/// held meanwhile. Who has waited in vain goes on beside the gate: it shares the users' byte, or, when that is locked
+/// exclusively, leaves the file to the one who stands there and begins another.
 class EventFile {
  public:
   enum class Joining { createOrOpen, openOnly };
@@ -28,7 +33,8 @@ class EventFile {
     ErrorCode error = noError;  ///< errorFileNotFound when nobody uses the event (openOnly)
   };
 
-  /// Becomes a user of the event, waiting for others to pass the gate.
+  /// Becomes a user of the event, waiting a moment for others to pass the gate. A folder or file that is removed
+  /// meanwhile is created again.
   static Joined join(const std::string& _name, Joining _joining);
 
   /// Leaves the event; the last user removes the file.
@@ -52,11 +58,14 @@ class EventFile {
 
   explicit EventFile(const std::string& _name);
   Step tryToJoin(Joining _joining, bool& _existed);
-  bool open(Joining _joining);
-  Step enterAsFirst(Joining _joining);
-  Step enterAsFurther();
+  Step open(Joining _joining);
+  bool passGate(std::unique_lock<std::mutex>& _lock);
+  Step enter(Joining _joining, bool& _existed);
+  Step enterBesideGate(std::unique_lock<std::mutex>& _lock, Joining _joining, bool& _existed);
+  Step becomeFirst();
+  Step becomeFurther();
   bool map();
-  void leave();
+  void leave(std::unique_lock<std::mutex>& _lock);
 
   std::string name_;
   std::string path_;

@@ -8,6 +8,7 @@
 
 #include "platform/fault.h"
 #include "platform/linux/event_file.h"
+#include "platform/linux/kept_events.h"
 
 namespace platform {
 namespace {
@@ -15,6 +16,7 @@ namespace {
 constexpr std::uintptr_t step = 4;
 
 void beforeFork() {
+  lockKeptEvents();
   EventFile::lockAll();
   HandleTable::instance().lock();
 }
@@ -22,12 +24,14 @@ void beforeFork() {
 void inParent() {
   HandleTable::instance().unlock();
   EventFile::unlockAll();
+  unlockKeptEvents();
 }
 
 void inChild() {
   EventFile::abandonAll();
   HandleTable::instance().forgetAll();
   inParent();
+  dropKeptEvents();
 }
 
 }  // namespace
@@ -65,14 +69,19 @@ bool HandleTable::remove(Handle _handle) {
 
 void HandleTable::removeOwnedBy(const void* _owner) {
   std::vector<std::shared_ptr<HandleTarget>> last;
-  const std::lock_guard<std::mutex> lock(mutex_);
-  for (auto entry = entries_.begin(); entry != entries_.end();) {
-    if (entry->second.owner != _owner) {
-      ++entry;
-      continue;
+  {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    for (auto entry = entries_.begin(); entry != entries_.end();) {
+      if (entry->second.owner != _owner) {
+        ++entry;
+        continue;
+      }
+      last.push_back(std::move(entry->second.target));
+      entry = entries_.erase(entry);
     }
-    last.push_back(std::move(entry->second.target));
-    entry = entries_.erase(entry);
+  }
+  for (const std::shared_ptr<HandleTarget>& target : last) {
+    target->outliveOwner();
   }
 }
 

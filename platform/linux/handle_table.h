@@ -18,6 +18,9 @@ class HandleTarget {
   virtual ~HandleTarget() = default;
   HandleTarget(const HandleTarget&) = delete;
   HandleTarget& operator=(const HandleTarget&) = delete;
+
+  /// Called before the handle is closed that a thread had opened and not closed when it was terminated.
+  virtual void outliveOwner() {}
 };
 
 /// The open handles of the process.
@@ -37,6 +40,7 @@ class HandleTable {
   std::shared_ptr<HandleTarget> findAny(Handle _handle);
 
   bool remove(Handle _handle);
+  /// For a thread that was terminated: closes what it has left open.
   void removeOwnedBy(const void* _owner);
 
   /// How many handles are open.
@@ -46,7 +50,7 @@ class HandleTable {
   /// which threads that the child does not have were perhaps using.
   void lock() { mutex_.lock(); }
   void unlock() { mutex_.unlock(); }
-  void forgetAll() noexcept { entries_.swap(forgotten_); }
+  void forgetAll() noexcept { forgotten_.merge(entries_); }
 
  private:
   struct Entry {

@@ -10,13 +10,14 @@
 #include "platform/linux/event_name.h"
 #include "platform/linux/event_word.h"
 #include "platform/linux/handle_table.h"
+#include "platform/linux/kept_events.h"
 #include "platform/linux/thread_object.h"
 
 namespace platform {
 namespace {
 
 // A wait looks as often whether the file of the event is still the one that others find: a log-out may remove it.
-constexpr std::uint32_t longestSleep = 30'000;
+constexpr std::uint32_t longestSleep = 2'000;
 
 class NamedEvent : public HandleTarget {
  public:
@@ -24,15 +25,24 @@ class NamedEvent : public HandleTarget {
 
   // The file that now stands for the event. When another cannot be joined, the one at hand goes on.
   std::shared_ptr<EventFile> file() {
+    std::shared_ptr<EventFile> current = heldFile();
+    if (current->isInPlace()) return current;
+    // Without the lock, since it may take a while.
+    EventFile::Joined joined = EventFile::join(name_, EventFile::Joining::createOrOpen);
+    if (joined.file == nullptr) return current;
     const std::lock_guard<std::mutex> lock(mutex_);
-    if (!file_->isInPlace()) {
-      EventFile::Joined joined = EventFile::join(name_, EventFile::Joining::createOrOpen);
-      if (joined.file != nullptr) file_ = std::move(joined.file);
-    }
+    if (file_ == current) file_.swap(joined.file);
     return file_;
   }
 
+  void outliveOwner() override { keepEvent(name_, heldFile()); }
+
  private:
+  std::shared_ptr<EventFile> heldFile() {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    return file_;
+  }
+
   const std::string name_;
   std::mutex mutex_;
   std::shared_ptr<EventFile> file_;
@@ -40,11 +50,11 @@ class NamedEvent : public HandleTarget {
 
 // Waits on one file; true when let through, false at the deadline or when it is time to look at the file again.
 bool isLetThrough(std::uint32_t* _word, EventWatch& _watch, const Deadline& _deadline) {
-  TerminationPoint termination(_word);
+  const TerminationPoint termination(_word);
   const Deadline look(longestSleep);
   while (!_watch.isLetThrough()) {
     if (_deadline.hasPassed() || look.hasPassed()) return false;
-    termination.check();
+    TerminationPoint::check();
     _watch.sleepUntil(_deadline.within(longestSleep));
   }
   return true;
@@ -113,6 +123,8 @@ bool resetEvent(Handle _event) {
 }
 
 std::uint32_t waitForEvent(Handle _event, std::uint32_t _milliseconds) {
+  // Also for a wait that is satisfied, or fails, at once.
+  TerminationPoint::check();
   const auto event = eventOf(_event, Call::waitEvent);
   return event != nullptr ? waitFor(*event, _milliseconds) : waitFailed;
 }

@@ -140,7 +140,7 @@ TerminationPoint::~TerminationPoint() {
 }
 
 void TerminationPoint::check() {
-  if (thread_ == nullptr) return;
+  if (currentObject == nullptr) return;
   ::pthread_setcancelstate(PTHREAD_CANCEL_ENABLE, nullptr);
   ::pthread_testcancel();
   ::pthread_setcancelstate(PTHREAD_CANCEL_DISABLE, nullptr);

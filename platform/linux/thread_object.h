@@ -13,7 +13,8 @@
 
 namespace platform {
 
-/// A thread that createThread has made. It blocks every signal. Its cancellation is deferred and disabled but in TerminationPoint::check.
+/// A thread that createThread has made. It blocks every signal. Its cancellation is deferred and disabled but in
+/// TerminationPoint::check.
 class ThreadObject : public HandleTarget {
  public:
   ThreadObject(ThreadRoutine _routine, void* _argument) : routine_(_routine), argument_(_argument) {}
@@ -60,8 +61,8 @@ class TerminationPoint {
   TerminationPoint(const TerminationPoint&) = delete;
   TerminationPoint& operator=(const TerminationPoint&) = delete;
 
-  /// Does not return when the thread is being terminated: its stack is unwound from here.
-  void check();
+  /// Does not return when the calling thread is being terminated: its stack is unwound from here.
+  static void check();
 
  private:
   ThreadObject* thread_;

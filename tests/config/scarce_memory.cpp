@@ -18,6 +18,8 @@ ScarceMemory::ScarceMemory(int _nth) { requestsLeft = _nth; }
 
 ScarceMemory::~ScarceMemory() { requestsLeft = -1; }
 
+void ScarceMemory::failNext() { requestsLeft = 1; }
+
 bool ScarceMemory::hasFailed() const { return requestsLeft <= 0; }
 
 }  // namespace testsupport

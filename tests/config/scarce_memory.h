@@ -12,6 +12,9 @@ class ScarceMemory {
   ScarceMemory(const ScarceMemory&) = delete;
   ScarceMemory& operator=(const ScarceMemory&) = delete;
 
+  /// Lets the next request of this thread fail, for which no object has to live on.
+  static void failNext();
+
   /// Whether the failure has come.
   bool hasFailed() const;
 };

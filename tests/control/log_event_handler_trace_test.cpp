@@ -71,6 +71,18 @@ TEST_F(LogEventHandlerTrace, SaysThatAnEventDidAlreadyExist) {
   EXPECT_TRUE(closeHandle(event));
 }
 
+TEST_F(LogEventHandlerTrace, OfAThirdListenerSaysThatTheEventOfTerminatedThreadsDidAlreadyExist) {
+  for (int listeners = 1; listeners <= 2; ++listeners) {
+    LogEventHandler handler;
+    ASSERT_TRUE(cout_.waitFor("eventHandle=", listeners));
+    ASSERT_TRUE(testsupport::waitUntilThreadSleeps(handler.getThreadId()));
+  }
+  LogEventHandler third;
+  ASSERT_TRUE(cout_.waitFor("eventHandle=", 3));
+  EXPECT_EQ(cout_.count("did already exist, opening existing event..."), 2);
+  stop(third);
+}
+
 TEST_F(LogEventHandlerTrace, WritesNumbersInDecimalWhateverTheFlagsOfTheStream) {
   std::cout << std::hex << std::showbase << std::setfill('#');
   withoutThread();

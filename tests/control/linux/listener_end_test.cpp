@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
+#include <unistd.h>
+
 #include <fstream>
 #include <thread>
 
 #include "boost/logging/logging.hpp"
 #include "platform/native_path.h"
 #include "tests/control/listener_fixture.h"
+#include "tests/support/linux/forked_child.h"
 #include "tests/support/linux/named_pipe.h"
 #include "tests/support/linux/shared_memory_mount.h"
 
@@ -57,6 +60,20 @@ TEST_F(ListenerEnd, AbsorbsASettingDuringTheUpdateByTheResetAfterIt) {
   testsupport::removeAll(list);
   writeClasses("Listener.one;");
   stop(handler);
+}
+
+// As a daemon does that forks twice and ends with the listener of its grandparent.
+TEST_F(ListenerEnd, ComesAtOnceInAForkedChildOfAForkedChild) {
+  auto handler = std::make_unique<LogEventHandler>();
+  ASSERT_TRUE(waitUntilListening(*handler));
+  const auto end = [&handler] {
+    // Ends the process when it hangs.
+    ::alarm(30);
+    handler.reset();
+    return 0;
+  };
+  EXPECT_EQ(testsupport::inForkedChild([&end] { return testsupport::inForkedChild(end) == 0 ? 0 : 1; }), 0);
+  stop(*handler);
 }
 
 TEST_F(ListenerEnd, ComesAtOnceInAFullSharedMemory) {

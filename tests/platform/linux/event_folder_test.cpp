@@ -77,6 +77,27 @@ TEST_F(EventFolder, IsMadeAsItShouldBeUnderAnOddUmask) {
   EXPECT_EQ(modeOf(folder()), 0700U);
 }
 
+TEST_F(EventFolder, HoldsEventsThatTheirUserCanOpenUnderTheTightestUmask) {
+  const testsupport::AsUnprivilegedUser user;
+  const mode_t former = ::umask(0777);
+  const Handle event = createEvent(name);
+  EXPECT_EQ(lastError(), noError);
+  EXPECT_EQ(modeOf(file()), 0600U);
+  const Handle again = createEvent(name);
+  EXPECT_EQ(lastError(), errorAlreadyExists);
+  ::umask(former);
+  EXPECT_TRUE(closeHandle(again));
+  EXPECT_TRUE(closeHandle(event));
+}
+
+TEST_F(EventFolder, OpensAnEventWhoseCreatorHasNotComeToSetItsMode) {
+  const testsupport::AsUnprivilegedUser user;
+  makeFolder();
+  std::ofstream(file()) << "event";
+  ASSERT_EQ(::chmod(file().c_str(), 0), 0);
+  expectUsable();
+}
+
 TEST_F(EventFolder, IsNotLookedForThroughAPlantedLink) {
   const testsupport::TemporaryFolder elsewhere;
   ASSERT_EQ(::chmod(elsewhere.path().c_str(), 0700), 0);

@@ -8,6 +8,7 @@
 #include "platform/named_event.h"
 #include "platform/thread.h"
 #include "tests/support/companion_process.h"
+#include "tests/support/fault_plan.h"
 #include "tests/support/linux/forked_child.h"
 #include "tests/support/linux/sleeping_process.h"
 #include "tests/support/private_events.h"
@@ -86,19 +87,85 @@ TEST_F(EventLife, IsOutOfReachOfAForkedChildUntilThatOpensIt) {
   EXPECT_TRUE(closeHandle(event));
 }
 
-TEST_F(EventLife, IsNotProlongedByAHandleThatATerminatedThreadHasLeft) {
-  const Handle before = createEvent(livingEvent);
+TEST_F(EventLife, IsProlongedToThatOfTheProcessByATerminatedThread) {
+  static constexpr char keptEvent[] = "QMRK_KEPT_EVENT_TEST";
   std::uint32_t id = 0;
-  const Handle thread = createThread(
-      [](void*) {
-        const Handle event = createEvent(livingEvent);
-        return waitForEvent(event, waitForever);
-      },
-      nullptr, id);
-  ASSERT_TRUE(terminateThread(thread, 1));
+  const auto before = testsupport::processResources();
+  for (int round = 0; round < 200; ++round) {
+    const Handle thread = createThread(
+        [](void*) {
+          const Handle event = createEvent(keptEvent);
+          return waitForEvent(event, waitForever);
+        },
+        nullptr, id);
+    ASSERT_TRUE(terminateThread(thread, 1));
+    ASSERT_TRUE(closeHandle(thread));
+  }
+  auto after = testsupport::processResources();
+  EXPECT_EQ(after.files, before.files + 1);
+  EXPECT_EQ(after.eventMappings, before.eventMappings + 1);
+  EXPECT_EQ(after.handles, before.handles);
+  CompanionProcess other({QMRK_EVENT_ACTOR});
+  EXPECT_EQ(other.ask(std::string("create ") + keptEvent), "existing");
+}
+
+// The copy in the child is of no use: the child keeps a reference of its own once a thread of its own has left one.
+TEST_F(EventLife, IsProlongedByAThreadOfAForkedChildAlthoughItsParentHasTerminatedOneToo) {
+  const auto terminateOne = [] {
+    std::uint32_t id = 0;
+    const Handle thread =
+        createThread([](void*) { return waitForEvent(createEvent(livingEvent), waitForever); }, nullptr, id);
+    terminateThread(thread, 1);
+    closeHandle(thread);
+  };
+  SleepingChild parent([&terminateOne] {
+    terminateOne();
+    const pid_t child = ::fork();
+    if (child != 0) return testsupport::waitUntilProcessSleeps(child);
+    // Ends by itself when the test is over, for whose end those who read its output do not wait.
+    ::close(STDOUT_FILENO);
+    ::close(STDERR_FILENO);
+    ::alarm(20);
+    terminateOne();
+    ::pause();
+    return false;
+  });
+  parent.kill();
+  EXPECT_FALSE(createsAnew());
+}
+
+TEST_F(EventLife, EndsWithTheHandlesOfAForkedChildOfAForkedChild) {
+  const Handle event = createEvent(livingEvent);
+  std::uint32_t id = 0;
+  const Handle thread =
+      createThread([](void*) { return waitForEvent(createEvent(livingEvent), waitForever); }, nullptr, id);
+  EXPECT_EQ(testsupport::inForkedChild([event, thread] {
+              return testsupport::inForkedChild([event, thread] {
+                if (waitForThread(thread, 0) != waitFailed || closeHandle(thread)) return 1;
+                return setEvent(event) || closeHandle(event) ? 2 : 0;
+              });
+            }),
+            0);
+  EXPECT_TRUE(terminateThread(thread, 1));
   EXPECT_TRUE(closeHandle(thread));
-  EXPECT_TRUE(closeHandle(before));
-  EXPECT_TRUE(createsAnew());
+  EXPECT_TRUE(closeHandle(event));
+}
+
+TEST_F(EventLife, BeginsInAFolderThatIsRemovedMeanwhile) {
+  const testsupport::CallHook logOut(Call::openEventFile, 1, [] { testsupport::removeAll(eventFolderPath()); });
+  const Handle event = createEvent(livingEvent);
+  EXPECT_EQ(lastError(), noError);
+  CompanionProcess other({QMRK_EVENT_ACTOR});
+  EXPECT_EQ(other.ask(std::string("create ") + livingEvent), "existing");
+  EXPECT_TRUE(closeHandle(event));
+}
+
+TEST_F(EventLife, IsNotFoundInAFolderThatIsRemovedMeanwhile) {
+  const Handle event = createEvent(livingEvent);
+  const testsupport::CallHook logOut(Call::openEventFile, 1, [] { testsupport::removeAll(eventFolderPath()); });
+  EXPECT_EQ(openEvent(livingEvent), nullptr);
+  EXPECT_EQ(lastError(), errorFileNotFound);
+  EXPECT_TRUE(closeHandle(event));
 }
 
 TEST_F(EventLife, TakesOneFileAndOneMappingOnlyWhileAHandleIsOpen) {
@@ -131,7 +198,7 @@ TEST_F(EventLife, GoesOnAfterALogOutHasRemovedItsFile) {
   EXPECT_EQ(other.ask("wait 0"), "0");
 }
 
-// Takes the half minute after which a waiter looks whether its file is still in place.
+// Takes the two seconds after which a waiter looks whether its file is still in place.
 TEST_F(EventLife, WaiterFindsTheEventThatWasMadeAnewAfterALogOut) {
   CompanionProcess waiter({QMRK_EVENT_ACTOR});
   ASSERT_EQ(waiter.ask(std::string("create ") + livingEvent), "created");
@@ -141,7 +208,7 @@ TEST_F(EventLife, WaiterFindsTheEventThatWasMadeAnewAfterALogOut) {
   const Handle event = createEvent(livingEvent);
   EXPECT_EQ(lastError(), noError);
   EXPECT_TRUE(setEvent(event));
-  EXPECT_EQ(waiter.readLine(60'000), "0");
+  EXPECT_EQ(waiter.readLine(25'000), "0");
   EXPECT_TRUE(closeHandle(event));
 }
 

@@ -108,6 +108,33 @@ TEST_F(ThreadEnd, ComesToAThreadThatTerminatesItselfAtItsNextWait) {
   EXPECT_TRUE(closeHandle(start));
 }
 
+// A thread that is not ended there ends by itself, so that the test fails and does not hang.
+TEST_F(ThreadEnd, ComesAlsoInAWaitThatIsSatisfiedAtOnce) {
+  std::uint32_t id = 0;
+  std::atomic<bool> hasBegun{false};
+  const Handle event = createEvent(endEvent);
+  ASSERT_TRUE(setEvent(event));
+  const Handle thread = createThread(
+      [](void* _hasBegun) {
+        const Handle own = createEvent(endEvent);
+        *static_cast<std::atomic<bool>*>(_hasBegun) = true;
+        for (int waits = 0; waits < 1'000'000; ++waits) {
+          waitForEvent(own, waitForever);
+        }
+        return 42U;
+      },
+      &hasBegun, id);
+  while (!hasBegun) {
+    std::this_thread::yield();
+  }
+  EXPECT_TRUE(terminateThread(thread, 1));
+  std::uint32_t code = 0;
+  EXPECT_TRUE(threadExitCode(thread, code));
+  EXPECT_EQ(code, 1U);
+  EXPECT_TRUE(closeHandle(thread));
+  EXPECT_TRUE(closeHandle(event));
+}
+
 TEST_F(ThreadEnd, LeavesNothingBehindHoweverItComes) {
   const auto once = [](bool _terminate) {
     std::uint32_t id = 0;
