@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "logmanager/appender_gate.h"
 
+#include <mutex>
 #include <utility>
 
 #include "logmanager/appenders/exception_report.h"
@@ -10,68 +11,77 @@
 
 namespace boost::logging::detail {
 
-void AppenderGate::pass(const Callable& _appender, const std::string& _logName, const std::string& _message) noexcept {
-  const ThreadState& self = threadState();
-  if (owner_.load(std::memory_order_relaxed) == &self) {
+void AppenderGate::pass(ThreadState& _thread, const Callable& _appender, const std::string& _logName,
+                        const std::string& _message) noexcept {
+  if (InsideMark::isSet(_thread, inside_)) {
     callAppender(_appender, _logName, _message);
     return;
   }
   try {
-    const bool isInsideAnother = self.depth > 1;
-    if (!isInsideAnother) {
-      inside_.lock();
-    } else if (!inside_.try_lock()) {
-      leaveMessage(_appender, _logName, _message);
-      return;
-    }
+    if (!enter(_thread, _appender, _logName, _message)) return;
   } catch (...) {
     reportException(_appender.name, _logName);
     return;
   }
-  owner_.store(&self, std::memory_order_relaxed);
+  const InsideMark mark(_thread, inside_);
   callAppender(_appender, _logName, _message);
-  leave(_appender);
+  exit(_thread, _appender);
 }
 
-void AppenderGate::leaveMessage(const Callable& _appender, const std::string& _logName, const std::string& _message) {
+// false when the message need not be passed on: it is handed over, or dropped.
+bool AppenderGate::enter(ThreadState& _thread, const Callable& _appender, const std::string& _logName,
+                         const std::string& _message) {
+  const bool isInsideAnother = _thread.depth > 1;
+  if (!isInsideAnother) {
+    inside_.lock();
+    return true;
+  }
   {
-    const std::lock_guard<std::mutex> lock(leftLock_);
-    left_.push_back(Left{_logName, _message, messageTime(threadState())});
-    isLeft_.store(true);
+    const std::lock_guard<ProcessLock> lock(lock_);
+    if (inside_.try_lock()) return true;
+    restartInChild();
+    if (handOver(HandedOver{_logName, _message, messageTime(_thread), _thread.depth})) return false;
   }
-  // The thread that was inside may have gone without having seen the message.
-  if (!inside_.try_lock()) return;
-  owner_.store(&threadState(), std::memory_order_relaxed);
-  leave(_appender);
+  reportDropped(_appender.name, _logName);
+  return false;
 }
 
-void AppenderGate::leave(const Callable& _appender) {
-  while (true) {
-    passOnLeft(_appender);
-    owner_.store(nullptr, std::memory_order_relaxed);
-    inside_.unlock();
-    if (!isLeft_.load() || !inside_.try_lock()) return;
-    owner_.store(&threadState(), std::memory_order_relaxed);
-  }
-}
-
-void AppenderGate::passOnLeft(const Callable& _appender) {
-  if (!isLeft_.load()) return;
-  Left left;
-  while (takeLeft(left)) {
-    const MessageScope scope(threadState(), left.time);
-    callAppender(_appender, left.logName, left.message);
-  }
-}
-
-bool AppenderGate::takeLeft(Left& _left) {
-  if (!isLeft_.load()) return false;
-  const std::lock_guard<std::mutex> lock(leftLock_);
-  if (left_.empty()) return false;
-  _left = std::move(left_.front());
-  left_.pop_front();
-  if (left_.empty()) isLeft_.store(false);
+bool AppenderGate::handOver(HandedOver _message) {
+  const std::size_t size = _message.size();
+  if (handedOverSize_ + size > MOST_HANDED_OVER) return false;
+  if (!handedOver_) handedOver_ = std::make_unique<std::deque<HandedOver>>();
+  handedOver_->push_back(std::move(_message));
+  handedOverSize_ += size;
   return true;
+}
+
+void AppenderGate::exit(ThreadState& _thread, const Callable& _appender) {
+  HandedOver handedOver;
+  while (takeOrOpen(handedOver)) {
+    const MessageScope scope(_thread, handedOver.time, handedOver.depth);
+    callAppender(_appender, handedOver.logName, handedOver.message);
+  }
+}
+
+// Takes what was handed over first, or opens the gate when there is nothing.
+bool AppenderGate::takeOrOpen(HandedOver& _message) {
+  const std::lock_guard<ProcessLock> lock(lock_);
+  restartInChild();
+  if (!handedOver_ || handedOver_->empty()) {
+    inside_.unlock();
+    return false;
+  }
+  _message = std::move(handedOver_->front());
+  handedOver_->pop_front();
+  handedOverSize_ -= _message.size();
+  return true;
+}
+
+void AppenderGate::restartInChild() {
+  if (process_ == processStamp()) return;
+  process_ = processStamp();
+  static_cast<void>(handedOver_.release());
+  handedOverSize_ = 0;
 }
 
 }  // namespace boost::logging::detail

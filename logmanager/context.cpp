@@ -32,4 +32,13 @@ void leaveContext(Context& _context) {
   _context.leave();
 }
 
+void abandonContextsOfOthers() {
+  contexts().forEach([](Context& _context) {
+    for (const Context* own = threadState().innermost; own != nullptr; own = own->outer) {
+      if (own == &_context) return;
+    }
+    _context.holdNothing();
+  });
+}
+
 }  // namespace boost::logging::detail

@@ -32,6 +32,10 @@ SlotPool<Context>& contexts();
 /// A context for a statement of the calling thread on the log, until leaveContext. May throw std::bad_alloc.
 Context& enterContext(const Log& _log);
 
+/// For the child of a fork: lets go of what threads of the parent held. Their contexts, which they may have been
+/// changing, are never used again.
+void abandonContextsOfOthers();
+
 /// Gives the context the callables that its log has now. Without it a message that is begun before the first set-up and
 /// ended after it would go nowhere.
 inline void followSetUp(Context& _context) {

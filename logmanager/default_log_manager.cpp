@@ -57,6 +57,22 @@ void default_log_manager::enable(const std::string& _logs, bool _enabled) {
   if (retired_.size() > 0) unused = retired_.takeUnused(detail::contexts());
 }
 
+void default_log_manager::lockForFork() {
+  lock_.lock();
+  earlyMessages_.lockForFork();
+}
+
+void default_log_manager::unlockAfterFork() {
+  earlyMessages_.unlockAfterFork();
+  lock_.unlock();
+}
+
+void default_log_manager::restartInChild() {
+  detail::abandonContextsOfOthers();
+  earlyMessages_.restartInChild();
+  lock_.unlock();
+}
+
 default_log_manager::Size default_log_manager::size() const {
   const std::lock_guard<std::mutex> lock(lock_);
   return {logs_.size(), modifiers_.size() + appenders_.size() + enabling_.size(), retired_.size()};

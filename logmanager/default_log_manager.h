@@ -32,6 +32,12 @@ class default_log_manager {
 
   detail::EarlyMessages& earlyMessages() { return earlyMessages_; }
 
+  /// Around a fork: the child finds the manager whole, although other threads change it.
+  void lockForFork();
+  void unlockAfterFork();
+  /// In place of unlockAfterFork in the child.
+  void restartInChild();
+
   /// What the manager holds, for tests of its growth: logs, rules for later logs, replaced sets of callables.
   struct Size {
     std::size_t logs;

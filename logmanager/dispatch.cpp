@@ -48,13 +48,16 @@ void callOwnAppender(ThreadState& _thread, const Callable& _appender, const std:
 }  // namespace
 
 MessageScope::MessageScope(ThreadState& _thread, std::int64_t _time)
-    : thread_(_thread), outerTime_(_thread.messageTime) {
-  ++thread_.depth;
+    : MessageScope(_thread, _time, _thread.depth + 1) {}
+
+MessageScope::MessageScope(ThreadState& _thread, std::int64_t _time, int _depth)
+    : thread_(_thread), outerTime_(_thread.messageTime), outerDepth_(_thread.depth) {
+  thread_.depth = _depth;
   thread_.messageTime = _time;
 }
 
 MessageScope::~MessageScope() {
-  --thread_.depth;
+  thread_.depth = outerDepth_;
   thread_.messageTime = outerTime_;
 }
 
@@ -79,7 +82,7 @@ void passThrough(ThreadState& _thread, const CallableSet* _callables, const std:
     if (appender->own.isThere()) {
       callOwnAppender(_thread, *appender, _logName, _line);
     } else if (appender->gate) {
-      appender->gate->pass(*appender, _logName, _line);
+      appender->gate->pass(_thread, *appender, _logName, _line);
     } else {
       callAppender(*appender, _logName, _line);
     }

@@ -11,11 +11,16 @@ namespace boost::logging::detail {
 
 struct ThreadState;
 
-/// While it lives, the calling thread, whose state it is given, passes a message of the given time through callables. A
-/// time of 0 is that of the first question for it.
+/// Marks the calling thread as passing a message through callables, while it lives.
 class MessageScope {
  public:
+  /// @param _thread the state of the calling thread.
+  /// @param _time of the message, in milliseconds since 1970; 0 for that of the first question for it.
   MessageScope(ThreadState& _thread, std::int64_t _time);
+
+  /// The same for a message that was logged on another thread.
+  /// @param _depth how many messages were on their way there, one inside the other, this one included.
+  MessageScope(ThreadState& _thread, std::int64_t _time, int _depth);
   ~MessageScope();
   MessageScope(const MessageScope&) = delete;
   MessageScope& operator=(const MessageScope&) = delete;
@@ -23,6 +28,7 @@ class MessageScope {
  private:
   ThreadState& thread_;
   std::int64_t outerTime_;
+  int outerDepth_;
 };
 
 /// Passes a message through the modifiers and then to the appenders. Exceptions of callables are contained, the others

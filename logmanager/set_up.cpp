@@ -2,6 +2,7 @@
 #include "boost/logging/logging.hpp"
 #include "logmanager/callable.h"
 #include "logmanager/default_log_manager.h"
+#include "platform/fork_handlers.h"
 
 namespace boost::logging {
 namespace {
@@ -12,7 +13,13 @@ constexpr unsigned int NOTHING_ENABLED = 0xFFFFFFFFU;
 
 default_log_manager& get_default_log_manager() {
   // Never destroyed: what is logged by static destructors still works.
-  static default_log_manager* const manager = new default_log_manager;
+  static default_log_manager* const manager = [] {
+    auto* const created = new default_log_manager;
+    platform::registerForkHandlers([] { get_default_log_manager().lockForFork(); },
+                                   [] { get_default_log_manager().unlockAfterFork(); },
+                                   [] { get_default_log_manager().restartInChild(); });
+    return created;
+  }();
   return *manager;
 }
 

@@ -36,6 +36,13 @@ class AppendFile {
   /// @param _error receives the error when the result is null.
   static std::unique_ptr<AppendFile> open(const std::string& _path, bool _truncate, ErrorCode& _error);
 
+  /// Opens the file at the path, as open does, in place of the one that is open. A message that another thread appends
+  /// meanwhile goes whole to the one file or to the other. By one thread at a time, without endsInLineFeed, identity
+  /// and isStillAt of others.
+  /// @return noError, else why it could not be opened: what messages append to is then the former file, or no file at
+  ///   all, so that they fail.
+  ErrorCode reopen(const std::string& _path, bool _truncate);
+
   ~AppendFile();
   AppendFile(const AppendFile&) = delete;
   AppendFile& operator=(const AppendFile&) = delete;

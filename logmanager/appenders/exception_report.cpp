@@ -5,6 +5,7 @@
 #include <exception>
 #include <mutex>
 
+#include "logmanager/threads/process_lock.h"
 #include "platform/clock.h"
 #include "platform/standard_error.h"
 
@@ -14,11 +15,14 @@ namespace {
 constexpr std::int64_t MINUTE = 60000;
 
 constinit std::atomic<std::uint64_t> allCount{0};
-constinit OncePerMinute reports;
+constinit ProcessLock reportLock;
+constinit OncePerMinute exceptions;
+constinit OncePerMinute drops;
 
-std::mutex& reportLock() {
-  static std::mutex lock;
-  return lock;
+std::uint64_t countToTell(OncePerMinute& _reports) {
+  const std::int64_t now = platform::steadyMilliseconds();
+  const std::lock_guard<ProcessLock> lock(reportLock);
+  return _reports.happened(now);
 }
 
 std::string currentExceptionText() {
@@ -33,11 +37,7 @@ std::string currentExceptionText() {
 }
 
 void report(const std::string& _what) {
-  std::uint64_t count = 0;
-  {
-    const std::lock_guard<std::mutex> lock(reportLock());
-    count = reports.happened(platform::steadyMilliseconds());
-  }
+  const std::uint64_t count = countToTell(exceptions);
   if (count == 0) return;
   platform::writeStandardError("boost::logging: " + std::to_string(count) +
                                (count == 1 ? " exception" : " exceptions") +
@@ -69,6 +69,18 @@ void reportEndlessLogging(const std::string& _logName) noexcept {
   allCount.fetch_add(1, std::memory_order_relaxed);
   try {
     report("log \"" + _logName + "\": a message is logged while another is, without end");
+  } catch (...) {
+    // No memory to tell of it.
+  }
+}
+
+void reportDropped(const std::string& _callable, const std::string& _logName) noexcept {
+  try {
+    const std::uint64_t count = countToTell(drops);
+    if (count == 0) return;
+    platform::writeStandardError("boost::logging: " + std::to_string(count) + (count == 1 ? " message" : " messages") +
+                                 " dropped, since too many wait for an appender that was entered; the last: \"" +
+                                 _callable + "\", log \"" + _logName + "\"\n");
   } catch (...) {
     // No memory to tell of it.
   }

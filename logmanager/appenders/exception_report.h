@@ -27,6 +27,10 @@ void reportException(const std::string& _callable, const std::string& _logName) 
 /// The same for a message that callables log for ever by logging their own messages.
 void reportEndlessLogging(const std::string& _logName) noexcept;
 
+/// Counts a message that an appender logged to another one, which was entered and had too many waiting, and tells of it
+/// on the standard error stream in the same way.
+void reportDropped(const std::string& _callable, const std::string& _logName) noexcept;
+
 /// How many exceptions and endless messages there were in the process.
 std::uint64_t exceptionCount();
 

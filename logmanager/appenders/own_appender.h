@@ -25,7 +25,7 @@ class OwnAppender {
   /// @param _thread the state of the calling thread, which passes a message through callables.
   void append(ThreadState& _thread, const std::string& _line) const {
     if (file_ != nullptr) {
-      file_->append(_thread, _line, messageTime(_thread));
+      file_->append(_line, messageTime(_thread));
     } else {
       handle_->writer().append(_line);
     }

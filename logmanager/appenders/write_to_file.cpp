@@ -10,7 +10,7 @@ write_to_file::write_to_file(const std::string& _fileName, bool _overwrite)
 
 void write_to_file::operator()(const std::string& /*_logName*/, const std::string& _message) const {
   detail::ThreadState& thread = detail::threadState();
-  file_->append(thread, _message, detail::messageTime(thread));
+  file_->append(_message, detail::messageTime(thread));
 }
 
 }  // namespace boost::logging

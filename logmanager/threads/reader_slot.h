@@ -47,6 +47,12 @@ class alignas(64) ReaderSlot {
     }
   }
 
+  /// For the child of a fork: lets go of the object when a reader has the slot that does not exist here. The slot stays
+  /// taken.
+  void holdNothing() {
+    if (shown_.load(std::memory_order_relaxed) != FREE) take();
+  }
+
   void leave() { shown_.store(FREE, std::memory_order_release); }
 
   /// Asked after the pointer to the object has been replaced.

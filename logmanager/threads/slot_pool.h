@@ -25,6 +25,13 @@ class SlotPool {
     return slot;
   }
 
+  /// Calls _visit(Slot&) for each slot. To be called where no other thread uses the pool.
+  template <typename Visit>
+  void forEach(Visit _visit) {
+    for (Node* node = first_.load(std::memory_order_relaxed); node != nullptr; node = node->next)
+      _visit(node->slot);
+  }
+
   /// Whether a reader may be using the object, whose published pointer has been replaced.
   bool mayHold(const void* _object) const {
     for (Node* node = first_.load(std::memory_order_seq_cst); node != nullptr; node = node->next) {

@@ -10,7 +10,6 @@ namespace boost::logging::detail {
 
 struct Context;
 class InsideMark;
-class ReaderSlot;
 
 /// What the manager knows of the calling thread. Has no destructor, so that a thread, and the library, may end at any
 /// time and a statement in a destructor of the thread still works; what the pointers point to belongs to pools.
@@ -30,7 +29,6 @@ struct ThreadState {
   Context* innermost = nullptr;
   /// What the thread used last, probably free.
   Context* usualContext = nullptr;
-  ReaderSlot* usualFileSlot = nullptr;
   /// The locks that the thread holds while it runs foreign code.
   const InsideMark* innermostMark = nullptr;
   /// How many messages are on their way through callables, one inside the other.

@@ -11,6 +11,7 @@
 
 #include "platform/fault.h"
 #include "platform/linux/errno_code.h"
+#include "platform/linux/file_descriptor.h"
 #include "platform/linux/file_write.h"
 #include "platform/linux/open_file.h"
 #include "platform/native_path.h"
@@ -47,27 +48,53 @@ int createFolderOf(const std::string& _path) {
   return ::mkdir(folder.c_str(), 0777) == 0 || errno == EEXIST ? 0 : errno;
 }
 
+struct OpenedFile {
+  FileDescriptor file;
+  AppendFile::Identity identity;
+  ErrorCode error = noError;
+};
+
+OpenedFile openAt(const std::string& _path, bool _truncate) {
+  OpenedFile opened;
+  opened.error = injectedFault(Call::openForAppending);
+  if (opened.error != noError) return opened;
+  opened.file = FileDescriptor(openForAppending(_path, _truncate));
+  if (!opened.file.isOpen() && errno == ENOENT) {
+    errno = createFolderOf(nativePath(_path));
+    if (errno == 0) opened.file = FileDescriptor(openForAppending(_path, _truncate));
+  }
+  struct stat status {};
+  if (!opened.file.isOpen() || ::fstat(opened.file.get(), &status) != 0) {
+    opened.error = errnoCode(errno);
+    return opened;
+  }
+  opened.identity = identityOf(status);
+  refreshFileSizeLimit();
+  return opened;
+}
+
 }  // namespace
 
 std::unique_ptr<AppendFile> AppendFile::open(const std::string& _path, bool _truncate, ErrorCode& _error) {
-  const ErrorCode fault = injectedFault(Call::openForAppending);
-  if (fault != noError) {
-    _error = fault;
+  OpenedFile opened = openAt(_path, _truncate);
+  if (opened.error != noError) {
+    _error = opened.error;
     return nullptr;
   }
-  int file = openForAppending(_path, _truncate);
-  if (file == -1 && errno == ENOENT) {
-    errno = createFolderOf(nativePath(_path));
-    if (errno == 0) file = openForAppending(_path, _truncate);
-  }
-  struct stat status {};
-  if (file == -1 || ::fstat(file, &status) != 0) {
-    _error = errnoCode(errno);
-    if (file != -1) ::close(file);
-    return nullptr;
-  }
-  refreshFileSizeLimit();
-  return std::unique_ptr<AppendFile>(new AppendFile(file, identityOf(status)));
+  return std::unique_ptr<AppendFile>(new AppendFile(opened.file.release(), opened.identity));
+}
+
+// Other threads go on writing to the number, which leads to the new file from one moment to the next.
+ErrorCode AppendFile::reopen(const std::string& _path, bool _truncate) {
+  const OpenedFile opened = openAt(_path, _truncate);
+  if (opened.error != noError) return opened.error;
+  int moved = -1;
+  do {
+    moved = ::dup3(opened.file.get(), static_cast<int>(file_), O_CLOEXEC);
+  } while (moved == -1 && (errno == EINTR || errno == EBUSY));
+  if (moved == -1) return errnoCode(errno);
+  identity_ = opened.identity;
+  return noError;
 }
 
 AppendFile::AppendFile(std::intptr_t _file, Identity _identity) : file_(_file), identity_(_identity) {}

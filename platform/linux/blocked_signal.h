@@ -15,11 +15,16 @@ class BlockedSignal {
   BlockedSignal(const BlockedSignal&) = delete;
   BlockedSignal& operator=(const BlockedSignal&) = delete;
 
-  /// To be called when the write has sent the signal: takes it away again, unless one was pending before.
+  /// To be called when the write has sent the signal: takes it away again, and leaves one that was sent otherwise, to
+  /// the thread or to the process.
   void consume();
 
  private:
-  sigset_t signal_;
+  bool isPending() const;
+  bool take();
+
+  int signal_;
+  sigset_t set_;
   sigset_t former_;
   bool wasPending_;
 };

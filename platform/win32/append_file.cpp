@@ -15,14 +15,55 @@ constexpr DWORD SHARE_ALL = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELE
 
 thread_local constinit std::atomic<bool>* watch = nullptr;
 
+/// How often the lock is asked for, a millisecond apart: a thread that was ended may hold it.
+constexpr int MOST_TRIES = 1000;
+
 struct OpenFile {
-  HANDLE file;
-  HANDLE queue;
+  HANDLE file = INVALID_HANDLE_VALUE;
+  HANDLE queue = nullptr;
+  /// Shared while a message is appended, exclusive while the file is opened anew.
+  SRWLOCK lock = SRWLOCK_INIT;
 };
 
-const OpenFile& openFileOf(std::intptr_t _file) { return *reinterpret_cast<const OpenFile*>(_file); }
+OpenFile& openFileOf(std::intptr_t _file) { return *reinterpret_cast<OpenFile*>(_file); }
 
 HANDLE handleOf(std::intptr_t _file) { return openFileOf(_file).file; }
+
+class SharedHold {
+ public:
+  explicit SharedHold(OpenFile& _file) : file_(_file) {
+    for (int tries = 0; !isHeld_ && tries < MOST_TRIES; ++tries) {
+      if (tries > 0) ::Sleep(1);
+      isHeld_ = ::TryAcquireSRWLockShared(&file_.lock) != FALSE;
+    }
+  }
+  ~SharedHold() {
+    if (isHeld_) ::ReleaseSRWLockShared(&file_.lock);
+  }
+  SharedHold(const SharedHold&) = delete;
+  SharedHold& operator=(const SharedHold&) = delete;
+
+  bool isHeld() const { return isHeld_; }
+
+ private:
+  OpenFile& file_;
+  bool isHeld_ = false;
+};
+
+bool lockExclusively(OpenFile& _file) {
+  for (int tries = 0; tries < MOST_TRIES; ++tries) {
+    if (::TryAcquireSRWLockExclusive(&_file.lock)) return true;
+    ::Sleep(1);
+  }
+  return false;
+}
+
+void close(OpenFile& _file) {
+  if (_file.file != INVALID_HANDLE_VALUE && injectedFault(Call::closeFile) == noError) ::CloseHandle(_file.file);
+  if (_file.queue != nullptr) ::CloseHandle(_file.queue);
+  _file.file = INVALID_HANDLE_VALUE;
+  _file.queue = nullptr;
+}
 
 std::string queueName(const AppendFile::Identity& _identity) {
   return "qmrk-append-" + std::to_string(_identity.volume) + "-" + std::to_string(_identity.file);
@@ -65,34 +106,51 @@ bool isRemoved(HANDLE _file) {
          information.DeletePending;
 }
 
-}  // namespace
-
-std::unique_ptr<AppendFile> AppendFile::open(const std::string& _path, bool _truncate, ErrorCode& _error) {
+ErrorCode openAt(const std::string& _path, bool _truncate, OpenFile& _opened, AppendFile::Identity& _identity) {
   const ErrorCode fault = injectedFault(Call::openForAppending);
-  if (fault != noError) {
-    _error = fault;
-    return nullptr;
-  }
+  if (fault != noError) return fault;
   HANDLE file = openForAppending(_path, _truncate);
   if (file == INVALID_HANDLE_VALUE && lastErrorCode() == errorPathNotFound && createFolderOf(_path)) {
     file = openForAppending(_path, _truncate);
   }
-  Identity identity;
-  if (file == INVALID_HANDLE_VALUE || !identityOf(file, identity)) {
-    _error = lastErrorCode();
+  if (file == INVALID_HANDLE_VALUE || !identityOf(file, _identity)) {
+    const ErrorCode error = lastErrorCode();
     if (file != INVALID_HANDLE_VALUE) ::CloseHandle(file);
+    return error;
+  }
+  _opened.file = file;
+  _opened.queue = makeAppendQueue(queueName(_identity));
+  return noError;
+}
+
+}  // namespace
+
+std::unique_ptr<AppendFile> AppendFile::open(const std::string& _path, bool _truncate, ErrorCode& _error) {
+  auto opened = std::make_unique<OpenFile>();
+  Identity identity;
+  const ErrorCode error = openAt(_path, _truncate, *opened, identity);
+  if (error != noError) {
+    _error = error;
     return nullptr;
   }
-  const auto* const opened = new OpenFile{file, makeAppendQueue(queueName(identity))};
-  return std::unique_ptr<AppendFile>(new AppendFile(reinterpret_cast<std::intptr_t>(opened), identity));
+  return std::unique_ptr<AppendFile>(new AppendFile(reinterpret_cast<std::intptr_t>(opened.release()), identity));
+}
+
+// The former file is closed first: one that was removed keeps its name until nobody has it open.
+ErrorCode AppendFile::reopen(const std::string& _path, bool _truncate) {
+  OpenFile& opened = openFileOf(file_);
+  if (!lockExclusively(opened)) return ERROR_SHARING_VIOLATION;
+  close(opened);
+  const ErrorCode error = openAt(_path, _truncate, opened, identity_);
+  ::ReleaseSRWLockExclusive(&opened.lock);
+  return error;
 }
 
 AppendFile::AppendFile(std::intptr_t _file, Identity _identity) : file_(_file), identity_(_identity) {}
 
 AppendFile::~AppendFile() {
-  const std::unique_ptr<const OpenFile> opened(&openFileOf(file_));
-  if (injectedFault(Call::closeFile) == noError) ::CloseHandle(opened->file);
-  if (opened->queue != nullptr) ::CloseHandle(opened->queue);
+  const std::unique_ptr<OpenFile> opened(&openFileOf(file_));
+  close(*opened);
 }
 
 AppendFile::Result AppendFile::append(const char* _data, std::size_t _size) {
@@ -100,6 +158,8 @@ AppendFile::Result AppendFile::append(const char* _data, std::size_t _size) {
   const ErrorCode fault = injectedFault(Call::append);
   if (fault != noError) return {0, fault};
   const std::string bytes = withCarriageReturns({_data, _size});
+  const SharedHold hold(openFileOf(file_));
+  if (!hold.isHeld() || handleOf(file_) == INVALID_HANDLE_VALUE) return {0, errorInvalidHandle};
   const AppendLock lock(handleOf(file_), openFileOf(file_).queue);
   DWORD written = 0;
   if (!::WriteFile(handleOf(file_), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr)) {
@@ -129,6 +189,7 @@ bool AppendFile::endsInLineFeed() const {
 
 bool AppendFile::isStillAt(const std::string& _path) const {
   if (injectedFault(Call::statusQuery) != noError) return true;
+  if (handleOf(file_) == INVALID_HANDLE_VALUE) return false;
   if (isRemoved(handleOf(file_))) return false;
   const HANDLE file = ::CreateFileA(_path.c_str(), FILE_READ_ATTRIBUTES, SHARE_ALL, nullptr, OPEN_EXISTING,
                                     FILE_FLAG_BACKUP_SEMANTICS, nullptr);

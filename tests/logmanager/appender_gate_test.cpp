@@ -12,6 +12,7 @@
 
 #include "boost/logging/logging.hpp"
 #include "logmanager/callable.h"
+#include "tests/support/parked_thread.h"
 
 namespace {
 
@@ -93,6 +94,73 @@ TEST(AppenderGate, DoesNotLetAppendersThatLogThroughEachOtherWaitForEver) {
   EXPECT_EQ(got[0].size(), 8000U);
   EXPECT_EQ(got[1].size(), 8000U);
   bl::del_appender(manager, "*", "A");
+}
+
+/// Adds an appender to the log that stops at its first message, and calls _log for each.
+void addParked(testsupport::ParkedThread& _thread, const std::string& _logs, const bl::appender& _log) {
+  bl::add_appender(
+      bl::get_default_log_manager(), _logs,
+      [&_thread, _log](const std::string& _name, const std::string& _message) {
+        _log(_name, _message);
+        _thread.park();
+      },
+      "A", 100);
+}
+
+TEST(AppenderGate, PassesAHandedOverMessageOnWithItsDepth) {
+  bl::flush_log_cache();
+  const bl::logger closed("G4.closed");
+  const bl::logger open("G4.open");
+  int calls = 0;
+  testsupport::ParkedThread inside([&](testsupport::ParkedThread& _thread) {
+    addParked(_thread, "G4.closed", [&](const std::string&, const std::string& _message) {
+      if (_message == "park") return;
+      ++calls;
+      closed.write("again");
+    });
+    closed.write("park");
+  });
+  inside.waitUntilParked();
+  // The third message inside another, of the eight that are allowed.
+  bl::add_appender(
+      bl::get_default_log_manager(), "G4.open",
+      [&](const std::string&, const std::string& _message) {
+        if (_message == "1") open.write("2");
+        if (_message == "2") closed.write("3");
+      },
+      "A", 100);
+  open.write("1");
+  EXPECT_EQ(calls, 0);
+  inside.release();
+  EXPECT_EQ(calls, 6);
+  bl::del_appender(bl::get_default_log_manager(), "*", "A");
+}
+
+TEST(AppenderGate, DropsTheNewestOfTooMuchThatIsHandedOverAndReportsIt) {
+  bl::flush_log_cache();
+  const bl::logger closed("G5.closed");
+  std::vector<std::size_t> sizes;
+  testsupport::ParkedThread inside([&](testsupport::ParkedThread& _thread) {
+    addParked(_thread, "G5.closed",
+              [&](const std::string&, const std::string& _message) { sizes.push_back(_message.size()); });
+    closed.write("");
+  });
+  inside.waitUntilParked();
+  bl::add_appender(
+      bl::get_default_log_manager(), "G5.open",
+      [&](const std::string&, const std::string&) {
+        for (const std::size_t size : {500000, 400000, 300000, 1})
+          closed.write(std::string(size, 'x'));
+      },
+      "A", 100);
+  testing::internal::CaptureStderr();
+  bl::logger("G5.open").write("message");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "boost::logging: 1 message dropped, since too many wait for an appender that was entered; the last: \"A\", "
+            "log \"G5.closed\"\n");
+  inside.release();
+  EXPECT_EQ(sizes, (std::vector<std::size_t>{0, 500000, 400000, 1}));
+  bl::del_appender(bl::get_default_log_manager(), "*", "A");
 }
 
 TEST(AppenderGate, IsNotPutBeforeTheManagersOwnAppenders) {

@@ -161,6 +161,32 @@ TEST_F(WriteToFile, TellsInOneLineWhatAFailedWriteLost) {
   EXPECT_EQ(text(), "1\n3 messages were lost: this file could not be written, error 112\n5\n6\n");
 }
 
+TEST_F(WriteToFile, ReportsWhatCannotBeWrittenOnTheStandardErrorStreamOnceAMinuteForEachFile) {
+  const std::string otherPath = folder_.file("other.log");
+  testing::internal::CaptureStderr();
+  {
+    const FaultPlan writing(Call::append, 1, platform::errorDiskFull, 100);
+    const write_to_file sameFile(path_, false);
+    const write_to_file appender(path_, false);
+    for (int i = 0; i < 10; ++i) {
+      appender("App", "message\n");
+      sameFile("App", "message\n");
+    }
+    write_to_file(otherPath, false)("App", "message\n");
+  }
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "boost::logging: 1 message could not be written to " + path_ + ", error 112\n" +
+                "boost::logging: 1 message could not be written to " + otherPath + ", error 112\n");
+}
+
+TEST_F(WriteToFile, ReportsAFileThatCannotBeOpenedOnTheStandardErrorStream) {
+  testing::internal::CaptureStderr();
+  const FaultPlan opening(Call::openForAppending, 1, platform::errorAccessDenied);
+  write_to_file(path_, false)("App", "message\n");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "boost::logging: 1 message could not be written to " + path_ + ", error 5\n");
+}
+
 TEST_F(WriteToFile, TriesAFailedOpenAgainWithTheNextMessage) {
   const write_to_file appender(path_, false);
   {

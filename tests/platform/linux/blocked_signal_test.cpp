@@ -2,8 +2,10 @@
 #include "platform/linux/blocked_signal.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <csignal>
+#include <ctime>
 
 namespace {
 
@@ -51,6 +53,51 @@ TEST(BlockedSignal, ThatIsIgnoredIsConsumedAsWell) {
     EXPECT_EQ(sigismember(&pending, SIGUSR1), 0);
   }
   ::sigaction(SIGUSR1, &former, nullptr);
+}
+
+enum class Sent { never, toThread, toProcess };
+
+void sendToProcess() { ::sigqueue(::getpid(), SIGUSR1, {}); }
+
+/// Takes a pending SIGUSR1.
+Sent takePending() {
+  sigset_t set;
+  sigemptyset(&set);
+  sigaddset(&set, SIGUSR1);
+  siginfo_t info{};
+  const timespec atOnce{};
+  if (::sigtimedwait(&set, &info, &atOnce) != SIGUSR1) return Sent::never;
+  return info.si_code == SI_QUEUE ? Sent::toProcess : Sent::toThread;
+}
+
+TEST(BlockedSignal, ThatTheProcessHadBeforeStaysAndThatOfTheWriteGoes) {
+  const BlockedSignal outer(SIGUSR1);
+  sendToProcess();
+  BlockedSignal blocked(SIGUSR1);
+  ::raise(SIGUSR1);
+  blocked.consume();
+  EXPECT_EQ(takePending(), Sent::toProcess);
+  EXPECT_EQ(takePending(), Sent::never);
+}
+
+TEST(BlockedSignal, ThatTheProcessGetsMeanwhileStaysAndThatOfTheWriteGoes) {
+  const BlockedSignal outer(SIGUSR1);
+  BlockedSignal blocked(SIGUSR1);
+  sendToProcess();
+  ::raise(SIGUSR1);
+  blocked.consume();
+  EXPECT_EQ(takePending(), Sent::toProcess);
+  EXPECT_EQ(takePending(), Sent::never);
+}
+
+TEST(BlockedSignal, ThatTheThreadHadBeforeStays) {
+  const BlockedSignal outer(SIGUSR1);
+  ::raise(SIGUSR1);
+  BlockedSignal blocked(SIGUSR1);
+  ::raise(SIGUSR1);
+  blocked.consume();
+  EXPECT_EQ(takePending(), Sent::toThread);
+  EXPECT_EQ(takePending(), Sent::never);
 }
 
 TEST(BlockedSignal, ConsumingWhereNoneCameDoesNotWait) {

@@ -7,43 +7,27 @@
 #include "platform/append_file.h"
 #include "platform/console.h"
 #include "platform/text_file.h"
+#include "tests/support/linux/replaced_stream.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {
 
+using testsupport::ReplacedStream;
 using testsupport::TemporaryFolder;
-
-// Replaces the standard error stream, by nothing when the file is -1, while it lives.
-class ReplacedConsole {
- public:
-  explicit ReplacedConsole(int _file) : former_(::dup(STDERR_FILENO)) {
-    ::close(STDERR_FILENO);
-    if (_file != -1) ::dup2(_file, STDERR_FILENO);
-  }
-  ~ReplacedConsole() {
-    ::dup2(former_, STDERR_FILENO);
-    ::close(former_);
-  }
-  ReplacedConsole(const ReplacedConsole&) = delete;
-  ReplacedConsole& operator=(const ReplacedConsole&) = delete;
-
- private:
-  int former_;
-};
 
 TEST(BrokenConsole, APipeWithoutAReaderDoesNotEndTheProcess) {
   int ends[2];
   ASSERT_EQ(::pipe(ends), 0);
   ::close(ends[0]);
   {
-    const ReplacedConsole console(ends[1]);
+    const ReplacedStream console(STDERR_FILENO, ends[1]);
     platform::writeConsole("nobody reads this\r\n");
   }
   ::close(ends[1]);
 }
 
 TEST(BrokenConsole, AClosedConsoleIsIgnored) {
-  const ReplacedConsole console(-1);
+  const ReplacedStream console(STDERR_FILENO, -1);
   platform::writeConsole("there is no console\r\n");
 }
 
@@ -51,7 +35,7 @@ TEST(BrokenConsole, NoFileTakesThePlaceOfAClosedConsole) {
   const TemporaryFolder folder;
   testsupport::writeFile(folder.file("text"), "text");
   {
-    const ReplacedConsole console(-1);
+    const ReplacedStream console(STDERR_FILENO, -1);
     platform::ErrorCode error = platform::noError;
     const auto appendFile = platform::AppendFile::open(folder.file("appended"), false, error);
     platform::TextWriter writer(folder.file("written"), platform::TextWriter::Mode::truncate);

@@ -14,8 +14,12 @@ namespace testsupport {
 int inForkedChild(const std::function<int()>& _function) {
   const pid_t child = ::fork();
   if (child == 0) ::_exit(_function());
+  return exitCodeOf(child);
+}
+
+int exitCodeOf(pid_t _child) {
   int status = 0;
-  EXPECT_EQ(::waitpid(child, &status, 0), child);
+  EXPECT_EQ(::waitpid(_child, &status, 0), _child);
   return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 

@@ -11,6 +11,10 @@ namespace testsupport {
 /// @return the result of the function, from 0 to 255; -1 when a signal ended the child.
 int inForkedChild(const std::function<int()>& _function);
 
+/// Waits for the end of a child.
+/// @return its exit code, from 0 to 255; -1 when a signal ended it.
+int exitCodeOf(pid_t _child);
+
 /// A forked child that lives until the object ends, or until it is killed.
 class SleepingChild {
  public:

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <condition_variable>
+#include <functional>
+#include <mutex>
+#include <thread>
+
+namespace testsupport {
+
+/// A thread that stops at a place of the test's choice, for as long as the test wants.
+class ParkedThread {
+ public:
+  /// The function calls park() of the object, the first call of which stops the thread.
+  explicit ParkedThread(const std::function<void(ParkedThread&)>& _function)
+      : thread_([this, _function] { _function(*this); }) {}
+  ~ParkedThread() { release(); }
+  ParkedThread(const ParkedThread&) = delete;
+  ParkedThread& operator=(const ParkedThread&) = delete;
+
+  /// Returns when the test calls release; at once in other threads, and when the thread has stopped before.
+  void park() {
+    std::unique_lock<std::mutex> lock(lock_);
+    if (isParked_ || std::this_thread::get_id() == tester_) return;
+    isParked_ = true;
+    changed_.notify_all();
+    changed_.wait(lock, [this] { return isReleased_; });
+  }
+
+  /// Returns when the thread has stopped.
+  void waitUntilParked() {
+    std::unique_lock<std::mutex> lock(lock_);
+    changed_.wait(lock, [this] { return isParked_; });
+  }
+
+  /// Lets the thread go on and waits for its end.
+  void release() {
+    {
+      const std::lock_guard<std::mutex> lock(lock_);
+      isReleased_ = true;
+      changed_.notify_all();
+    }
+    if (thread_.joinable()) thread_.join();
+  }
+
+ private:
+  std::mutex lock_;
+  std::condition_variable changed_;
+  bool isParked_ = false;
+  bool isReleased_ = false;
+  const std::thread::id tester_ = std::this_thread::get_id();
+  std::thread thread_;
+};
+
+}  // namespace testsupport
