@@ -31,7 +31,9 @@ class AppendFile {
     ErrorCode error = noError;
   };
 
-  /// Opens the file, and creates it when it is missing, with its missing folder and that one's missing parents.
+  /// Opens the file, which must be a regular one, and creates it when it is missing, with its missing folder and that
+  /// one's missing parents (on Linux with modes 0640 and 0750 less the umask). On Linux a symbolic link is followed
+  /// only when its folder belongs to the user or to root and nobody else may write there.
   /// @param _truncate empties an existing file.
   /// @param _error receives the error when the result is null.
   static std::unique_ptr<AppendFile> open(const std::string& _path, bool _truncate, ErrorCode& _error);

@@ -7,7 +7,7 @@
 
 namespace platform {
 
-/// CreateDirectoryA with default security (on Linux mkdir with mode 0777 less the umask): creates one folder, whose
+/// CreateDirectoryA with default security (on Linux mkdir with mode 0750 less the umask): creates one folder, whose
 /// parent must exist. A final separator is allowed.
 /// @param _error receives noError on success, else the last error code.
 /// @return whether the folder was created by this call.

@@ -9,7 +9,7 @@ namespace platform {
 /// One thread at a time may use an object.
 class TextReader {
  public:
-  /// Opens the file. A folder cannot be opened.
+  /// Opens the file, at once: a folder, a pipe, a socket or a device cannot be opened.
   explicit TextReader(const std::string& _path);
   ~TextReader();
   TextReader(const TextReader&) = delete;
@@ -30,9 +30,12 @@ class TextReader {
 /// One thread at a time may use an object.
 class TextWriter {
  public:
+  /// A file that is truncated is one of the configuration, one that is appended to holds records.
   enum class Mode { truncate, append };
 
-  /// Opens the file and creates it when it is missing (on Linux with mode 0666 less the umask); never creates a folder.
+  /// Opens the file, which must be a regular one, and creates it when it is missing (on Linux with mode 0644, one of
+  /// records 0640, less the umask); never creates a folder. On Linux a symbolic link in place of records is followed
+  /// only when its folder belongs to the user or to root and nobody else may write there.
   TextWriter(const std::string& _path, Mode _mode);
   ~TextWriter();
   TextWriter(const TextWriter&) = delete;

@@ -19,6 +19,8 @@
 namespace platform {
 namespace {
 
+constexpr mode_t folderMode = 0750;
+
 // Where others append without a break, the file may never stand still for one who looks at it.
 constexpr int MOST_LOOKS = 50;
 constexpr std::chrono::milliseconds BETWEEN_LOOKS{1};
@@ -30,8 +32,8 @@ AppendFile::Identity identityOf(const struct stat& _status) {
 // Reading serves only to look at the last byte, so a file that may only be written is opened all the same.
 int openForAppending(const std::string& _path, bool _truncate) {
   const int flags = O_APPEND | O_CREAT | (_truncate ? O_TRUNC : 0);
-  const int file = openFile(_path, O_RDWR | flags);
-  return file == -1 && errno == EACCES ? openFile(_path, O_WRONLY | flags) : file;
+  const int file = openFile(_path, O_RDWR | flags, FileRole::log);
+  return file == -1 && errno == EACCES ? openFile(_path, O_WRONLY | flags, FileRole::log) : file;
 }
 
 // Creates the folder of a path with its missing parents.
@@ -41,11 +43,11 @@ int createFolderOf(const std::string& _path) {
   const std::size_t folderEnd = nameBegin == std::string::npos ? nameBegin : _path.find_last_not_of('/', nameBegin);
   if (folderEnd == std::string::npos) return ENOENT;
   const std::string folder = _path.substr(0, folderEnd + 1);
-  if (::mkdir(folder.c_str(), 0777) == 0 || errno == EEXIST) return 0;
+  if (::mkdir(folder.c_str(), folderMode) == 0 || errno == EEXIST) return 0;
   if (errno != ENOENT) return errno;
   const int error = createFolderOf(folder);
   if (error != 0) return error;
-  return ::mkdir(folder.c_str(), 0777) == 0 || errno == EEXIST ? 0 : errno;
+  return ::mkdir(folder.c_str(), folderMode) == 0 || errno == EEXIST ? 0 : errno;
 }
 
 struct OpenedFile {

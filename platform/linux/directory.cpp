@@ -10,11 +10,17 @@
 #include "platform/native_path.h"
 
 namespace platform {
+namespace {
+
+// The folders are those of logs and records.
+constexpr mode_t folderMode = 0750;
+
+}  // namespace
 
 bool createFolder(const std::string& _path, ErrorCode& _error) {
   _error = injectedFault(Call::createDirectory);
   if (_error != noError) return false;
-  if (::mkdir(nativePath(_path).c_str(), 0777) != 0) _error = errnoCode(errno);
+  if (::mkdir(nativePath(_path).c_str(), folderMode) != 0) _error = errnoCode(errno);
   return _error == noError;
 }
 

@@ -2,7 +2,6 @@
 #include "platform/module_version.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -25,24 +24,12 @@ std::string fileNameOf(const std::string& _module) {
   return _module;
 }
 
-// -1 when there is no regular file of the name.
-int openRegularFile(const std::string& _path) {
-  // Without blocking, in case a pipe has the name.
-  const int file = openFile(_path, O_RDONLY | O_NONBLOCK);
-  struct stat status {};
-  if (file != -1 && (::fstat(file, &status) != 0 || !S_ISREG(status.st_mode))) {
-    ::close(file);
-    return -1;
-  }
-  return file;
-}
-
 int openModule(const std::string& _name) {
   for (std::string& folder : moduleFolders()) {
-    const int file = openRegularFile(folder.append("/").append(_name));
+    const int file = openFile(folder.append("/").append(_name), O_RDONLY);
     if (file != -1) return file;
   }
-  return _name == LIBRARY_FILE ? openRegularFile(ownFile()) : -1;
+  return _name == LIBRARY_FILE ? openFile(ownFile(), O_RDONLY) : -1;
 }
 
 bool readAt(int _file, std::uint64_t _offset, unsigned char* _buffer, std::size_t _size) {

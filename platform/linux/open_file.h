@@ -5,11 +5,21 @@
 
 namespace platform {
 
-/// open(2) of a path string, for a file that child processes do not inherit. Never takes the number of a standard
-/// stream that the application has closed, so that what is meant for the stream cannot end up in the file.
-/// @param _flags those of open(2); O_CLOEXEC and O_NOCTTY are added, a new file gets mode 0666 less the umask.
+/// What a file serves for.
+enum class FileRole {
+  configuration,  ///< a new one may be read by everybody (0644 less the umask)
+  /// A log or a file of records: a new one may be read by the group (0640 less the umask). A symbolic link in its place
+  /// is followed only when its folder belongs to the user or to root and nobody else may write there.
+  log,
+};
+
+/// open(2) of a path string, for a regular file that child processes do not inherit. Anything else in place of the file
+/// fails at once, with EISDIR for a folder and EACCES for a pipe, a device or a link that is not to be followed. Never
+/// takes the number of a standard stream that the application has closed, so that what is meant for the stream cannot
+/// end up in the file.
+/// @param _flags those of open(2); O_CLOEXEC, O_NOCTTY and O_NONBLOCK are added.
 /// @return the file, or -1 with errno set.
-int openFile(const std::string& _path, int _flags);
+int openFile(const std::string& _path, int _flags, FileRole _role = FileRole::configuration);
 
 /// The file under a number above those of the standard streams, which an application may have closed: what is meant for
 /// a stream must not end up in a file.

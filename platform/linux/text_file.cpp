@@ -2,7 +2,6 @@
 #include "platform/text_file.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <array>
@@ -15,12 +14,6 @@
 
 namespace platform {
 namespace {
-
-// The system lets a folder be opened for reading, and fails only when it is read.
-bool isFolder(int _file) {
-  struct stat status {};
-  return ::fstat(_file, &status) == 0 && S_ISDIR(status.st_mode);
-}
 
 void closeFile(int _file) {
   if (_file != -1 && injectedFault(Call::closeFile) == noError) ::close(_file);
@@ -38,10 +31,6 @@ void appendWithLineFeeds(std::string& _text, std::string_view _raw) {
 TextReader::TextReader(const std::string& _path) {
   if (injectedFault(Call::openForReading) != noError) return;
   file_ = openFile(_path, O_RDONLY);
-  if (file_ != -1 && isFolder(file_)) {
-    ::close(file_);
-    file_ = -1;
-  }
 }
 
 TextReader::~TextReader() { closeFile(file_); }
@@ -64,7 +53,8 @@ bool TextReader::readAll(std::string& _text) {
 
 TextWriter::TextWriter(const std::string& _path, Mode _mode) {
   if (injectedFault(Call::openForWriting) != noError) return;
-  file_ = openFile(_path, O_WRONLY | O_CREAT | (_mode == Mode::truncate ? O_TRUNC : O_APPEND));
+  file_ = _mode == Mode::truncate ? openFile(_path, O_WRONLY | O_CREAT | O_TRUNC, FileRole::configuration)
+                                  : openFile(_path, O_WRONLY | O_CREAT | O_APPEND, FileRole::log);
   if (isOpen()) refreshFileSizeLimit();
 }
 

@@ -19,8 +19,14 @@ namespace {
 
 constexpr std::size_t LARGEST_WRITE = 1 << 20;
 
+HANDLE handleOf(int _file) { return reinterpret_cast<HANDLE>(::_get_osfhandle(_file)); }
+
 int openFile(const std::string& _path, int _flags) {
-  return ::_sopen(_path.c_str(), _flags | _O_TEXT | _O_NOINHERIT, _SH_DENYNO, _S_IREAD | _S_IWRITE);
+  const int file = ::_sopen(_path.c_str(), _flags | _O_TEXT | _O_NOINHERIT, _SH_DENYNO, _S_IREAD | _S_IWRITE);
+  // A device has its name in every folder.
+  if (file == -1 || ::GetFileType(handleOf(file)) == FILE_TYPE_DISK) return file;
+  ::_close(file);
+  return -1;
 }
 
 void closeFile(int _file) {
@@ -61,7 +67,7 @@ bool TextWriter::isOpen() const { return file_ != -1; }
 bool TextWriter::write(const std::string& _text) {
   if (!isOpen()) return false;
   // The run-time appends by a seek and a write; between them nobody else may append.
-  const AppendLock lock(reinterpret_cast<HANDLE>(::_get_osfhandle(file_)), nullptr);
+  const AppendLock lock(handleOf(file_), nullptr);
   std::size_t done = 0;
   while (done < _text.size()) {
     if (injectedFault(Call::write) != noError) return false;

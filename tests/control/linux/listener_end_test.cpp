@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <unistd.h>
 
-#include <fstream>
+#include <future>
 #include <thread>
 
 #include "boost/logging/logging.hpp"
-#include "platform/native_path.h"
 #include "tests/control/listener_fixture.h"
 #include "tests/support/linux/forked_child.h"
-#include "tests/support/linux/named_pipe.h"
 #include "tests/support/linux/shared_memory_mount.h"
 
 namespace {
@@ -17,23 +15,32 @@ using namespace platform;
 
 class ListenerEnd : public testsupport::Listener {};
 
-// The class list is a pipe: the update is in its middle until the test writes the list.
+// An update that stands still, once begun, until the test lets it go on.
+class HeldUpdate {
+ public:
+  void letGo() { mayGoOn_.set_value(); }
+
+ private:
+  std::promise<void> mayGoOn_;
+  const testsupport::CallHook hook_{platform::Call::openForReading, 1, [this] { mayGoOn_.get_future().wait(); }};
+};
+
 TEST_F(ListenerEnd, WaitsForAnUpdateInItsMiddle) {
   const boost::logging::logger late("Listener.late");
   ASSERT_TRUE(Quillmark_logging::updateLogLevels());
   ASSERT_FALSE(late.is_enabled());
-  const std::string list = nativePath(classesPath());
-  testsupport::makeNamedPipe(list);
   auto handler = std::make_unique<LogEventHandler>();
   ASSERT_TRUE(waitUntilListening(*handler));
   const Handle thread = duplicateHandle(handler->getThreadHandle());
   const Handle event = openEvent("QMRK_LOG_EVENT");
+  writeClasses("Listener.late;");
+  HeldUpdate update;
   ASSERT_TRUE(setEvent(event));
   ASSERT_TRUE(cout_.waitFor("WAIT_OBJECT_0 (0)"));
   std::thread end([&handler] { handler.reset(); });
   EXPECT_EQ(waitForThread(thread, 1500), waitTimeout);
   EXPECT_FALSE(late.is_enabled());
-  std::ofstream(list) << "Listener.late;";
+  update.letGo();
   end.join();
   EXPECT_TRUE(late.is_enabled());
   EXPECT_EQ(waitForThread(thread, 0), waitObject);
@@ -46,19 +53,16 @@ TEST_F(ListenerEnd, WaitsForAnUpdateInItsMiddle) {
 
 TEST_F(ListenerEnd, AbsorbsASettingDuringTheUpdateByTheResetAfterIt) {
   ASSERT_TRUE(Quillmark_logging::updateLogLevels());
-  const std::string list = nativePath(classesPath());
-  testsupport::makeNamedPipe(list);
   LogEventHandler handler;
   ASSERT_TRUE(waitUntilListening(handler));
+  HeldUpdate update;
   ASSERT_TRUE(signal());
   ASSERT_TRUE(cout_.waitFor("WAIT_OBJECT_0 (0)"));
   ASSERT_TRUE(signal());
-  std::ofstream(list) << "Listener.one;";
+  update.letGo();
   ASSERT_TRUE(cout_.waitFor("resetEvent() returns true"));
   EXPECT_EQ(waitForThread(handler.getThreadHandle(), 100), waitTimeout);
   EXPECT_EQ(cout_.count("WAIT_OBJECT_0 (0)"), 1);
-  testsupport::removeAll(list);
-  writeClasses("Listener.one;");
   stop(handler);
 }
 

@@ -3,17 +3,30 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <fstream>
+#include <string>
+
 #include "platform/append_file.h"
 #include "platform/console.h"
 #include "platform/text_file.h"
+#include "tests/support/linux/shared_memory_mount.h"
 
-// The device /dev/full is always full: opening succeeds, every write fails with ENOSPC.
+// On a file system that is full a file can be opened, but every write fails with ENOSPC.
 
 namespace {
 
-constexpr char FULL[] = "\\dev\\full";
+constexpr char FULL[] = "\\dev\\shm\\log";
 
-TEST(FullDisk, AnAppendedMessageFailsWithDiskFull) {
+class FullDisk : public ::testing::Test {
+ protected:
+  FullDisk() {
+    testsupport::mountSharedMemory("size=4k");
+    std::ofstream("/dev/shm/filler") << std::string(4096, 'x');
+  }
+  ~FullDisk() override { testsupport::unmountSharedMemory(); }
+};
+
+TEST_F(FullDisk, AnAppendedMessageFailsWithDiskFull) {
   platform::ErrorCode error = platform::noError;
   const auto file = platform::AppendFile::open(FULL, false, error);
   ASSERT_NE(file, nullptr);
@@ -26,14 +39,14 @@ TEST(FullDisk, AnAppendedMessageFailsWithDiskFull) {
   EXPECT_TRUE(file->isStillAt(FULL));
 }
 
-TEST(FullDisk, AWrittenTextFails) {
+TEST_F(FullDisk, AWrittenTextFails) {
   platform::TextWriter writer(FULL, platform::TextWriter::Mode::append);
   ASSERT_TRUE(writer.isOpen());
   EXPECT_FALSE(writer.write("text"));
   EXPECT_TRUE(writer.write(""));
 }
 
-TEST(FullDisk, AFullConsoleIsIgnored) {
+TEST_F(FullDisk, AFullConsoleIsIgnored) {
   const int former = ::dup(STDERR_FILENO);
   const int full = ::open("/dev/full", O_WRONLY | O_CLOEXEC);
   ASSERT_GE(full, 0);
