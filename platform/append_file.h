@@ -61,7 +61,7 @@ class AppendFile {
   Identity identity() const { return identity_; }
 
   /// Whether the path still names the open file: false once it was removed, renamed or replaced, or its folder was;
-  /// true as well when that cannot be told. On Linux a change of the file size limit counts from the next call on.
+  /// true as well when that cannot be told.
   bool isStillAt(const std::string& _path) const;
 
  private:

@@ -2,14 +2,25 @@
 #include "platform/clock.h"
 
 #include <ctime>
+#include <mutex>
 
 #include "platform/fault.h"
+#include "platform/fork_handlers.h"
 
 namespace platform {
 namespace {
 
 constexpr std::int64_t MILLISECONDS_PER_SECOND = 1000;
 constexpr std::int64_t NANOSECONDS_PER_MILLISECOND = 1000000;
+
+// The C library keeps the time zone under a lock, which a fork leaves held in the child when another thread has it. So
+// no thread of ours may be inside at that moment.
+constinit std::mutex timeZoneLock;
+
+[[maybe_unused]] const bool isRegistered = [] {
+  registerForkHandlers([] { timeZoneLock.lock(); }, [] { timeZoneLock.unlock(); }, [] { timeZoneLock.unlock(); });
+  return true;
+}();
 
 // 0 when the clock cannot be read.
 std::int64_t read(clockid_t _clock) {
@@ -31,6 +42,7 @@ LocalTime toLocalTime(std::int64_t _milliseconds) {
   if (millisecond < 0) millisecond += MILLISECONDS_PER_SECOND;
   const std::time_t seconds = (_milliseconds - millisecond) / MILLISECONDS_PER_SECOND;
   std::tm local{};
+  const std::lock_guard<std::mutex> lock(timeZoneLock);
   if (::localtime_r(&seconds, &local) == nullptr) return {};
   return {local.tm_year + 1900,         local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec,
           static_cast<int>(millisecond)};

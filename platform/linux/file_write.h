@@ -8,12 +8,14 @@
 namespace platform {
 
 /// Finds out anew whether the process has a file size limit (RLIMIT_FSIZE). Called when a file is opened and now and
-/// then later, because asking before each write would cost a system call.
+/// then later, because asking before each write would cost a system call. Where nobody handles the signal SIGXFSZ,
+/// which would end the process, a handler is set that ignores it for writeToFile and ends the process for any other
+/// write, as before.
 void refreshFileSizeLimit();
 
-/// write(2), repeated only when a signal interrupted it before it wrote anything. Where the process has a file size
-/// limit, a write beyond it fails with EFBIG and the signal SIGXFSZ does not reach the application; the system calls
-/// for that are made only then.
+/// write(2), repeated only when a signal interrupted it before it wrote anything. A write beyond the file size limit
+/// fails with EFBIG and does not end the process, also when the limit was set a moment ago. A handler of the
+/// application's own is not called once the limit is known; the system calls for that are made only then.
 /// @return the bytes written, or -1 with errno set.
 ssize_t writeToFile(int _file, const char* _data, std::size_t _size);
 

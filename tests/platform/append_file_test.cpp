@@ -226,50 +226,6 @@ TEST_F(AppendFileTest, IsNoLongerAtItsPathWhenAnotherFileTookIt) {
   EXPECT_FALSE(file->isStillAt(path_));
 }
 
-TEST_F(AppendFileTest, ReopensAtItsPathWhatWasRenamed) {
-  const auto file = open(path_);
-  EXPECT_TRUE(append(*file, "1\n"));
-  std::filesystem::rename(platform::nativePath(path_), platform::nativePath(folder_.file("moved.log")));
-  EXPECT_EQ(file->reopen(path_, false), platform::noError);
-  EXPECT_TRUE(file->isStillAt(path_));
-  EXPECT_TRUE(append(*file, "2\n"));
-  EXPECT_EQ(readFile(folder_.file("moved.log")), testsupport::nativeLineEnds("1\n"));
-  EXPECT_EQ(readFile(path_), testsupport::nativeLineEnds("2\n"));
-}
-
-TEST_F(AppendFileTest, TellsWhyItCannotReopenAndCanLater) {
-  const auto file = open(path_);
-  const FaultPlan plan(Call::openForAppending, 1, platform::errorDiskFull);
-  EXPECT_EQ(file->reopen(path_, false), platform::errorDiskFull);
-  EXPECT_EQ(file->reopen(path_, true), platform::noError);
-  EXPECT_TRUE(append(*file, "1"));
-  EXPECT_EQ(readFile(path_), "1");
-}
-
-TEST_F(AppendFileTest, MessagesThatAreAppendedWhileItIsReopenedGoWholeToTheOneFileOrTheOther) {
-  constexpr int messageCount = 20000;
-  const auto file = open(path_);
-  std::atomic<bool> isDone{false};
-  std::thread writer([&file, &isDone] {
-    for (int i = 0; i < messageCount; ++i)
-      EXPECT_TRUE(append(*file, "0123456789\n"));
-    isDone = true;
-  });
-  int fileCount = 0;
-  while (!isDone && fileCount < 200) {
-    std::filesystem::rename(platform::nativePath(path_),
-                            platform::nativePath(folder_.file(std::to_string(fileCount++))));
-    EXPECT_EQ(file->reopen(path_, false), platform::noError);
-  }
-  writer.join();
-  std::string all = readFile(path_);
-  for (int i = 0; i < fileCount; ++i)
-    all += readFile(folder_.file(std::to_string(i)));
-  const std::string line = testsupport::nativeLineEnds("0123456789\n");
-  EXPECT_EQ(all.size(), messageCount * line.size());
-  EXPECT_EQ(testsupport::replaced(all, line, ""), "");
-}
-
 TEST_F(AppendFileTest, ThePlannedOpenFailsWithItsCodeAndCreatesNothing) {
   const FaultPlan plan(Call::openForAppending, 2, platform::errorDiskFull);
   EXPECT_NE(open(folder_.file("one")), nullptr);

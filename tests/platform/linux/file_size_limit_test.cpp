@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: MIT
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <csignal>
 #include <ctime>
 #include <memory>
 
 #include "platform/append_file.h"
+#include "platform/linux/file_descriptor.h"
 #include "platform/text_file.h"
 #include "tests/support/linux/file_size_limit.h"
 #include "tests/support/temporary_folder.h"
@@ -69,12 +73,31 @@ TEST_F(FileSizeLimitTest, MessagesArriveAgainWhenTheLimitIsLifted) {
   EXPECT_EQ(readFile(path_), "full+");
 }
 
-TEST_F(FileSizeLimitTest, ALimitSetLaterCountsFromTheNextLookAtThePath) {
+TEST_F(FileSizeLimitTest, AMessageBeyondALimitThatWasSetAMomentAgoDoesNotEndTheProcess) {
   const auto file = open();
   EXPECT_EQ(file->append("full", 4).error, platform::noError);
   const FileSizeLimit limit(4);
-  EXPECT_TRUE(file->isStillAt(path_));
-  EXPECT_NE(file->append("x", 1).error, platform::noError);
+  EXPECT_EQ(file->append("x", 1).error, static_cast<ErrorCode>(EFBIG));
+  EXPECT_EQ(file->append("x", 1).error, static_cast<ErrorCode>(EFBIG));
+}
+
+/// The signal that ends a forked child which writes beyond a limit by itself; 0 for none.
+int endOfAWriterBeyondTheLimit(int _file) {
+  const pid_t child = ::fork();
+  if (child == 0) {
+    const FileSizeLimit limit(0);
+    ::_exit(::write(_file, "x", 1) == -1 ? 0 : 1);
+  }
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  return WIFSIGNALED(status) ? WTERMSIG(status) : 0;
+}
+
+TEST_F(FileSizeLimitTest, TheApplicationsOwnWriteBeyondTheLimitEndsTheProcessAsEver) {
+  const auto file = open();
+  EXPECT_EQ(file->append("x", 1).error, platform::noError);
+  const platform::FileDescriptor own(::open((folder_.path() + "/own").c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600));
+  EXPECT_EQ(endOfAWriterBeyondTheLimit(own.get()), SIGXFSZ);
 }
 
 TEST_F(FileSizeLimitTest, ATextBeyondTheLimitFailsAndTheProcessGoesOn) {
