@@ -19,9 +19,10 @@ class alignas(64) ReaderSlot {
   ReaderSlot& operator=(const ReaderSlot&) = delete;
 
   /// Takes a free slot and holds the object that is published, or null, until leave().
+  /// @param _published a std::atomic<T*>, or what a test puts in its place.
   /// @return false when the slot is taken; _object is then undefined.
-  template <typename T>
-  bool tryHold(const std::atomic<T*>& _published, T*& _object) {
+  template <typename Published, typename T>
+  bool tryHold(const Published& _published, T*& _object) {
     _object = _published.load(std::memory_order_acquire);
     std::uintptr_t expected = FREE;
     if (!shown_.compare_exchange_strong(expected, taken(_object), std::memory_order_seq_cst,
@@ -36,12 +37,12 @@ class alignas(64) ReaderSlot {
   void take() { shown_.store(taken(nullptr), std::memory_order_relaxed); }
 
   /// Holds the object that is published in a slot that the caller has taken.
-  template <typename T>
-  T* hold(const std::atomic<T*>& _published) {
-    T* object = _published.load(std::memory_order_acquire);
+  template <typename Published>
+  auto* hold(const Published& _published) {
+    auto* object = _published.load(std::memory_order_acquire);
     while (true) {
       shown_.store(taken(object), std::memory_order_seq_cst);
-      T* const now = _published.load(std::memory_order_seq_cst);
+      auto* const now = _published.load(std::memory_order_seq_cst);
       if (now == object) return object;
       object = now;
     }

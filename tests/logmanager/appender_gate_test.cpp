@@ -12,7 +12,10 @@
 
 #include "boost/logging/logging.hpp"
 #include "logmanager/callable.h"
+#include "platform/process.h"
+#include "tests/support/fault_plan.h"
 #include "tests/support/parked_thread.h"
+#include "tests/support/sleeping_thread.h"
 
 namespace {
 
@@ -133,6 +136,34 @@ TEST(AppenderGate, PassesAHandedOverMessageOnWithItsDepth) {
   EXPECT_EQ(calls, 0);
   inside.release();
   EXPECT_EQ(calls, 6);
+  bl::del_appender(bl::get_default_log_manager(), "*", "A");
+}
+
+TEST(AppenderGate, SeesAMessageThatIsHandedOverWhileTheThreadInsideLeaves) {
+  bl::flush_log_cache();
+  const bl::logger closed("G6.closed");
+  std::vector<std::string> got;
+  std::atomic<std::uint32_t> insideId{0};
+  testsupport::ParkedThread inside([&](testsupport::ParkedThread& _thread) {
+    insideId = platform::threadId();
+    addParked(_thread, "G6.closed", [&](const std::string&, const std::string& _message) { got.push_back(_message); });
+    closed.write("first");
+  });
+  inside.waitUntilParked();
+  bl::add_appender(
+      bl::get_default_log_manager(), "G6.open",
+      [&](const std::string&, const std::string&) {
+        // The gate was found closed; the time of the message is read before it is handed over.
+        const testsupport::CallHook hook(platform::Call::clock, 1, [&] {
+          inside.letGo();
+          EXPECT_TRUE(testsupport::waitUntilThreadSleeps(insideId));
+        });
+        closed.write("handed over");
+      },
+      "A", 100);
+  bl::logger("G6.open").write("message");
+  inside.release();
+  EXPECT_EQ(got, (std::vector<std::string>{"first", "handed over"}));
   bl::del_appender(bl::get_default_log_manager(), "*", "A");
 }
 

@@ -33,13 +33,16 @@ class ParkedThread {
     changed_.wait(lock, [this] { return isParked_; });
   }
 
+  /// Lets the thread go on.
+  void letGo() {
+    const std::lock_guard<std::mutex> lock(lock_);
+    isReleased_ = true;
+    changed_.notify_all();
+  }
+
   /// Lets the thread go on and waits for its end.
   void release() {
-    {
-      const std::lock_guard<std::mutex> lock(lock_);
-      isReleased_ = true;
-      changed_.notify_all();
-    }
+    letGo();
     if (thread_.joinable()) thread_.join();
   }
 
