@@ -56,25 +56,31 @@ bool AppenderGate::handOver(HandedOver _message) {
 }
 
 void AppenderGate::exit(ThreadState& _thread, const Callable& _appender) {
-  HandedOver handedOver;
-  while (takeOrOpen(handedOver)) {
-    const MessageScope scope(_thread, handedOver.time, handedOver.depth);
-    callAppender(_appender, handedOver.logName, handedOver.message);
-  }
+  while (!openUnlessHandedOver())
+    passOn(_thread, _appender);
 }
 
-// Takes what was handed over first, or opens the gate when there is nothing.
-bool AppenderGate::takeOrOpen(HandedOver& _message) {
+bool AppenderGate::openUnlessHandedOver() {
   const std::lock_guard<ProcessLock> lock(lock_);
-  restartInChild();
-  if (!handedOver_ || handedOver_->empty()) {
-    inside_.unlock();
-    return false;
+  if (handedOver_) {
+    restartInChild();
+    if (handedOver_ && !handedOver_->empty()) return false;
   }
-  _message = std::move(handedOver_->front());
-  handedOver_->pop_front();
-  handedOverSize_ -= _message.size();
+  inside_.unlock();
   return true;
+}
+
+// Only the thread inside takes out, so there still is a message.
+void AppenderGate::passOn(ThreadState& _thread, const Callable& _appender) {
+  HandedOver handedOver;
+  {
+    const std::lock_guard<ProcessLock> lock(lock_);
+    handedOver = std::move(handedOver_->front());
+    handedOver_->pop_front();
+    handedOverSize_ -= handedOver.size();
+  }
+  const MessageScope scope(_thread, handedOver.time, handedOver.depth);
+  callAppender(_appender, handedOver.logName, handedOver.message);
 }
 
 void AppenderGate::restartInChild() {

@@ -44,7 +44,8 @@ class AppenderGate {
   bool enter(ThreadState& _thread, const Callable& _appender, const std::string& _logName, const std::string& _message);
   bool handOver(HandedOver _message);
   void exit(ThreadState& _thread, const Callable& _appender);
-  bool takeOrOpen(HandedOver& _message);
+  bool openUnlessHandedOver();
+  void passOn(ThreadState& _thread, const Callable& _appender);
   void restartInChild();
 
   /// Held while a thread is inside. Given back under the other lock only, so that whoever finds it held there knows

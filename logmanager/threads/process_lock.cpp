@@ -9,10 +9,8 @@ namespace {
 
 constexpr std::uint32_t STAMP_STEP = 4;
 
-constinit std::atomic<std::uint32_t> stamp{STAMP_STEP};
-
 void beginInChild() {
-  stamp.fetch_add(STAMP_STEP, std::memory_order_relaxed);
+  stampOfThisProcess.fetch_add(STAMP_STEP, std::memory_order_relaxed);
   InsideMark::keepInChild(threadState());
 }
 
@@ -24,7 +22,7 @@ void beginInChild() {
 
 }  // namespace
 
-std::uint32_t processStamp() { return stamp.load(std::memory_order_relaxed); }
+constinit std::atomic<std::uint32_t> stampOfThisProcess{STAMP_STEP};
 
 // NOLINTNEXTLINE(readability-identifier-naming): Lockable's name
 bool ProcessLock::try_lock() {

@@ -8,8 +8,11 @@ namespace boost::logging::detail {
 
 struct ThreadState;
 
+/// What processStamp reads.
+extern constinit std::atomic<std::uint32_t> stampOfThisProcess;
+
 /// Differs from the stamp of every process that this one was forked from. The two lowest bits are free for others.
-std::uint32_t processStamp();
+inline std::uint32_t processStamp() { return stampOfThisProcess.load(std::memory_order_relaxed); }
 
 /// A mutex that a fork cannot leave held: what a thread of the parent holds counts as free in the child, where that
 /// thread does not exist. Without destructor and registration, so that it costs nothing to have many. It satisfies

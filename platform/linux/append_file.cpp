@@ -19,7 +19,7 @@
 namespace platform {
 namespace {
 
-constexpr mode_t folderMode = 0750;
+constexpr mode_t logFolderMode = 0750;
 
 // Where others append without a break, the file may never stand still for one who looks at it.
 constexpr int MOST_LOOKS = 50;
@@ -43,11 +43,11 @@ int createFolderOf(const std::string& _path) {
   const std::size_t folderEnd = nameBegin == std::string::npos ? nameBegin : _path.find_last_not_of('/', nameBegin);
   if (folderEnd == std::string::npos) return ENOENT;
   const std::string folder = _path.substr(0, folderEnd + 1);
-  if (::mkdir(folder.c_str(), folderMode) == 0 || errno == EEXIST) return 0;
+  if (::mkdir(folder.c_str(), logFolderMode) == 0 || errno == EEXIST) return 0;
   if (errno != ENOENT) return errno;
   const int error = createFolderOf(folder);
   if (error != 0) return error;
-  return ::mkdir(folder.c_str(), folderMode) == 0 || errno == EEXIST ? 0 : errno;
+  return ::mkdir(folder.c_str(), logFolderMode) == 0 || errno == EEXIST ? 0 : errno;
 }
 
 struct OpenedFile {
