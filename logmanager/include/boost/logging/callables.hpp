@@ -31,7 +31,8 @@ using appender = boost::function<void(const std::string& /*log_name*/, const std
 using modifier = boost::function<void(const std::string& /*log_name*/, std::string& /*message*/)>;
 
 /// Appender: writes the message to the standard output (std::cout) and flushes it. Messages of several threads stay
-/// whole.
+/// whole. An output that fails, as a closed pipe or a full disk does, does not end the process; the next message tries
+/// again.
 BOOST_LOGGING_API void write_to_cout(const std::string& _logName, const std::string& _message);
 
 /// Appender: writes each message to a file by one append of the system, so that several threads and processes can share
@@ -43,9 +44,10 @@ class write_to_file {
   BOOST_LOGGING_API write_to_file(const std::string& _fileName, bool _overwrite);
 
   /// Appends the message. A file that was removed, renamed or replaced, or whose folder was, is made anew within a
-  /// second. A message that cannot be written is lost and counted; the next one tries again, and a line before the
-  /// first that can be written tells how many were lost. What a failed write or a killed process left of a message is
-  /// ended by a line end before the next message.
+  /// second. A message that cannot be written is lost, counted, and reported on the standard error stream at most once
+  /// a minute for each file; the next one tries again, and a line before the first that can be written tells how many
+  /// were lost. What a failed write or a killed process left of a message is ended by a line end before the next
+  /// message.
   BOOST_LOGGING_API void operator()(const std::string& _logName, const std::string& _message) const;
 
  private:

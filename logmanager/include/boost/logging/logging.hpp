@@ -46,7 +46,8 @@ BOOST_LOGGING_API void enable_logs(default_log_manager& _manager, const std::str
 
 /// Until its first call every message is kept, with its time, the latest 1 MiB of text; the call writes what was kept
 /// through the callables that are connected then, for the logs that are on then, after a line that tells how many
-/// messages were dropped, if any. Later calls have no effect.
+/// messages were dropped, if any. What other threads log meanwhile is kept for two more rounds; then they wait for the
+/// call to return. Later calls have no effect.
 BOOST_LOGGING_API void flush_log_cache();
 
 }  // namespace logging
