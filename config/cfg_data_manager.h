@@ -59,8 +59,8 @@ class CfgDataManager {
   /// Appends the whole text of the CA's .init file to _logClasses. A failure leaves an error record where it can.
   bool getEnabledLogClasses(const std::string& _ca, std::string& _logClasses);
 
-  /// Replaces the text of the CA's .init file. An empty list is refused. A file that cannot be opened leaves an error
-  /// record where it can.
+  /// Replaces the text of the CA's .init file. An empty list is refused. A file that cannot be opened or written
+  /// leaves an error record where it can.
   bool setEnabledLogClasses(const std::string& _ca, const std::string& _logClasses);
 
   /// Appends one line, stamped with the local time, to qmrk.info in the log root of the CA. The folder must exist.

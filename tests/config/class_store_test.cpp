@@ -185,9 +185,11 @@ TEST_F(ClassStore, SettingAWritableFileThatCannotBeOpenedLeavesAShorterRecord) {
   EXPECT_EQ(recordsIn(infoFile()), Records{"Failed to open file " + sandbox_.initPath("CA12") + " [CA12] "});
 }
 
-TEST_F(ClassStore, SettingIsAFailureWhenTheDiskIsFull) {
+TEST_F(ClassStore, SettingLeavesARecordWhenTheDiskIsFull) {
+  makeFolders(sandbox_.logFolder());
   const FaultPlan failure(Call::write, 1, platform::errorDiskFull);
   EXPECT_FALSE(store_->setEnabledLogClasses("CA12", "A;"));
+  EXPECT_EQ(recordsIn(infoFile()), Records{"Failed to open file " + sandbox_.initPath("CA12") + " [CA12] "});
 }
 
 // ---- Error records ----
@@ -289,6 +291,11 @@ TEST_F(ClassStore, TracesAMissingPath) { EXPECT_TRUE(getTraceMatches("", "config
 TEST_F(ClassStore, TracesANewList) { EXPECT_TRUE(setTraceMatches("CA12", "A;B;", "config_classes_set.txt")); }
 
 TEST_F(ClassStore, TracesARefusedList) { EXPECT_TRUE(setTraceMatches("CA12", "", "config_classes_set_empty.txt")); }
+
+TEST_F(ClassStore, TracesAListForWhichThereIsNoRoomLikeOneThatCannotBeStored) {
+  const FaultPlan failure(Call::write, 1, platform::errorDiskFull);
+  EXPECT_TRUE(setTraceMatches("CA12", "A;", "config_classes_set_failed.txt"));
+}
 
 TEST_F(ClassStore, TracesAListThatCannotBeStored) {
   makeFolders(sandbox_.initPath("CA12"));
