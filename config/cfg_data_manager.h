@@ -76,6 +76,9 @@ class CfgDataManager {
   CfgDataManager() = default;
   ~CfgDataManager() = default;
 
+  /// A lookup in a text by way of a map, of which the trace tells.
+  bool findTraced(std::string& _text, const std::string& _key, std::string& _value);
+
   /// Turns the path of a generic file into that of the CA to which the generic .cfg file redirects.
   void redirectGeneric(std::string& _path, bool _cfg);
 

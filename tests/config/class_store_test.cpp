@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "config/cfg_data_manager.h"
 #include "config/error_record.h"
+#include "platform/text_file.h"
 #include "tests/config/records.h"
 #include "tests/support/as_unprivileged_user.h"
 #include "tests/support/config_sandbox.h"
@@ -101,6 +104,15 @@ TEST_F(ClassStore, AMissingFileLeavesNoRecordWithoutALogFolder) {
 TEST_F(ClassStore, AFolderInThePlaceOfTheFileIsAFailure) {
   makeFolders(sandbox_.initPath("CA12"));
   EXPECT_FALSE(store_->getEnabledLogClasses("CA12", classes_));
+}
+
+TEST_F(ClassStore, AFileThatIsTooLargeLeavesARecord) {
+  makeFolders(sandbox_.logFolder());
+  sandbox_.writeInit("CA12", "A;");
+  std::filesystem::resize_file(testsupport::systemPath(sandbox_.initPath("CA12")), platform::largestTextFile + 1);
+  EXPECT_FALSE(store_->getEnabledLogClasses("CA12", classes_));
+  EXPECT_EQ(classes_, "");
+  EXPECT_EQ(recordsIn(infoFile()), Records{"Failed to open file " + sandbox_.initPath("CA12") + " [CA12] "});
 }
 
 TEST_F(ClassStore, AnUnreadableFileLeavesARecord) {
