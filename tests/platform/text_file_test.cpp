@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -12,7 +11,6 @@
 #include "platform/append_file.h"
 #include "tests/support/as_unprivileged_user.h"
 #include "tests/support/fault_plan.h"
-#include "tests/support/system_path.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {
@@ -94,17 +92,6 @@ TEST_F(TextReaderTest, AppendsToTheText) {
   std::string text = "old\r";
   EXPECT_TRUE(reader.readAll(text));
   EXPECT_EQ(text, "old\rnew");
-}
-
-TEST_F(TextReaderTest, OpensNoFileThatIsTooLarge) {
-  writeFile(path_, "");
-  std::filesystem::resize_file(testsupport::systemPath(path_), platform::largestTextFile);
-  EXPECT_EQ(read(path_).size(), static_cast<std::size_t>(platform::largestTextFile));
-  EXPECT_FALSE(platform::isTooLargeToRead(path_));
-  std::filesystem::resize_file(testsupport::systemPath(path_), platform::largestTextFile + 1);
-  EXPECT_FALSE(TextReader(path_).isOpen());
-  EXPECT_TRUE(platform::isTooLargeToRead(path_));
-  EXPECT_FALSE(platform::isTooLargeToRead(folder_.file("missing")));
 }
 
 TEST_F(TextReaderTest, TurnsCrLfIntoLfAcrossThePartsInWhichItReads) {
