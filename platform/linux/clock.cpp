@@ -6,6 +6,7 @@
 
 #include "platform/fault.h"
 #include "platform/fork_handlers.h"
+#include "platform/linux/time_zone.h"
 
 namespace platform {
 namespace {
@@ -42,7 +43,10 @@ LocalTime toLocalTime(std::int64_t _milliseconds) {
   if (millisecond < 0) millisecond += MILLISECONDS_PER_SECOND;
   const std::time_t seconds = (_milliseconds - millisecond) / MILLISECONDS_PER_SECOND;
   std::tm local{};
+  timespec now{};
+  ::clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
   const std::lock_guard<std::mutex> lock(timeZoneLock);
+  followTimeZone(now.tv_sec);
   if (::localtime_r(&seconds, &local) == nullptr) return {};
   return {local.tm_year + 1900,         local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec,
           static_cast<int>(millisecond)};
