@@ -5,22 +5,37 @@
 #include <utility>
 
 namespace boost::logging::detail {
+namespace {
+
+LinePlan planOf(const std::vector<SharedCallable>& _modifiers) {
+  LinePlan plan;
+  for (const SharedCallable& modifier : _modifiers)
+    plan.add(modifier->modify);
+  return plan;
+}
+
+}  // namespace
 
 const std::vector<SharedCallable>& CallableSet::of(CallableKind _kind) const {
   return _kind == CallableKind::modifier ? modifiers : appenders;
+}
+
+void CallableSet::chooseWay() {
+  writer = appenders.size() == 1 && plan.isUsable() ? appenders.front()->own.writer() : nullptr;
+  writersPlan = writer != nullptr ? keptPlan(plan) : nullptr;
 }
 
 void CallableSet::add(const SharedCallable& _callable) {
   std::vector<SharedCallable>& callables = _callable->kind == CallableKind::modifier ? modifiers : appenders;
   const auto runsLater = [](int _index, const SharedCallable& _other) { return _index < _other->index; };
   callables.insert(std::upper_bound(callables.begin(), callables.end(), _callable->index, runsLater), _callable);
-  if (_callable->kind == CallableKind::modifier) plan = LinePlan(modifiers);
+  if (_callable->kind == CallableKind::modifier) plan = planOf(modifiers);
 }
 
 void CallableSet::removeName(CallableKind _kind, const std::string& _name) {
   std::erase_if(_kind == CallableKind::modifier ? modifiers : appenders,
                 [&_name](const SharedCallable& _callable) { return _callable->name == _name; });
-  if (_kind == CallableKind::modifier) plan = LinePlan(modifiers);
+  if (_kind == CallableKind::modifier) plan = planOf(modifiers);
 }
 
 std::unique_ptr<const CallableSet> withCallable(const CallableSet* _set, const SharedCallable& _callable) {
@@ -34,12 +49,14 @@ std::unique_ptr<const CallableSet> withCallable(const CallableSet* _set, const S
     set->plan = _set->plan;
   }
   set->add(_callable);
+  set->chooseWay();
   return set;
 }
 
 std::unique_ptr<const CallableSet> withoutName(const CallableSet& _set, CallableKind _kind, const std::string& _name) {
   auto set = std::make_unique<CallableSet>(_set);
   set->removeName(_kind, _name);
+  set->chooseWay();
   return set->isEmpty() ? nullptr : std::move(set);
 }
 

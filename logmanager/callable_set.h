@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "logmanager/callable.h"
-#include "logmanager/line_plan.h"
+#include "logmanager/modifiers/line_plan.h"
 
 namespace boost::logging::detail {
 
@@ -16,10 +16,17 @@ struct CallableSet {
   std::vector<SharedCallable> appenders;
   /// Of the modifiers.
   LinePlan plan;
+  /// Set when the plan is usable and a ts_appender is the only appender: statements then leave their text where its
+  /// thread finds it, which makes the line by the plan.
+  BatchHandle* writer = nullptr;
+  const LinePlan* writersPlan = nullptr;
 
   /// Puts the callable, the latest one added, behind those of its index.
   void add(const SharedCallable& _callable);
   void removeName(CallableKind _kind, const std::string& _name);
+
+  /// To be called when the callables are complete.
+  void chooseWay();
 
   const std::vector<SharedCallable>& of(CallableKind _kind) const;
   bool isEmpty() const { return modifiers.empty() && appenders.empty(); }

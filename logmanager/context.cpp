@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "logmanager/context.h"
 
+#include <algorithm>
+
 #include "logmanager/threads/thread_state.h"
 
 namespace boost::logging::detail {
@@ -25,6 +27,22 @@ Context& enterContext(const Log& _log) {
   context->outer = state.innermost;
   state.innermost = context;
   return *context;
+}
+
+void Context::findLane(MessageQueue& _queue) {
+  auto place = std::ranges::find(lanes_, _queue.id(), &LaneOfQueue::queue);
+  if (place == lanes_.end()) {
+    std::erase_if(lanes_, [](const LaneOfQueue& _one) {
+      const bool isOver = _one.lane->isAbandoned();
+      if (isOver) _one.lane->release();
+      return isOver;
+    });
+    lanes_.reserve(lanes_.size() + 1);
+    lanes_.push_back(LaneOfQueue{_queue.id(), _queue.addLane()});
+    place = lanes_.end() - 1;
+  }
+  latestQueue_ = place->queue;
+  latestLane_ = place->lane;
 }
 
 void leaveContext(Context& _context) {

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <vector>
 
+#include "logmanager/appenders/lane.h"
+#include "logmanager/appenders/message_queue.h"
 #include "logmanager/log.h"
 #include "logmanager/statement_stream.h"
 #include "logmanager/threads/reader_slot.h"
@@ -13,8 +17,15 @@ namespace boost::logging::detail {
 struct ThreadState;
 
 /// What one logging statement needs while it runs. The slot keeps the callables alive that its log had at the start.
-struct Context : ReaderSlot {
+class Context : public ReaderSlot {
+ public:
   Context() : stream(*this) {}
+
+  /// The context's lane of the queue. May throw std::bad_alloc.
+  Lane& laneOf(MessageQueue& _queue) {
+    if (latestQueue_ != _queue.id()) findLane(_queue);
+    return *latestLane_;
+  }
 
   StatementStream stream;
   /// Working memory, kept from one statement to the next.
@@ -24,6 +35,20 @@ struct Context : ReaderSlot {
   ThreadState* thread = nullptr;
   /// The statement of the same thread in whose insertion operator, appender or modifier this one runs.
   Context* outer = nullptr;
+
+ private:
+  struct LaneOfQueue {
+    std::uint64_t queue;
+    Lane* lane;
+  };
+
+  void findLane(MessageQueue& _queue);
+
+  /// Of 0, which is no queue's, there is no lane.
+  std::uint64_t latestQueue_ = 0;
+  Lane* latestLane_ = nullptr;
+  /// One for each queue that the context has left messages for, and those that have gone since.
+  std::vector<LaneOfQueue> lanes_;
 };
 
 /// All contexts, for those who replace callables.

@@ -88,6 +88,7 @@ Log& default_log_manager::createLog(const std::string& _name) {
     for (const SharedCallable& callable : rulesOf(kind).callablesOf(_name))
       callables->add(callable);
   }
+  callables->chooseWay();
   Log& log = logs_.create(_name);
   log.enabled.store(enabling_.isEnabled(_name), std::memory_order_relaxed);
   if (!callables->isEmpty()) log.callables.store(callables.release(), std::memory_order_seq_cst);

@@ -25,6 +25,9 @@ class EarlyMessages {
     return phase_.load(std::memory_order_acquire) != Phase::done && keepLocked(_log, _message);
   }
 
+  /// Whether nothing is kept any more, so that a message may go straight on.
+  bool isOver() const { return phase_.load(std::memory_order_acquire) == Phase::done; }
+
   /// Delivers what was kept, in the order of logging; from then on nothing is kept. What other threads log meanwhile is
   /// kept and delivered in two more rounds; during the last one they wait, so that the flush ends however much they
   /// log. Returns when that is done, except inside an appender or modifier, which does not wait for another thread's

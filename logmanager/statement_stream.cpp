@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "logmanager/statement_stream.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstdint>
@@ -8,17 +9,19 @@
 #include <ios>
 #include <limits>
 #include <locale>
+#include <string_view>
+#include <utility>
 
 namespace boost::logging::detail {
 namespace {
 
-LineBuffer& bufferOf(log_stream& _stream) { return static_cast<StatementStream&>(_stream).buffer(); }
+StatementStream& own(log_stream& _stream) { return static_cast<StatementStream&>(_stream); }
 
 /// Of a number, with its sign.
-constexpr std::size_t MOST_DIGITS = std::numeric_limits<unsigned long long>::digits10 + 2;
+constexpr std::size_t mostDigits = std::numeric_limits<unsigned long long>::digits10 + 2;
 
 /// "00" to "99". std::to_chars has such a table, too, but takes twice the instructions.
-constexpr auto PAIRS = [] {
+constexpr auto digitPairs = [] {
   std::array<char, 200> pairs{};
   for (std::size_t i = 0; i < 100; ++i) {
     pairs[2 * i] = static_cast<char>('0' + i / 10);
@@ -27,10 +30,10 @@ constexpr auto PAIRS = [] {
   return pairs;
 }();
 
-const char* pairOf(std::size_t _number) { return &PAIRS[2 * _number]; }
+const char* pairOf(std::size_t _number) { return &digitPairs[2 * _number]; }
 
 /// 0, 10, 100 and so on, to the largest that the type holds.
-constexpr auto POWERS = [] {
+constexpr auto powersOfTen = [] {
   std::array<unsigned long long, 20> powers{0, 10};
   for (std::size_t i = 2; i < powers.size(); ++i)
     powers[i] = 10 * powers[i - 1];
@@ -40,7 +43,7 @@ constexpr auto POWERS = [] {
 std::size_t digitCount(unsigned long long _value) {
   // 1233 / 4096 is the decimal logarithm of 2, near enough for 64 bits.
   const auto count = static_cast<std::size_t>(std::bit_width(_value | 1)) * 1233 / 4096;
-  return _value < POWERS[count] ? count : count + 1;
+  return _value < powersOfTen[count] ? count : count + 1;
 }
 
 /// Puts the last pairs of digits before _end as long as the value is larger than _largest; returns where they begin.
@@ -68,63 +71,122 @@ std::size_t putDigits(char* _place, unsigned long long _value) {
   return count;
 }
 
-/// The state of a stream that nothing was inserted into; its locale is the classic one.
-const std::ios& initialState() {
-  static const std::ios* const state = [] {
-    auto* const initial = new std::ios(nullptr);
-    initial->imbue(std::locale::classic());
-    return initial;
-  }();
-  return *state;
-}
-
 }  // namespace
 
 log_stream::log_stream(std::streambuf* _buffer) : std::ostream(_buffer) {}
 
 log_stream::~log_stream() = default;
 
-void log_stream::put(const char* _text, std::size_t _size) {
+void log_stream::put_otherwise(const char* _text, std::size_t _size) {
   if (!good()) return;
+  if (width() != 0) {
+    static_cast<std::ostream&>(*this) << std::string_view(_text, _size);
+    return;
+  }
   try {
-    bufferOf(*this).append(_text, _size);
+    own(*this).append(_text, _size);
   } catch (...) {
     setstate(std::ios_base::badbit);
   }
 }
 
-void log_stream::put(char _character) { put(&_character, 1); }
-
-void log_stream::put(long long _value) {
-  if (_value >= 0) {
-    put(static_cast<unsigned long long>(_value));
-  } else {
-    put('-');
-    put(0 - static_cast<unsigned long long>(_value));
-  }
-}
-
-void log_stream::put(unsigned long long _value) {
+void log_stream::put_digits(unsigned long long _value) {
   if (!good()) return;
   try {
-    LineBuffer& buffer = bufferOf(*this);
-    buffer.advance(putDigits(buffer.room(MOST_DIGITS), _value));
+    StatementStream& stream = own(*this);
+    stream.advance(putDigits(stream.room(mostDigits), _value));
   } catch (...) {
     setstate(std::ios_base::badbit);
   }
 }
 
-StatementStream::StatementStream(Context& _context) : log_stream(nullptr), context_(_context) { putBack(); }
-
-void StatementStream::restart() {
-  if (mayBeChanged_ || !good()) putBack();
-  buffer_.restart();
+StatementStream::StatementStream(Context& _context) : log_stream(nullptr), context_(_context), buffer_(*this) {
+  putBack();
+  setMemory(usualSize);
 }
 
+void StatementStream::restart(log_stream*& _place) {
+  if (memorySize_ > largestKeptSize) setMemory(usualSize);
+  lane_ = nullptr;
+  restartAt(_place, memory_.get() + roomBefore, memory_.get() + memorySize_);
+}
+
+void StatementStream::restart(log_stream*& _place, Lane& _lane) {
+  lane_ = &_lane;
+  restartAt(_place, _lane.textBegin(), _lane.textEnd());
+}
+
+void StatementStream::restartAt(log_stream*& _place, char* _begin, char* _end) {
+  if (mayBeChanged_) putBack();
+  // Until the end of the statement shows what was done to the stream.
+  mayBeChanged_ = true;
+  place_ = &_place;
+  begin_ = _begin;
+  position_ = _begin;
+  end_ = _end;
+}
+
+void StatementStream::append(const char* _text, std::size_t _size) {
+  std::memcpy(room(_size), _text, _size);
+  position_ += _size;
+}
+
+void StatementStream::makeRoom(std::size_t _size) {
+  const std::size_t used = text().size();
+  if (lane_ == nullptr || !lane_->makeMoreRoom(used, used + _size)) {
+    moveToOwnMemory(_size);
+    return;
+  }
+  begin_ = lane_->textBegin();
+  position_ = begin_ + used;
+  end_ = lane_->textEnd();
+}
+
+void StatementStream::moveToOwnMemory(std::size_t _size) {
+  const std::string_view former = text();
+  const std::size_t size = std::max(2 * memorySize_, roomBefore + former.size() + _size);
+  std::unique_ptr<char[]> memory(new char[size]);
+  std::memcpy(memory.get() + roomBefore, former.data(), former.size());
+  memory_.swap(memory);
+  memorySize_ = size;
+  begin_ = memory_.get() + roomBefore;
+  position_ = begin_ + former.size();
+  end_ = memory_.get() + memorySize_;
+  lane_ = nullptr;
+}
+
+void StatementStream::setMemory(std::size_t _size) {
+  memory_.reset(new char[_size]);
+  memorySize_ = _size;
+}
+
+// What is_plain does not ask for.
+bool StatementStream::isDecorated() const {
+  return precision() != initialState().precision() || fill() != ' ' || exceptions() != std::ios_base::goodbit ||
+         tie() != nullptr || rdbuf() != &buffer_;
+}
+
+// The callback comes with the state that is copied, and is called for the copy as for every change of the locale.
 void StatementStream::putBack() {
   copyfmt(initialState());
   rdbuf(&buffer_);
+  has_other_locale_ = false;
   mayBeChanged_ = false;
+}
+
+void StatementStream::noteChange(std::ios_base::event /*_event*/, std::ios_base& _stream, int /*_index*/) {
+  if (auto* const stream = dynamic_cast<StatementStream*>(&_stream)) stream->has_other_locale_ = true;
+}
+
+/// The state of a stream that nothing was inserted into; its locale is the classic one.
+const std::ios& StatementStream::initialState() {
+  static const std::ios* const state = [] {
+    auto* const initial = new std::ios(nullptr);
+    initial->imbue(std::locale::classic());
+    initial->register_callback(&StatementStream::noteChange, 0);
+    return initial;
+  }();
+  return *state;
 }
 
 }  // namespace boost::logging::detail

@@ -1,36 +1,83 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
+#include <memory>
+#include <string_view>
+
 #include "boost/logging/detail/log_stream.hpp"
+#include "logmanager/appenders/lane.h"
 #include "logmanager/line_buffer.h"
 
 namespace boost::logging::detail {
 
-struct Context;
+class Context;
 
-/// The stream of a context, with its text. Its locale is the classic one, whatever the global locale is. One thread at
-/// a time may use an object.
+/// The stream of a context, with its text: in memory of its own, or in the room of a lane, where it is when the
+/// statement ends. Its locale is the classic one, whatever the global locale is. One thread at a time may use an
+/// object.
 class StatementStream : public log_stream {
  public:
+  /// So many bytes before a text in memory of its own are free, for what comes before it in the line.
+  static constexpr std::size_t roomBefore = 128;
+  /// A lane has to have so much room for a text that is begun there.
+  static constexpr std::size_t usualRoom = 256;
+
   explicit StatementStream(Context& _context);
 
   /// Begins the text of another statement.
-  void restart();
+  /// @param _place becomes null at the end of the statement.
+  void restart(log_stream*& _place);
+  /// The same in the lane, which has made room.
+  void restart(log_stream*& _place, Lane& _lane);
 
-  /// To be called when more, or no more, was done to the stream than what log_stream itself offers: the next restart
-  /// then puts everything back that an insertion can have changed.
+  /// Tells the statement that it has ended.
+  void end() { *place_ = nullptr; }
+
+  /// May throw std::bad_alloc.
+  void append(const char* _text, std::size_t _size);
+
+  /// Where so many bytes can be put behind the text, of which advance() then makes a part of it.
+  char* room(std::size_t _size) {
+    if (static_cast<std::size_t>(end_ - position_) < _size) makeRoom(_size);
+    return position_;
+  }
+  void advance(std::size_t _size) { position_ += _size; }
+
+  std::string_view text() const { return {begin_, static_cast<std::size_t>(position_ - begin_)}; }
+
+  /// Where the text is; null for memory of its own.
+  Lane* lane() const { return lane_; }
+
+  /// To be called at the end of a statement that may have done more to the stream than what log_stream itself offers;
+  /// the next restart puts everything back.
   void noteGeneralUse() { mayBeChanged_ = true; }
-  void noteOwnUse() { mayBeChanged_ = false; }
+  /// To be called at the end of any other one, which still may have changed what can be asked for.
+  void noteOwnUse() { mayBeChanged_ = !is_plain() || !good() || isDecorated(); }
 
-  LineBuffer& buffer() { return buffer_; }
   Context& context() const { return context_; }
 
  private:
+  static constexpr std::size_t usualSize = 1024;
+  static constexpr std::size_t largestKeptSize = 65536;
+
+  static void noteChange(std::ios_base::event _event, std::ios_base& _stream, int _index);
+  static const std::ios& initialState();
+  void restartAt(log_stream*& _place, char* _begin, char* _end);
+  void makeRoom(std::size_t _size);
+  void moveToOwnMemory(std::size_t _size);
+  void setMemory(std::size_t _size);
+  bool isDecorated() const;
   void putBack();
 
   Context& context_;
   LineBuffer buffer_;
+  log_stream** place_ = nullptr;
+  char* begin_ = nullptr;
+  Lane* lane_ = nullptr;
   bool mayBeChanged_ = false;
+  std::size_t memorySize_ = 0;
+  std::unique_ptr<char[]> memory_;
 };
 
 }  // namespace boost::logging::detail

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <utility>
 
 #include "config/cfg_data_manager.h"
 #include "config/cfg_lookup.h"
@@ -60,7 +59,7 @@ bool updateLogLevels(const std::string& _ca) {
     return false;
   }
   // A list of nothing but line ends counts as empty.
-  enabledLogClasses = withoutLineEnds(std::move(enabledLogClasses));
+  enabledLogClasses = withoutLineEnds(enabledLogClasses);
   if (enabledLogClasses.empty()) {
     traceLine("--- Quillmark_logging::updateLogLevels() enabledLogClasses is empty. Disabling all log classes.\r\n");
     disableLogs("*");

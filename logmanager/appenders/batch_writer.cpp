@@ -3,28 +3,25 @@
 
 #include <algorithm>
 #include <boost/chrono/duration.hpp>
-#include <chrono>
-#include <memory>
+#include <boost/thread/thread.hpp>
 #include <utility>
 #include <vector>
-
-#include "logmanager/appenders/batch_writers.h"
-#include "platform/append_file.h"
 
 namespace boost::logging::detail {
 namespace {
 
+using boost::chrono::microseconds;
 using boost::chrono::milliseconds;
 using std::chrono::steady_clock;
 
-constexpr int START_DELAY_MS = 100;
-/// How long the thread goes on looking for text by itself, when there is no interval, before it waits to be woken:
-/// waking it is what costs callers most.
-constexpr int POLL_MS = 5;
-/// How often a caller tries to get the lock, which is held for some instructions only, before it lets itself be
-/// suspended.
-constexpr int LOCK_TRIES = 100;
-constexpr std::size_t LARGEST_KEPT_SIZE = std::size_t{8} * 1024 * 1024;
+/// How long the thread sleeps when more is to be expected: callers then need not wake it, which is what costs them
+/// most.
+constexpr int shortSleepUs = 1250;
+
+void sleepUninterrupted(microseconds _duration) {
+  const boost::this_thread::disable_interruption uninterrupted;
+  boost::this_thread::sleep_for(_duration);
+}
 
 /// Keeps for ever, where a leak checker finds it, what cannot be destroyed.
 template <typename T>
@@ -38,205 +35,190 @@ void abandon(std::unique_ptr<T> _object) {
 BatchWriter::BatchWriter(const appender& _wrapped, int _sleepMs)
     : wrapped_(_wrapped),
       sleepMs_(std::max(_sleepMs, 0)),
-      batch_(new std::string),
+      lock_(new boost::mutex),
+      delivery_(new BatchDelivery(queue_, wrapped_)),
       wake_(new boost::condition_variable),
       ended_(new boost::condition_variable) {}
 
-// The thread, if there is one, is the one that destroys the object, or has ended.
-BatchWriter::~BatchWriter() {
-  if (thread_ && thread_->joinable()) thread_->detach();
+bool BatchWriter::attend() {
+  Lock lock(*lock_);
+  if (writer_ == Writer::none) return true;
+  if (writer_ == Writer::ended) {
+    deliverRest(lock);
+    return false;
+  }
+  hasMore_ = true;
+  if (!std::exchange(isWaiting_, false)) return false;
+  queue_.callForAttention(false);
+  wake_->notify_one();
+  return false;
 }
 
-void BatchWriter::append(const std::string& _text) {
-  Lock lock = lockBriefly();
-  cache_ += _text;
-  if (!hasText_.load(std::memory_order_relaxed)) hasText_.store(true, std::memory_order_release);
-  const bool isToWake = isWaiting_;
-  if (isToWake) isWaiting_ = false;
-  const Writer writer = writer_;
-  if (writer == Writer::ended) deliverRest(lock);
+bool BatchWriter::noteThread() {
+  const Lock lock(*lock_);
+  if (writer_ != Writer::none) return false;
+  writer_ = Writer::running;
+  queue_.callForAttention(false);
+  return true;
+}
+
+void BatchWriter::noteNoThread() {
+  Lock lock(*lock_);
+  if (writer_ == Writer::ended) return;
+  writer_ = Writer::ended;
+  queue_.callForAttention(true);
+  deliverRest(lock);
+}
+
+void BatchWriter::run() {
+  Lock lock(*lock_);
+  threadId_ = boost::this_thread::get_id();
+  delivery_->watch();
+  while (!isStopped_.load(std::memory_order_relaxed)) {
+    const BatchDelivery::Result result = deliverBatch(lock, *delivery_, false);
+    if (result == BatchDelivery::Result::full) continue;
+    if (result != BatchDelivery::Result::nothing) gaps_.noteArrival(steady_clock::now());
+    pause(lock);
+  }
+  queue_.callForAttention(true);
+  deliverAll(lock, *delivery_);
+  writer_ = Writer::ended;
+  ended_->notify_all();
+  const bool isUnused = isUnused_;
   lock.unlock();
-  if (isToWake) wake_->notify_one();
-  if (writer == Writer::none) startAndSleep();
+  if (isUnused) wrapped_.clear();
+  hasEnded_.store(true, std::memory_order_release);
 }
 
 void BatchWriter::stop() {
   {
-    const Lock lock(lock_);
+    const Lock lock(*lock_);
+    isUnused_ = true;
     isStopped_.store(true, std::memory_order_relaxed);
     if (writer_ != Writer::running) return;
     wake_->notify_one();
   }
-  const boost::this_thread::disable_interruption uninterrupted;
-  boost::this_thread::sleep_for(milliseconds(sleepMs_) * 3 / 2);
+  sleepUninterrupted(microseconds(std::int64_t{sleepMs_} * 1500));
 }
 
-void BatchWriter::finish(steady_clock::time_point _deadline) {
+void BatchWriter::finish(steady_clock::time_point _deadline, const ThreadQuery& _threadIsGone) {
   const boost::this_thread::disable_interruption uninterrupted;
-  Lock lock(lock_, boost::defer_lock);
-  if (!lockInTime(lock, _deadline)) return;
-  isStopped_.store(true, std::memory_order_relaxed);
-  if (!thread_) {
-    // It could not be started, or was about to be.
-    writer_ = Writer::ended;
-    deliverRest(lock);
+  if (!hasEnded() && _threadIsGone()) {
+    takeOver();
     return;
   }
-  if (thread_->get_id() == boost::this_thread::get_id()) return;
-  wake_->notify_one();
-  while (writer_ == Writer::running && steady_clock::now() < _deadline) {
-    ended_->wait_for(lock, milliseconds(10));
-    if (writer_ == Writer::running) endIfThreadIsGone(lock);
-  }
-  if (writer_ == Writer::ended) deliverRest(lock);
-  lock.unlock();
-  // The code that the thread runs may be about to go: let it leave it, which takes an instant, or never happens while
-  // the system holds up the ends of threads.
-  if (thread_->joinable()) thread_->try_join_for(milliseconds(100));
-}
-
-void BatchWriter::restartInChild() {
-  cache_.clear();
-  hasText_.store(false, std::memory_order_relaxed);
-  if (writer_ == Writer::running) writer_ = Writer::none;
-  isWaiting_ = false;
-  isDelivering_ = false;
-  abandon(std::move(batch_));
-  abandon(std::move(wake_));
-  abandon(std::move(ended_));
-  abandon(std::move(thread_));
-  batch_.reset(new std::string);
-  wake_.reset(new boost::condition_variable);
-  ended_.reset(new boost::condition_variable);
-  lock_.unlock();
-}
-
-BatchWriter::Lock BatchWriter::lockBriefly() {
-  Lock lock(lock_, boost::try_to_lock);
-  for (int tries = 1; !lock && tries < LOCK_TRIES; ++tries)
-    lock.try_lock();
-  if (!lock) lock.lock();
-  return lock;
-}
-
-// A thread that no longer exists may have held the lock when it was ended.
-bool BatchWriter::lockInTime(Lock& _lock, steady_clock::time_point _deadline) {
-  while (!_lock.try_lock()) {
-    if (steady_clock::now() >= _deadline) return false;
+  Lock lock(*lock_, boost::defer_lock);
+  while (!lock.try_lock()) {
+    if (steady_clock::now() >= _deadline) return;
     boost::this_thread::sleep_for(milliseconds(1));
   }
-  return true;
-}
-
-void BatchWriter::startAndSleep() {
-  if (!startThread()) return;
-  const boost::this_thread::disable_interruption uninterrupted;
-  boost::this_thread::sleep_for(milliseconds(START_DELAY_MS));
-}
-
-bool BatchWriter::startThread() {
-  std::shared_ptr<BatchWriter> self = shared_from_this();
-  const bool isRegistered = batchWriters().add(self);
-  Lock lock(lock_);
-  if (writer_ != Writer::none) return false;
-  if (isRegistered) {
-    try {
-      // The thread's function outlives the run of the thread, since this object holds the thread: it must not go on
-      // holding this object.
-      thread_.reset(new boost::thread([self]() mutable { std::exchange(self, nullptr)->run(); }));
-      writer_ = Writer::running;
-      return true;
-    } catch (...) {
-      // No thread to be had: the caller does its work.
-    }
+  isStopped_.store(true, std::memory_order_relaxed);
+  if (writer_ == Writer::running && threadId_ == boost::this_thread::get_id()) {
+    finishOnThread(lock);
+    return;
   }
-  deliverRest(lock);
-  return false;
+  wake_->notify_one();
+  while (writer_ == Writer::running && steady_clock::now() < _deadline)
+    ended_->wait_for(lock, milliseconds(10));
+  if (writer_ == Writer::ended) deliverRest(lock);
 }
 
-void BatchWriter::run() {
-  platform::watchAppends(isAppended_);
-  Lock lock(lock_);
-  while (true) {
-    deliverBatch(lock, *batch_);
-    if (isStopped_.load(std::memory_order_relaxed)) break;
-    pause(lock);
-  }
-  while (!cache_.empty())
-    deliverBatch(lock, *batch_);
+// Nobody else is there any more: the thread, which may have held the lock, was ended with all others.
+void BatchWriter::takeOver() {
+  abandon(std::exchange(lock_, std::make_unique<boost::mutex>()));
+  Lock lock(*lock_);
+  isStopped_.store(true, std::memory_order_relaxed);
   writer_ = Writer::ended;
-  ended_->notify_all();
-  lock.unlock();
-  batchWriters().remove(this);
+  isDelivering_ = false;
+  queue_.callForAttention(true);
+  if (delivery_->settle()) deliverRest(lock);
 }
 
-void BatchWriter::deliverBatch(Lock& _lock, std::string& _batch) {
-  if (cache_.empty()) return;
-  _batch.swap(cache_);
-  hasText_.store(false, std::memory_order_relaxed);
-  isAppended_.store(false, std::memory_order_relaxed);
+// exit() was called inside the wrapped appender, which does not get its batch again.
+void BatchWriter::finishOnThread(Lock& _lock) {
+  writer_ = Writer::ended;
+  isDelivering_ = false;
+  queue_.callForAttention(true);
+  delivery_->giveUpBatch();
+  deliverRest(_lock);
+}
+
+void BatchWriter::lockForFork() {
+  lock_->lock();
+  queue_.lockForFork();
+}
+
+void BatchWriter::unlockAfterFork() {
+  queue_.unlockAfterFork();
+  lock_->unlock();
+}
+
+// A thread of the parent does not exist here; what it was doing stays as it is.
+void BatchWriter::restartInChild() {
+  queue_.forgetAllInChild();
+  if (writer_ == Writer::running) writer_ = Writer::none;
+  queue_.callForAttention(true);
+  isWaiting_ = false;
+  isDelivering_ = false;
+  abandon(std::exchange(delivery_, std::make_unique<BatchDelivery>(queue_, wrapped_)));
+  abandon(std::exchange(wake_, std::make_unique<boost::condition_variable>()));
+  abandon(std::exchange(ended_, std::make_unique<boost::condition_variable>()));
+  lock_->unlock();
+}
+
+BatchDelivery::Result BatchWriter::deliverBatch(Lock& _lock, BatchDelivery& _delivery, bool _isLast) {
   isDelivering_ = true;
   _lock.unlock();
-  try {
-    wrapped_(std::string(), _batch);
-  } catch (...) {
-    // The wrapped appender is on its own.
-  }
-  _batch.clear();
-  if (_batch.capacity() > LARGEST_KEPT_SIZE) _batch.shrink_to_fit();
+  const BatchDelivery::Result result = _delivery.deliver(_isLast);
   _lock.lock();
   isDelivering_ = false;
+  return result;
+}
+
+// A caller that leaves a message while this thread delivers finds it doing so, and goes.
+void BatchWriter::deliverAll(Lock& _lock, BatchDelivery& _delivery) {
+  do {
+    hasMore_ = false;
+    while (deliverBatch(_lock, _delivery, true) != BatchDelivery::Result::nothing) {
+    }
+  } while (hasMore_);
 }
 
 // What comes while another thread delivers, or while the wrapped appender itself logs, is delivered by that thread.
 void BatchWriter::deliverRest(Lock& _lock) {
+  hasMore_ = true;
   if (isDelivering_) return;
-  std::string batch;
-  while (!cache_.empty())
-    deliverBatch(_lock, batch);
+  BatchDelivery delivery(queue_, wrapped_);
+  deliverAll(_lock, delivery);
 }
 
 void BatchWriter::pause(Lock& _lock) {
   if (sleepMs_ > 0) {
     wake_->wait_for(_lock, milliseconds(sleepMs_), [this] { return isStopped_.load(std::memory_order_relaxed); });
-  } else {
-    _lock.unlock();
-    pollForText();
-    _lock.lock();
+  } else if (gaps_.isOneExpectedWithin(std::chrono::microseconds(2 * shortSleepUs), steady_clock::now())) {
+    sleepShortly(_lock);
+    return;
   }
-  waitForText(_lock);
+  waitForMessage(_lock);
 }
 
-void BatchWriter::pollForText() {
-  const steady_clock::time_point end = steady_clock::now() + std::chrono::milliseconds(POLL_MS);
-  do {
-    boost::this_thread::yield();
-    if (hasText_.load(std::memory_order_acquire) || isStopped_.load(std::memory_order_relaxed)) return;
-  } while (steady_clock::now() < end);
+void BatchWriter::sleepShortly(Lock& _lock) {
+  _lock.unlock();
+  boost::this_thread::sleep_for(microseconds(shortSleepUs));
+  _lock.lock();
 }
 
-void BatchWriter::waitForText(Lock& _lock) {
-  while (cache_.empty() && !isStopped_.load(std::memory_order_relaxed)) {
-    isWaiting_ = true;
-    wake_->wait(_lock);
+void BatchWriter::waitForMessage(Lock& _lock) {
+  isWaiting_ = true;
+  queue_.callForAttention(true);
+  if (queue_.isDrained()) {
+    wake_->wait(_lock, [this] { return !isWaiting_ || isStopped_.load(std::memory_order_relaxed); });
+    if (!isWaiting_) return;
   }
   isWaiting_ = false;
-}
-
-void BatchWriter::endIfThreadIsGone(Lock& _lock) {
-  _lock.unlock();
-  const bool isGone = !thread_->joinable() || thread_->try_join_for(milliseconds(0));
-  _lock.lock();
-  if (!isGone || writer_ != Writer::running) return;
-  writer_ = Writer::ended;
-  if (!std::exchange(isDelivering_, false)) return;
-  // The thread was ended inside the wrapped appender. Called again, a foreign one might wait for ever for what the
-  // thread has left behind.
-  if (wrapped_.target<write_to_file>() != nullptr) {
-    if (!isAppended_.load(std::memory_order_relaxed)) cache_.insert(0, *batch_);
-  } else {
-    cache_.clear();
-  }
+  queue_.callForAttention(false);
+  // A message that has its number is published in an instant, or when its thread gets a processor again.
+  if (!isStopped_.load(std::memory_order_relaxed)) sleepShortly(_lock);
 }
 
 }  // namespace boost::logging::detail

@@ -6,81 +6,96 @@
 #include <boost/thread/mutex.hpp>
 #include <boost/thread/thread.hpp>
 #include <chrono>
-#include <cstddef>
+#include <cstdint>
+#include <functional>
 #include <memory>
-#include <string>
 
 #include "boost/logging/callables.hpp"
+#include "logmanager/appenders/batch_delivery.h"
+#include "logmanager/appenders/message_gaps.h"
+#include "logmanager/appenders/message_queue.h"
 
 namespace boost::logging::detail {
 
-/// What the copies of a ts_appender share: the text that callers left, and the thread that passes it to the wrapped
-/// appender. The thread owns the object as well, and outlives the copies until all text is delivered. It ends with the
-/// stop flag; what comes later is delivered by the callers themselves. Functions may be called from any thread at once
-/// unless said otherwise.
-class BatchWriter : public std::enable_shared_from_this<BatchWriter> {
+/// Hands what callers leave in a queue to the wrapped appender: by a thread, which somebody else starts, as long as
+/// there is one, else on the thread of the caller. Functions may be called from any thread at once unless said
+/// otherwise.
+class BatchWriter {
  public:
   BatchWriter(const appender& _wrapped, int _sleepMs);
-  ~BatchWriter();
   BatchWriter(const BatchWriter&) = delete;
   BatchWriter& operator=(const BatchWriter&) = delete;
 
-  /// Leaves the text for the thread. The call that starts the thread then sleeps 100 ms.
-  void append(const std::string& _text);
+  MessageQueue& queue() { return queue_; }
 
-  /// For the last copy: sets the stop flag and, when there is a thread, sleeps one and a half intervals.
+  /// For a caller that has left a message and was asked for attention: wakes the thread, or delivers where it has
+  /// ended.
+  /// @return true when a thread has to be started.
+  bool attend();
+
+  /// To be called just before the thread is started, and when it could not be.
+  /// @return false when it was started before.
+  bool noteThread();
+  void noteNoThread();
+
+  /// The body of the thread: delivers until the stop flag is set and nothing is left.
+  void run();
+
+  /// For the last copy of the appender: sets the stop flag and, when there is a thread, sleeps one and a half
+  /// intervals.
   void stop();
 
-  /// For the end of the process or of the library: sets the stop flag and waits until all text is delivered, but not
-  /// beyond the deadline. Where the thread is gone, as threads are when a Windows process ends, delivers the text here,
-  /// unless the thread was inside an appender other than write_to_file, whose state nobody knows then.
-  void finish(std::chrono::steady_clock::time_point _deadline);
+  /// For the end of the process or of the library: sets the stop flag and waits until all is delivered, but not beyond
+  /// the deadline. Where the thread is gone, as threads are when a Windows process ends, delivers here, unless the
+  /// thread was inside an appender other than write_to_file, whose state nobody knows then. On the thread itself, which
+  /// an appender has let call exit: delivers all but what that appender was given.
+  /// @param _threadIsGone asks whether the thread has ended, however it did.
+  using ThreadQuery = std::function<bool()>;
+  void finish(std::chrono::steady_clock::time_point _deadline, const ThreadQuery& _threadIsGone);
 
-  /// Around a fork. The child begins without text, which the parent delivers, and without the thread.
-  void lockForFork() { lock_.lock(); }
-  void unlockAfterFork() { lock_.unlock(); }
+  /// Whether run() has nothing left to do.
+  bool hasEnded() const { return hasEnded_.load(std::memory_order_acquire); }
+
+  /// Around a fork. The child begins without messages, which the parent delivers, and without the thread.
+  void lockForFork();
+  void unlockAfterFork();
   void restartInChild();
 
  private:
-  static constexpr std::size_t CACHE_LINE = 64;
-
   using Lock = boost::unique_lock<boost::mutex>;
   enum class Writer { none, running, ended };
 
-  Lock lockBriefly();
-  bool lockInTime(Lock& _lock, std::chrono::steady_clock::time_point _deadline);
-  void startAndSleep();
-  bool startThread();
-  void run();
-  void deliverBatch(Lock& _lock, std::string& _batch);
+  void takeOver();
+  void finishOnThread(Lock& _lock);
+  BatchDelivery::Result deliverBatch(Lock& _lock, BatchDelivery& _delivery, bool _isLast);
+  void deliverAll(Lock& _lock, BatchDelivery& _delivery);
   void deliverRest(Lock& _lock);
   void pause(Lock& _lock);
-  void pollForText();
-  void waitForText(Lock& _lock);
-  void endIfThreadIsGone(Lock& _lock);
+  void sleepShortly(Lock& _lock);
+  void waitForMessage(Lock& _lock);
 
-  const appender wrapped_;
+  MessageQueue queue_;
+  /// Emptied by the thread when it ends and nobody has the appender any more.
+  appender wrapped_;
   const int sleepMs_;
-
-  /// Whether the cache has text, for the thread to ask without the lock. Apart from what callers write for every
-  /// message, as the thread goes on reading it while it polls.
-  alignas(CACHE_LINE) std::atomic<bool> hasText_{false};
   std::atomic<bool> isStopped_{false};
+  std::atomic<bool> hasEnded_{false};
 
-  alignas(CACHE_LINE) boost::mutex lock_;
-  std::string cache_;
+  // Pointers, since those who find that another user was ended have to leave them as they are.
+  std::unique_ptr<boost::mutex> lock_;
   Writer writer_ = Writer::none;
+  boost::thread::id threadId_;
   /// Whether the thread has to be woken for a message.
   bool isWaiting_ = false;
   bool isDelivering_ = false;
-  // Pointers, since a forked child has to abandon them as they are: their other user does not exist there.
-  /// What the thread delivers.
-  std::unique_ptr<std::string> batch_;
-  /// Set when the thread's batch has reached the file of a write_to_file.
-  std::atomic<bool> isAppended_{false};
+  /// Whether a message was left with whoever delivers.
+  bool hasMore_ = false;
+  bool isUnused_ = false;
+  MessageGaps gaps_;
+  /// Of the thread.
+  std::unique_ptr<BatchDelivery> delivery_;
   std::unique_ptr<boost::condition_variable> wake_;
   std::unique_ptr<boost::condition_variable> ended_;
-  std::unique_ptr<boost::thread> thread_;
 };
 
 }  // namespace boost::logging::detail

@@ -5,8 +5,8 @@
 #include <string>
 
 #include "boost/logging/callables.hpp"
-#include "logmanager/appenders/batch_handle.h"
 #include "logmanager/appenders/shared_append_file.h"
+#include "logmanager/appenders/ts_appender.h"
 #include "logmanager/threads/thread_state.h"
 
 namespace boost::logging::detail {
@@ -27,9 +27,12 @@ class OwnAppender {
     if (file_ != nullptr) {
       file_->append(_line, messageTime(_thread));
     } else {
-      handle_->writer().append(_line);
+      handle_->append(_line);
     }
   }
+
+  /// Null for another one.
+  BatchHandle* writer() const { return handle_.get(); }
 
  private:
   boost::shared_ptr<SharedAppendFile> file_;

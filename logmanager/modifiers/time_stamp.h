@@ -14,7 +14,10 @@ namespace boost::logging::detail {
 /// change, and many messages share theirs. All functions may be called from any thread at once.
 class TimeStamp {
  public:
-  explicit TimeStamp(const std::string& _format) : format_(_format), id_(nextId()) {}
+  explicit TimeStamp(const std::string& _format) : format_(_format), source_(_format), id_(nextId()) {}
+
+  /// Whether both give the same text of every time.
+  bool isSameAs(const TimeStamp& _other) const { return source_ == _other.source_; }
 
   /// The time in this format.
   /// @param _time in milliseconds since 1970.
@@ -31,6 +34,7 @@ class TimeStamp {
   bool refresh(ThreadState::TimeText& _latest, std::int64_t _second) const;
 
   TimeFormat format_;
+  std::string source_;
   /// Tells the formats apart in the states of threads; never used again.
   std::uint64_t id_;
 };

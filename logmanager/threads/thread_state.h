@@ -8,7 +8,7 @@
 
 namespace boost::logging::detail {
 
-struct Context;
+class Context;
 class InsideMark;
 
 /// What the manager knows of the calling thread. Has no destructor, so that a thread, and the library, may end at any

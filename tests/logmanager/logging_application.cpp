@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <cstdlib>
 #include <functional>
@@ -84,6 +86,36 @@ int threadSafeExit(const std::string& _file, char** _arguments) {
   std::exit(7);
 }
 
+// LINES: they are logged while the wrapped appender is inside a message of its own, in which it then calls exit().
+int exitInside(const std::string& _file, char** _arguments) {
+  static std::atomic<bool> isInside{false};
+  static std::atomic<bool> allAreLogged{false};
+  static std::atomic<int> written{0};
+  const bl::write_to_file file(_file, false);
+  connect(bl::ts_appender(
+      [file](const std::string& _log, const std::string& _text) {
+        if (_text == "last\n") {
+          isInside = true;
+          while (!allAreLogged)
+            std::this_thread::yield();
+          std::exit(9);
+        }
+        file(_log, _text);
+        written += static_cast<int>(std::count(_text.begin(), _text.end(), '\n'));
+      },
+      0));
+  // What the static objects have logged is not to be in the batch of the last message.
+  while (written < 2)
+    std::this_thread::yield();
+  bl::logger("App").write("last");
+  while (!isInside)
+    std::this_thread::yield();
+  logLines("", std::atoi(_arguments[0]));
+  allAreLogged = true;
+  while (true)
+    std::this_thread::sleep_for(std::chrono::hours(1));
+}
+
 // The wrapped appender never returns; the process has to end all the same.
 int stuck(const std::string& /*_file*/, char** /*_arguments*/) {
   connect(bl::ts_appender(
@@ -109,9 +141,13 @@ int append(const std::string& _file, char** _arguments) {
 }  // namespace
 
 int main(int _count, char** _arguments) {
-  const std::map<std::string, std::function<int(const std::string&, char**)>> modes{
-      {"plain", &plain}, {"within", &within}, {"ts", &threadSafe}, {"ts-exit", &threadSafeExit},
-      {"stuck", &stuck}, {"append", &append}};
+  const std::map<std::string, std::function<int(const std::string&, char**)>> modes{{"plain", &plain},
+                                                                                    {"within", &within},
+                                                                                    {"ts", &threadSafe},
+                                                                                    {"ts-exit", &threadSafeExit},
+                                                                                    {"exit-inside", &exitInside},
+                                                                                    {"stuck", &stuck},
+                                                                                    {"append", &append}};
   if (_count < 3 || modes.count(_arguments[1]) == 0) {
     std::cerr << "usage: logging_application MODE FILE [ARGUMENTS]\n";
     return 2;

@@ -58,6 +58,11 @@ TEST_F(LoggingProcess, LosesNothingWhenItCallsExitInThreadSafeMode) {
   EXPECT_EQ(text(), STATIC_MADE + numbers(5000) + STATIC_DESTROYED);
 }
 
+TEST_F(LoggingProcess, LosesOnlyWhatTheAppenderHoldsThatCallsExit) {
+  EXPECT_EQ(run({"exit-inside", "5000"}), 9);
+  EXPECT_EQ(text(), STATIC_MADE + numbers(5000) + STATIC_DESTROYED);
+}
+
 TEST_F(LoggingProcess, DoesNotWaitAtItsEndForALongInterval) {
   const auto begin = std::chrono::steady_clock::now();
   EXPECT_EQ(run({"ts", "1000", "3600000"}), 0);

@@ -37,6 +37,11 @@ std::ostream& operator<<(std::ostream& _stream, const std::vector<int>& _values)
   return _stream << _values.size() << " values";
 }
 
+struct Grouping : std::numpunct<char> {
+  char do_thousands_sep() const override { return '.'; }
+  std::string do_grouping() const override { return "\3"; }
+};
+
 struct Throwing {};
 
 std::ostream& operator<<(std::ostream& _stream, const Throwing& /*_throwing*/) {
@@ -51,6 +56,27 @@ struct Logging {
 std::ostream& operator<<(std::ostream& _stream, const Logging& _logging) {
   QMRK_LOG(_logging.log_) << "inner " << std::hex << 255 << app::Point{10, 11};
   return _stream << "outer value";
+}
+
+struct Hexadecimal {
+  int value;
+};
+
+/// As written for any stream: returns the type that it was given, and leaves the stream changed.
+template <typename Stream>
+Stream& operator<<(Stream& _stream, const Hexadecimal& _number) {
+  _stream << "0x" << std::hex << _number.value;
+  return _stream;
+}
+
+struct Decorated {};
+
+template <typename Stream>
+Stream& operator<<(Stream& _stream, const Decorated& /*_decorated*/) {
+  _stream << std::setprecision(2) << std::setfill('*') << std::boolalpha;
+  _stream.imbue(std::locale(std::locale::classic(), new Grouping));
+  _stream.width(7);
+  return _stream;
 }
 
 std::ostream& marked(std::ostream& _stream) {
@@ -150,17 +176,29 @@ TEST_F(Statement, BeginsEachStatementInTheInitialFormattingState) {
   EXPECT_THAT(texts(), ElementsAre("10 0.333333 1mark0", "", "10 0.333333 1mark0", ""));
 }
 
+TEST_F(Statement, KeepsWhatATemplateForAnyStreamChangesUntilItsEndAndNoLonger) {
+  QMRK_LOG(log_) << Hexadecimal{255} << ' ' << 255 << ' ' << -1 << ' ' << short{-1};
+  QMRK_LOG(log_) << 255 << ' ' << Hexadecimal{10};
+  QMRK_LOG(log_) << 16;
+  EXPECT_THAT(texts(), ElementsAre("0xff ff ffffffff ffff", "255 0xa", "16"));
+}
+
+TEST_F(Statement, HonoursWidthLocaleAndPrecisionThatATemplateForAnyStreamLeaves) {
+  std::ostringstream expected;
+  expected << Decorated() << "text" << 1234567 << ' ' << true << 1.0 / 3;
+  for (int i = 0; i < 2; ++i) {
+    QMRK_LOG(log_) << Decorated() << "text" << 1234567 << ' ' << true << 1.0 / 3;
+    QMRK_LOG(log_) << "text" << 1234567 << ' ' << true << 1.0 / 3;
+  }
+  EXPECT_THAT(texts(), ElementsAre(expected.str(), "text1234567 10.333333", expected.str(), "text1234567 10.333333"));
+}
+
 TEST_F(Statement, RecoversFromAStreamThatFailed) {
   const char* const none = nullptr;
   QMRK_LOG(log_) << "before" << none << "after";
   QMRK_LOG(log_) << "next";
   EXPECT_THAT(texts(), ElementsAre("before", "next"));
 }
-
-struct Grouping : std::numpunct<char> {
-  char do_thousands_sep() const override { return '.'; }
-  std::string do_grouping() const override { return "\3"; }
-};
 
 TEST_F(Statement, FormatsInTheClassicLocaleWhateverTheGlobalOneIs) {
   const std::locale former = std::locale::global(std::locale(std::locale::classic(), new Grouping));

@@ -4,10 +4,8 @@
 
 #include <algorithm>
 #include <chrono>
-#include <condition_variable>
 #include <functional>
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -15,6 +13,8 @@
 #include <vector>
 
 #include "boost/logging/logging.hpp"
+#include "logmanager/appenders/exception_report.h"
+#include "tests/logmanager/appenders/wrapped_appender.h"
 #include "tests/support/processor_time.h"
 
 namespace {
@@ -23,44 +23,7 @@ using boost::logging::ts_appender;
 using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 using testing::ElementsAre;
-
-/// Collects the calls of the wrapped appender; may hold it up.
-class Wrapped {
- public:
-  boost::logging::appender appender() {
-    return [this](const std::string& _log, const std::string& _text) {
-      std::unique_lock<std::mutex> lock(lock_);
-      calls_.push_back(_log + "|" + _text);
-      text_ += _text;
-      changed_.notify_all();
-      changed_.wait(lock, [this] { return !isHeldUp_; });
-    };
-  }
-
-  std::string waitForText(std::size_t _size) {
-    std::unique_lock<std::mutex> lock(lock_);
-    changed_.wait_for(lock, std::chrono::seconds(30), [&] { return text_.size() >= _size; });
-    return text_;
-  }
-
-  std::vector<std::string> calls() {
-    const std::lock_guard<std::mutex> lock(lock_);
-    return calls_;
-  }
-
-  void holdUp(bool _isHeldUp) {
-    const std::lock_guard<std::mutex> lock(lock_);
-    isHeldUp_ = _isHeldUp;
-    changed_.notify_all();
-  }
-
- private:
-  std::mutex lock_;
-  std::condition_variable changed_;
-  std::vector<std::string> calls_;
-  std::string text_;
-  bool isHeldUp_ = false;
-};
+using testsupport::Wrapped;
 
 milliseconds durationOf(const std::function<void()>& _function) {
   const Clock::time_point begin = Clock::now();
@@ -127,6 +90,44 @@ TEST(TsAppender, IgnoresWhatTheWrappedAppenderThrows) {
   EXPECT_EQ(wrapped.waitForText(2), "12");
 }
 
+TEST(TsAppender, ReportsWhatTheWrappedAppenderThrowsWithTheMessagesThatItLost) {
+  const std::uint64_t before = boost::logging::detail::exceptionCount();
+  Wrapped wrapped;
+  const boost::logging::appender inner = wrapped.appender();
+  const ts_appender appender(
+      [&inner](const std::string& _log, const std::string& _text) {
+        inner(_log, _text);
+        throw std::runtime_error("broken");
+      },
+      0);
+  appender("App", "1");
+  wrapped.waitForText(1);
+  while (boost::logging::detail::exceptionCount() == before)
+    std::this_thread::yield();
+  EXPECT_EQ(boost::logging::detail::exceptionCount(), before + 1);
+}
+
+TEST(TsAppender, HoldsNoMoreThanItsLimitAndTellsWhatItDropped) {
+  constexpr std::size_t limit = std::size_t{64} * 1024 * 1024;
+  constexpr int count = 90;
+  const std::string mebi(std::size_t{1024} * 1024, 'x');
+  Wrapped wrapped;
+  const ts_appender appender(wrapped.appender(), 0);
+  wrapped.holdUp(true);
+  appender("App", "first\n");
+  wrapped.waitForText(6);
+  for (int i = 0; i < count; ++i)
+    appender("App", mebi + "\n");
+  wrapped.holdUp(false);
+  const std::string text = wrapped.waitFor("were dropped: too much was waiting for this appender\n");
+  const int dropped = std::stoi(text.substr(text.rfind('\n', text.find(" messages were dropped")) + 1));
+  const std::size_t delivered = static_cast<std::size_t>(count - dropped) * mebi.size();
+  EXPECT_LE(delivered, limit);
+  EXPECT_GE(delivered, limit * 9 / 10);
+  const std::string all = wrapped.waitForText(delivered + static_cast<std::size_t>(count - dropped) + 60);
+  EXPECT_EQ(static_cast<std::size_t>(std::count(all.begin(), all.end(), 'x')), delivered);
+}
+
 TEST(TsAppender, WaitsTheIntervalBetweenBatches) {
   Wrapped wrapped;
   const ts_appender appender(wrapped.appender(), 300);
@@ -151,6 +152,16 @@ TEST(TsAppender, TheEndOfTheLastCopySleepsOneAndAHalfIntervalsAndNothingIsLost) 
   (*copy)("App", "2");
   EXPECT_GE(durationOf([&] { copy.reset(); }), milliseconds(300));
   EXPECT_EQ(wrapped.waitForText(2), "12");
+}
+
+TEST(TsAppender, TheEndOfTheLastCopySleepsHalfAMillisecondMoreForAnOddInterval) {
+  Wrapped wrapped;
+  std::optional<ts_appender> appender(std::in_place, wrapped.appender(), 1);
+  (*appender)("App", "1");
+  wrapped.waitForText(1);
+  const Clock::time_point begin = Clock::now();
+  appender.reset();
+  EXPECT_GE(Clock::now() - begin, std::chrono::microseconds(1500));
 }
 
 TEST(TsAppender, DeliversAfterTheLastCopyWhatWasHeldUp) {

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <ostream>
 #include <string>
+#include <type_traits>
 
 #include "boost/logging/detail/export.hpp"
 
@@ -13,17 +14,28 @@ namespace boost {
 namespace logging {
 namespace detail {
 
-/// The stream of one logging statement: a std::ostream in every respect. As long as a statement inserts nothing but the
-/// types below, the stream is in its initial formatting state, and their text goes into the message without the
-/// machinery of a stream; it is the text that the stream would make. Whatever else is inserted goes through the
-/// operators of std::ostream, and so does everything after it in the statement.
+/// The stream of one logging statement: a std::ostream in every respect. As long as it is in its initial formatting
+/// state, the types below put their text into the message without the machinery of a stream, mostly in the caller; it
+/// is the text that the stream would make. Whatever else is inserted goes through the operators of std::ostream.
 class BOOST_LOGGING_TYPE log_stream : public std::ostream {
  public:
   ~log_stream() override;
   log_stream(const log_stream&) = delete;
   log_stream& operator=(const log_stream&) = delete;
 
-  BOOST_LOGGING_API void put(const char* _text, std::size_t _size);
+  /// Whether a number needs nothing of what a stream can be told about numbers.
+  bool is_plain() const {
+    return flags() == (std::ios_base::skipws | std::ios_base::dec) && width() == 0 && !has_other_locale_;
+  }
+
+  void put(const char* _text, std::size_t _size) {
+    if (good() && width() == 0 && static_cast<std::size_t>(end_ - position_) >= _size) {
+      std::memcpy(position_, _text, _size);
+      position_ += _size;
+    } else {
+      put_otherwise(_text, _size);
+    }
+  }
   /// In the caller, so that a literal's size is no work at run time.
   void put(const char* _text) {
     if (_text == nullptr) {
@@ -32,12 +44,35 @@ class BOOST_LOGGING_TYPE log_stream : public std::ostream {
       put(_text, std::strlen(_text));
     }
   }
-  BOOST_LOGGING_API void put(char _character);
-  BOOST_LOGGING_API void put(long long _value);
-  BOOST_LOGGING_API void put(unsigned long long _value);
+  void put(char _character) { put(&_character, 1); }
+  void put(long long _value) {
+    if (_value >= 0) {
+      put(static_cast<unsigned long long>(_value));
+    } else {
+      put('-');
+      put(0 - static_cast<unsigned long long>(_value));
+    }
+  }
+  void put(unsigned long long _value) {
+    if (_value < 10) {
+      put(static_cast<char>('0' + _value));
+    } else {
+      put_digits(_value);
+    }
+  }
 
  protected:
   explicit log_stream(std::streambuf* _buffer);
+
+  /// Where the text goes on, and where the room for it ends.
+  char* position_ = nullptr;
+  char* end_ = nullptr;
+  /// The locale is not the classic one, or something else was changed that cannot be asked for.
+  bool has_other_locale_ = false;
+
+ private:
+  BOOST_LOGGING_API void put_otherwise(const char* _text, std::size_t _size);
+  BOOST_LOGGING_API void put_digits(unsigned long long _value);
 };
 
 /// As what a value of a type is put into the stream; no member type for one that is left to std::ostream.
@@ -63,7 +98,11 @@ template <> struct put_as<unsigned long long> { using type = unsigned long long;
 /// definition.
 template <typename T, typename As = typename put_as<T>::type>
 log_stream& operator<<(log_stream& _stream, T _value) {
-  _stream.put(static_cast<As>(_value));
+  if (std::is_arithmetic<T>::value && !_stream.is_plain()) {
+    static_cast<std::ostream&>(_stream) << _value;
+  } else {
+    _stream.put(static_cast<As>(_value));
+  }
   return _stream;
 }
 

@@ -21,14 +21,20 @@ namespace detail {
 /// a message and the exception goes on to the caller.
 class statement {
  public:
-  BOOST_LOGGING_API explicit statement(const logger& _logger);
-  BOOST_LOGGING_API ~statement();
+  explicit statement(const logger& _logger) : stream_(begin(_logger, stream_)) {}
+  ~statement() {
+    if (stream_ != nullptr) abandon(*stream_);
+  }
   statement(const statement&) = delete;
   statement& operator=(const statement&) = delete;
 
   log_stream& stream() const { return *stream_; }
 
  private:
+  /// @param _place becomes null when the message is delivered.
+  BOOST_LOGGING_API static log_stream* begin(const logger& _logger, log_stream*& _place);
+  BOOST_LOGGING_API static void abandon(log_stream& _stream);
+
   log_stream* stream_;
 };
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <string_view>
 
 #include "logmanager/appenders/batch_writer.h"
 
@@ -11,11 +12,21 @@ namespace boost::logging::detail {
 class BatchHandle {
  public:
   BatchHandle(const appender& _wrapped, int _sleepMs) : writer_(std::make_shared<BatchWriter>(_wrapped, _sleepMs)) {}
-  ~BatchHandle() { writer_->stop(); }
+  ~BatchHandle();
   BatchHandle(const BatchHandle&) = delete;
   BatchHandle& operator=(const BatchHandle&) = delete;
 
-  BatchWriter& writer() const { return *writer_; }
+  MessageQueue& queue() const { return writer_->queue(); }
+
+  /// Leaves the line for the thread, as an appender is called.
+  void append(std::string_view _line) {
+    queue().push(_line);
+    if (queue().needsAttention()) attend();
+  }
+
+  /// For a caller that has left a message in a lane of the queue, which needs attention. The call that starts the
+  /// thread sleeps 100 ms.
+  void attend();
 
  private:
   std::shared_ptr<BatchWriter> writer_;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "logmanager/line_plan.h"
+#include "logmanager/modifiers/line_plan.h"
 
 #include <gtest/gtest.h>
 
@@ -40,6 +40,13 @@ std::vector<Modifiers> allRows(std::size_t _size) {
   return rows;
 }
 
+LinePlan planOf(const Modifiers& _modifiers) {
+  LinePlan plan;
+  for (const bl::detail::SharedCallable& modifier : _modifiers)
+    plan.add(modifier->modify);
+  return plan;
+}
+
 std::string oneByOne(const Modifiers& _modifiers, std::string _message) {
   for (const bl::detail::SharedCallable& modifier : _modifiers)
     modifier->modify("App.error", _message);
@@ -50,7 +57,7 @@ TEST(LinePlan, MakesTheLineThatTheModifiersMakeOneByOne) {
   const bl::detail::MessageScope scope(bl::detail::threadState(), 1795255200123);
   std::string line = "what it held before, which may be longer than the line";
   for (const Modifiers& modifiers : allRows(5)) {
-    const LinePlan plan(modifiers);
+    const LinePlan plan = planOf(modifiers);
     if (!plan.isUsable()) continue;
     for (const std::string message : {"", "text"}) {
       plan.makeLine(bl::detail::threadState(), "App.error", message, line);
@@ -64,7 +71,7 @@ TEST(LinePlan, IsMadeOfTheModifiersOfTheDefaultLogsButNotOfOthers) {
     Modifiers modifiers;
     for (const bl::modifier& modifier : _modifiers)
       modifiers.push_back(bl::detail::makeModifier(modifier, "m", 100));
-    return LinePlan(modifiers).isUsable();
+    return planOf(modifiers).isUsable();
   };
   const bl::modifier time = bl::prepend_time_ms("$mss ");
   EXPECT_TRUE(usable({}));

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include "logmanager/appenders/batch_delivery.h"
+
+#include <string>
+
+#include "logmanager/appenders/exception_report.h"
+#include "platform/append_file.h"
+
+namespace boost::logging::detail {
+namespace {
+
+constexpr std::size_t largestKeptBatch = std::size_t{1024} * 1024;
+
+}  // namespace
+
+BatchDelivery::Result BatchDelivery::deliver(bool _isLast) noexcept {
+  try {
+    queue_.collect(batch_, _isLast);
+  } catch (...) {
+    reportException("ts_appender", std::string());
+    if (batch_.isEmpty()) return Result::nothing;
+  }
+  if (batch_.isEmpty()) return Result::nothing;
+  const Result result = batch_.text.size() >= MessageQueue::batchSize ? Result::full : Result::some;
+  isAppended_.store(false, std::memory_order_relaxed);
+  stage_.store(Stage::calling, std::memory_order_release);
+  callWrapped();
+  stage_.store(Stage::called, std::memory_order_release);
+  queue_.consume();
+  batch_.clear();
+  if (batch_.text.capacity() > largestKeptBatch) batch_.text.shrink_to_fit();
+  stage_.store(Stage::collecting, std::memory_order_release);
+  return result;
+}
+
+void BatchDelivery::callWrapped() {
+  try {
+    wrapped_(std::string(), batch_.text);
+  } catch (...) {
+    const std::size_t count = batch_.ends.size();
+    try {
+      reportException("ts_appender, " + std::to_string(count) + (count == 1 ? " message" : " messages"), std::string());
+    } catch (...) {
+      // No memory to tell of it.
+    }
+  }
+}
+
+void BatchDelivery::watch() { platform::watchAppends(isAppended_); }
+
+bool BatchDelivery::settle() {
+  const Stage stage = stage_.load(std::memory_order_acquire);
+  const bool isInForeign = stage == Stage::calling && wrapped_.target<write_to_file>() == nullptr;
+  const bool isDelivered = stage == Stage::called || (stage == Stage::calling && isAppended_.load());
+  if (isDelivered || isInForeign) {
+    queue_.consume();
+  } else {
+    queue_.rewind();
+  }
+  return !isInForeign;
+}
+
+void BatchDelivery::giveUpBatch() {
+  if (stage_.load(std::memory_order_relaxed) == Stage::calling) queue_.consume();
+}
+
+}  // namespace boost::logging::detail

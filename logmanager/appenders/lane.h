@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <atomic>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "logmanager/appenders/held_bytes.h"
+#include "logmanager/modifiers/line_plan.h"
+
+namespace boost::logging::detail {
+
+/// A message on its way to a writer thread; its text follows it in memory.
+struct Record {
+  /// Its place among the messages of all lanes.
+  std::uint64_t stamp;
+  /// When it was logged; of a message with a plan.
+  std::uint64_t ticks;
+  /// How the message becomes a line; null when it is one. Both live as long as the process.
+  const LinePlan* plan;
+  const std::string* logName;
+  std::size_t size;
+
+  std::string_view text() const { return {reinterpret_cast<const char*>(this + 1), size}; }
+};
+
+/// A way from one thread at a time to a writer thread: a ring of records, followed by further rings while the writer is
+/// behind. The producer builds the text of a message in the ring and never waits; the consumer reads behind it.
+///
+/// Order of memory: what the producer has written is visible to the consumer once `written` is (release, acquire); room
+/// is free again for the producer once `consumed` is.
+class Lane {
+ public:
+  /// Shared by a producer's side and a consumer's side, each of which calls release() once.
+  static Lane* create(HeldBytes& _held);
+  void release();
+  Lane(const Lane&) = delete;
+  Lane& operator=(const Lane&) = delete;
+
+  // For the producer.
+
+  /// Room for a record whose text is at least so long. May throw std::bad_alloc.
+  /// @return false when the limit of held bytes is reached.
+  bool makeRoom(std::size_t _textSize) {
+    return static_cast<std::size_t>(roomEnd_ - room_) >= sizeof(Record) + _textSize || findRoom(0, _textSize);
+  }
+
+  /// The same for a text of which so many bytes are in the room already; they move along.
+  bool makeMoreRoom(std::size_t _begun, std::size_t _textSize) { return findRoom(_begun, _textSize); }
+
+  /// Where the text of the next record goes, and where its room ends; after makeRoom.
+  char* textBegin() const { return room_ + sizeof(Record); }
+  char* textEnd() const { return roomEnd_; }
+
+  /// Hands the record over, whose text of that size is in the room.
+  void publish(std::uint64_t _stamp, std::uint64_t _ticks, const LinePlan* _plan, const std::string* _logName,
+               std::size_t _size);
+
+  /// Whether the consumer's side has been released, so that nobody reads any more.
+  bool isAbandoned() const { return users_.load(std::memory_order_acquire) == 1; }
+
+  // For the consumer.
+
+  /// The next record that was not passed yet; null when there is none.
+  const Record* peek();
+  void pass(const Record& _record);
+
+  /// Gives the room of what was passed back to the producer.
+  void consume();
+
+  /// Goes back to what was not consumed.
+  void rewind();
+
+  /// In a forked child, where no other thread is: forgets everything that was published.
+  void forgetAll();
+
+  /// The consumer's list of lanes.
+  Lane* next = nullptr;
+
+ private:
+  struct Ring;
+
+  explicit Lane(HeldBytes& _held);
+  ~Lane();
+  bool findRoom(std::size_t _begun, std::size_t _textSize);
+  bool wrap(std::size_t _needed);
+  bool addRing(std::size_t _needed);
+  void enterRing(Ring* _ring);
+  void measureRoom();
+  Ring* takeRing(std::size_t _needed);
+  void recycle(Ring* _ring);
+
+  HeldBytes& held_;
+  std::atomic<int> users_{2};
+
+  // The producer's; apart from the consumer's.
+  alignas(64) char* room_ = nullptr;
+  char* roomEnd_ = nullptr;
+  Ring* ring_;
+  std::size_t position_ = 0;
+
+  alignas(64) Ring* firstRing_;
+  Ring* reading_;
+  std::size_t readPosition_ = 0;
+  std::size_t readEnd_ = 0;
+
+  /// A ring of the usual size that is not in use.
+  alignas(64) std::atomic<Ring*> spare_{nullptr};
+};
+
+}  // namespace boost::logging::detail

@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <atomic>
+#include <boost/thread/mutex.hpp>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "logmanager/appenders/batch.h"
+#include "logmanager/appenders/lane.h"
+#include "platform/tick_clock.h"
+
+namespace boost::logging::detail {
+
+/// What callers leave for one writer thread: many lanes, one consumer.
+///
+/// Order. Every message takes the next number of one counter just before it is published. A message B that another
+/// thread logs because it has seen that A was logged takes its number after A was published. The consumer reads the
+/// counter first, then looks at all lanes, and takes only numbers below what it read: when it takes B, the counter's
+/// change for B happened before its look at the lanes, and the publication of A before that, so it finds A and puts it
+/// first, as its number is smaller.
+class MessageQueue {
+ public:
+  /// One call of the wrapped appender gets so much, and one line more.
+  static constexpr std::size_t batchSize = std::size_t{256} * 1024;
+  static constexpr std::size_t usualLimit = std::size_t{64} * 1024 * 1024;
+
+  explicit MessageQueue(std::size_t _limit = usualLimit);
+  ~MessageQueue();
+  MessageQueue(const MessageQueue&) = delete;
+  MessageQueue& operator=(const MessageQueue&) = delete;
+
+  /// Tells queues apart for ever, as an address does not.
+  std::uint64_t id() const { return id_; }
+
+  // For producers, on any thread.
+
+  /// A lane of the caller's own, to be given back by Lane::release. May throw std::bad_alloc.
+  Lane* addLane();
+
+  /// Publishes the message whose text of that size is in the lane's room.
+  /// @param _plan null for a finished line; it and the name have to live as long as the process.
+  void publish(Lane& _lane, const LinePlan* _plan, const std::string* _logName, std::size_t _size) {
+    const std::uint64_t ticks = platform::ticks();
+    _lane.publish(stamps_.fetch_add(1, std::memory_order_seq_cst), ticks, _plan, _logName, _size);
+  }
+
+  /// Leaves a finished line, or counts it as dropped when the limit of held bytes is reached or there is no memory.
+  void push(std::string_view _line) noexcept;
+
+  /// Whether the consumer wants to be called, to be asked after a message was left.
+  bool needsAttention() const { return needsAttention_.load(std::memory_order_seq_cst); }
+
+  // For the consumer, one thread at a time.
+
+  /// Makes lines of what was left before the call, in order, up to some size. May throw std::bad_alloc.
+  /// @param _isLast whether this is the end, when what was dropped is told in any case.
+  void collect(Batch& _batch, bool _isLast);
+
+  /// What was collected is delivered.
+  void consume();
+
+  /// What was collected and not consumed will be collected again.
+  void rewind();
+
+  /// Callers call from now on, or do so no more.
+  void callForAttention(bool _calls) { needsAttention_.store(_calls, std::memory_order_seq_cst); }
+
+  /// Whether every message that has a number was collected. Asked after callForAttention: one that has none yet will
+  /// see the call.
+  bool isDrained() const { return stamps_.load(std::memory_order_seq_cst) == collected_; }
+
+  // Around a fork; the child begins empty.
+
+  void lockForFork() { commonLock_.lock(); }
+  void unlockAfterFork() { commonLock_.unlock(); }
+  void forgetAllInChild();
+
+ private:
+  struct Head {
+    Lane* lane;
+    const Record* record;
+  };
+
+  void findHeads();
+  void merge(std::uint64_t _before, Batch& _batch);
+  std::size_t firstHead(std::uint64_t& _second) const;
+  bool takeRun(Head& _head, std::uint64_t _limit, Batch& _batch);
+  void tellDropped(Batch& _batch);
+
+  const std::uint64_t id_;
+  HeldBytes held_;
+
+  /// Written by every message.
+  alignas(64) std::atomic<std::uint64_t> stamps_{0};
+  std::atomic<bool> needsAttention_{true};
+
+  alignas(64) std::atomic<Lane*> lanes_{nullptr};
+  std::atomic<std::uint64_t> dropped_{0};
+  /// For finished lines, which any thread may leave.
+  boost::mutex commonLock_;
+  Lane* common_;
+
+  // The consumer's.
+  std::vector<Head> heads_;
+  std::uint64_t collected_ = 0;
+  std::uint64_t collectedNow_ = 0;
+  std::uint64_t droppedNow_ = 0;
+  LineMaker lineMaker_;
+};
+
+}  // namespace boost::logging::detail

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+#include <boost/shared_ptr.hpp>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "boost/logging/callables.hpp"
+
+namespace boost::logging::detail {
+
+struct ThreadState;
+class TimeStamp;
+
+/// How a message becomes a line when all modifiers of its log are the manager's own: what they put before and after the
+/// message is put together in one go, in place of insertions one after the other. The line is the same. A value.
+class LinePlan {
+ public:
+  /// Adds the next modifier to run. Any other than the manager's own, a second time, or more fronts than a plan takes
+  /// make the plan unusable.
+  void add(const modifier& _modifier);
+
+  bool isUsable() const { return isUsable_; }
+
+  /// Whether both make the same line of every message; of usable plans.
+  bool operator==(const LinePlan& _other) const;
+
+  /// The text of the time in the plan's format; empty for a plan without time.
+  /// @param _thread the calling thread's state; the result may point into it.
+  /// @param _time in milliseconds since 1970.
+  /// @param _memory for a text that does not fit there.
+  std::string_view timeText(ThreadState& _thread, std::int64_t _time, std::string& _memory) const;
+
+  /// How many bytes stand before the message.
+  /// @param _time what timeText gave.
+  std::size_t frontSize(std::string_view _time, std::string_view _logName) const {
+    return _time.size() + prefixCount_ * (_logName.size() + prefixSigns);
+  }
+
+  /// Puts what stands before the message at the place, where there is room for it; returns its end.
+  char* putFront(char* _place, std::string_view _time, std::string_view _logName) const;
+
+  /// How many line feeds end the line.
+  std::size_t enterCount() const { return enterCount_; }
+
+  bool hasTime() const { return time_ != nullptr; }
+
+  /// Makes the line of a message that the thread, whose state it is given, passes through callables. May throw
+  /// std::bad_alloc.
+  void makeLine(ThreadState& _thread, std::string_view _logName, std::string_view _message, std::string& _line) const;
+
+ private:
+  static constexpr std::size_t mostFronts = 4;
+  /// How many bytes the prefix has besides the name of the log.
+  static constexpr std::size_t prefixSigns = 3;
+  enum class Front { time, prefix };
+
+  bool include(const modifier& _modifier);
+  bool addFront(Front _front);
+
+  /// What comes before the message, the last part first.
+  std::array<Front, mostFronts> fronts_{};
+  std::size_t frontCount_ = 0;
+  std::size_t prefixCount_ = 0;
+  boost::shared_ptr<const TimeStamp> time_;
+  std::size_t enterCount_ = 0;
+  bool isUsable_ = true;
+};
+
+/// A plan that makes the same lines and lives as long as the process, so that a message that waits can point to it.
+/// Equal plans share one. Any thread. May throw std::bad_alloc.
+const LinePlan* keptPlan(const LinePlan& _plan);
+
+}  // namespace boost::logging::detail

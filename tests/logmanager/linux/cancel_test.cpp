@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+#include <pthread.h>
+
+#include <chrono>
+#include <functional>
+#include <string>
+#include <thread>
+
+#include "boost/logging/logging.hpp"
+#include "tests/support/temporary_folder.h"
+
+namespace {
+
+namespace bl = boost::logging;
+
+bl::default_log_manager& manager() { return bl::get_default_log_manager(); }
+
+/// Runs the function on a thread that has been asked to end, up to its next cancellation point.
+/// @return whether the thread got past the function and was then cancelled.
+bool finishesBeforeTheCancellation(const std::function<void()>& _function) {
+  struct Run {
+    const std::function<void()>& function;
+    bool isFinished = false;
+  } run{_function};
+  pthread_t thread{};
+  const auto body = [](void* _run) -> void* {
+    ::pthread_cancel(::pthread_self());
+    static_cast<Run*>(_run)->function();
+    static_cast<Run*>(_run)->isFinished = true;
+    ::pthread_testcancel();
+    return nullptr;
+  };
+  if (::pthread_create(&thread, nullptr, body, &run) != 0) return false;
+  void* result = nullptr;
+  return ::pthread_join(thread, &result) == 0 && run.isFinished && result == PTHREAD_CANCELED;
+}
+
+class Cancel : public testing::Test {
+ protected:
+  Cancel() { bl::add_modifier(manager(), "Cancel", &bl::append_enter, "M", 100); }
+
+  ~Cancel() override {
+    bl::del_appender(manager(), "Cancel", "A");
+    bl::del_modifier(manager(), "Cancel", "M");
+  }
+
+  void connect(const bl::appender& _appender) {
+    bl::add_appender(manager(), "Cancel", _appender, "A", 100);
+    bl::flush_log_cache();
+  }
+
+  bool logs() {
+    return finishesBeforeTheCancellation([this] { QMRK_LOG(log_) << "whole"; });
+  }
+
+  testsupport::TemporaryFolder folder_;
+  const std::string path_ = folder_.file("cancel.log");
+  const bl::logger log_{"Cancel"};
+};
+
+TEST_F(Cancel, LetsAStatementToAFileEnd) {
+  connect(bl::write_to_file(path_, false));
+  EXPECT_TRUE(logs());
+  EXPECT_EQ(testsupport::readFile(path_), "whole\n");
+}
+
+TEST_F(Cancel, LetsAStatementToAForeignAppenderEnd) {
+  const bl::write_to_file file(path_, false);
+  connect([file](const std::string& _log, const std::string& _text) {
+    ::pthread_testcancel();
+    file(_log, _text);
+  });
+  EXPECT_TRUE(logs());
+  EXPECT_EQ(testsupport::readFile(path_), "whole\n");
+}
+
+TEST_F(Cancel, LetsAStatementToTheConsoleEnd) {
+  connect(&bl::write_to_cout);
+  EXPECT_TRUE(logs());
+}
+
+TEST_F(Cancel, LetsTheStatementEndThatStartsAWriterThread) {
+  connect(bl::ts_appender(bl::write_to_file(path_, false), 0));
+  EXPECT_TRUE(logs());
+  while (testsupport::readFile(path_) != "whole\n")
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+}
+
+TEST_F(Cancel, LetsAnEarlyMessageBeKept) {
+  EXPECT_TRUE(logs());
+  connect(bl::write_to_file(path_, false));
+  EXPECT_EQ(testsupport::readFile(path_), "whole\n");
+}
+
+TEST_F(Cancel, LetsTheRemovalOfAWriterThreadEnd) {
+  connect(bl::ts_appender(bl::write_to_file(path_, false), 1));
+  QMRK_LOG(log_) << "one";
+  EXPECT_TRUE(finishesBeforeTheCancellation([] { bl::del_appender(manager(), "Cancel", "A"); }));
+  EXPECT_EQ(testsupport::readFile(path_), "one\n");
+}
+
+}  // namespace
