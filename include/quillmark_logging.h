@@ -56,7 +56,7 @@ bool initDefaultLogs(std::string _calledBy, const std::string& _ca, T* _writeToC
  * _logLevel   one logs pattern, or several, each ended by ";" (what follows the last ";" is dropped).
  * _fileName   must not be empty; may hold backslashes, whose folders must exist.
  * _ca         the CA. Without it: the environment variable DEFAULT_CA_NR, else "GE".
- * _overWrite  whether the file is emptied at its first message; without rotation only.
+ * _overWrite  whether the file is emptied, once for a call, at the first message; without rotation only.
  *
  * Returns false when no usable configuration is found or the folder cannot be made; nothing has then been connected.
  * A file that cannot be opened is no failure. Exceptions of the log manager are passed on. */

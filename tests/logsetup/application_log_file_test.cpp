@@ -84,6 +84,19 @@ TEST_F(ApplicationLogFile, WithoutRotationOverwriteEmptiesTheFileOrNot) {
   EXPECT_EQ(readFile(file()), "new");
 }
 
+TEST_F(ApplicationLogFile, WithoutRotationOverwriteEmptiesTheFileOnceForAllPatternsOfACall) {
+  writeExisting("old\n");
+  EXPECT_TRUE(create("A;B;", true));
+  log("A", "1");
+  log("B", "2");
+  log("A", "3");
+  EXPECT_EQ(readFile(file()), "123");
+  EXPECT_TRUE(create("A;B;", true));
+  log("B", "4");
+  log("A", "5");
+  EXPECT_EQ(readFile(file()), "45");
+}
+
 TEST_F(ApplicationLogFile, RotationIsOffUnlessItsKeyIsTrueInAnyLetterCase) {
   const auto rolls = [&](const std::string& _value) {
     const std::string name = "Of" + _value;
