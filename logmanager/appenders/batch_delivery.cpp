@@ -4,7 +4,9 @@
 #include <string>
 
 #include "logmanager/appenders/exception_report.h"
+#include "logmanager/appenders/own_appender.h"
 #include "platform/append_file.h"
+#include "platform/clock.h"
 
 namespace boost::logging::detail {
 namespace {
@@ -35,7 +37,11 @@ BatchDelivery::Result BatchDelivery::deliver(bool _isLast) noexcept {
 
 void BatchDelivery::callWrapped() {
   try {
-    wrapped_(std::string(), batch_.text);
+    // Losses of a file are counted by messages.
+    const SharedAppendFile::Messages messages{batch_.text, batch_.ends};
+    if (!OwnAppender(wrapped_).appendTogether(messages, platform::wallClockMilliseconds())) {
+      wrapped_(std::string(), batch_.text);
+    }
   } catch (...) {
     const std::size_t count = batch_.ends.size();
     try {

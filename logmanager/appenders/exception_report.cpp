@@ -46,8 +46,8 @@ void report(const std::string& _what) {
 
 }  // namespace
 
-std::uint64_t OncePerMinute::happened(std::int64_t _now) {
-  ++count_;
+std::uint64_t OncePerMinute::happened(std::int64_t _now, std::uint64_t _times) {
+  count_ += _times;
   if (isTold_ && _now - toldAt_ < MINUTE) return 0;
   isTold_ = true;
   toldAt_ = _now;

@@ -11,8 +11,9 @@ namespace boost::logging::detail {
 class OncePerMinute {
  public:
   /// @param _now a clock that never goes back, in milliseconds.
+  /// @param _times how often it happened now.
   /// @return 0 when it is not to be told now, else how often it happened since it was last told, this time included.
-  std::uint64_t happened(std::int64_t _now);
+  std::uint64_t happened(std::int64_t _now, std::uint64_t _times = 1);
 
  private:
   bool isTold_ = false;

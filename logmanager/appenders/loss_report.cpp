@@ -33,19 +33,19 @@ class ReportsScope {
   ReportsScope& operator=(const ReportsScope&) = delete;
 };
 
-std::uint64_t countToReport(const std::string& _path) {
+std::uint64_t countToReport(const std::string& _path, std::uint64_t _count) {
   const std::int64_t now = platform::steadyMilliseconds();
   const ReportsScope scope;
   if (reports == nullptr) reports = new Reports;
   const bool isListed = reports->size() < MOST_FILES || reports->contains(_path);
-  return (*reports)[isListed ? _path : std::string()].happened(now);
+  return (*reports)[isListed ? _path : std::string()].happened(now, _count);
 }
 
 }  // namespace
 
-void reportLoss(const std::string& _path, platform::ErrorCode _error) noexcept {
+void reportLoss(const std::string& _path, std::uint64_t _count, platform::ErrorCode _error) noexcept {
   try {
-    const std::uint64_t count = countToReport(_path);
+    const std::uint64_t count = countToReport(_path, _count);
     if (count == 0) return;
     platform::writeStandardError("boost::logging: " + std::to_string(count) + (count == 1 ? " message" : " messages") +
                                  " could not be written to " + _path + ", error " + std::to_string(_error) + "\n");

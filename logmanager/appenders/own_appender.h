@@ -31,6 +31,14 @@ class OwnAppender {
     }
   }
 
+  /// For a write_to_file: appends all messages by one call of the system.
+  /// @return false, and nothing is done, for another one.
+  bool appendTogether(const SharedAppendFile::Messages& _messages, std::int64_t _now) const {
+    if (file_ == nullptr) return false;
+    file_->append(_messages, _now);
+    return true;
+  }
+
   /// Null for another one.
   BatchHandle* writer() const { return handle_.get(); }
 

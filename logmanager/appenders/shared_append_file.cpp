@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "logmanager/appenders/shared_append_file.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "logmanager/appenders/loss_report.h"
@@ -30,17 +31,18 @@ class SharedAppendFile::Locked {
 
 SharedAppendFile::SharedAppendFile(const std::string& _path, bool _overwrite) : path_(_path), isToEmpty_(_overwrite) {}
 
-void SharedAppendFile::append(const std::string& _message, std::int64_t _now) {
+std::uint64_t SharedAppendFile::Messages::countBeyond(std::size_t _size) const {
+  return static_cast<std::uint64_t>(ends.end() - std::ranges::upper_bound(ends, _size));
+}
+
+void SharedAppendFile::append(const Messages& _messages, std::int64_t _now) {
   if (isCheckDue(_now)) check();
-  platform::ErrorCode error = platform::noError;
   if (needsCare_.load(std::memory_order_acquire)) {
-    error = appendWithCare(_message);
-  } else {
-    const AppendFile::Result result = file_->append(_message.data(), _message.size());
-    error = result.error;
-    if (error != platform::noError) noteFailure(_message, result);
+    appendWithCare(_messages);
+    return;
   }
-  if (error != platform::noError) reportLoss(path_, error);
+  const AppendFile::Result result = file_->append(_messages.text.data(), _messages.text.size());
+  if (result.error != platform::noError) noteFailure(_messages, result);
 }
 
 // The clock may be set back, and messages that were kept carry the time of their logging.
@@ -57,36 +59,43 @@ void SharedAppendFile::check() {
   needsCare_.store(true, std::memory_order_release);
 }
 
-void SharedAppendFile::noteFailure(const std::string& _message, const AppendFile::Result& _result) {
-  const Locked locked(*this);
-  trouble_.noteResult(_message, _result);
-  needsCare_.store(true, std::memory_order_release);
+void SharedAppendFile::noteFailure(const Messages& _messages, const AppendFile::Result& _result) {
+  std::uint64_t lost = 0;
+  {
+    const Locked locked(*this);
+    lost = trouble_.noteResult(0, _messages, _result);
+    needsCare_.store(true, std::memory_order_release);
+  }
+  reportLoss(path_, lost, _result.error);
 }
 
-platform::ErrorCode SharedAppendFile::appendWithCare(const std::string& _message) {
-  const Locked locked(*this);
-  const platform::ErrorCode error = openWhenGone();
-  if (error != platform::noError) return error;
-  // The piece may be another process's.
-  if (trouble_.lost > 0 && !trouble_.isFragment) trouble_.isFragment = !file_->endsInLineFeed();
-  const std::string told = trouble_.text();
-  const std::string text = told + _message;
-  const AppendFile::Result result = file_->append(text.data(), text.size());
-  if (result.written >= told.size()) trouble_.lost = 0;
-  trouble_.noteResult(text, result);
-  if (trouble_.lost == 0) needsCare_.store(false, std::memory_order_release);
-  return result.error;
+void SharedAppendFile::appendWithCare(const Messages& _messages) {
+  AppendFile::Result result{0, platform::noError};
+  std::uint64_t lost = 0;
+  {
+    const Locked locked(*this);
+    result.error = openWhenGone();
+    if (result.error == platform::noError) {
+      // The piece may be another process's.
+      if (trouble_.lost > 0 && !trouble_.isFragment) trouble_.isFragment = !file_->endsInLineFeed();
+      const std::string told = trouble_.text();
+      const std::string text = told + std::string(_messages.text);
+      result = file_->append(text.data(), text.size());
+      if (result.written >= told.size()) trouble_.lost = 0;
+      if (result.written > 0) trouble_.isFragment = text[result.written - 1] != '\n';
+      lost = trouble_.noteResult(told.size(), _messages, result);
+    } else {
+      lost = trouble_.noteResult(0, _messages, result);
+    }
+    if (trouble_.lost == 0) needsCare_.store(false, std::memory_order_release);
+  }
+  if (result.error != platform::noError) reportLoss(path_, lost, result.error);
 }
 
-// On failure the message is counted as lost.
 platform::ErrorCode SharedAppendFile::openWhenGone() {
   if (!isGone_) return platform::noError;
   const platform::ErrorCode error = open();
-  if (error != platform::noError) {
-    ++trouble_.lost;
-    trouble_.error = error;
-    return error;
-  }
+  if (error != platform::noError) return error;
   isToEmpty_ = false;
   isGone_ = false;
   trouble_.isFragment = !file_->endsInLineFeed();
@@ -117,15 +126,18 @@ std::string SharedAppendFile::Trouble::text() const {
   return text;
 }
 
-// _text is text(), then a message.
-void SharedAppendFile::Trouble::noteResult(const std::string& _text, const platform::AppendFile::Result& _result) {
+std::uint64_t SharedAppendFile::Trouble::noteResult(std::size_t _front, const Messages& _messages,
+                                                    const AppendFile::Result& _result) {
   if (_result.error == platform::noError) {
     *this = Trouble();
-    return;
+    return 0;
   }
-  if (_result.written > 0) isFragment = _text[_result.written - 1] != '\n';
-  ++lost;
+  const std::size_t written = std::max(_result.written, _front) - _front;
+  if (written > 0) isFragment = _messages.text[written - 1] != '\n';
+  const std::uint64_t count = _messages.countBeyond(written);
+  lost += count;
   error = _result.error;
+  return count;
 }
 
 }  // namespace boost::logging::detail

@@ -4,7 +4,9 @@
 #include <atomic>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
+#include <string_view>
 
 #include "logmanager/threads/process_lock.h"
 #include "platform/append_file.h"
@@ -21,9 +23,26 @@ class SharedAppendFile {
   SharedAppendFile(const SharedAppendFile&) = delete;
   SharedAppendFile& operator=(const SharedAppendFile&) = delete;
 
-  /// A message that cannot be written is lost, counted and reported.
+  /// Texts that are appended together.
+  struct Messages {
+    std::string_view text;
+    /// Where each message ends in the text.
+    std::span<const std::size_t> ends;
+
+    /// How many messages do not end within so many bytes.
+    std::uint64_t countBeyond(std::size_t _size) const;
+  };
+
+  /// Appends messages by one call of the system. What cannot be written is lost, counted message by message, and
+  /// reported.
   /// @param _now the wall clock, in milliseconds.
-  void append(const std::string& _message, std::int64_t _now);
+  void append(const Messages& _messages, std::int64_t _now);
+
+  /// The same with one message.
+  void append(std::string_view _message, std::int64_t _now) {
+    const std::size_t end = _message.size();
+    append(Messages{_message, {&end, 1}}, _now);
+  }
 
  private:
   /// What is to be repaired and told before the next message.
@@ -35,15 +54,18 @@ class SharedAppendFile {
     platform::ErrorCode error = platform::noError;
 
     std::string text() const;
-    void noteResult(const std::string& _text, const platform::AppendFile::Result& _result);
+    /// @param _front how many bytes of what was written came before the messages.
+    /// @return how many messages were lost.
+    std::uint64_t noteResult(std::size_t _front, const Messages& _messages,
+                             const platform::AppendFile::Result& _result);
   };
 
   class Locked;
 
   bool isCheckDue(std::int64_t _now);
   void check();
-  void noteFailure(const std::string& _message, const platform::AppendFile::Result& _result);
-  platform::ErrorCode appendWithCare(const std::string& _message);
+  void noteFailure(const Messages& _messages, const platform::AppendFile::Result& _result);
+  void appendWithCare(const Messages& _messages);
   platform::ErrorCode openWhenGone();
   platform::ErrorCode open();
   void restartInChild();

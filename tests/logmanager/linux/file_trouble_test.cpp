@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cstdio>
+#include <optional>
 #include <string>
+#include <thread>
 
 #include "boost/logging/logging.hpp"
 #include "logmanager/dispatch.h"
@@ -34,6 +37,32 @@ TEST(FileTrouble, AFullDiskLeavesOneFragmentThatIsEndedWhenThereIsRoom) {
   appender("App", "after\n");
   appender("App", "next\n");
   EXPECT_EQ(readFile(path), message + message.substr(0, 8192 - 5000) + "\n" + LOST_TWO + "112\nafter\nnext\n");
+  testsupport::unmountSharedMemory();
+}
+
+TEST(FileTrouble, AFullDiskCountsEveryMessageThatTheThreadSafeModeLost) {
+  testsupport::mountSharedMemory("size=16k");
+  const std::string path = "\\dev\\shm\\full.log";
+  const std::string filler = "\\dev\\shm\\filler";
+  testsupport::writeFile(filler, std::string(8192, 'f'));
+  const std::string message = std::string(99, 'm') + "\n";
+  {
+    // With such an interval nearly all messages are of one batch.
+    std::optional<boost::logging::ts_appender> appender(std::in_place, write_to_file(path, false), 500);
+    for (int i = 0; i < 692; ++i)
+      (*appender)("App", message);
+    while (readFile(path).size() < 8192)
+      std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    removeAll(filler);
+    (*appender)("App", "after\n");
+    while (readFile(path).find("after\n") == std::string::npos)
+      std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  }
+  std::string written;
+  for (int i = 0; i < 81; ++i)
+    written += message;
+  EXPECT_EQ(readFile(path), written + message.substr(0, 92) +
+                                "\n611 messages were lost: this file could not be written, error 112\nafter\n");
   testsupport::unmountSharedMemory();
 }
 
