@@ -2,14 +2,31 @@
 #include "config/auto_generate_cfg.h"
 
 #include <algorithm>
+#include <cstdio>
 
 #include "config/generic_cfg_text.h"
 #include "platform/access.h"
+#include "platform/native_path.h"
 #include "platform/text_file.h"
 #include "quillmark_logging_names.h"
 #include "trace/trace_line.h"
 
 using Quillmark_logging::traceLineIf;
+
+namespace {
+
+// A file that was begun only would be taken for a generic one that names no CA, at every start from now on.
+bool writeWhole(const std::string& _path, const std::string& _text) {
+  {
+    platform::TextWriter file(_path, platform::TextWriter::Mode::truncate);
+    if (!file.isOpen()) return false;
+    if (file.write(_text)) return true;
+  }
+  std::remove(platform::nativePath(_path).c_str());
+  return false;
+}
+
+}  // namespace
 
 AutoGenerateCfg::AutoGenerateCfg(bool _trace)
     : fileName_(Quillmark_logging::GENERIC_CFG_FILE_NAME), customerAdaptation_("CA00"), trace_(_trace) {}
@@ -42,13 +59,11 @@ bool AutoGenerateCfg::generateGenericCfgFile() {
     return false;
   }
   const std::string path = cfgPath_ + "\\" + fileName_;
-  platform::TextWriter file(path, platform::TextWriter::Mode::truncate);
-  if (!file.isOpen()) {
+  if (!writeWhole(path, genericCfgText(customerAdaptation_))) {
     traceLineIf(trace_, "<!=  AutoGenerateCfg::generateGenericCfgFile() ERROR: Failed to open file \"%s\"\r\n",
                 path.c_str());
     return false;
   }
-  if (!file.write(genericCfgText(customerAdaptation_))) return false;
   traceLineIf(trace_,
               "<==  AutoGenerateCfg::generateGenericCfgFile() Configuration file \"%s\" successfully generated.\r\n",
               path.c_str());

@@ -17,7 +17,7 @@ class AutoGenerateCfg {
 
   /// Writes qmrk_logging_GE.cfg into the folder, over an existing one.
   /// @return false, with nothing written, when no CA was found or the file cannot be opened; also when the disk is
-  /// full.
+  /// full, which leaves no file.
   bool generateGenericCfgFile();
 
   /// Finds the CA in the names of the folder.

@@ -59,8 +59,8 @@ class CfgDataManager {
   /// Appends the whole text of the CA's .init file to _logClasses. A failure leaves an error record where it can.
   bool getEnabledLogClasses(const std::string& _ca, std::string& _logClasses);
 
-  /// Replaces the text of the CA's .init file. An empty list is refused. A file that cannot be opened leaves an error
-  /// record where it can.
+  /// Replaces the text of the CA's .init file. An empty list is refused. A file that cannot be opened or written
+  /// leaves an error record where it can.
   bool setEnabledLogClasses(const std::string& _ca, const std::string& _logClasses);
 
   /// Appends one line, stamped with the local time, to qmrk.info in the log root of the CA. The folder must exist.
@@ -75,6 +75,9 @@ class CfgDataManager {
  private:
   CfgDataManager() = default;
   ~CfgDataManager() = default;
+
+  /// A lookup in a text by way of a map, of which the trace tells.
+  bool findTraced(std::string& _text, const std::string& _key, std::string& _value);
 
   /// Turns the path of a generic file into that of the CA to which the generic .cfg file redirects.
   void redirectGeneric(std::string& _path, bool _cfg);

@@ -1,17 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "config/cfg_parser.h"
 
-#include <utility>
-
 #include "config/text_replacement.h"
 
 namespace {
 
+using TakePair = std::function<void(std::string_view, std::string_view)>;
+
+constexpr char eightBlanks[] = "        ";
+
 // "//" counts only after a blank or a line end, so that "x://y" can be a value; nothing stands before the first
 // character, so it does not count there.
-bool startsComment(const std::string& _text, std::size_t _position) {
+bool startsComment(std::string_view _text, std::size_t _position) {
   if (_text[_position] == '#') return true;
-  if (_position == 0 || _text.compare(_position, 2, "//") != 0) return false;
+  if (_position == 0 || _text.substr(_position, 2) != "//") return false;
   const char before = _text[_position - 1];
   return before == '\n' || before == ' ' || before == '\t';
 }
@@ -19,45 +21,84 @@ bool startsComment(const std::string& _text, std::size_t _position) {
 // What is between two stores: a key, then its value.
 class PairScanner {
  public:
+  explicit PairScanner(const TakePair& _take) : takePair_(_take) {}
+
+  // Whether nothing is pending, so that a pair may begin.
+  bool isEmpty() const { return !inValue_ && key_.empty(); }
+
   // Takes the next character that belongs to no comment.
   void take(char _c) {
     if (endsPair(_c)) {
       store();
     } else if (inValue_) {
-      pending_.value += _c;
+      append(value_, _c);
     } else if (_c == '=' || _c == ':') {
       inValue_ = true;
     } else if (_c != '\n') {
-      pending_.key += _c;
+      append(key_, _c);
     }
   }
 
-  std::vector<CfgPair> pairs() && { return std::move(pairs_); }
-
  private:
   // A line feed that meets an empty key or value belongs to the value instead.
-  bool endsPair(char _c) const { return inValue_ && _c == '\n' && !pending_.key.empty() && !pending_.value.empty(); }
+  bool endsPair(char _c) const { return inValue_ && _c == '\n' && !key_.empty() && !value_.empty(); }
+
+  static void append(std::string& _text, char _c) { _c == '\t' ? _text += eightBlanks : _text += _c; }
 
   void store() {
-    pairs_.push_back(std::exchange(pending_, CfgPair()));
+    takePair_(key_, value_);
+    key_.clear();
+    value_.clear();
     inValue_ = false;
   }
 
-  CfgPair pending_;
+  const TakePair& takePair_;
+  std::string key_;
+  std::string value_;
   bool inValue_ = false;
-  std::vector<CfgPair> pairs_;
 };
+
+// Takes a line that holds nothing but a key, a separator and a value, as most do; false when it holds anything else.
+bool takePlainLine(std::string_view _line, const TakePair& _take) {
+  std::size_t separator = std::string_view::npos;
+  for (std::size_t i = 0; i < _line.size(); ++i) {
+    const char c = _line[i];
+    if (c == '#' || c == '/' || c == '\t') return false;
+    if (separator == std::string_view::npos && (c == '=' || c == ':')) separator = i;
+  }
+  if (separator == std::string_view::npos || separator == 0 || separator + 1 == _line.size()) return false;
+  _take(_line.substr(0, separator), _line.substr(separator + 1));
+  return true;
+}
 
 }  // namespace
 
-void expandTabs(std::string& _text) { _text = replaceAll(_text, "\t", "        "); }
+void expandTabs(std::string& _text) {
+  if (_text.find('\t') != std::string::npos) _text = replaceAll(_text, "\t", eightBlanks);
+}
 
-std::vector<CfgPair> scanCfgText(const std::string& _text) {
-  PairScanner scanner;
+void forEachCfgPair(std::string_view _text, const TakePair& _take) {
+  PairScanner scanner(_take);
   for (std::size_t i = 0; i < _text.size(); ++i) {
+    if (scanner.isEmpty()) {
+      const std::size_t lineEnd = _text.find('\n', i);
+      // What has no end is dropped, whatever it is.
+      if (lineEnd == std::string_view::npos) return;
+      if (takePlainLine(_text.substr(i, lineEnd - i), _take)) {
+        i = lineEnd;
+        continue;
+      }
+    }
     if (startsComment(_text, i)) i = _text.find('\n', i);
-    if (i == std::string::npos) break;
+    if (i == std::string_view::npos) return;
     scanner.take(_text[i]);
   }
-  return std::move(scanner).pairs();
+}
+
+std::vector<CfgPair> scanCfgText(std::string_view _text) {
+  std::vector<CfgPair> pairs;
+  forEachCfgPair(_text, [&pairs](std::string_view _key, std::string_view _value) {
+    pairs.push_back({std::string(_key), std::string(_value)});
+  });
+  return pairs;
 }

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 /// One pair of a configuration text. The value still has the blanks at its end.
@@ -13,7 +15,13 @@ struct CfgPair {
 /// Replaces every tab by eight blanks, as is done before a text is scanned.
 void expandTabs(std::string& _text);
 
-/// The pairs of a configuration text, in order, repeated keys included. "KEY=value" and "KEY:value" make a pair, which
-/// ends at the first line feed after the value has begun. A comment runs from "#", or from "//" after a blank or a line
-/// end, to the end of its line. What is pending at the end of the text is dropped.
-std::vector<CfgPair> scanCfgText(const std::string& _text);
+/// Calls _take(key, value) for each pair of a configuration text, in order, repeated keys included; the value still has
+/// the blanks at its end, and what is handed over lives for the call only. "KEY=value" and "KEY:value" make a pair,
+/// which ends at the first line feed after the value has begun. A comment runs from "#", or from "//" after a blank, a
+/// tab or a line end, to the end of its line. A tab elsewhere counts as eight blanks. What is pending at the end of the
+/// text is dropped. The time grows with the text alone, and nothing is copied but a pair with a comment, a slash or a
+/// tab in it.
+void forEachCfgPair(std::string_view _text, const std::function<void(std::string_view, std::string_view)>& _take);
+
+/// The same pairs all at once.
+std::vector<CfgPair> scanCfgText(std::string_view _text);

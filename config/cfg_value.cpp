@@ -1,4 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include <string_view>
+#include <utility>
+
 #include "config/cfg_data_manager.h"
 #include "config/cfg_parser.h"
 #include "platform/text_file.h"
@@ -9,6 +12,19 @@ using Quillmark_logging::traceLineIf;
 namespace {
 
 int length(const std::string& _s) { return static_cast<int>(_s.length()); }
+
+// What the map would tell, without a map: the last value of the key, without the blanks at its end.
+bool findValue(std::string_view _text, const std::string& _key, std::string& _value) {
+  bool isFound = false;
+  std::string found;
+  forEachCfgPair(_text, [&](std::string_view _pairKey, std::string_view _pairValue) {
+    if (_pairKey != _key) return;
+    found = _pairValue.substr(0, _pairValue.find_last_not_of(' ') + 1);
+    isFound = true;
+  });
+  if (isFound) _value = std::move(found);
+  return isFound;
+}
 
 }  // namespace
 
@@ -24,12 +40,14 @@ bool CfgDataManager::removeTrailingSpaces(std::string& _s) {
 bool CfgDataManager::cfgDataStrToMap(CfgMap& _cMap, std::string& _str) {
   traceLineIf(tracing(), "==> CfgDataManager::cfgDataStrToMap() _str.length()=%d\r\n", length(_str));
   expandTabs(_str);
-  for (auto& [key, value] : scanCfgText(_str)) {
+  forEachCfgPair(_str, [this, &_cMap](std::string_view _key, std::string_view _value) {
+    const std::string key(_key);
+    std::string value(_value);
     if (value.back() == ' ') removeTrailingSpaces(value);
     traceLineIf(tracing(), "--- CfgDataManager::cfgDataStrToMap() Adding key=\"%s\"(%d), value=\"%s\"(%d) to map\r\n",
                 key.c_str(), length(key), value.c_str(), length(value));
-    _cMap[key] = value;
-  }
+    _cMap[key] = std::move(value);
+  });
   traceLineIf(tracing(), "<== CfgDataManager::cfgDataStrToMap() _cMap.size()=%d => return %s\r\n",
               static_cast<int>(_cMap.size()), _cMap.empty() ? "FALSE" : "TRUE");
   return !_cMap.empty();
@@ -52,6 +70,12 @@ bool CfgDataManager::getCfgValue(const CfgMap& _cMap, const std::string& _key, s
   return true;
 }
 
+bool CfgDataManager::findTraced(std::string& _text, const std::string& _key, std::string& _value) {
+  CfgMap cMap;
+  cfgDataStrToMap(cMap, _text);
+  return getCfgValue(cMap, _key, _value);
+}
+
 bool CfgDataManager::getCfgValue(const std::string& _cfgFile, const std::string& _key, std::string& _value) {
   traceLineIf(tracing(), "==> CfgDataManager::getCfgValue() _cfgFile=\"%s\", _key=\"%s\"\r\n", _cfgFile.c_str(),
               _key.c_str());
@@ -62,9 +86,7 @@ bool CfgDataManager::getCfgValue(const std::string& _cfgFile, const std::string&
   }
   std::string text;
   file.readAll(text);
-  CfgMap cMap;
-  cfgDataStrToMap(cMap, text);
-  if (!getCfgValue(cMap, _key, _value)) {
+  if (!(tracing() ? findTraced(text, _key, _value) : findValue(text, _key, _value))) {
     traceLineIf(tracing(), "<!= CfgDataManager::getCfgValue() _key=\"%s\"was NOT found.\r\n", _key.c_str());
     return false;
   }

@@ -50,7 +50,7 @@ bool CfgDataManager::setEnabledLogClasses(const std::string& _ca, const std::str
     return false;
   }
   platform::TextWriter file(path, platform::TextWriter::Mode::truncate);
-  if (!file.isOpen()) {
+  if (!file.write(_logClasses)) {
     std::string text = "Failed to open file " + path;
     if (!platform::isAccessible(path, platform::Access::write)) text += ".The doesn't have WRITE permission.";
     writeErrorRecord(_ca, text, "");
@@ -58,7 +58,6 @@ bool CfgDataManager::setEnabledLogClasses(const std::string& _ca, const std::str
                 path.c_str());
     return false;
   }
-  if (!file.write(_logClasses)) return false;
   traceLineIf(tracing(),
               "<== CfgDataManager::setEnabledLogClasses() Enabled log class/es updated, new value \"%s\"\r\n",
               _logClasses.c_str());

@@ -5,6 +5,7 @@
 #include "config/cfg_data_manager.h"
 #include "config/error_info.h"
 #include "platform/access.h"
+#include "platform/text_file.h"
 #include "quillmark_logging_names.h"
 #include "trace/trace_flags.h"
 #include "trace/trace_line.h"
@@ -18,7 +19,7 @@ bool exists(const std::string& _path) { return platform::isAccessible(_path, pla
 
 bool checkExistingFile(const std::string& _path, const std::string& _ca, const std::string& _caller) {
   traceLine("--- Quillmark_logging::checkSpecifiedConfiguration() File %s exists\n", _path.c_str());
-  if (platform::isAccessible(_path, platform::Access::read)) return true;
+  if (platform::isAccessible(_path, platform::Access::read) && !platform::isTooLargeToRead(_path)) return true;
   traceLine("<!= Quillmark_logging::checkSpecifiedConfiguration() File %s does not have read permission\n",
             _path.c_str());
   writeQmrkErrorInfo(faultyPermissions, _ca, _caller, _path + " does not have read permission.");

@@ -38,7 +38,7 @@ bool writeQmrkErrorInfo(int _error, const std::string& _ca, const std::string& _
     }
   }
   const RecordResult result = appendRecord(file, errorInfoText(_error, _ca, _caller, _msg));
-  if (result == RecordResult::notOpened) {
+  if (result != RecordResult::written) {
     traceLine("<!= Quillmark_logging::writeQmrkErrorInfo() ERROR: Failed to open file %s\r\n", file.c_str());
   }
   return result == RecordResult::written;

@@ -53,7 +53,10 @@ bool writeOSInfo(const std::string& _ca, SystemFacts& _facts) {
     traceLine("<!= Quillmark_logging::writeOSInfo() ERROR: Failed to get OS information.\r\n");
     return false;
   }
-  if (!file.write(description + "\n\n")) return false;
+  if (!file.write(description + "\n\n")) {
+    traceLine("<!= Quillmark_logging::writeOSInfo() ERROR: Failed to open file %s\r\n", path.c_str());
+    return false;
+  }
   traceLine("<== Quillmark_logging::writeOSInfo() OS information is written to file %s\r\n", path.c_str());
   return true;
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
+#include <utility>
 
 #include "config/cfg_data_manager.h"
 #include "config/cfg_lookup.h"
@@ -59,7 +60,7 @@ bool updateLogLevels(const std::string& _ca) {
     return false;
   }
   // A list of nothing but line ends counts as empty.
-  enabledLogClasses = withoutLineEnds(enabledLogClasses);
+  enabledLogClasses = withoutLineEnds(std::move(enabledLogClasses));
   if (enabledLogClasses.empty()) {
     traceLine("--- Quillmark_logging::updateLogLevels() enabledLogClasses is empty. Disabling all log classes.\r\n");
     disableLogs("*");

@@ -1,15 +1,22 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace platform {
+
+/// A text file of more bytes is taken for something that has got into its place by mistake, and is not read.
+constexpr std::int64_t largestTextFile = 64 * 1024 * 1024;
+
+/// Whether a file has more bytes than that; false when it cannot be told.
+bool isTooLargeToRead(const std::string& _path);
 
 /// A text file open for reading. Sharing is unrestricted (deny none); the handle is not inherited by child processes.
 /// One thread at a time may use an object.
 class TextReader {
  public:
-  /// Opens the file, at once: a folder, a pipe, a socket or a device cannot be opened.
+  /// Opens the file, at once: a folder, a pipe, a socket, a device or a file that is too large cannot be opened.
   explicit TextReader(const std::string& _path);
   ~TextReader();
   TextReader(const TextReader&) = delete;
@@ -18,7 +25,7 @@ class TextReader {
   bool isOpen() const;
 
   /// Appends everything up to the end of the file to the text; each CR LF arrives as a single LF on both platforms.
-  /// A read error ends the text there.
+  /// A read error ends the text there. Takes no more memory than the text.
   /// @return false when the file is not open or a read failed.
   bool readAll(std::string& _text);
 

@@ -2,28 +2,39 @@
 #include "platform/text_file.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
-#include <array>
 #include <cerrno>
-#include <string_view>
 
 #include "platform/fault.h"
 #include "platform/linux/file_write.h"
 #include "platform/linux/open_file.h"
+#include "platform/native_path.h"
 
 namespace platform {
 namespace {
+
+constexpr std::size_t largestRead = 65536;
 
 void closeFile(int _file) {
   if (_file != -1 && injectedFault(Call::closeFile) == noError) ::close(_file);
 }
 
-void appendWithLineFeeds(std::string& _text, std::string_view _raw) {
-  for (std::size_t i = 0; i < _raw.size(); ++i) {
-    const bool endsLine = _raw[i] == '\r' && i + 1 < _raw.size() && _raw[i + 1] == '\n';
-    if (!endsLine) _text += _raw[i];
+std::int64_t sizeOf(int _file) {
+  struct stat status {};
+  return ::fstat(_file, &status) == 0 ? static_cast<std::int64_t>(status.st_size) : 0;
+}
+
+// Turns each CR LF of the text, from a position on, into LF.
+void dropCarriageReturns(std::string& _text, std::size_t _begin) {
+  std::size_t to = _text.find('\r', _begin);
+  if (to == std::string::npos) return;
+  for (std::size_t from = to; from < _text.size(); ++from) {
+    const bool endsLine = _text[from] == '\r' && from + 1 < _text.size() && _text[from + 1] == '\n';
+    if (!endsLine) _text[to++] = _text[from];
   }
+  _text.resize(to);
 }
 
 }  // namespace
@@ -31,6 +42,9 @@ void appendWithLineFeeds(std::string& _text, std::string_view _raw) {
 TextReader::TextReader(const std::string& _path) {
   if (injectedFault(Call::openForReading) != noError) return;
   file_ = openFile(_path, O_RDONLY);
+  if (file_ == -1 || sizeOf(file_) <= largestTextFile) return;
+  ::close(file_);
+  file_ = -1;
 }
 
 TextReader::~TextReader() { closeFile(file_); }
@@ -39,16 +53,24 @@ bool TextReader::isOpen() const { return file_ != -1; }
 
 bool TextReader::readAll(std::string& _text) {
   if (!isOpen()) return false;
-  std::string raw;
-  std::array<char, 16384> buffer;
+  const std::size_t begin = _text.size();
+  std::size_t end = begin;
+  _text.reserve(begin + static_cast<std::size_t>(sizeOf(file_)) + largestRead);
   ssize_t got = -1;
   do {
     if (injectedFault(Call::read) != noError) break;
-    got = ::read(file_, buffer.data(), buffer.size());
-    if (got > 0) raw.append(buffer.data(), static_cast<std::size_t>(got));
+    _text.resize(end + largestRead);
+    got = ::read(file_, &_text[end], largestRead);
+    if (got > 0) end += static_cast<std::size_t>(got);
   } while (got > 0 || (got == -1 && errno == EINTR));
-  appendWithLineFeeds(_text, raw);
+  _text.resize(end);
+  dropCarriageReturns(_text, begin);
   return got == 0;
+}
+
+bool isTooLargeToRead(const std::string& _path) {
+  struct stat status {};
+  return ::stat(nativePath(_path).c_str(), &status) == 0 && status.st_size > largestTextFile;
 }
 
 TextWriter::TextWriter(const std::string& _path, Mode _mode) {

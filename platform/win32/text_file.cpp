@@ -37,6 +37,9 @@ void closeFile(int _file) {
 
 TextReader::TextReader(const std::string& _path) {
   if (injectedFault(Call::openForReading) == noError) file_ = openFile(_path, _O_RDONLY);
+  if (file_ == -1 || ::_filelengthi64(file_) <= largestTextFile) return;
+  ::_close(file_);
+  file_ = -1;
 }
 
 TextReader::~TextReader() { closeFile(file_); }
@@ -53,6 +56,11 @@ bool TextReader::readAll(std::string& _text) {
     if (got > 0) _text.append(buffer.data(), static_cast<std::size_t>(got));
   } while (got > 0);
   return got == 0;
+}
+
+bool isTooLargeToRead(const std::string& _path) {
+  struct _stat64 status {};
+  return ::_stat64(_path.c_str(), &status) == 0 && status.st_size > largestTextFile;
 }
 
 TextWriter::TextWriter(const std::string& _path, Mode _mode) {

@@ -131,12 +131,15 @@ TEST_F(AutoGenerate, AFileThatCannotBeOpenedIsAFailure) {
             std::string::npos);
 }
 
-TEST_F(AutoGenerate, AFullDiskIsAFailure) {
+TEST_F(AutoGenerate, AFullDiskIsAFailureThatLeavesNoFile) {
   addFile("qmrk_logging_CA07.cfg");
   generator_.setCfgPath(folder_.path());
   const FaultPlan failure(Call::write, 1, platform::errorDiskFull);
   EXPECT_FALSE(generator_.generateGenericCfgFile());
-  EXPECT_EQ(console_.text().find("successfully generated"), std::string::npos);
+  EXPECT_TRUE(masked(console_.text())
+                  .ends_with("<!=  AutoGenerateCfg::generateGenericCfgFile() ERROR: Failed to open file "
+                             "\"<FOLDER>\\qmrk_logging_GE.cfg\"\r\n"));
+  EXPECT_FALSE(exists(generated_));
 }
 
 TEST_F(AutoGenerate, TraversesOnlyAFolder) {

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "config/cfg_data_manager.h"
-#include "config/error_record.h"
+#include "platform/text_file.h"
 #include "tests/config/records.h"
 #include "tests/support/as_unprivileged_user.h"
 #include "tests/support/config_sandbox.h"
@@ -103,6 +105,15 @@ TEST_F(ClassStore, AFolderInThePlaceOfTheFileIsAFailure) {
   EXPECT_FALSE(store_->getEnabledLogClasses("CA12", classes_));
 }
 
+TEST_F(ClassStore, AFileThatIsTooLargeLeavesARecord) {
+  makeFolders(sandbox_.logFolder());
+  sandbox_.writeInit("CA12", "A;");
+  std::filesystem::resize_file(testsupport::systemPath(sandbox_.initPath("CA12")), platform::largestTextFile + 1);
+  EXPECT_FALSE(store_->getEnabledLogClasses("CA12", classes_));
+  EXPECT_EQ(classes_, "");
+  EXPECT_EQ(recordsIn(infoFile()), Records{"Failed to open file " + sandbox_.initPath("CA12") + " [CA12] "});
+}
+
 TEST_F(ClassStore, AnUnreadableFileLeavesARecord) {
   makeInfoFileForEveryone();
   sandbox_.writeInit("CA12", "A;");
@@ -185,83 +196,11 @@ TEST_F(ClassStore, SettingAWritableFileThatCannotBeOpenedLeavesAShorterRecord) {
   EXPECT_EQ(recordsIn(infoFile()), Records{"Failed to open file " + sandbox_.initPath("CA12") + " [CA12] "});
 }
 
-TEST_F(ClassStore, SettingIsAFailureWhenTheDiskIsFull) {
+TEST_F(ClassStore, SettingLeavesARecordWhenTheDiskIsFull) {
+  makeFolders(sandbox_.logFolder());
   const FaultPlan failure(Call::write, 1, platform::errorDiskFull);
   EXPECT_FALSE(store_->setEnabledLogClasses("CA12", "A;"));
-}
-
-// ---- Error records ----
-
-TEST_F(ClassStore, ARecordEndsInABlankUnlessACallerIsNamed) {
-  EXPECT_EQ(errorRecordText("ca12", "Text.", ""), "Text. [ca12] ");
-  EXPECT_EQ(errorRecordText("CA12", "Text.", "App"), "Text. [CA12] [Called by App]");
-}
-
-TEST_F(ClassStore, RecordsAreAppendedBelowTheLogRootOfTheCa) {
-  sandbox_.writeCfg("CA12", "COMMON_LOG_FILE_ROOT=Own\\Logs\n");
-  makeFolders(sandbox_.appData() + "\\Own\\Logs");
-  EXPECT_TRUE(store_->writeErrorRecord("CA12", "One.", ""));
-  EXPECT_TRUE(store_->writeErrorRecord("CA12", "Two.", "App"));
-  EXPECT_EQ(recordsIn(sandbox_.appData() + "\\Own\\Logs\\qmrk.info"),
-            (Records{"One. [CA12] ", "Two. [CA12] [Called by App]"}));
-}
-
-TEST_F(ClassStore, ARecordIsNotWrittenWithoutTheFolder) {
-  EXPECT_FALSE(store_->writeErrorRecord("CA12", "Text.", ""));
-  EXPECT_FALSE(testsupport::exists(sandbox_.logFolder()));
-}
-
-TEST_F(ClassStore, ARecordIsNotWrittenToAReadOnlyFile) {
-  makeFolders(sandbox_.logFolder());
-  testsupport::writeFile(infoFile(), "");
-  testsupport::denyWriting(infoFile());
-  {
-    const AsUnprivilegedUser user;
-    EXPECT_FALSE(store_->writeErrorRecord("CA12", "Text.", ""));
-  }
-  EXPECT_EQ(readFile(infoFile()), "");
-}
-
-TEST_F(ClassStore, ARecordIsNotWrittenWhenTheDiskIsFull) {
-  makeFolders(sandbox_.logFolder());
-  const FaultPlan failure(Call::write, 1, platform::errorDiskFull);
-  EXPECT_FALSE(store_->writeErrorRecord("CA12", "Text.", ""));
-}
-
-TEST_F(ClassStore, TheLogRootHasADefault) {
-  std::string root;
-  EXPECT_TRUE(store_->getLogRootPath(root, "CA12"));
-  EXPECT_EQ(root, sandbox_.appData() + R"(\Orvane\Quillmark\Logging)");
-}
-
-TEST_F(ClassStore, TheLogRootAlwaysGetsABackslash) {
-  std::string root;
-  sandbox_.writeCfg("CA12", "COMMON_LOG_FILE_ROOT=\\Logs\n");
-  EXPECT_TRUE(store_->getLogRootPath(root, "CA12"));
-  EXPECT_EQ(root, sandbox_.appData() + R"(\\Logs)");
-  sandbox_.writeCfg("CA12", "COMMON_LOG_FILE_ROOT= \n");
-  EXPECT_TRUE(store_->getLogRootPath(root, "CA12"));
-  EXPECT_EQ(root, sandbox_.appData() + "\\");
-}
-
-TEST_F(ClassStore, TheLogRootIsUnchangedWhenTheSystemDoesNotKnowTheFolder) {
-  const FaultPlan failure(Call::shellFolder, 1, platform::errorPathNotFound);
-  std::string root = "preset";
-  EXPECT_FALSE(store_->getLogRootPath(root, "CA12"));
-  EXPECT_EQ(root, "preset");
-}
-
-TEST_F(ClassStore, TheLogRootNeedsACa) {
-  std::string root = "preset";
-  EXPECT_FALSE(store_->getLogRootPath(root, ""));
-  EXPECT_EQ(root, sandbox_.appData());
-}
-
-TEST_F(ClassStore, TheLogRootMayBeTheStringThatNamesTheCa) {
-  sandbox_.writeCfg("CA12", "COMMON_LOG_FILE_ROOT=Own\n");
-  std::string text = "CA12";
-  EXPECT_TRUE(store_->getLogRootPath(text, text));
-  EXPECT_EQ(text, sandbox_.appData() + "\\Own");
+  EXPECT_EQ(recordsIn(infoFile()), Records{"Failed to open file " + sandbox_.initPath("CA12") + " [CA12] "});
 }
 
 // ---- Traces ----
@@ -289,6 +228,11 @@ TEST_F(ClassStore, TracesAMissingPath) { EXPECT_TRUE(getTraceMatches("", "config
 TEST_F(ClassStore, TracesANewList) { EXPECT_TRUE(setTraceMatches("CA12", "A;B;", "config_classes_set.txt")); }
 
 TEST_F(ClassStore, TracesARefusedList) { EXPECT_TRUE(setTraceMatches("CA12", "", "config_classes_set_empty.txt")); }
+
+TEST_F(ClassStore, TracesAListForWhichThereIsNoRoomLikeOneThatCannotBeStored) {
+  const FaultPlan failure(Call::write, 1, platform::errorDiskFull);
+  EXPECT_TRUE(setTraceMatches("CA12", "A;", "config_classes_set_failed.txt"));
+}
 
 TEST_F(ClassStore, TracesAListThatCannotBeStored) {
   makeFolders(sandbox_.initPath("CA12"));

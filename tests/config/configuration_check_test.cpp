@@ -3,12 +3,16 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
+#include "platform/text_file.h"
 #include "quillmark_logging.h"
 #include "tests/config/records.h"
 #include "tests/support/as_unprivileged_user.h"
 #include "tests/support/config_sandbox.h"
 #include "tests/support/fault_plan.h"
 #include "tests/support/golden.h"
+#include "tests/support/system_path.h"
 #include "tests/support/without_read_permission.h"
 #include "tests/trace/masked_object_bytes.h"
 #include "tests/trace/traced_console.h"
@@ -171,6 +175,19 @@ TEST_F(ConfigurationCheck, FailsWhenTheConfigurationFolderIsMissing) {
   testsupport::removeAll(sandbox_.cfgFolder());
   EXPECT_FALSE(check("CA12"));
   EXPECT_EQ(records().size(), 1U);
+}
+
+// Its size alone counts: nothing of it takes room on the disk.
+TEST_F(ConfigurationCheck, AFileThatIsTooLargeIsTracedAndRecordedLikeOneThatMayNotBeRead) {
+  sandbox_.writeCfg("CA12", "CA_NR=CA12\n");
+  const auto file = testsupport::systemPath(sandbox_.cfgPath("CA12"));
+  std::filesystem::resize_file(file, platform::largestTextFile);
+  EXPECT_TRUE(check("CA12"));
+  std::filesystem::resize_file(file, platform::largestTextFile + 1);
+  EXPECT_FALSE(checkTraced("CA12"));
+  EXPECT_EQ(records(), Records{"Faulty file permissions. " + sandbox_.cfgPath("CA12") +
+                               " does not have read permission. [Called by App]"});
+  EXPECT_TRUE(traceMatches("config_check_unreadable.txt"));
 }
 
 TEST_F(ConfigurationCheck, AFileThatMayNotBeReadIsRecordedAndFails) {

@@ -130,7 +130,12 @@ TEST_F(ErrorInfo, TracesAFileThatMayNotBeWritten) {
 
 TEST_F(ErrorInfo, IsNotWrittenWhenTheDiskIsFull) {
   const FaultPlan failure(Call::write, 1, platform::errorDiskFull);
-  EXPECT_FALSE(write());
+  EXPECT_FALSE(writeTraced());
+  const std::string trace = sandbox_.masked(trace_);
+  EXPECT_TRUE(
+      trace.ends_with("<!= Quillmark_logging::writeQmrkErrorInfo() ERROR: Failed to open file "
+                      "<APPDATA>\\Orvane\\Quillmark\\Logging\\qmrk.info\r\n"))
+      << trace;
 }
 
 }  // namespace

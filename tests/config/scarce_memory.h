@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
+
 namespace testsupport {
 
 /// While it lives, the _nth request of this thread for memory (1 is the next one) fails. Linking the source of this
@@ -17,6 +19,16 @@ class ScarceMemory {
 
   /// Whether the failure has come.
   bool hasFailed() const;
+};
+
+/// The most memory that was in use at once, above what was in use at the construction. Counts all threads.
+class MemoryPeak {
+ public:
+  MemoryPeak();
+  std::size_t bytes() const;
+
+ private:
+  std::size_t before_;
 };
 
 }  // namespace testsupport

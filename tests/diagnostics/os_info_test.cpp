@@ -121,7 +121,9 @@ TEST_F(OsInfo, DoesNotClaimToHaveWrittenWhatDidNotFit) {
   const testsupport::FaultPlan fullDisk(platform::Call::write, 1, platform::errorDiskFull);
   const TracedConsole console;
   EXPECT_FALSE(writeOSInfo("CA12", system_));
-  EXPECT_EQ(ownLines(console.text()), "==> Quillmark_logging::writeOSInfo() _ca=CA12\r\n");
+  EXPECT_EQ(ownLines(sandbox_.masked(console.text())),
+            "==> Quillmark_logging::writeOSInfo() _ca=CA12\r\n"
+            "<!= Quillmark_logging::writeOSInfo() ERROR: Failed to open file <APPDATA>\\Logs\\common.log\r\n");
 }
 
 TEST_F(OsInfo, OfTheRunningSystemIsWhatThePlatformTells) {

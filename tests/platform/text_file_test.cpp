@@ -94,6 +94,17 @@ TEST_F(TextReaderTest, AppendsToTheText) {
   EXPECT_EQ(text, "old\rnew");
 }
 
+TEST_F(TextReaderTest, TurnsCrLfIntoLfAcrossThePartsInWhichItReads) {
+  std::string bytes;
+  std::string text;
+  while (bytes.size() < 200'000) {
+    bytes += "line\r\n";
+    text += "line\n";
+  }
+  EXPECT_EQ(readBack(bytes), text);
+  EXPECT_EQ(readBack("x" + bytes), "x" + text);
+}
+
 TEST_F(TextReaderTest, ReadsNothingMoreAtTheEnd) {
   writeFile(path_, "text");
   TextReader reader(path_);
