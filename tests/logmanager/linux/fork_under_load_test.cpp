@@ -18,11 +18,6 @@
 // Forks while threads log and set up, in every set-up. A child logs, sets up and ends like any program; an alarm ends
 // one that hangs.
 
-// A child that is forked while other threads run may not start threads under the thread sanitizer, unless told so.
-//
-// NOLINTNEXTLINE(bugprone-reserved-identifier,readability-identifier-naming): the name is the sanitizer's
-extern "C" __attribute__((visibility("default"))) const char* __tsan_default_options() { return "die_after_fork=0"; }
-
 namespace {
 
 namespace bl = boost::logging;
