@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
+
 #include "platform/errors.h"
+#include "platform/handle.h"
 
 namespace platform {
 
@@ -28,7 +31,7 @@ enum class Call {
   openEvent,
   openEventFile,   ///< Linux: between the folder and the file in it
   awaitEventGate,  ///< Linux: before each pause for a process that blocks the event; cannot fail
-  waitEvent,
+  waitEvent,       ///< waitTimeout and waitAbandoned, too, which are then what the wait returns
   setEvent,
   resetEvent,
   closeHandle,
@@ -39,5 +42,10 @@ enum class Call {
 /// without having been made. The product links no_fault.cpp, whose answer is always noError; the tests link a plan that
 /// can make the n-th call fail (tests/support/fault_plan.h).
 ErrorCode injectedFault(Call _call) noexcept;
+
+/// What a wait returns for such a code.
+constexpr std::uint32_t waitResultOfFault(ErrorCode _code) {
+  return _code == waitTimeout || _code == waitAbandoned ? _code : waitFailed;
+}
 
 }  // namespace platform

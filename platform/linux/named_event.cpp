@@ -126,7 +126,7 @@ std::uint32_t waitForEvent(Handle _event, std::uint32_t _milliseconds) {
   // Also for a wait that is satisfied, or fails, at once.
   TerminationPoint::check();
   const auto event = eventOf(_event, Call::waitEvent);
-  return event != nullptr ? waitFor(*event, _milliseconds) : waitFailed;
+  return event != nullptr ? waitFor(*event, _milliseconds) : waitResultOfFault(lastError());
 }
 
 }  // namespace platform

@@ -30,7 +30,7 @@ bool setEvent(Handle _event) { return mayCall(Call::setEvent) && ::SetEvent(_eve
 bool resetEvent(Handle _event) { return mayCall(Call::resetEvent) && ::ResetEvent(_event) == TRUE; }
 
 std::uint32_t waitForEvent(Handle _event, std::uint32_t _milliseconds) {
-  return mayCall(Call::waitEvent) ? ::WaitForSingleObject(_event, _milliseconds) : waitFailed;
+  return mayCall(Call::waitEvent) ? ::WaitForSingleObject(_event, _milliseconds) : waitResultOfFault(::GetLastError());
 }
 
 }  // namespace platform

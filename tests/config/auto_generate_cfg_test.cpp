@@ -186,6 +186,16 @@ TEST_F(AutoGenerate, ListsOnlyWhatHoldsTheFilter) {
                              "<== AutoGenerateCfg::showDirContent()\r\n"));
 }
 
+TEST_F(AutoGenerate, KeepsWhatAFilterHasHiddenForTheNextListing) {
+  addFile("b.cfg");
+  addFile("a.txt");
+  EXPECT_TRUE(generator_.showDirContent(folder_.path(), ".cfg"));
+  EXPECT_TRUE(generator_.showDirContent(folder_.path(), ""));
+  EXPECT_TRUE(masked(console_.text())
+                  .ends_with("<FOLDER>\r\na.txt\r\nb.cfg\r\n\r\nSummary:\r\n\t2 File(s)\r\n\t0 Dir(s)\r\n"
+                             "<== AutoGenerateCfg::showDirContent()\r\n"));
+}
+
 TEST_F(AutoGenerate, ListsWhatWasFoundFirstWhateverFolderIsNamedLater) {
   addFile("a.txt");
   EXPECT_TRUE(generator_.traverseDirectory(folder_.path(), "a"));

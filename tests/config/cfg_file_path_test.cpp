@@ -81,6 +81,14 @@ TEST_F(CfgFilePath, KeepsTheLetterCaseOfARedirection) {
   EXPECT_EQ(pathOf("GE", false), sandbox_.initPath("ca7"));
 }
 
+TEST_F(CfgFilePath, TakesARedirectionWithSeparatorsAsItStands) {
+  for (const char* const value : {"x/y", "x\\y"}) {
+    sandbox_.writeCfg("GE", std::string("REDIRECT_CA_NR=") + value + "\n");
+    EXPECT_EQ(pathOf("GE", true), sandbox_.cfgPath(value));
+    EXPECT_EQ(pathOf("GE", false), sandbox_.initPath(value));
+  }
+}
+
 TEST_F(CfgFilePath, IsRedirectedOnceOnly) {
   sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA12\n");
   sandbox_.writeCfg("CA12", "REDIRECT_CA_NR=CA13\n");

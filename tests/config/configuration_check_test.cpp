@@ -81,6 +81,19 @@ TEST_F(ConfigurationCheck, AMissingFileFallsBackToTheGenericOneAndIsRecorded) {
   EXPECT_TRUE(traceMatches("config_check_generic.txt"));
 }
 
+TEST_F(ConfigurationCheck, ARecordNamesTheCaInTheLetterCaseInWhichItWasPassed) {
+  sandbox_.writeCfg("GE", "CA_NR=GE\n");
+  EXPECT_TRUE(check("ca12"));
+  EXPECT_EQ(records(), Records{"Invalid of missing configuration file for ca12." + std::string(REDIRECTING)});
+}
+
+TEST_F(ConfigurationCheck, TheFolderOfTheGenericFileEndsAtABackslashOnly) {
+  sandbox_.writeCfg("GE", "REDIRECT_CA_NR=x/y\n");
+  sandbox_.writeCfg("CA07", "CA_NR=CA07\n");
+  EXPECT_TRUE(check("GE"));
+  EXPECT_NE(testsupport::readFile(sandbox_.cfgPath("GE")).find("REDIRECT_CA_NR=CA07"), std::string::npos);
+}
+
 TEST_F(ConfigurationCheck, AMissingFileFallsBackToTheRedirectedCa) {
   sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA07\n");
   sandbox_.writeCfg("CA07", "CA_NR=CA07\n");

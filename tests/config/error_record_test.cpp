@@ -6,8 +6,10 @@
 #include "config/cfg_data_manager.h"
 #include "tests/config/records.h"
 #include "tests/support/as_unprivileged_user.h"
+#include "tests/support/captured_console.h"
 #include "tests/support/config_sandbox.h"
 #include "tests/support/fault_plan.h"
+#include "trace/trace_flags.h"
 
 namespace {
 
@@ -84,6 +86,21 @@ TEST_F(ErrorRecord, TheLogRootIsUnchangedWhenTheSystemDoesNotKnowTheFolder) {
   std::string root = "preset";
   EXPECT_FALSE(store_->getLogRootPath(root, "CA12"));
   EXPECT_EQ(root, "preset");
+}
+
+// Each of the two switches is on where the other one is off.
+TEST_F(ErrorRecord, TheLogRootIsTracedByTheSwitchOfTheStore) {
+  const testsupport::CapturedConsole console;
+  std::string root;
+  EXPECT_TRUE(CfgDataManager::getInstance(true)->getLogRootPath(root, "CA12"));
+  const std::string fetch =
+      "==> CfgDataManager::getInstance()\r\n<== CfgDataManager::getInstance() Instance returned.\r\n";
+  EXPECT_TRUE(console.text().starts_with(fetch + fetch + "==> CfgDataManager::getQmrkCfgFilePath()")) << console.text();
+  const std::string before = console.text();
+  Quillmark_logging::setLoadTimeTrace(true);
+  EXPECT_TRUE(CfgDataManager::getInstance(false)->getLogRootPath(root, "CA12"));
+  Quillmark_logging::setLoadTimeTrace(false);
+  EXPECT_EQ(console.text(), before);
 }
 
 TEST_F(ErrorRecord, TheLogRootNeedsACa) {

@@ -43,6 +43,18 @@ TEST_F(LogLevelUpdate, IsMadeOnceForASettingFromAnotherProcessAndLeavesTheEventR
   stop(handler);
 }
 
+TEST_F(LogLevelUpdate, IsNotMadeForAWaitThatEndsOtherwise) {
+  for (const std::uint32_t result : {waitTimeout, waitAbandoned, waitFailed}) {
+    const testsupport::FaultPlan reads(Call::openForReading, 1000, errorAccessDenied);
+    const testsupport::FaultPlan wait(Call::waitEvent, 1, result);
+    LogEventHandler handler;
+    ASSERT_TRUE(cout_.waitFor("(" + std::to_string(result) + ")"));
+    ASSERT_TRUE(testsupport::waitUntilThreadSleeps(handler.getThreadId()));
+    EXPECT_EQ(reads.calls(), 0) << result;
+    EXPECT_EQ(cout_.count("LogEventHandler::resetEvent()"), 0) << result;
+  }
+}
+
 TEST_F(LogLevelUpdate, IsMadeForEverySetting) {
   LogEventHandler handler;
   ASSERT_TRUE(waitUntilListening(handler));

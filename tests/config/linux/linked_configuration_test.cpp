@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "config/auto_generate_cfg.h"
+#include "config/cfg_data_manager.h"
+#include "platform/native_path.h"
+#include "tests/support/config_sandbox.h"
+#include "tests/support/temporary_folder.h"
+
+namespace {
+
+TEST(LinkedConfiguration, LinkToAFolderIsNotTakenForAFileOfACa) {
+  const testsupport::TemporaryFolder folder;
+  testsupport::makeFolders(folder.file("elsewhere"));
+  std::filesystem::create_directory_symlink("elsewhere", platform::nativePath(folder.file("qmrk_logging_CA99.cfg")));
+  AutoGenerateCfg generator(false);
+  EXPECT_TRUE(generator.setCfgPath(folder.path()));
+  EXPECT_FALSE(generator.getCA());
+}
+
+TEST(LinkedConfiguration, LinkToAFileIsTakenForTheFile) {
+  const testsupport::TemporaryFolder folder;
+  testsupport::writeFile(folder.file("elsewhere"), "");
+  std::filesystem::create_symlink("elsewhere", platform::nativePath(folder.file("qmrk_logging_CA99.cfg")));
+  AutoGenerateCfg generator(false);
+  EXPECT_TRUE(generator.setCfgPath(folder.path()));
+  EXPECT_TRUE(generator.getCA());
+}
+
+// Every marker of the generic CA in a path is replaced, also in the folders above the file.
+TEST(LinkedConfiguration, RedirectionReplacesEveryMarkerOfThePath) {
+  const testsupport::ConfigSandbox sandbox;
+  const testsupport::TemporaryFolder folder;
+  const std::string base = folder.path() + "/a_GE.b_GE.c";
+  const std::string below = R"(\Orvane Shared\qmrk\logging\cfg)";
+  testsupport::makeFolders(base + below);
+  testsupport::writeFile(base + below + R"(\qmrk_logging_GE.cfg)", "REDIRECT_CA_NR=CA12\n");
+  testsupport::setEnvironment("QMRK_COMMON_PROGRAM_FILES", base);
+  std::string path;
+  EXPECT_TRUE(CfgDataManager::getInstance(false)->getQmrkCfgFilePath(path, "GE", true));
+  EXPECT_EQ(path, folder.path() + "/a_CA12.b_CA12.c" + below + R"(\qmrk_logging_CA12.cfg)");
+}
+
+}  // namespace
