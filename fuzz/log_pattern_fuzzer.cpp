@@ -7,6 +7,7 @@
 #include <sstream>
 #include <string>
 
+#include "logmanager/names/glob.h"
 #include "logmanager/names/name_pattern.h"
 #include "tests/logmanager/names/name_pattern_oracle.h"
 
@@ -21,15 +22,22 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* _data, std::size_t _si
   std::getline(lines, other);
   std::getline(lines, name);
 
+  using boost::logging::detail::globMatches;
+  using boost::logging::detail::globsMeet;
   using boost::logging::detail::NamePattern;
-  const NamePattern onePattern(one);
-  const NamePattern otherPattern(other);
-  const bool oneSelects = onePattern.selects(name);
-  const bool otherSelects = otherPattern.selects(name);
-  if (oneSelects != testsupport::naiveSelects(one, name)) std::abort();
-  if (onePattern.covers(otherPattern) && otherSelects && !oneSelects) std::abort();
-  if (oneSelects && otherSelects && !onePattern.meets(otherPattern)) std::abort();
-  if (onePattern.covers(otherPattern) && !onePattern.meets(otherPattern)) std::abort();
-  if (onePattern.meets(otherPattern) != otherPattern.meets(onePattern)) std::abort();
+  const NamePattern pattern(one);
+  if (pattern.selects(name) != testsupport::naiveSelects(one, name)) std::abort();
+  const auto globs = pattern.globs();
+  const auto matchesName = [&name](const std::string& _glob) { return globMatches(_glob, name); };
+  if (std::ranges::any_of(globs, matchesName) != pattern.selects(name)) std::abort();
+  const std::string otherGlob = NamePattern(other).text();
+  for (const std::string& glob : globs) {
+    const bool covers = globMatches(glob, otherGlob);
+    const bool meets = globsMeet(glob, otherGlob);
+    if (covers && matchesName(otherGlob) && !matchesName(glob)) std::abort();
+    if (covers && !meets) std::abort();
+    if (matchesName(glob) && matchesName(otherGlob) && !meets) std::abort();
+    if (meets != globsMeet(otherGlob, glob)) std::abort();
+  }
   return 0;
 }

@@ -4,49 +4,72 @@
 #include <cstddef>
 #include <cstdint>
 #include <list>
-#include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "logmanager/callable.h"
+#include "logmanager/names/glob_index.h"
 #include "logmanager/names/name_pattern.h"
-#include "logmanager/names/rule_index.h"
 
 namespace boost::logging::detail {
 
-/// Which callables of one kind are connected, for logs that do not exist yet. What a removal takes away altogether is
-/// forgotten; what it takes away in part is kept with the patterns that it no longer holds for, of which none covers
-/// another. So repeated calls leave no more than one round of them. Not synchronised.
+/// Which callables the logs have: those additions and removals that still matter, in the order of the calls. What add
+/// and remove change counts at once and is ended by commit or rollBack. Not synchronised.
+///
+/// Patterns are kept as globs, because of this: if several globs together match all that another one matches, one of
+/// them does so alone. (Put a byte that none of them contains in place of each "*" of the other one. It matches this
+/// text, so one of them does, and only by a "*" can it match these bytes.) So an addition is forgotten as soon as one
+/// removal covers it, and a removal as soon as a later one covers it; none is kept that meets no addition. Repeated
+/// calls leave what one round of them leaves.
 class CallableRules {
- public:
-  void add(const NamePattern& _pattern, const SharedCallable& _callable);
+ private:
+  struct Rule {
+    std::string glob;
+    std::uint64_t sequence;
+    CallableKind kind;
+    std::string name;
+    /// Null in a removal.
+    SharedCallable callable;
+    /// To be forgotten by the next commit.
+    bool isDead = false;
+  };
 
-  /// @return the callables that no rule holds any more, for the caller to destroy where it holds no lock.
-  std::vector<SharedCallable> remove(const NamePattern& _pattern, const std::string& _name);
+ public:
+  using Rules = std::list<Rule>;
+
+  /// May throw std::bad_alloc; a call of rollBack is due then.
+  void add(const NamePattern& _pattern, const SharedCallable& _callable);
+  void remove(const NamePattern& _pattern, CallableKind _kind, std::string_view _name);
+
+  /// @return what is forgotten, for the caller to destroy where it holds no lock.
+  Rules commit() noexcept;
+
+  /// Undoes what was done since the latest commit.
+  void rollBack() noexcept;
 
   /// The callables of a log of that name, in the order of adding.
   std::vector<SharedCallable> callablesOf(std::string_view _name);
 
-  /// How many rules and exceptions from them are held.
-  std::size_t size() const;
+  /// How many additions and removals are held.
+  std::size_t size() const { return size_; }
 
  private:
-  struct Rule {
-    std::uint64_t sequence;
-    NamePattern pattern;
-    SharedCallable callable;
-    std::vector<NamePattern> exceptions;
+  /// What rollBack undoes: a rule was inserted, or marked as dead.
+  struct Step {
+    bool isInsertion;
+    Rules* home = nullptr;
+    Rules::iterator rule;
   };
-  using RulePointers = std::vector<const Rule*>;
 
-  static bool holdsFor(const Rule& _rule, std::string_view _name);
-  static void except(Rule& _rule, const NamePattern& _pattern);
-  void forget(const Rule& _rule);
+  void insert(Rule _rule);
+  void removeCovered(const std::string& _glob, CallableKind _kind, std::string_view _name);
+  bool meetsAddition(const std::string& _glob, CallableKind _kind, std::string_view _name);
+  void take(const Step& _step, Rules& _forgotten) noexcept;
 
-  std::unordered_map<std::string, std::list<Rule>> byName_;
-  RuleIndex<RulePointers> byPattern_;
+  GlobIndex<Rules> byGlob_;
+  std::vector<Step> steps_;
+  std::size_t size_ = 0;
   std::uint64_t sequence_ = 0;
 };
 

@@ -2,59 +2,50 @@
 #include "logmanager/default_log_manager.h"
 
 #include <memory>
+#include <new>
 #include <utility>
-#include <vector>
 
 #include "logmanager/context.h"
 
 namespace boost::logging {
 
-using detail::CallableKind;
+using detail::CallableRules;
 using detail::CallableSet;
 using detail::Log;
 using detail::NamePattern;
+using detail::SetUpCalls;
 using detail::SharedCallable;
 
 Log& default_log_manager::log(const std::string& _name) {
   const std::lock_guard<std::mutex> lock(lock_);
-  Log* const log = logs_.find(_name);
-  return log != nullptr ? *log : createLog(_name);
+  if (Log* const log = logs_.find(_name)) return *log;
+  const std::vector<SharedCallable> callables = callableRules_.callablesOf(_name);
+  return logs_.create(_name, enableRules_.isEnabled(_name),
+                      callables.empty() ? nullptr : std::make_unique<const CallableSet>(callables));
 }
 
-void default_log_manager::connect(const std::string& _logs, const SharedCallable& _callable) {
-  const NamePattern pattern(_logs);
-  {
-    const std::lock_guard<std::mutex> lock(lock_);
-    rulesOf(_callable->kind).add(pattern, _callable);
-    logs_.forEachSelected(pattern, [this, &_callable](Log& _log) {
-      publish(_log, withCallable(_log.callables.load(std::memory_order_relaxed), _callable));
-    });
-  }
-  freeRetired();
-}
-
-void default_log_manager::disconnect(const std::string& _logs, CallableKind _kind, const std::string& _name) {
-  const NamePattern pattern(_logs);
-  std::vector<SharedCallable> forgotten;
-  {
-    const std::lock_guard<std::mutex> lock(lock_);
-    forgotten = rulesOf(_kind).remove(pattern, _name);
-    logs_.forEachSelected(pattern, [this, _kind, &_name](Log& _log) {
-      const CallableSet* const callables = _log.callables.load(std::memory_order_relaxed);
-      if (hasName(callables, _kind, _name)) publish(_log, withoutName(*callables, _kind, _name));
-    });
-  }
-  freeRetired();
-}
-
-void default_log_manager::enable(const std::string& _logs, bool _enabled) {
-  const NamePattern pattern(_logs);
+void default_log_manager::apply(const SetUpCalls& _calls) {
+  CallableRules::Rules forgotten;
   Sets unused;
   const std::lock_guard<std::mutex> lock(lock_);
-  enabling_.set(pattern, _enabled);
-  logs_.forEachSelected(pattern, [_enabled](Log& _log) { _log.enabled.store(_enabled, std::memory_order_relaxed); });
-  // Sets that were in use when they were replaced do not have to wait for a call that replaces more.
-  if (retired_.size() > 0) unused = retired_.takeUnused(detail::contexts());
+  try {
+    for (const SetUpCalls::Call& call : _calls)
+      prepare(_calls, call);
+    for (Log* const log : pending_)
+      prepareCallables(*log);
+    retired_.makeRoom(pending_.size());
+  } catch (...) {
+    callableRules_.rollBack();
+    enableRules_.rollBack();
+    dropPending();
+    throw;
+  }
+  forgotten = callableRules_.commit();
+  enableRules_.commit();
+  for (Log* const log : pending_)
+    publish(*log);
+  dropPending();
+  unused = takeUnused();
 }
 
 void default_log_manager::lockForFork() {
@@ -75,37 +66,72 @@ void default_log_manager::restartInChild() {
 
 default_log_manager::Size default_log_manager::size() const {
   const std::lock_guard<std::mutex> lock(lock_);
-  return {logs_.size(), modifiers_.size() + appenders_.size() + enabling_.size(), retired_.size()};
+  return {logs_.size(), callableRules_.size() + enableRules_.size(), retired_.size()};
 }
 
-detail::CallableRules& default_log_manager::rulesOf(CallableKind _kind) {
-  return _kind == CallableKind::modifier ? modifiers_ : appenders_;
-}
-
-Log& default_log_manager::createLog(const std::string& _name) {
-  auto callables = std::make_unique<CallableSet>();
-  for (const CallableKind kind : {CallableKind::modifier, CallableKind::appender}) {
-    for (const SharedCallable& callable : rulesOf(kind).callablesOf(_name))
-      callables->add(callable);
+void default_log_manager::prepare(const SetUpCalls& _calls, const SetUpCalls::Call& _call) {
+  const NamePattern pattern = _calls.pattern(_call);
+  if (_call.action == SetUpCalls::Action::enable || _call.action == SetUpCalls::Action::disable) {
+    const bool enabled = _call.action == SetUpCalls::Action::enable;
+    enableRules_.set(pattern, enabled);
+    logs_.forEachSelected(pattern, [this, enabled](Log& _log) { nextOf(_log).enabled = enabled; });
+    return;
   }
-  callables->chooseWay();
-  Log& log = logs_.create(_name);
-  log.enabled.store(enabling_.isEnabled(_name), std::memory_order_relaxed);
-  if (!callables->isEmpty()) log.callables.store(callables.release(), std::memory_order_seq_cst);
-  return log;
+  if (_call.action == SetUpCalls::Action::connect) {
+    callableRules_.add(pattern, _call.callable);
+  } else {
+    callableRules_.remove(pattern, _call.kind, _calls.name(_call));
+  }
+  logs_.forEachSelected(pattern, [this](Log& _log) { nextOf(_log).replacesCallables = true; });
 }
 
-void default_log_manager::publish(Log& _log, std::unique_ptr<const CallableSet> _callables) {
-  retired_.makeRoom();
-  // Sequentially consistent, so that it comes before the look at the readers' slots.
-  const CallableSet* const former = _log.callables.exchange(_callables.release(), std::memory_order_seq_cst);
-  retired_.add(std::unique_ptr<const CallableSet>(former));
+void default_log_manager::prepareCallables(Log& _log) {
+  if (!_log.next.replacesCallables) return;
+  const std::vector<SharedCallable> callables = callableRules_.callablesOf(_log.name);
+  const CallableSet* const current = _log.callables.load(std::memory_order_relaxed);
+  if (!callables.empty()) _log.next.callables = std::make_unique<const CallableSet>(callables);
+  const CallableSet* const next = _log.next.callables.get();
+  _log.next.replacesCallables = current == nullptr || next == nullptr ? current != next : !(*current == *next);
 }
 
-void default_log_manager::freeRetired() {
-  Sets unused;
-  const std::lock_guard<std::mutex> lock(lock_);
-  unused = retired_.takeUnused(detail::contexts());
+Log::Next& default_log_manager::nextOf(Log& _log) {
+  if (!_log.next.isPending) {
+    pending_.push_back(&_log);
+    _log.next.isPending = true;
+    _log.next.enabled = _log.enabled.load(std::memory_order_relaxed);
+  }
+  return _log.next;
+}
+
+// A statement reads whether its log is on, then its callables and, when it delivers, once more whether the log is on.
+// So a log is switched off before, and on after, its callables are replaced. Who finds the new callables of a log that
+// goes off finds at the second look that it is off; who finds a log on that was off finds the new callables. What stays
+// as it is is not written to: a log that is on before and after is never seen off.
+void default_log_manager::publish(Log& _log) noexcept {
+  Log::Next& next = _log.next;
+  const bool isSwitched = _log.enabled.load(std::memory_order_relaxed) != next.enabled;
+  if (isSwitched && !next.enabled) _log.enabled.store(false, std::memory_order_relaxed);
+  if (next.replacesCallables) {
+    // Sequentially consistent, so that it comes before the look at the readers' slots.
+    const CallableSet* const former = _log.callables.exchange(next.callables.release(), std::memory_order_seq_cst);
+    retired_.add(std::unique_ptr<const CallableSet>(former));
+  }
+  if (isSwitched && next.enabled) _log.enabled.store(true, std::memory_order_release);
+}
+
+void default_log_manager::dropPending() noexcept {
+  for (Log* const log : pending_)
+    log->next = Log::Next();
+  pending_.clear();
+}
+
+// What cannot be freed now, for lack of memory too, is freed by a later call.
+default_log_manager::Sets default_log_manager::takeUnused() noexcept {
+  try {
+    if (retired_.size() > 0) return retired_.takeUnused(detail::contexts());
+  } catch (const std::bad_alloc&) {
+  }
+  return {};
 }
 
 }  // namespace boost::logging

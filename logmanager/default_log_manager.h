@@ -4,13 +4,14 @@
 #include <cstddef>
 #include <mutex>
 #include <string>
+#include <vector>
 
 #include "boost/logging/logging.hpp"
 #include "logmanager/callable_rules.h"
 #include "logmanager/early_messages.h"
 #include "logmanager/enable_rules.h"
 #include "logmanager/log_registry.h"
-#include "logmanager/names/name_pattern.h"
+#include "logmanager/set_up_calls.h"
 #include "logmanager/threads/retired_objects.h"
 
 namespace boost::logging {
@@ -26,9 +27,9 @@ class default_log_manager {
   /// Finds or creates a log, which lives as long as the manager.
   detail::Log& log(const std::string& _name);
 
-  void connect(const std::string& _logs, const detail::SharedCallable& _callable);
-  void disconnect(const std::string& _logs, detail::CallableKind _kind, const std::string& _name);
-  void enable(const std::string& _logs, bool _enabled);
+  /// Carries out the calls, in their order, so that a statement sees of its log the state before all of them or after
+  /// all of them. When there is no memory for it nothing is changed.
+  void apply(const detail::SetUpCalls& _calls);
 
   detail::EarlyMessages& earlyMessages() { return earlyMessages_; }
 
@@ -49,17 +50,20 @@ class default_log_manager {
  private:
   using Sets = std::vector<std::unique_ptr<const detail::CallableSet>>;
 
-  detail::CallableRules& rulesOf(detail::CallableKind _kind);
-  detail::Log& createLog(const std::string& _name);
-  void publish(detail::Log& _log, std::unique_ptr<const detail::CallableSet> _callables);
-  void freeRetired();
+  void prepare(const detail::SetUpCalls& _calls, const detail::SetUpCalls::Call& _call);
+  void prepareCallables(detail::Log& _log);
+  detail::Log::Next& nextOf(detail::Log& _log);
+  void publish(detail::Log& _log) noexcept;
+  void dropPending() noexcept;
+  Sets takeUnused() noexcept;
 
   mutable std::mutex lock_;
   detail::LogRegistry logs_;
-  detail::CallableRules modifiers_;
-  detail::CallableRules appenders_;
-  detail::EnableRules enabling_;
+  detail::CallableRules callableRules_;
+  detail::EnableRules enableRules_;
   detail::RetiredObjects<const detail::CallableSet> retired_;
+  /// The logs that the calls which are being applied have selected.
+  std::vector<detail::Log*> pending_;
   detail::EarlyMessages earlyMessages_;
 };
 

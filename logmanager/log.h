@@ -2,6 +2,7 @@
 #pragma once
 
 #include <atomic>
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -13,14 +14,25 @@ namespace boost::logging::detail {
 /// A named log. Made by the manager, lives as long as it. The manager changes what it holds; statements read it without
 /// a lock.
 struct Log : log_switch {
-  explicit Log(std::string _name) : log_switch{{true}}, name(std::move(_name)) {}
+  /// @param _callables may be null.
+  explicit Log(std::string _name, bool _enabled = true, std::unique_ptr<const CallableSet> _callables = nullptr)
+      : log_switch{{_enabled}}, name(std::move(_name)), callables(_callables.release()) {}
   ~Log() { delete callables.load(std::memory_order_relaxed); }
   Log(const Log&) = delete;
   Log& operator=(const Log&) = delete;
 
   const std::string name;
   /// Owned; null while the log has no callables. What it pointed to before stays alive as long as a statement holds it.
-  std::atomic<const CallableSet*> callables{nullptr};
+  std::atomic<const CallableSet*> callables;
+
+  /// What the set-up calls that the manager applies make of the log, until they take effect. Under the manager's lock.
+  struct Next {
+    bool isPending = false;
+    bool enabled = false;
+    bool replacesCallables = false;
+    std::unique_ptr<const CallableSet> callables;
+  };
+  Next next;
 };
 
 }  // namespace boost::logging::detail

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "logmanager/log_registry.h"
 
+#include <utility>
+
 namespace boost::logging::detail {
 namespace {
 
@@ -13,13 +15,29 @@ Log* LogRegistry::find(std::string_view _name) const {
   return place == logOf_.end() ? nullptr : place->second;
 }
 
-Log& LogRegistry::create(const std::string& _name) {
-  Log& log = logs_.emplace_back(_name);
-  logOf_.emplace(log.name, &log);
-  byBeginning_.insert(&log);
-  byEnding_.insert(&log);
-  noteParents(log.name);
+Log& LogRegistry::create(const std::string& _name, bool _enabled, std::unique_ptr<const CallableSet> _callables) {
+  Log& log = logs_.emplace_back(_name, _enabled, std::move(_callables));
+  try {
+    enter(log);
+  } catch (...) {
+    leave(log);
+    logs_.pop_back();
+    throw;
+  }
   return log;
+}
+
+void LogRegistry::enter(Log& _log) {
+  byBeginning_.insert(&_log);
+  byEnding_.insert(&_log);
+  noteParents(_log.name);
+  logOf_.emplace(_log.name, &_log);
+}
+
+void LogRegistry::leave(Log& _log) noexcept {
+  byBeginning_.erase(&_log);
+  byEnding_.erase(&_log);
+  logOf_.erase(_log.name);
 }
 
 void LogRegistry::noteParents(std::string_view _name) {
@@ -33,8 +51,8 @@ void LogRegistry::noteParents(std::string_view _name) {
   }
 }
 
-bool LogRegistry::mayHaveBelow(std::string_view _name) const {
-  return !_name.empty() && (hasDeepNames_ || parents_.contains(NameHash()(_name)));
+bool LogRegistry::mayHaveBelow(const NamePattern& _plain) const {
+  return !_plain.text().empty() && (hasDeepNames_ || parents_.contains(_plain.hash()));
 }
 
 }  // namespace boost::logging::detail

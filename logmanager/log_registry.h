@@ -3,7 +3,7 @@
 
 #include <cstddef>
 #include <deque>
-#include <functional>
+#include <memory>
 #include <set>
 #include <string>
 #include <string_view>
@@ -11,21 +11,22 @@
 #include <unordered_set>
 
 #include "logmanager/log.h"
+#include "logmanager/names/glob.h"
 #include "logmanager/names/name_hash.h"
 #include "logmanager/names/name_order.h"
 #include "logmanager/names/name_pattern.h"
 
 namespace boost::logging::detail {
 
-/// All logs, found by name and by pattern. A selection costs as much as the names that share the pattern's literal
-/// beginning or ending, not as all logs. Not synchronised.
+/// All logs, found by name and by pattern. A selection costs as much as the names that share the pattern's beginning or
+/// those that share its ending, whichever are fewer. Not synchronised.
 class LogRegistry {
  public:
   /// Null when there is no log of that name.
   Log* find(std::string_view _name) const;
 
-  /// Makes a log of a name that has none yet. The log stays where it is.
-  Log& create(const std::string& _name);
+  /// Adds a log of a name that has none yet. It stays where it is. When there is no memory for it, nothing is added.
+  Log& create(const std::string& _name, bool _enabled, std::unique_ptr<const CallableSet> _callables);
 
   /// Calls _visit(Log&) once for each selected log.
   template <typename Visit>
@@ -33,12 +34,12 @@ class LogRegistry {
     if (_pattern.selectsAll()) {
       for (Log& log : logs_)
         _visit(log);
-    } else if (_pattern.isPlain()) {
-      forEachBelow(_pattern, _visit);
-    } else if (isByBeginning(_pattern)) {
-      forEachWith(byBeginning_, _pattern.prefix(), _pattern, _visit);
+    } else if (!_pattern.isPlain()) {
+      forEachMatched(_pattern.text(), _visit);
     } else {
-      forEachWith(byEnding_, _pattern.suffix(), _pattern, _visit);
+      const auto place = logOf_.find(_pattern);
+      if (place != logOf_.end()) _visit(*place->second);
+      if (mayHaveBelow(_pattern)) forEachMatched(std::string(_pattern.text()) + ".*", _visit);
     }
   }
 
@@ -48,34 +49,45 @@ class LogRegistry {
   template <typename Side>
   struct LogLess {
     using is_transparent = void;
-    using NameSide = Side;
     bool operator()(const Log* _left, const Log* _right) const { return Side::isLess(_left->name, _right->name); }
     bool operator()(const Log* _left, std::string_view _right) const { return Side::isLess(_left->name, _right); }
   };
 
   template <typename Visit>
-  void forEachBelow(const NamePattern& _pattern, Visit _visit) {
-    if (Log* const log = find(_pattern.text())) _visit(*log);
-    if (!mayHaveBelow(_pattern.text())) return;
-    const NamePattern below(_pattern.text() + ".*");
-    forEachWith(byBeginning_, below.prefix(), below, _visit);
-  }
-
-  /// Of the neighbours that have the literal, those that the pattern selects.
-  template <typename Names, typename Visit>
-  void forEachWith(const Names& _names, std::string_view _literal, const NamePattern& _pattern, Visit _visit) {
-    for (auto place = _names.lower_bound(_literal); place != _names.end(); ++place) {
-      const std::string_view name = (*place)->name;
-      if (!Names::key_compare::NameSide::has(name, _literal)) return;
-      if (_pattern.selects(name)) _visit(**place);
+  void forEachMatched(std::string_view _glob, Visit _visit) {
+    const std::string_view beginning = globBeginning(_glob);
+    const std::string_view ending = globEnding(_glob);
+    // Both groups of neighbours are walked in step, to the end of the smaller one, which is then looked at.
+    const auto firstAlike = byBeginning_.lower_bound(beginning);
+    const auto firstEndingAlike = byEnding_.lower_bound(ending);
+    auto alike = firstAlike;
+    auto endingAlike = firstEndingAlike;
+    while (true) {
+      if (alike == byBeginning_.end() || !FromBeginning::has((*alike)->name, beginning)) {
+        return visitMatched(firstAlike, alike, _glob, _visit);
+      }
+      if (endingAlike == byEnding_.end() || !FromEnding::has((*endingAlike)->name, ending)) {
+        return visitMatched(firstEndingAlike, endingAlike, _glob, _visit);
+      }
+      ++alike;
+      ++endingAlike;
     }
   }
 
+  template <typename Place, typename Visit>
+  static void visitMatched(Place _begin, Place _end, std::string_view _glob, Visit _visit) {
+    for (; _begin != _end; ++_begin) {
+      if (globMatches(_glob, (*_begin)->name)) _visit(**_begin);
+    }
+  }
+
+  void enter(Log& _log);
+  void leave(Log& _log) noexcept;
   void noteParents(std::string_view _name);
-  bool mayHaveBelow(std::string_view _name) const;
+  bool mayHaveBelow(const NamePattern& _plain) const;
 
   std::deque<Log> logs_;
-  std::unordered_map<std::string_view, Log*, NameHash, std::equal_to<>> logOf_;
+  std::unordered_map<std::string_view, Log*, NameHash, NameEqual> logOf_;
   std::set<Log*, LogLess<FromBeginning>> byBeginning_;
   std::set<Log*, LogLess<FromEnding>> byEnding_;
   /// The hashes of all names that a log is below of: a cheap no for the many that no log is below of. Names of very

@@ -24,6 +24,9 @@ void deliver(Context& _context, std::string_view _message) noexcept {
   try {
     if (earlyMessages().keep(*_context.log, _message)) return;
     followSetUp(_context);
+    // After the callables, so that nobody takes new callables of a log that went off with them for those of one that is
+    // on (default_log_manager::publish).
+    if (!_context.log->enabled.load(std::memory_order_relaxed)) return;
     passThrough(*_context.thread, _context.callables, _context.log->name, _message, _context.line, 0);
     if (_context.line.capacity() > largestKeptLine) std::string().swap(_context.line);
   } catch (...) {

@@ -13,9 +13,10 @@ namespace boost::logging::detail {
 template <typename T>
 class RetiredObjects {
  public:
-  /// To be called before a published pointer is replaced, so that add() cannot fail then. May throw std::bad_alloc.
-  void makeRoom() {
-    if (objects_.size() == objects_.capacity()) objects_.reserve(2 * objects_.size() + 1);
+  /// To be called before published pointers are replaced, so that add() cannot fail then. May throw std::bad_alloc.
+  void makeRoom(std::size_t _count = 1) {
+    const std::size_t needed = objects_.size() + _count;
+    if (needed > objects_.capacity()) objects_.reserve(std::max(needed, 2 * objects_.size() + 1));
   }
 
   /// To be called after the published pointer has been replaced.

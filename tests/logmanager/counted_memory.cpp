@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <new>
 #include <thread>
+#include <utility>
 
 namespace {
 
@@ -18,6 +19,15 @@ struct Header {
 
 thread_local constinit testsupport::HeldAllocation* held = nullptr;
 
+thread_local constinit int untilFailure = -1;
+thread_local constinit bool hasFailed = false;
+
+void failIfDue() {
+  if (untilFailure < 0 || untilFailure-- != 0) return;
+  hasFailed = true;
+  throw std::bad_alloc();
+}
+
 void waitIfHeld() {
   if (held == nullptr || held->after-- != 0) return;
   held->isHeld = true;
@@ -26,6 +36,7 @@ void waitIfHeld() {
 }
 
 void* allocate(std::size_t _size, std::size_t _alignment) {
+  failIfDue();
   waitIfHeld();
   void* const begin = std::malloc(_size + _alignment + sizeof(Header));
   if (begin == nullptr) throw std::bad_alloc();
@@ -50,6 +61,11 @@ namespace testsupport {
 std::size_t memoryInUse() { return inUse.load(std::memory_order_relaxed); }
 
 void holdAllocation(HeldAllocation* _held) { held = _held; }
+
+bool failAllocation(int _after) {
+  untilFailure = _after;
+  return std::exchange(hasFailed, false);
+}
 
 }  // namespace testsupport
 

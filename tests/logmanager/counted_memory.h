@@ -21,4 +21,8 @@ struct HeldAllocation {
 /// For the next allocations of the calling thread; null: none is held any more.
 void holdAllocation(HeldAllocation* _held);
 
+/// Makes the allocation that comes after so many others of the calling thread fail, once; a negative number: none.
+/// @return whether the one that the call before named has failed.
+bool failAllocation(int _after);
+
 }  // namespace testsupport

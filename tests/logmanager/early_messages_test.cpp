@@ -33,7 +33,7 @@ using testsupport::Recorder;
 class ConnectedLog {
  public:
   ConnectedLog(const std::string& _name, const bl::appender& _appender) : log_(_name) {
-    log_.callables = bl::detail::withCallable(nullptr, bl::detail::makeAppender(_appender, "A", 0)).release();
+    log_.callables = new bl::detail::CallableSet({bl::detail::makeAppender(_appender, "A", 0)});
   }
   Log& operator*() { return log_; }
 

@@ -1,35 +1,40 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
+#include <cstdint>
+#include <random>
 #include <string>
+#include <vector>
 
 #include "boost/logging/logging.hpp"
-#include "logmanager/callable.h"
 #include "logmanager/default_log_manager.h"
 #include "tests/logmanager/counted_memory.h"
+#include "tests/logmanager/names/name_pattern_oracle.h"
+#include "tests/logmanager/quiet_appender.h"
 
 namespace {
 
 namespace bl = boost::logging;
 using bl::default_log_manager;
-using bl::detail::CallableKind;
-
-void nothing(const std::string& /*_log*/, const std::string& /*_message*/) {}
+using testsupport::levelOff;
+using testsupport::levelOn;
+using testsupport::quietAppender;
 
 /// A set-up as an application makes it again and again, with removals that take away in part.
 void oneRound(default_log_manager& _manager) {
-  _manager.disconnect("*", CallableKind::appender, "A");
-  _manager.disconnect("*", CallableKind::modifier, "M");
-  _manager.connect("*", bl::detail::makeModifier(&bl::append_enter, "M", 100));
-  _manager.connect("*", bl::detail::makeAppender(&nothing, "A", 100));
-  _manager.connect("App.*", bl::detail::makeAppender(&nothing, "A", 100));
-  _manager.disconnect("App.quiet*", CallableKind::appender, "A");
-  _manager.disconnect("*.quiet", CallableKind::appender, "A");
-  _manager.disconnect("Mod", CallableKind::appender, "A");
-  _manager.enable("*", false);
+  bl::del_appender(_manager, "*", "A");
+  bl::del_modifier(_manager, "*", "M");
+  bl::add_modifier(_manager, "*", &bl::append_enter, "M", 100);
+  bl::add_appender(_manager, "*", &quietAppender, "A", 100);
+  bl::add_appender(_manager, "App.*", &quietAppender, "A", 100);
+  bl::del_appender(_manager, "App.quiet*", "A");
+  bl::del_appender(_manager, "*.quiet", "A");
+  bl::del_appender(_manager, "Mod", "A");
+  bl::enable_logs(_manager, "*", levelOff);
   for (const char* const name : {"App", "App.error", "*.info", "Mod*", "A*z"})
-    _manager.enable(name, true);
+    bl::enable_logs(_manager, name, levelOn);
 }
 
 TEST(Growth, TenThousandRoundsLeaveTheMemoryOfOneRound) {
@@ -47,6 +52,13 @@ TEST(Growth, TenThousandRoundsLeaveTheMemoryOfOneRound) {
   EXPECT_EQ(testsupport::memoryInUse(), memoryBefore);
 }
 
+/// Both removals together take away what the addition adds, neither does alone.
+void overlappingRound(default_log_manager& _manager) {
+  bl::add_appender(_manager, "App", &quietAppender, "A", 100);
+  bl::del_appender(_manager, "App.*", "A");
+  bl::del_appender(_manager, "*App", "A");
+}
+
 /// The least time of creating one of some logs, in nanoseconds.
 std::int64_t creationTime(default_log_manager& _manager, const std::string& _prefix) {
   using Clock = std::chrono::steady_clock;
@@ -60,13 +72,91 @@ std::int64_t creationTime(default_log_manager& _manager, const std::string& _pre
   return least;
 }
 
-TEST(Growth, TenThousandRoundsLeaveTheCostOfCreatingALog) {
+template <typename Round>
+void expectCostOfOneRound(Round _round) {
   default_log_manager manager;
-  oneRound(manager);
+  _round(manager);
+  _round(manager);
+  const std::size_t rules = manager.size().rules;
+  const std::size_t memory = testsupport::memoryInUse();
   const std::int64_t before = creationTime(manager, "App.before.");
+  const std::size_t memoryOfLogs = testsupport::memoryInUse() - memory;
   for (int i = 0; i < 10000; ++i)
-    oneRound(manager);
+    _round(manager);
+  EXPECT_EQ(manager.size().rules, rules);
+  EXPECT_LE(testsupport::memoryInUse(), memory + memoryOfLogs + 10000);
   EXPECT_LT(creationTime(manager, "App.after."), 5 * before + 1000);
+}
+
+TEST(Growth, TenThousandRoundsLeaveTheCostOfCreatingALog) { expectCostOfOneRound(&oneRound); }
+
+TEST(Growth, RemovalsThatTakeAwayOnlyTogetherLeaveTheCostOfOneRound) { expectCostOfOneRound(&overlappingRound); }
+
+/// Calls at random on few patterns and names, always the same ones for a seed.
+class RandomRound {
+ public:
+  explicit RandomRound(unsigned int _seed) : random_(_seed) {
+    for (int i = 0; i < 5; ++i)
+      patterns_.push_back(text());
+    for (int i = 0; i < 12; ++i)
+      calls_.push_back(random_());
+  }
+
+  void operator()(default_log_manager& _manager) const {
+    for (const unsigned int call : calls_) {
+      const std::string& pattern = patterns_[call / 8 % patterns_.size()];
+      const std::string name(1, static_cast<char>('A' + call / 4 % 2));
+      if (call % 4 == 0) {
+        bl::add_appender(_manager, pattern, &quietAppender, name, 100);
+      } else if (call % 4 == 1) {
+        bl::enable_logs(_manager, pattern, call % 8 == 1 ? levelOn : levelOff);
+      } else {
+        bl::del_appender(_manager, pattern, name);
+      }
+    }
+  }
+
+ private:
+  std::string text() {
+    std::string result;
+    for (auto size = random_() % 5; size > 0; --size)
+      result += "ab.*"[random_() % 4];
+    return result;
+  }
+
+  std::mt19937 random_;
+  std::vector<std::string> patterns_;
+  std::vector<unsigned int> calls_;
+};
+
+/// How many callables some log has at most, of all that short patterns of a and b tell apart.
+std::size_t mostCallables(default_log_manager& _manager) {
+  std::size_t most = 0;
+  for (const std::string& name : testsupport::allTexts("abc.", 5)) {
+    const bl::detail::CallableSet* const callables = _manager.log(name).callables;
+    if (callables != nullptr) most = std::max(most, callables->appenders.size());
+  }
+  return most;
+}
+
+// A round that leaves more appenders connected each time grows what the manager has to keep. All others must not.
+TEST(Growth, NoRoundsGrowTheRulesButThoseThatGrowTheCallablesOfALog) {
+  constexpr int few = 20;
+  constexpr int many = 300;
+  int steady = 0;
+  for (unsigned int seed = 0; seed < 200; ++seed) {
+    const RandomRound round(seed);
+    default_log_manager manager;
+    for (int i = 0; i < few; ++i)
+      round(manager);
+    const std::size_t rules = manager.size().rules;
+    for (int i = few; i < many; ++i)
+      round(manager);
+    if (mostCallables(manager) >= many - 1) continue;
+    ++steady;
+    EXPECT_EQ(manager.size().rules, rules) << "seed " << seed;
+  }
+  EXPECT_GT(steady, 40);
 }
 
 }  // namespace

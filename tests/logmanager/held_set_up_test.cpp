@@ -49,4 +49,55 @@ TEST(HeldSetUp, DoesNotHoldUpAStatementWhereverItIs) {
   bl::del_appender(bl::get_default_log_manager(), "*", "A");
 }
 
+/// Replaces what the log has and switches it off and on, in one change that is held up at one of its allocations; the
+/// log gets a message meanwhile.
+/// @return the change was held up.
+bool logsInsideAChange(const bl::logger& _log, int _place, std::atomic<int>& _delivered, std::atomic<int>& _malformed) {
+  bl::default_log_manager& manager = bl::get_default_log_manager();
+  HeldAllocation held;
+  held.after = _place;
+  std::atomic<bool> isDone{false};
+  std::thread setUp([&] {
+    testsupport::holdAllocation(&held);
+    bl::set_up_change change(manager);
+    bl::enable_logs(manager, "*", 4294967295U);
+    bl::del_appender(manager, "*", "A");
+    bl::del_modifier(manager, "*", "M");
+    bl::add_modifier(
+        manager, "*", [](const std::string&, std::string& _text) { _text += '1'; }, "M", 100);
+    bl::add_modifier(
+        manager, "*", [](const std::string&, std::string& _text) { _text += '2'; }, "M", 100);
+    bl::add_appender(
+        manager, "Held",
+        [&](const std::string&, const std::string& _text) { ++(_text == "m12" ? _delivered : _malformed); }, "A", 100);
+    bl::enable_logs(manager, "Held", 0);
+    change.apply();
+    testsupport::holdAllocation(nullptr);
+    isDone = true;
+  });
+  while (!held.isHeld && !isDone)
+    std::this_thread::yield();
+  QMRK_LOG(_log) << 'm';
+  held.isReleased = true;
+  setUp.join();
+  return held.isHeld;
+}
+
+TEST(HeldSetUp, LosesAndDamagesNoMessageWhereverAChangeIs) {
+  bl::flush_log_cache();
+  const bl::logger log("Held.other");
+  std::atomic<int> delivered{0};
+  std::atomic<int> malformed{0};
+  logsInsideAChange(log, -1, delivered, malformed);
+  int logged = 1;
+  for (int place = 0; logsInsideAChange(log, place, delivered, malformed); ++place)
+    ++logged;
+  EXPECT_EQ(malformed, 0);
+  EXPECT_EQ(delivered, logged + 1);
+  EXPECT_GT(logged, 30);
+  bl::del_appender(bl::get_default_log_manager(), "*", "A");
+  bl::del_modifier(bl::get_default_log_manager(), "*", "M");
+  bl::enable_logs(bl::get_default_log_manager(), "*", 0);
+}
+
 }  // namespace

@@ -1,20 +1,24 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
-#include <map>
+#include <algorithm>
+#include <iterator>
 #include <random>
 #include <set>
 #include <string>
 
 #include "logmanager/log_registry.h"
-#include "logmanager/names/rule_index.h"
+#include "logmanager/names/glob.h"
+#include "logmanager/names/glob_index.h"
 
 namespace {
 
+using boost::logging::detail::GlobIndex;
+using boost::logging::detail::globMatches;
+using boost::logging::detail::globsMeet;
 using boost::logging::detail::Log;
 using boost::logging::detail::LogRegistry;
 using boost::logging::detail::NamePattern;
-using boost::logging::detail::RuleIndex;
 
 std::string randomText(std::mt19937& _random, const std::string& _characters) {
   std::string text;
@@ -29,11 +33,12 @@ TEST(LogRegistry, FindsByPatternTheLogsThatThePatternSelects) {
   std::set<std::string> names;
   for (int i = 0; i < 500; ++i) {
     const std::string name = randomText(random, "ab.*");
-    if (names.insert(name).second) registry.create(name);
+    if (names.insert(name).second) registry.create(name, true, nullptr);
   }
   EXPECT_EQ(registry.size(), names.size());
   for (int i = 0; i < 3000; ++i) {
-    const NamePattern pattern(randomText(random, "ab.*"));
+    const std::string text = randomText(random, "ab.*");
+    const NamePattern pattern(text);
     std::multiset<std::string> expected;
     for (const std::string& name : names) {
       if (pattern.selects(name)) expected.insert(name);
@@ -47,7 +52,7 @@ TEST(LogRegistry, FindsByPatternTheLogsThatThePatternSelects) {
 TEST(LogRegistry, FindsByNameWhatWasCreated) {
   LogRegistry registry;
   EXPECT_EQ(registry.find(""), nullptr);
-  Log& log = registry.create("");
+  Log& log = registry.create("", true, nullptr);
   EXPECT_EQ(registry.find(""), &log);
   EXPECT_EQ(registry.find("a"), nullptr);
 }
@@ -55,37 +60,71 @@ TEST(LogRegistry, FindsByNameWhatWasCreated) {
 TEST(LogRegistry, TakesNamesOfManyDots) {
   LogRegistry registry;
   const std::string name(100000, '.');
-  registry.create(name);
+  registry.create(name, true, nullptr);
   int found = 0;
   registry.forEachSelected(NamePattern(std::string(50000, '.')), [&found](const Log&) { ++found; });
   EXPECT_EQ(found, 1);
 }
 
-TEST(RuleIndex, FindsByNameThePatternsThatSelectIt) {
+/// The globs that a search of the index comes upon.
+template <typename Search>
+std::set<std::string> found(Search _search) {
+  std::set<std::string> globs;
+  const bool isFound = _search([&globs](const std::string& _glob) {
+    globs.insert(_glob);
+    return false;
+  });
+  EXPECT_FALSE(isFound);
+  return globs;
+}
+
+template <typename Predicate>
+std::set<std::string> those(const std::set<std::string>& _globs, Predicate _predicate) {
+  std::set<std::string> those;
+  std::ranges::copy_if(_globs, std::inserter(those, those.end()), _predicate);
+  return those;
+}
+
+TEST(GlobIndex, FindsTheGlobsThatMatchAreMatchedOrMeet) {
   std::mt19937 random(2);
-  RuleIndex<std::string> index;
-  std::set<std::string> patterns;
+  GlobIndex<std::string> index;
+  std::set<std::string> globs;
   for (int i = 0; i < 4000; ++i) {
-    const NamePattern pattern(randomText(random, "ab.*"));
+    const std::string glob = randomText(random, "ab.*");
     if (random() % 4 == 0) {
-      index.erase(pattern);
-      patterns.erase(pattern.text());
+      index.erase(glob);
+      globs.erase(glob);
     } else {
-      index.at(pattern) = pattern.text();
-      patterns.insert(pattern.text());
+      index.at(glob) = glob;
+      globs.insert(glob);
     }
-    ASSERT_EQ(index.size(), patterns.size());
-    const std::string name = randomText(random, "ab.");
-    std::multiset<std::string> expected;
-    for (const std::string& text : patterns) {
-      if (NamePattern(text).selects(name)) expected.insert(text);
-    }
-    std::multiset<std::string> found;
-    index.forEachSelecting(name, [&found](const std::string& _text) { found.insert(_text); });
-    ASSERT_EQ(found, expected) << name;
+    ASSERT_EQ(index.size(), globs.size());
+    const std::string text = randomText(random, i % 2 == 0 ? "ab." : "ab.*");
+    ASSERT_EQ(found([&](auto _test) { return index.anyMatching(text, _test); }),
+              those(globs, [&text](const std::string& _glob) { return globMatches(_glob, text); }))
+        << text;
+    ASSERT_EQ(found([&](auto _test) { return index.anyMatchedBy(text, _test); }),
+              those(globs, [&text](const std::string& _glob) { return globMatches(text, _glob); }))
+        << text;
+    ASSERT_EQ(found([&](auto _test) { return index.anyMeeting(text, _test); }),
+              those(globs, [&text](const std::string& _glob) { return globsMeet(text, _glob); }))
+        << text;
   }
-  index.clear();
-  EXPECT_EQ(index.size(), 0U);
+  index.eraseIf([](const std::string& _glob) { return _glob.empty() || _glob[0] != 'a'; });
+  std::erase_if(globs, [](const std::string& _glob) { return _glob.empty() || _glob[0] != 'a'; });
+  EXPECT_EQ(found([&](auto _test) { return index.anyMatchedBy("*", _test); }), globs);
+  EXPECT_EQ(index.size(), globs.size());
+}
+
+TEST(GlobIndex, EndsASearchWithTheFirstThatPasses) {
+  GlobIndex<int> index;
+  for (const char* const glob : {"a*", "*", "ab", "*b"})
+    index.at(glob) = 1;
+  int calls = 0;
+  const auto accept = [&calls](int) { return ++calls == 1; };
+  EXPECT_TRUE(index.anyMatching("ab", accept));
+  EXPECT_EQ(calls, 1);
+  EXPECT_FALSE(index.anyMatching("b.", [](int) { return false; }));
 }
 
 }  // namespace

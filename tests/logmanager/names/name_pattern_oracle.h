@@ -32,4 +32,18 @@ inline bool naiveSelects(const std::string& _pattern, const std::string& _name) 
   return _name == _pattern || (!_pattern.empty() && _name.substr(0, _pattern.size() + 1) == _pattern + ".");
 }
 
+/// All texts of the characters up to the size.
+inline std::vector<std::string> allTexts(const std::string& _characters, std::size_t _size) {
+  std::vector<std::string> texts{""};
+  for (std::size_t begin = 0, size = 1; size <= _size; ++size) {
+    const std::size_t end = texts.size();
+    for (std::size_t i = begin; i < end; ++i) {
+      for (const char character : _characters)
+        texts.push_back(texts[i] + character);
+    }
+    begin = end;
+  }
+  return texts;
+}
+
 }  // namespace testsupport

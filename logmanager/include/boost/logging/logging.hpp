@@ -14,6 +14,7 @@
 // the manager is made at its first use and never destroyed. A logging statement never waits for a set-up call and sees
 // the callables of its log as they were before such a call or after it, never a mix.
 
+#include <cstddef>
 #include <string>
 
 #include "boost/logging/callables.hpp"
@@ -24,6 +25,12 @@ namespace boost {
 namespace logging {
 
 class default_log_manager;
+
+namespace detail {
+
+struct NotedCalls;
+
+}  // namespace detail
 
 /// The one manager of the process.
 BOOST_LOGGING_API default_log_manager& get_default_log_manager();
@@ -43,6 +50,43 @@ BOOST_LOGGING_API void del_modifier(default_log_manager& _manager, const std::st
 /// Switches the selected logs off (level 4294967295) or on (any other level, by custom 0). The latest call that selects
 /// a log decides; a log that no call has selected is on.
 BOOST_LOGGING_API void enable_logs(default_log_manager& _manager, const std::string& _logs, unsigned int _level);
+
+/// Makes set-up calls take effect together:
+///
+///   set_up_change change(manager);
+///   enable_logs(manager, "*", 4294967295U);
+///   enable_logs(manager, "App.error", 0);
+///   change.apply();
+///
+/// While one is alive, the add, delete and enable calls that its thread makes on the manager are noted, and so is a
+/// call of flush_log_cache that comes after them. A statement of any thread sees its log as it was before all of them
+/// or as it is after all of them, also when the log is created meanwhile, and a log that ends up as it was is never
+/// touched: "App.error" above, if it was on, loses no message. Changes of several threads are applied one after the
+/// other.
+///
+/// To be used and destroyed by the thread that made it. One made while another of the thread is alive joins it: its
+/// apply leaves its calls to the other one's, and it is destroyed first.
+class set_up_change {
+ public:
+  BOOST_LOGGING_API explicit set_up_change(default_log_manager& _manager);
+
+  /// Carries out what was noted, the flush last. Later calls are noted again.
+  /// Throws std::bad_alloc when there is no memory for it: then nothing has changed and all is still noted.
+  BOOST_LOGGING_API void apply();
+
+  /// Forgets what was noted and not applied.
+  BOOST_LOGGING_API ~set_up_change();
+
+  set_up_change(const set_up_change&) = delete;
+  set_up_change& operator=(const set_up_change&) = delete;
+
+ private:
+  void keep();
+
+  detail::NotedCalls* noted_;
+  std::size_t kept_ = 0;
+  bool keepsFlush_ = false;
+};
 
 /// Until its first call every message is kept, with its time, the latest 1 MiB of text; the call writes what was kept
 /// through the callables that are connected then, for the logs that are on then, after a line that tells how many

@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "logmanager/names/glob.h"
+#include "logmanager/names/name_order.h"
+
+namespace boost::logging::detail {
+
+/// One value per glob, kept by what the glob begins with up to its first "*" and, among those, by what it ends with
+/// after its last one. So a search looks only at globs whose two ends fit. Not synchronised.
+template <typename Value>
+class GlobIndex {
+ public:
+  /// The value of a glob, default-constructed when it has none. The reference holds until the value is erased.
+  Value& at(std::string_view _glob) {
+    Bucket& bucket = byBeginning_[std::string(globBeginning(_glob))][std::string(globEnding(_glob))];
+    const auto [place, isNew] = bucket.try_emplace(std::string(_glob));
+    if (isNew) ++size_;
+    return place->second;
+  }
+
+  void erase(std::string_view _glob) noexcept {
+    const auto endings = byBeginning_.find(globBeginning(_glob));
+    if (endings == byBeginning_.end()) return;
+    const auto bucket = endings->second.find(globEnding(_glob));
+    if (bucket == endings->second.end()) return;
+    const auto place = bucket->second.find(_glob);
+    if (place == bucket->second.end()) return;
+    bucket->second.erase(place);
+    --size_;
+    if (bucket->second.empty()) endings->second.erase(bucket);
+    if (endings->second.empty()) byBeginning_.erase(endings);
+  }
+
+  template <typename Predicate>
+  void eraseIf(Predicate _isUnneeded) noexcept {
+    for (auto& [beginning, endings] : byBeginning_) {
+      for (auto& [ending, bucket] : endings)
+        size_ -= std::erase_if(bucket, [&](const auto& _entry) { return _isUnneeded(_entry.second); });
+      std::erase_if(endings, [](const auto& _entry) { return _entry.second.empty(); });
+    }
+    std::erase_if(byBeginning_, [](const auto& _entry) { return _entry.second.empty(); });
+  }
+
+  /// How many globs have a value.
+  std::size_t size() const { return size_; }
+
+  // Each calls the test, bool(Value&), for values of certain globs until it holds, and returns whether it did. A glob
+  // may come up twice.
+
+  /// Of the globs that match the text; with a glob as the text, of those that match all that this one does.
+  template <typename Test>
+  bool anyMatching(std::string_view _text, Test _test) {
+    return anyPartOf(byBeginning_, _text, [&](Endings& _endings) {
+      return anyPartOf(_endings, _text, [&](Bucket& _bucket) {
+        return any(
+            _bucket, [_text](std::string_view _glob) { return globMatches(_glob, _text); }, _test);
+      });
+    });
+  }
+
+  /// Of the globs that match nothing but what the given one matches.
+  template <typename Test>
+  bool anyMatchedBy(std::string_view _glob, Test _test) {
+    return anyExtensionOf(byBeginning_, globBeginning(_glob), [&](Endings& _endings) {
+      return anyExtensionOf(_endings, globEnding(_glob), [&](Bucket& _bucket) {
+        return any(
+            _bucket, [_glob](std::string_view _other) { return globMatches(_glob, _other); }, _test);
+      });
+    });
+  }
+
+  /// Of the globs that match a text which the given one matches as well.
+  template <typename Test>
+  bool anyMeeting(std::string_view _glob, Test _test) {
+    return anyRelatedTo(byBeginning_, globBeginning(_glob), [&](Endings& _endings) {
+      return anyRelatedTo(_endings, globEnding(_glob), [&](Bucket& _bucket) {
+        return any(
+            _bucket, [_glob](std::string_view _other) { return globsMeet(_glob, _other); }, _test);
+      });
+    });
+  }
+
+ private:
+  using Bucket = std::map<std::string, Value, std::less<>>;
+  using Endings = std::map<std::string, Bucket, NameLess<FromEnding>>;
+
+  template <typename Fits, typename Test>
+  static bool any(Bucket& _bucket, Fits _fits, Test& _test) {
+    return std::ranges::any_of(_bucket, [&](auto& _entry) { return _fits(_entry.first) && _test(_entry.second); });
+  }
+
+  std::map<std::string, Endings, NameLess<FromBeginning>> byBeginning_;
+  std::size_t size_ = 0;
+};
+
+}  // namespace boost::logging::detail

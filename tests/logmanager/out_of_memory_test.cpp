@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <new>
+#include <string>
+#include <vector>
+
+#include "boost/logging/logging.hpp"
+#include "logmanager/default_log_manager.h"
+#include "tests/logmanager/counted_memory.h"
+#include "tests/logmanager/quiet_appender.h"
+
+namespace {
+
+namespace bl = boost::logging;
+using bl::default_log_manager;
+using bl::detail::CallableSet;
+using bl::detail::Log;
+using testsupport::levelOff;
+using testsupport::levelOn;
+using testsupport::quietAppender;
+
+struct Outcome {
+  /// There was an allocation of that number.
+  bool hasFailed = false;
+  /// The function did not do without it.
+  bool hasThrown = false;
+};
+
+/// Lets one allocation of the function fail.
+Outcome withoutMemoryAt(int _allocation, const std::function<void()>& _function) {
+  Outcome outcome;
+  testsupport::failAllocation(_allocation);
+  try {
+    _function();
+  } catch (const std::bad_alloc&) {
+    outcome.hasThrown = true;
+  }
+  outcome.hasFailed = testsupport::failAllocation(-1);
+  return outcome;
+}
+
+std::size_t callableCount(const Log& _log) {
+  const CallableSet* const callables = _log.callables;
+  return callables == nullptr ? 0 : callables->modifiers.size() + callables->appenders.size();
+}
+
+void setUpTwoCallables(default_log_manager& _manager) {
+  bl::add_appender(_manager, "*", &quietAppender, "A", 100);
+  bl::add_modifier(_manager, "App", &bl::append_enter, "M", 100);
+  bl::enable_logs(_manager, "App", levelOff);
+}
+
+TEST(OutOfMemory, WhileALogIsCreatedLeavesNoLogWithoutItsCallables) {
+  default_log_manager manager;
+  setUpTwoCallables(manager);
+  Outcome outcome{true, false};
+  for (int allocation = 0; outcome.hasFailed; ++allocation) {
+    const std::string name = "App.a.log.with.a.long.name." + std::to_string(allocation);
+    const std::size_t before = manager.size().logs;
+    outcome = withoutMemoryAt(allocation, [&] { manager.log(name); });
+    EXPECT_EQ(manager.size().logs, before + (outcome.hasThrown ? 0 : 1));
+    const Log& log = manager.log(name);
+    EXPECT_EQ(callableCount(log), 2U) << "allocation " << allocation;
+    EXPECT_FALSE(log.enabled);
+    // Every pattern finds the one log.
+    for (const std::string& pattern : {name, std::string("*"), std::string("App.a.*"), "*" + name.substr(5)}) {
+      bl::enable_logs(manager, pattern, levelOn);
+      EXPECT_TRUE(log.enabled) << pattern;
+      bl::enable_logs(manager, "*", levelOff);
+      EXPECT_FALSE(log.enabled);
+    }
+    EXPECT_EQ(&manager.log(name), &log);
+  }
+}
+
+/// Nearly everything that a change can do.
+void noteCalls(default_log_manager& _manager) {
+  bl::enable_logs(_manager, "*", levelOff);
+  bl::del_appender(_manager, "App.part", "A");
+  bl::del_appender(_manager, "*.end", "A");
+  bl::del_modifier(_manager, "*", "M");
+  bl::add_modifier(_manager, "App.*", &bl::prepend_prefix, "M", 100);
+  bl::add_appender(_manager, "App.part.below", &quietAppender, "a name that is longer than others", 100);
+  bl::enable_logs(_manager, "App.part.below.the.pattern", levelOn);
+  bl::enable_logs(_manager, "A*p.part*", levelOn);
+}
+
+/// What is to be seen of a manager.
+std::vector<std::string> stateOf(default_log_manager& _manager, const std::string& _suffix) {
+  std::vector<std::string> state;
+  for (const char* const name : {"App", "App.part", "App.part.below", "App.other", "Other.end", "Other"}) {
+    const Log& log = _manager.log(name + _suffix);
+    state.push_back(log.name.substr(0, std::string(name).size()) + (log.enabled ? " on " : " off "));
+    if (log.callables == nullptr) continue;
+    for (const auto kind : {bl::detail::CallableKind::modifier, bl::detail::CallableKind::appender}) {
+      for (const auto& callable : log.callables.load()->of(kind))
+        state.back() += callable->name + ' ';
+    }
+  }
+  return state;
+}
+
+TEST(OutOfMemory, WhileAChangeIsAppliedLeavesEverythingAsItWas) {
+  Outcome outcome{true, false};
+  int allocation = 0;
+  for (; outcome.hasFailed; ++allocation) {
+    default_log_manager manager;
+    setUpTwoCallables(manager);
+    const std::vector<std::string> before = stateOf(manager, "");
+    default_log_manager undisturbed;
+    setUpTwoCallables(undisturbed);
+    bl::set_up_change change(manager);
+    noteCalls(manager);
+    outcome = withoutMemoryAt(allocation, [&change] { change.apply(); });
+    if (outcome.hasThrown) {
+      EXPECT_EQ(stateOf(manager, ""), before) << "allocation " << allocation;
+      EXPECT_EQ(stateOf(manager, ".later"), stateOf(undisturbed, ".later"));
+      change.apply();
+    }
+    noteCalls(undisturbed);
+    EXPECT_EQ(stateOf(manager, ""), stateOf(undisturbed, "")) << "allocation " << allocation;
+    EXPECT_EQ(stateOf(manager, ".afterwards"), stateOf(undisturbed, ".afterwards"));
+    EXPECT_EQ(manager.size().rules, undisturbed.size().rules);
+  }
+  EXPECT_GT(allocation, 20);
+}
+
+TEST(OutOfMemory, WhileACallIsNotedLeavesTheCallsBeforeIt) {
+  Outcome outcome{true, false};
+  for (int allocation = 0; outcome.hasFailed; ++allocation) {
+    default_log_manager manager;
+    const Log& log = manager.log("App");
+    bl::set_up_change change(manager);
+    bl::enable_logs(manager, "App", levelOff);
+    outcome = withoutMemoryAt(allocation, [&manager] { noteCalls(manager); });
+    bl::add_appender(manager, "App", &quietAppender, "A", 100);
+    change.apply();
+    EXPECT_FALSE(log.enabled);
+    EXPECT_EQ(callableCount(log), 1U);
+  }
+}
+
+}  // namespace

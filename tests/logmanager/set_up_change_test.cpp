@@ -1,0 +1,223 @@
+// SPDX-License-Identifier: MIT
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <ostream>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "boost/logging/logging.hpp"
+#include "logmanager/default_log_manager.h"
+#include "tests/logmanager/recorder.h"
+
+namespace {
+
+namespace bl = boost::logging;
+using bl::set_up_change;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testsupport::Recorder;
+using testsupport::suffix;
+
+class SetUpChange : public testing::Test {
+ protected:
+  SetUpChange() { bl::flush_log_cache(); }
+  ~SetUpChange() override {
+    bl::del_appender(manager_, "*", "A");
+    bl::del_modifier(manager_, "*", "M");
+    bl::enable_logs(manager_, "*", ON);
+  }
+
+  static void inAnotherThread(const std::function<void()>& _function) { std::thread(_function).join(); }
+
+  static constexpr unsigned int ON = 0;
+  static constexpr unsigned int OFF = 4294967295U;
+
+  bl::default_log_manager& manager_ = bl::get_default_log_manager();
+  Recorder recorder_;
+};
+
+TEST_F(SetUpChange, HoldsItsCallsBackUntilItIsApplied) {
+  const bl::logger log("H1.log");
+  set_up_change change(manager_);
+  bl::add_appender(manager_, "H1", recorder_.appender(), "A", 100);
+  bl::add_modifier(manager_, "H1", suffix("!"), "M", 100);
+  log.write("before");
+  bl::enable_logs(manager_, "H1.off", OFF);
+  EXPECT_TRUE(bl::logger("H1.off").is_enabled());
+  change.apply();
+  log.write("after");
+  EXPECT_THAT(recorder_.messages(), ElementsAre("H1.log|after!"));
+  EXPECT_FALSE(bl::logger("H1.off").is_enabled());
+}
+
+TEST_F(SetUpChange, ForgetsWhatWasNotApplied) {
+  const bl::logger log("H2.log");
+  {
+    const set_up_change change(manager_);
+    bl::add_appender(manager_, "H2", recorder_.appender(), "A", 100);
+    bl::enable_logs(manager_, "H2", OFF);
+  }
+  EXPECT_TRUE(log.is_enabled());
+  log.write("m");
+  EXPECT_THAT(recorder_.messages(), IsEmpty());
+}
+
+TEST_F(SetUpChange, NotesAgainAfterItWasApplied) {
+  const bl::logger log("H3.log");
+  set_up_change change(manager_);
+  bl::enable_logs(manager_, "H3", OFF);
+  change.apply();
+  bl::enable_logs(manager_, "H3", ON);
+  EXPECT_FALSE(log.is_enabled());
+  change.apply();
+  EXPECT_TRUE(log.is_enabled());
+}
+
+TEST_F(SetUpChange, LeavesTheCallsOfAnInnerOneToTheOuterOne) {
+  const bl::logger applied("H4.applied");
+  const bl::logger forgotten("H4.forgotten");
+  set_up_change outer(manager_);
+  {
+    set_up_change inner(manager_);
+    bl::enable_logs(manager_, "H4.applied", OFF);
+    inner.apply();
+    bl::enable_logs(manager_, "H4.forgotten", OFF);
+  }
+  EXPECT_TRUE(applied.is_enabled());
+  outer.apply();
+  EXPECT_FALSE(applied.is_enabled());
+  EXPECT_TRUE(forgotten.is_enabled());
+}
+
+TEST_F(SetUpChange, LeavesTheCallsOfOtherThreadsAndOtherManagersAlone) {
+  bl::default_log_manager other;
+  const set_up_change change(manager_);
+  inAnotherThread([this] { bl::enable_logs(manager_, "H5.thread", OFF); });
+  EXPECT_FALSE(bl::logger("H5.thread").is_enabled());
+  bl::enable_logs(other, "H5", OFF);
+  EXPECT_FALSE(other.log("H5").enabled);
+  set_up_change changeOfOther(other);
+  bl::enable_logs(other, "H5", ON);
+  bl::enable_logs(manager_, "H5", OFF);
+  changeOfOther.apply();
+  EXPECT_TRUE(other.log("H5").enabled);
+  EXPECT_TRUE(bl::logger("H5").is_enabled());
+}
+
+TEST_F(SetUpChange, IsAppliedAsAWholeBesideThatOfAnotherThread) {
+  const bl::logger log("H6.log");
+  bl::add_appender(manager_, "H6", recorder_.appender(), "A", 100);
+  const auto note = [this](const std::string& _mark, bool _isOn) {
+    bl::enable_logs(manager_, "H6.log", _isOn ? ON : OFF);
+    bl::add_modifier(manager_, "H6", suffix(_mark), "M", 100);
+  };
+  {
+    set_up_change change(manager_);
+    note("1", true);
+    inAnotherThread([this, &note] {
+      set_up_change other(manager_);
+      note("2", false);
+      other.apply();
+    });
+    EXPECT_FALSE(log.is_enabled());
+    change.apply();
+  }
+  log.write("");
+  EXPECT_THAT(recorder_.messages(), ElementsAre("H6.log|21"));
+}
+
+TEST_F(SetUpChange, DoesNotTouchWhatEndsUpTheSame) {
+  bl::add_appender(manager_, "H7", recorder_.appender(), "A", 100);
+  const bl::detail::Log& log = manager_.log("H7.log");
+  const auto* const callables = log.callables.load();
+  set_up_change change(manager_);
+  bl::enable_logs(manager_, "*", OFF);
+  bl::add_appender(manager_, "H7", recorder_.appender(), "B", 100);
+  bl::del_appender(manager_, "*", "B");
+  bl::del_modifier(manager_, "*", "M");
+  bl::enable_logs(manager_, "H7", ON);
+  change.apply();
+  EXPECT_EQ(log.callables.load(), callables);
+  EXPECT_TRUE(log.enabled);
+}
+
+/// A value whose insertion does something.
+struct Trigger {
+  const std::function<void()>& action;
+};
+
+std::ostream& operator<<(std::ostream& _out, const Trigger& _trigger) {
+  _trigger.action();
+  return _out;
+}
+
+// The statement began when the log was on and ends when it has new callables: they are not for it.
+TEST_F(SetUpChange, KeepsAMessageFromTheNewCallablesOfALogThatGoesOff) {
+  const bl::logger log("H8.log");
+  const Recorder former;
+  bl::add_appender(manager_, "H8", former.appender(), "A", 100);
+  const std::function<void()> switchOff = [this] {
+    set_up_change change(manager_);
+    bl::del_appender(manager_, "H8", "A");
+    bl::add_appender(manager_, "H8", recorder_.appender(), "A", 100);
+    bl::enable_logs(manager_, "H8", OFF);
+    change.apply();
+  };
+  QMRK_LOG(log) << "m" << Trigger{switchOff};
+  EXPECT_THAT(recorder_.messages(), IsEmpty());
+}
+
+TEST_F(SetUpChange, SetsUpLogsThatAreCreatedWhileItIsAlive) {
+  set_up_change change(manager_);
+  bl::add_appender(manager_, "H9", recorder_.appender(), "A", 100);
+  bl::enable_logs(manager_, "H9.off", OFF);
+  const bl::logger log("H9.log");
+  const bl::logger off("H9.off");
+  change.apply();
+  log.write("m");
+  EXPECT_THAT(recorder_.messages(), ElementsAre("H9.log|m"));
+  EXPECT_FALSE(off.is_enabled());
+}
+
+/// Adds an appender where it is destroyed.
+class AddsAtItsEnd {
+ public:
+  AddsAtItsEnd(bl::default_log_manager& _manager, const Recorder& _recorder)
+      : manager_(_manager), recorder_(_recorder) {}
+  ~AddsAtItsEnd() { bl::add_appender(manager_, "H10", recorder_.appender(), "A", 100); }
+  AddsAtItsEnd(const AddsAtItsEnd&) = delete;
+  AddsAtItsEnd& operator=(const AddsAtItsEnd&) = delete;
+
+ private:
+  bl::default_log_manager& manager_;
+  const Recorder& recorder_;
+};
+
+TEST_F(SetUpChange, MayHoldCallablesWhoseDestructorsMakeSetUpCalls) {
+  const bl::logger log("H10.log");
+  const auto addWithEnd = [this] {
+    const auto end = std::make_shared<AddsAtItsEnd>(manager_, recorder_);
+    bl::add_appender(
+        manager_, "H10", [end](const std::string&, const std::string&) {}, "end", 100);
+  };
+  set_up_change outer(manager_);
+  {
+    const set_up_change inner(manager_);
+    addWithEnd();
+  }
+  outer.apply();
+  log.write("forgotten with the inner one");
+  addWithEnd();
+  bl::del_appender(manager_, "H10", "end");
+  outer.apply();
+  log.write("noted by the change");
+  outer.apply();
+  log.write("m");
+  EXPECT_THAT(recorder_.messages(), ElementsAre("H10.log|m"));
+}
+
+}  // namespace

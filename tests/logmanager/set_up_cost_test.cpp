@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <ctime>
+#include <functional>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "boost/logging/logging.hpp"
+#include "logmanager/default_log_manager.h"
+#include "tests/logmanager/quiet_appender.h"
+
+namespace {
+
+namespace bl = boost::logging;
+using bl::default_log_manager;
+using testsupport::levelOff;
+using testsupport::levelOn;
+using testsupport::quietAppender;
+
+/// A filter of classes: the pattern of each, and the name of a log that it selects.
+struct Filter {
+  const char* beginning;
+  const char* ending;
+
+  std::string pattern(int _class) const { return beginning + std::to_string(_class) + ending; }
+  std::string log(int _class) const {
+    std::string name = pattern(_class);
+    std::replace(name.begin(), name.end(), '*', 'x');
+    return name;
+  }
+};
+
+/// What the set-up library does with a filter and a list of classes that are on.
+void setUp(default_log_manager& _manager, const std::vector<std::string>& _patterns) {
+  for (const std::string& pattern : _patterns) {
+    bl::del_appender(_manager, pattern, "file");
+    bl::add_appender(_manager, pattern, &quietAppender, "file", 100);
+  }
+  bl::enable_logs(_manager, "*", levelOff);
+  for (const std::string& pattern : _patterns)
+    bl::enable_logs(_manager, pattern, levelOn);
+}
+
+/// The processor time of the cheapest of some set-ups after the first one.
+double costOfAnotherSetUp(const Filter& _filter, int _classes, bool _isChange) {
+  default_log_manager manager;
+  std::vector<std::string> patterns;
+  for (int i = 0; i < _classes; ++i) {
+    manager.log(_filter.log(i));
+    patterns.push_back(_filter.pattern(i));
+  }
+  setUp(manager, patterns);
+  double least = std::numeric_limits<double>::max();
+  for (int round = 0; round < 5; ++round) {
+    const std::clock_t begin = std::clock();
+    if (_isChange) {
+      bl::set_up_change change(manager);
+      setUp(manager, patterns);
+      change.apply();
+    } else {
+      setUp(manager, patterns);
+    }
+    least = std::min(least, static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC);
+  }
+  return least;
+}
+
+class SetUpCost : public testing::TestWithParam<Filter> {};
+
+// Four times the classes cost four times as much, and some more for memory that is farther away; sixteen times if each
+// call looked at all rules or logs.
+TEST_P(SetUpCost, GrowsWithTheClassesNotWithTheirSquare) {
+  for (const bool isChange : {true, false}) {
+    const double few = costOfAnotherSetUp(GetParam(), 1000, isChange);
+    const double many = costOfAnotherSetUp(GetParam(), 4000, isChange);
+    RecordProperty(isChange ? "change" : "calls", std::to_string(many));
+    EXPECT_LT(many, 9 * few) << GetParam().pattern(1) << ": " << few << " s and " << many << " s";
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Filters, SetUpCost,
+                         testing::Values(Filter{"Class", ""}, Filter{"Class", ".info"}, Filter{"App.Class", ".*.info"},
+                                         Filter{"*.Class", ""}, Filter{"App.*.Class", ".info"}));
+
+}  // namespace
