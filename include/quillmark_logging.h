@@ -87,8 +87,8 @@ QMRK_LOG_API bool getCommonLogFilePath(std::string& _path, const std::string& _c
 QMRK_LOG_API bool setInitialLogLevels(std::string _logFile, const std::string& _ca);
 
 /* Switches on exactly the classes that the CA's .init file lists, and everything else off; an empty list switches
- * everything off. While it runs, every log is off for a moment. False, and nothing changed, when the configuration or
- * the list cannot be read. Without a CA: the environment variable DEFAULT_CA_NR, else "GE". */
+ * everything off. All at once: a log that stays on loses no message. False, and nothing changed, when the configuration
+ * or the list cannot be read. Without a CA: the environment variable DEFAULT_CA_NR, else "GE". */
 QMRK_LOG_API bool updateLogLevels();
 QMRK_LOG_API bool updateLogLevels(const std::string& _ca);
 

@@ -14,7 +14,7 @@
 namespace Quillmark_logging {
 namespace {
 
-// @param _makeAppender is called for each pattern, after the appender of an earlier call is gone.
+// @param _makeAppender is called for each pattern.
 template <class MakeAppender>
 void connectPatterns(const std::string& _logLevel, const char* _name, MakeAppender _makeAppender) {
   const auto connect = [&](const std::string& _spec) {

@@ -3,6 +3,7 @@
 
 #include "config/configuration_check.h"
 #include "logsetup/application_log_appenders.h"
+#include "logsetup/log_manager_binding.h"
 #include "quillmark_logging.h"
 #include "quillmark_logging_names.h"
 #include "trace/file_system_helpers.h"
@@ -84,8 +85,10 @@ bool createApplicationSpecificLogFile(std::string _logLevel, std::string _fileNa
     return false;
   }
   setBoostFileSystemNameCheck();
+  SetUpChange change;
   connectApplicationLogs(_logLevel, file, ca, _overWrite);
   updateLogLevels(ca);
+  change.apply();
   traceLine("<== Quillmark_logging::createApplicationSpecificLogFile() OK\r\n");
   return true;
 }

@@ -73,6 +73,14 @@ void connectToAllLogs(CfgDataManager& _store, const std::string& _ca, bool _writ
   addModifier(all, &boost::logging::append_enter, QMRK_MODIFIERS, callableIndex);
 }
 
+void setUpAllLogs(CfgDataManager& _store, const std::string& _logFile, const std::string& _ca, bool _writeToCout) {
+  SetUpChange change;
+  connectToAllLogs(_store, _ca, _writeToCout);
+  setInitialLogLevels(_logFile, _ca);
+  updateLogLevels(_ca);
+  change.apply();
+}
+
 }  // namespace
 
 bool initDefaultLogs(std::string _calledBy, bool _writeToCout) {
@@ -104,9 +112,7 @@ bool initDefaultLogs(std::string _calledBy, const std::string& _ca, bool _writeT
   if (!isLoggingSwitchedOn(store, ca, _calledBy)) return false;
   std::string logFile;
   if (!provideCommonLogFile(logFile, ca)) return false;
-  connectToAllLogs(store, ca, _writeToCout);
-  setInitialLogLevels(logFile, ca);
-  updateLogLevels(ca);
+  setUpAllLogs(store, logFile, ca, _writeToCout);
   boost::logging::flush_log_cache();
   writeOSInfo(ca);
   traceLine("<== Quillmark_logging::initDefaultLogs() OK\r\n");

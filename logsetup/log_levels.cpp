@@ -37,12 +37,15 @@ bool setInitialLogLevels(std::string _logFile, const std::string& _ca) {
   std::string initialLogLevels;
   if (!getCfgValue(COMMON_LOG_FILE_FILTER, initialLogLevels, _ca)) return false;
   traceLine("--- Quillmark_logging::setInitialLogLevels() initialLogLevels=\"%s\"\r\n", initialLogLevels.c_str());
-  forEachClass(initialLogLevels, [&_logFile](const std::string& _class, int _count) {
+  SetUpChange change;
+  // One open file for all classes.
+  const boost::logging::write_to_file toFile(_logFile, false);
+  forEachClass(initialLogLevels, [&toFile](const std::string& _class, int _count) {
     traceLine("--- Quillmark_logging::setInitialLogLevels() tmp=\"%s\" tmpCnt=%i\r\n", _class.c_str(), _count);
     deleteAppender(_class, APPENDER_WRITE2FILE_INIT);
-    addAppender(_class, byTsMode(boost::logging::write_to_file(_logFile, false)), APPENDER_WRITE2FILE_INIT,
-                callableIndex);
+    addAppender(_class, byTsMode(toFile), APPENDER_WRITE2FILE_INIT, callableIndex);
   });
+  change.apply();
   traceLine("<== Quillmark_logging::setInitialLogLevels()\r\n");
   return true;
 }
@@ -59,6 +62,7 @@ bool updateLogLevels(const std::string& _ca) {
     traceLine("<!= Quillmark_logging::updateLogLevels() ERROR: Failed to get enabled log class/es.\r\n");
     return false;
   }
+  SetUpChange change;
   // A list of nothing but line ends counts as empty.
   enabledLogClasses = withoutLineEnds(std::move(enabledLogClasses));
   if (enabledLogClasses.empty()) {
@@ -70,6 +74,7 @@ bool updateLogLevels(const std::string& _ca) {
     disableLogs("*");
     enableClasses(enabledLogClasses);
   }
+  change.apply();
   traceLine("<== Quillmark_logging::updateLogLevels()\r\n");
   return true;
 }

@@ -16,6 +16,12 @@ constexpr int callableIndex = 100;
 constexpr unsigned int levelOn = 0;
 constexpr unsigned int levelOff = 4294967295U;
 
+/// The calls that this thread makes until apply() take effect together, without it never.
+class SetUpChange : public boost::logging::set_up_change {
+ public:
+  SetUpChange() : boost::logging::set_up_change(boost::logging::get_default_log_manager()) {}
+};
+
 inline std::string addAppender(const std::string& _logs, const boost::logging::appender& _appender,
                                const std::string& _name, int _index) {
   boost::logging::add_appender(boost::logging::get_default_log_manager(), _logs, _appender, _name, _index);

@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <atomic>
+#include <functional>
+#include <regex>
+#include <sstream>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "logsetup/ts_mode.h"
+#include "quillmark_logging.h"
+#include "tests/logsetup/log_set_up.h"
+#include "tests/support/temporary_folder.h"
+
+namespace {
+
+using namespace Quillmark_logging;
+
+/// Threads log to classes that stay on and connected, while set-ups and updates come one after the other. There are so
+/// many other classes and logs that each of them takes its time.
+class SetUpStorm : public testsupport::LogSetUp, public testing::WithParamInterface<bool> {
+ protected:
+  static constexpr int threadCount = 3;
+
+  SetUpStorm() {
+    std::string others;
+    for (int i = 0; i < 300; ++i) {
+      const std::string name = "Other" + std::to_string(i);
+      boost::logging::logger(name + ".info");
+      others += name + (i % 2 == 0 ? ";" : ".*.info;");
+    }
+    sandbox_.writeCfg("CA12", "LOG_STATE=TRUE\nCOMMON_LOG_FILE_NAME=common.log\nCOMMON_LOG_FILE_FILTER=" + others +
+                                  "Storm.plain;Storm.*.info;\n");
+    sandbox_.writeInit("CA12", others + "Storm;Storm.*;");
+    setTsMode(GetParam());
+  }
+
+  /// Lets the threads log while the function is called so many times. After each call they get some lines further.
+  /// @return how many lines each of them has logged.
+  static std::vector<int> logDuring(int _rounds, const std::function<void()>& _function) {
+    std::atomic<bool> isOver{false};
+    std::atomic<int> lines{0};
+    std::vector<int> counts(threadCount, 0);
+    std::vector<std::thread> threads;
+    for (int i = 0; i < threadCount; ++i) {
+      threads.emplace_back([i, &isOver, &lines, &count = counts[static_cast<std::size_t>(i)]] {
+        const boost::logging::logger log(logName(i));
+        for (; !isOver; ++count) {
+          QMRK_LOG(log) << "thread " << i << " line " << count;
+          ++lines;
+        }
+      });
+    }
+    for (int round = 0; round < _rounds; ++round) {
+      _function();
+      for (const int enough = lines + 50; lines < enough;)
+        std::this_thread::yield();
+    }
+    isOver = true;
+    for (std::thread& thread : threads)
+      thread.join();
+    return counts;
+  }
+
+  static std::string logName(int _thread) {
+    return _thread == 0 ? "Storm.plain" : "Storm." + std::to_string(_thread) + ".info";
+  }
+
+  /// Disconnects everything, after which nothing is held any more, and compares the file with what was logged.
+  void expectAllLines(const std::vector<int>& _counts) const {
+    deleteAppender("*", APPENDER_WRITE2FILE_INIT);
+    std::istringstream file(testsupport::readFile(sandbox_.logFolder() + "\\common.log"));
+    const std::regex form(R"(\[(Storm\.\S+)\] \d{8} \d\d:\d\d:\d\d thread (\d) line (\d+)\r?)");
+    std::vector<std::vector<int>> found(threadCount);
+    int malformed = 0;
+    std::smatch match;
+    for (std::string line; std::getline(file, line);) {
+      if (line.find("thread") == std::string::npos && line.find("Storm") == std::string::npos) continue;
+      if (std::regex_match(line, match, form) && match[1] == logName(std::stoi(match[2]))) {
+        found[std::stoul(match[2])].push_back(std::stoi(match[3]));
+      } else {
+        ++malformed;
+      }
+    }
+    EXPECT_EQ(malformed, 0);
+    for (int i = 0; i < threadCount; ++i) {
+      std::vector<int>& lines = found[static_cast<std::size_t>(i)];
+      // In thread-safe mode the last lines of a writer may come after the first ones of its successor.
+      std::ranges::sort(lines);
+      int expected = 0;
+      for (const int line : lines)
+        expected += line == expected ? 1 : 0;
+      EXPECT_EQ(static_cast<int>(lines.size()), _counts[static_cast<std::size_t>(i)]);
+      EXPECT_EQ(expected, _counts[static_cast<std::size_t>(i)]);
+      EXPECT_GT(expected, 0);
+    }
+  }
+};
+
+TEST_P(SetUpStorm, OfUpdatesLosesNoLineOfAClassThatStaysOn) {
+  ASSERT_TRUE(initDefaultLogs("App", "CA12", false));
+  expectAllLines(logDuring(100, [] { EXPECT_TRUE(updateLogLevels("CA12")); }));
+}
+
+TEST_P(SetUpStorm, OfSecondSetUpsLosesAndDamagesNoLine) {
+  ASSERT_TRUE(initDefaultLogs("App", "CA12", false));
+  expectAllLines(logDuring(20, [] { EXPECT_TRUE(initDefaultLogs("App", "CA12", false)); }));
+}
+
+INSTANTIATE_TEST_SUITE_P(Modes, SetUpStorm, testing::Bool(),
+                         [](const auto& _info) { return _info.param ? "ThreadSafe" : "Plain"; });
+
+}  // namespace
