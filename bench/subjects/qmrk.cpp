@@ -56,10 +56,12 @@ class Qmrk : public Subject {
 
   void updateLevels(int _logs) override {
     auto& manager = logging::get_default_log_manager();
+    logging::set_up_change change(manager);
     logging::enable_logs(manager, "*", off);
     for (int i = 0; i < _logs; ++i) {
       logging::enable_logs(manager, patterns_[static_cast<std::size_t>(i)], on);
     }
+    change.apply();
   }
 
  private:
