@@ -23,6 +23,8 @@ struct OpenFile {
   HANDLE queue = nullptr;
   /// Shared while a message is appended, exclusive while the file is opened anew.
   SRWLOCK lock = SRWLOCK_INIT;
+  /// Whether a thread asks for the exclusive lock, which threads that append without a break would never leave to it.
+  std::atomic<bool> isAskedFor{false};
 };
 
 OpenFile& openFileOf(std::intptr_t _file) { return *reinterpret_cast<OpenFile*>(_file); }
@@ -34,7 +36,7 @@ class SharedHold {
   explicit SharedHold(OpenFile& _file) : file_(_file) {
     for (int tries = 0; !isHeld_ && tries < MOST_TRIES; ++tries) {
       if (tries > 0) ::Sleep(1);
-      isHeld_ = ::TryAcquireSRWLockShared(&file_.lock) != FALSE;
+      isHeld_ = !file_.isAskedFor.load(std::memory_order_relaxed) && ::TryAcquireSRWLockShared(&file_.lock);
     }
   }
   ~SharedHold() {
@@ -51,11 +53,14 @@ class SharedHold {
 };
 
 bool lockExclusively(OpenFile& _file) {
-  for (int tries = 0; tries < MOST_TRIES; ++tries) {
-    if (::TryAcquireSRWLockExclusive(&_file.lock)) return true;
+  _file.isAskedFor.store(true, std::memory_order_relaxed);
+  bool isLocked = ::TryAcquireSRWLockExclusive(&_file.lock);
+  for (int tries = 1; !isLocked && tries < MOST_TRIES; ++tries) {
     ::Sleep(1);
+    isLocked = ::TryAcquireSRWLockExclusive(&_file.lock);
   }
-  return false;
+  _file.isAskedFor.store(false, std::memory_order_relaxed);
+  return isLocked;
 }
 
 void close(OpenFile& _file) {

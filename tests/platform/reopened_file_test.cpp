@@ -55,7 +55,7 @@ TEST_F(ReopenedFileTest, TellsWhyItCannotReopenAndCanLater) {
 }
 
 TEST_F(ReopenedFileTest, MessagesThatAreAppendedWhileItIsReopenedGoWholeToTheOneFileOrTheOther) {
-  constexpr int messageCount = 20000;
+  constexpr int messageCount = 5000;
   const auto file = open();
   std::atomic<bool> isDone{false};
   std::thread writer([&file, &isDone] {
@@ -64,7 +64,7 @@ TEST_F(ReopenedFileTest, MessagesThatAreAppendedWhileItIsReopenedGoWholeToTheOne
     isDone = true;
   });
   int fileCount = 0;
-  while (!isDone && fileCount < 200) {
+  while (!isDone && fileCount < 100) {
     std::filesystem::rename(platform::nativePath(path_),
                             platform::nativePath(folder_.file(std::to_string(fileCount++))));
     EXPECT_EQ(file->reopen(path_, false), platform::noError);
