@@ -5,9 +5,8 @@
 // Optional: QMRK_LOGF, a logging statement with a format string of {fmt}. The only header of the log manager that needs
 // {fmt} (8 or later; link fmt::fmt) and C++14.
 
+#include <fmt/compile.h>
 #include <fmt/format.h>
-
-#include <iterator>
 
 #include "boost/logging/logging.hpp"
 
@@ -16,13 +15,14 @@ namespace logging {
 namespace detail {
 
 /// Formats the arguments and logs the text. What a formatter throws goes on to the caller, without a message.
-/// @param _format is checked when it is compiled.
-/// The format as the macro was given it comes first of the other arguments.
-template <typename... Arguments>
-void log_formatted(const logger& _log, fmt::format_string<const Arguments&...> _format, const char* /*_formatText*/,
-                   const Arguments&... _arguments) {
+/// @param _format is parsed when it is compiled (before C++17, when it is used).
+/// The same format comes twice more: its type checks it against the arguments, as {fmt} does not check every format
+/// that is parsed when it is compiled; and as the macro was given it, first of the other arguments.
+template <typename Format, typename... Arguments>
+void log_formatted(const logger& _log, const Format& _format, fmt::format_string<const Arguments&...> /*_checked*/,
+                   const char* /*_formatText*/, const Arguments&... _arguments) {
   fmt::memory_buffer text;
-  fmt::format_to(std::back_inserter(text), _format, _arguments...);
+  fmt::format_to(fmt::appender(text), _format, _arguments...);
   const statement logging(_log);
   logging.stream().put(text.data(), text.size());
   finish_statement() & logging.stream();
@@ -35,10 +35,11 @@ void log_formatted(const logger& _log, fmt::format_string<const Arguments&...> _
 /// QMRK_LOGF(log, "size {}", n); logs a message on the boost::logging::logger. The format is a literal; one that does
 /// not fit the arguments does not compile. Nothing after the logger is evaluated, and nothing is formatted, when the
 /// log is off. It is an expression, and safe as the only statement of an if or else.
-#define QMRK_LOGF(log, ...)                                         \
-  (!((log).is_enabled()) ? static_cast<void>(0)                     \
-                         : ::boost::logging::detail::log_formatted( \
-                               log, FMT_STRING(BOOST_LOGGING_FIRST_ARGUMENT(__VA_ARGS__)), __VA_ARGS__))
+#define QMRK_LOGF(log, ...)                                                                                   \
+  (!((log).is_enabled())                                                                                      \
+       ? static_cast<void>(0)                                                                                 \
+       : ::boost::logging::detail::log_formatted(log, FMT_COMPILE(BOOST_LOGGING_FIRST_ARGUMENT(__VA_ARGS__)), \
+                                                 FMT_STRING(BOOST_LOGGING_FIRST_ARGUMENT(__VA_ARGS__)), __VA_ARGS__))
 
 // The 0 stands for arguments that a format may not have.
 #define BOOST_LOGGING_FIRST_ARGUMENT(...) BOOST_LOGGING_FIRST_ARGUMENT_OF(__VA_ARGS__, 0)
