@@ -2,10 +2,10 @@
 # SPDX-License-Identifier: MIT
 """Runs every workload for every subject in turn, several rounds, and writes docs/performance.md with its plot.
 
-What was measured is kept in BUILD_FOLDER/figures.json. With --only nothing but the figures of some workloads is printed;
-with --render the page is written again from kept figures.
+What was measured is kept in BUILD_FOLDER/figures.json. With --only the medians of some workloads are
+printed and nothing is written; with --render the page is written again from kept figures.
 
-usage: bench/compare.py BUILD_FOLDER [--rounds N] [--out DOCS_FOLDER] [--only A,B,...] [--render]
+usage: bench/compare.py BUILD_FOLDER [--rounds N] [--out DOCS_FOLDER] [--only A,E,F1,...] [--render]
 """
 import argparse
 import json
@@ -59,13 +59,13 @@ def instructions_per_statement(build):
 
 
 def measure(build, rounds, keys, folder):
-    """{key of a workload: its figures}, of those keys or of all."""
+    """{key of a workload: its figures}, of the keys that begin with one of the given, or of all."""
     works = {w.key: (w.title, lambda w=w: run_workload(build, w, rounds, folder)) for w in WORKLOADS}
     works["C"] = (page.DISABLED_TITLE, lambda: instructions_per_statement(build))
     works.update({w.key: (w.title, lambda w=w: w.run(build, folder, rounds)) for w in LIBRARY_WORKLOADS})
     figures = {}
     for key in sorted(works):
-        if keys and key not in keys:
+        if keys and not key.startswith(tuple(keys)):
             continue
         title, run = works[key]
         print(f"{key}: {title}", flush=True)
@@ -93,8 +93,9 @@ def main():
     parser.add_argument("build")
     parser.add_argument("--rounds", type=int, default=5)
     parser.add_argument("--out", default="docs")
-    parser.add_argument("--only", default="")
-    parser.add_argument("--render", action="store_true")
+    parser.add_argument("--only", default="", metavar="KEY,...",
+                        help="print the medians of these workloads and write nothing; E is all of E1 to E6")
+    parser.add_argument("--render", action="store_true", help="write the page again from kept figures")
     options = parser.parse_args()
     build = pathlib.Path(options.build).resolve()
     kept = build / "figures.json"

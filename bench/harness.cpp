@@ -32,6 +32,7 @@ int runWorkload(int _argc, char** _argv, int _defaultCount,
   app.add_option("--count", options.count)->check(CLI::PositiveNumber);
   app.add_option("--threads", options.threads)->check(CLI::PositiveNumber);
   app.add_option("--rounds", options.rounds)->check(CLI::PositiveNumber);
+  app.add_option("--rate", options.rate)->check(CLI::PositiveNumber);
   CLI11_PARSE(app, _argc, _argv);
   const std::unique_ptr<Subject> subject = makeSubject(name);
   return _workload(*subject, options) ? 0 : notSupported;
@@ -50,14 +51,18 @@ std::int64_t processorNanoseconds() {
   return static_cast<std::int64_t>(used.tv_sec) * 1000000000 + used.tv_nsec;
 }
 
+std::int64_t sizeOf(const std::string& _file) {
+  std::error_code missing;
+  const auto size = std::filesystem::file_size(_file, missing);
+  return missing ? 0 : static_cast<std::int64_t>(size);
+}
+
 std::int64_t waitForSize(const std::string& _file, std::int64_t _bytes) {
   constexpr std::int64_t patience = 2000000000;
   std::int64_t size = -1;
   std::int64_t lastGrowth = nanoseconds();
   while (size < _bytes && nanoseconds() - lastGrowth < patience) {
-    std::error_code missing;
-    const auto now = std::filesystem::file_size(_file, missing);
-    const std::int64_t current = missing ? 0 : static_cast<std::int64_t>(now);
+    const std::int64_t current = sizeOf(_file);
     if (current != size) {
       size = current;
       lastGrowth = nanoseconds();

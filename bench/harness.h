@@ -10,12 +10,13 @@
 namespace bench {
 
 /// What a workload program is called with: --subject NAME --folder DIR [--count N] [--threads N]
-/// [--rounds N].
+/// [--rounds N] [--rate N].
 struct Options {
   std::string folder;
   int count = 0;
   int threads = 1;
   int rounds = 10;
+  int rate = 100;
 
   std::string file() const { return folder + "/bench.log"; }
 };
@@ -32,6 +33,9 @@ std::int64_t nanoseconds();
 
 /// Nanoseconds of processor time that the process has used.
 std::int64_t processorNanoseconds();
+
+/// The bytes of the file; 0 when there is none.
+std::int64_t sizeOf(const std::string& _file);
 
 /// Waits until the file holds that many lines' bytes or has not grown for two seconds; returns its size.
 std::int64_t waitForSize(const std::string& _file, std::int64_t _bytes);

@@ -3,7 +3,9 @@
 import statistics
 import subprocess
 
-from workloads import EVERYBODY, LIBRARY_WORKLOADS, PEERS, WORKLOADS
+from workloads import EVERYBODY, LIBRARY_WORKLOADS, PEERS, UNPACKAGED_PEERS, WORKLOADS
+
+SHOWN = EVERYBODY + UNPACKAGED_PEERS
 
 DISABLED_TITLE = "A statement of a log that is off"
 
@@ -22,6 +24,7 @@ documentation recommends for the job; the code is in `bench/subjects/`.
 | log4cxx | `FileAppender` or `RollingFileAppender` with immediate flush and a `PatternLayout`; `AsyncAppender`, buffer of 8192 |
 | Boost.Log | text file backend with automatic flush behind a synchronous or an asynchronous sink, microseconds in the stamp |
 | glog | its own prefix, no buffering; it has no rolling by number, no writer thread and no named logs |
+| quill | writer thread only, measured where `QMRK_BENCH_QUILL` names its headers: the default queue of each thread, preallocated; `FileSink`; its backend thread as it is by default, which writes every 200 ms; flushed at the end of a run of many lines |
 """
 
 
@@ -33,9 +36,9 @@ def number(value):
     return f"{value:.3g}"
 
 
-def ratios(figures, subject, metric):
+def ratios(figures, subject, metric, other="raw"):
     """Round by round, so that a drift of the machine's speed does not count."""
-    return [mine / raw for mine, raw in zip(figures[subject][metric], figures["raw"][metric])]
+    return [mine / its for mine, its in zip(figures[subject][metric], figures[other][metric])]
 
 
 def reached(goal, value):
@@ -48,7 +51,7 @@ def cell(values):
 
 
 def metric_rows(figures, metric, unit, relative):
-    for subject in EVERYBODY:
+    for subject in SHOWN:
         if metric not in figures.get(subject, {}):
             continue
         ratio = ""
@@ -64,8 +67,7 @@ def metrics_of_qmrk(figures):
         of_key = figures[workload.key]
         for metric, unit, relative, goal in workload.metrics:
             value = typical(of_key, "qmrk", metric, relative)
-            peers = [(typical(of_key, peer, metric, relative), peer) for peer in PEERS if metric in of_key.get(peer, {})]
-            best = (max if metric == "lines_per_second" else min)(peers, default=None)
+            best = best_peer(of_key, PEERS, metric, relative)
             yield workload.key, workload.title, metric, unit, relative, goal, value, best
     off = figures["C"]
     yield ("C", DISABLED_TITLE, "instructions", "", False, ("at most", 8), off["qmrk"],
@@ -74,6 +76,21 @@ def metrics_of_qmrk(figures):
         for metric, unit, relative, goal in workload.metrics:
             yield (workload.key, workload.title, metric, unit, relative, goal,
                    statistics.median(figures[workload.key][metric]), None)
+
+
+def best_peer(of_key, peers, metric, relative=False):
+    """(its figure, its name) of the best that has lost no line, or None."""
+    known = [(typical(of_key, peer, metric, relative), peer) for peer in peers
+             if metric in of_key.get(peer, {}) and max(of_key[peer].get("lines_lost", [0])) == 0]
+    return (max if metric == "lines_per_second" else min)(known, default=None)
+
+
+def compared(workload, of_key):
+    """(subject, metric, (figure, name) of the best of the others, goal, ratio to it), where others were measured."""
+    for subject, metric, others, goal in workload.comparisons:
+        best = best_peer(of_key, others, metric)
+        if best:
+            yield subject, metric, best, goal, statistics.median(ratios(of_key, subject, metric, best[1]))
 
 
 def typical(of_key, subject, metric, relative):
@@ -100,6 +117,10 @@ def summary(figures):
         what = f"{metric}, ratio to raw" if relative else f"{metric}{', ' + unit if unit else ''}"
         peer = f"{best[1]} {number(best[0])}" if best else ""
         lines.append(f"| {key} | {what} | {goal[0]} {number(goal[1])} | {number(value)} | {state(goal, value)} | {peer} |")
+    for workload in WORKLOADS:
+        for subject, metric, best, goal, value in compared(workload, figures[workload.key]):
+            lines.append(f"| {workload.key} | {subject}: {metric}, ratio to {best[1]} | {goal[0]} {number(goal[1])} "
+                         f"| {number(value)} | {state(goal, value)} | {best[1]} {number(best[0])} |")
     return lines + ["", *won_by_peers(figures), ""]
 
 
@@ -121,6 +142,9 @@ def workload_section(workload, figures):
         if goal is not None:
             value = typical(figures, "qmrk", metric, relative)
             lines += [f"To reach: {goal[0]} {number(goal[1])}; measured {number(value)}: {state(goal, value)}.", ""]
+    for subject, metric, best, goal, value in compared(workload, figures):
+        lines += [f"To reach by {subject} in {metric}: {goal[0]} {number(goal[1])} of {best[1]}; measured "
+                  f"{number(value)}: {state(goal, value)}.", ""]
     return lines
 
 

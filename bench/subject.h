@@ -47,6 +47,8 @@ struct SubjectEntry {
 
 /// What this build can compare: subjects/with_peers.cpp or subjects/without_peers.cpp.
 std::vector<SubjectEntry> subjectEntries();
+/// What no Debian package has: subjects/with_quill.cpp or subjects/without_quill.cpp.
+std::vector<SubjectEntry> unpackagedEntries();
 
 // Every subject's own file has one of these.
 std::unique_ptr<Subject> makeRaw();
@@ -57,5 +59,6 @@ std::unique_ptr<Subject> makeLog4cplus();
 std::unique_ptr<Subject> makeLog4cxx();
 std::unique_ptr<Subject> makeBoostLog();
 std::unique_ptr<Subject> makeGlog();
+std::unique_ptr<Subject> makeQuill();
 
 }  // namespace bench
