@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -71,9 +70,27 @@ class AppendFile {
   Identity identity_;
 };
 
-/// From now on the flag is set as soon as a message of the calling thread has reached a file, so that others can tell
-/// what a thread has done that was ended inside append, as happens at the end of a Windows process. Without effect on
-/// Linux. The flag has to outlive the thread's appending.
-void watchAppends(std::atomic<bool>& _appended);
+/// Shows what a thread's latest append has done to others who find the thread ended inside it, as happens at the end of
+/// a Windows process. It is the system that notes the success, with the write, so that there is no moment between the
+/// two. Without effect on Linux, where a thread is not ended there.
+class AppendWatch {
+ public:
+  AppendWatch() { restart(); }
+  AppendWatch(const AppendWatch&) = delete;
+  AppendWatch& operator=(const AppendWatch&) = delete;
+
+  /// From now on shows what the calling thread appends; has to outlive that.
+  void watchThisThread();
+
+  /// To be called by that thread before an append.
+  void restart();
+
+  /// Whether bytes have reached a file since then.
+  bool hasAppended() const;
+
+ private:
+  /// What the system takes with a write.
+  std::uintptr_t state_[5];
+};
 
 }  // namespace platform

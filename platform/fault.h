@@ -23,6 +23,8 @@ enum class Call {
   write,
   openForAppending,
   append,
+  /// Asked after the bytes have reached the file; its answer counts for nothing.
+  appended,
   closeFile,
   clock,
   systemVersion,

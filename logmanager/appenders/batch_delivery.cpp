@@ -24,7 +24,7 @@ BatchDelivery::Result BatchDelivery::deliver(bool _isLast) noexcept {
   }
   if (batch_.isEmpty()) return Result::nothing;
   const Result result = batch_.text.size() >= MessageQueue::batchSize ? Result::full : Result::some;
-  isAppended_.store(false, std::memory_order_relaxed);
+  appends_.restart();
   stage_.store(Stage::calling, std::memory_order_release);
   callWrapped();
   stage_.store(Stage::called, std::memory_order_release);
@@ -52,12 +52,12 @@ void BatchDelivery::callWrapped() {
   }
 }
 
-void BatchDelivery::watch() { platform::watchAppends(isAppended_); }
+void BatchDelivery::watch() { appends_.watchThisThread(); }
 
 bool BatchDelivery::settle() {
   const Stage stage = stage_.load(std::memory_order_acquire);
   const bool isInForeign = stage == Stage::calling && wrapped_.target<write_to_file>() == nullptr;
-  const bool isDelivered = stage == Stage::called || (stage == Stage::calling && isAppended_.load());
+  const bool isDelivered = stage == Stage::called || (stage == Stage::calling && appends_.hasAppended());
   if (isDelivered || isInForeign) {
     queue_.consume();
   } else {

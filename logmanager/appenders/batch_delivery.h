@@ -5,6 +5,7 @@
 
 #include "boost/logging/callables.hpp"
 #include "logmanager/appenders/message_queue.h"
+#include "platform/append_file.h"
 
 namespace boost::logging::detail {
 
@@ -42,8 +43,8 @@ class BatchDelivery {
   const appender& wrapped_;
   Batch batch_;
   std::atomic<Stage> stage_{Stage::collecting};
-  /// Set when the batch has reached the file of a write_to_file.
-  std::atomic<bool> isAppended_{false};
+  /// Of the thread that delivers.
+  platform::AppendWatch appends_;
 };
 
 }  // namespace boost::logging::detail

@@ -7,6 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include "logmanager/threads/process_lock.h"
+
 namespace boost::logging::detail {
 namespace {
 
@@ -125,6 +127,7 @@ void BatchWriter::finish(steady_clock::time_point _deadline, const ThreadQuery& 
 
 // Nobody else is there any more: the thread, which may have held the lock, was ended with all others.
 void BatchWriter::takeOver() {
+  freeLocksOfEndedThreads();
   abandon(std::exchange(lock_, std::make_unique<boost::mutex>()));
   Lock lock(*lock_);
   isStopped_.store(true, std::memory_order_relaxed);

@@ -9,20 +9,20 @@ namespace {
 
 constexpr std::uint32_t STAMP_STEP = 4;
 
-void beginInChild() {
-  stampOfThisProcess.fetch_add(STAMP_STEP, std::memory_order_relaxed);
-  InsideMark::keepInChild(threadState());
-}
-
 // Before main, or when the library is loaded: a lock can be taken without any other call of the manager.
 [[maybe_unused]] const bool isRegistered = [] {
-  platform::registerForkHandlers(nullptr, nullptr, &beginInChild);
+  platform::registerForkHandlers(nullptr, nullptr, &freeLocksOfEndedThreads);
   return true;
 }();
 
 }  // namespace
 
 constinit std::atomic<std::uint32_t> stampOfThisProcess{STAMP_STEP};
+
+void freeLocksOfEndedThreads() {
+  stampOfThisProcess.fetch_add(STAMP_STEP, std::memory_order_relaxed);
+  InsideMark::keepInChild(threadState());
+}
 
 // NOLINTNEXTLINE(readability-identifier-naming): Lockable's name
 bool ProcessLock::try_lock() {

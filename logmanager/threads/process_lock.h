@@ -61,6 +61,10 @@ class ProcessLock {
   std::atomic<std::uint32_t> word_{FREE};
 };
 
+/// To be called where no other thread exists any more, though some were ended anywhere, as at the end of a Windows
+/// process: what they hold counts as free, as after a fork.
+void freeLocksOfEndedThreads();
+
 /// While it lives, the calling thread holds a lock and runs foreign code. When that code forks, the thread holds the
 /// lock in the child, too. Marks of one thread end in reverse order.
 class InsideMark {

@@ -144,6 +144,10 @@ bool AppendFile::isStillAt(const std::string& _path) const {
   return errno != ENOENT && errno != ENOTDIR;
 }
 
-void watchAppends(std::atomic<bool>& /*_appended*/) {}
+void AppendWatch::watchThisThread() {}
+
+void AppendWatch::restart() { state_[0] = 0; }
+
+bool AppendWatch::hasAppended() const { return state_[0] != 0; }
 
 }  // namespace platform

@@ -13,7 +13,11 @@ namespace {
 constexpr char SEPARATORS[] = "\\/";
 constexpr DWORD SHARE_ALL = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
-thread_local constinit std::atomic<bool>* watch = nullptr;
+/// Where the system notes the result of this thread's writes.
+thread_local constinit OVERLAPPED* watched = nullptr;
+
+constexpr ULONG_PTR statusPending = 0x103;
+constexpr DWORD endOfFile = 0xFFFFFFFF;
 
 /// How often the lock is asked for, a millisecond apart: a thread that was ended may hold it.
 constexpr int MOST_TRIES = 1000;
@@ -166,14 +170,16 @@ AppendFile::Result AppendFile::append(const char* _data, std::size_t _size) {
   const SharedHold hold(openFileOf(file_));
   if (!hold.isHeld() || handleOf(file_) == INVALID_HANDLE_VALUE) return {0, errorInvalidHandle};
   const AppendLock lock(handleOf(file_), openFileOf(file_).queue);
+  OVERLAPPED unwatched{};
+  OVERLAPPED& place = watched != nullptr ? *watched : unwatched;
+  place.Offset = endOfFile;
+  place.OffsetHigh = endOfFile;
   DWORD written = 0;
-  if (!::WriteFile(handleOf(file_), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr)) {
+  if (!::WriteFile(handleOf(file_), bytes.data(), static_cast<DWORD>(bytes.size()), &written, &place)) {
     return {0, lastErrorCode()};
   }
-  if (written == bytes.size()) {
-    if (watch != nullptr) watch->store(true, std::memory_order_relaxed);
-    return {_size, noError};
-  }
+  injectedFault(Call::appended);
+  if (written == bytes.size()) return {_size, noError};
   // A short write is not continued: another process may have appended since.
   return {sizeBeforeTranslation({_data, _size}, written), errorDiskFull};
 }
@@ -208,6 +214,19 @@ bool AppendFile::isStillAt(const std::string& _path) const {
   return same;
 }
 
-void watchAppends(std::atomic<bool>& _appended) { watch = &_appended; }
+static_assert(sizeof(OVERLAPPED) <= sizeof(std::uintptr_t[5]));
+
+void AppendWatch::watchThisThread() { watched = reinterpret_cast<OVERLAPPED*>(state_); }
+
+void AppendWatch::restart() {
+  auto& place = *reinterpret_cast<OVERLAPPED*>(state_);
+  place = OVERLAPPED{};
+  place.Internal = statusPending;
+}
+
+bool AppendWatch::hasAppended() const {
+  const auto& place = *reinterpret_cast<const volatile OVERLAPPED*>(state_);
+  return place.Internal != statusPending && place.InternalHigh != 0;
+}
 
 }  // namespace platform
