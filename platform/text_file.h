@@ -7,7 +7,7 @@
 namespace platform {
 
 /// A text file of more bytes is taken for something that has got into its place by mistake, and is not read.
-constexpr std::int64_t largestTextFile = 64 * 1024 * 1024;
+constexpr std::int64_t largestTextFile = std::int64_t{64} * 1024 * 1024;
 
 /// Whether a file has more bytes than that; false when it cannot be told.
 bool isTooLargeToRead(const std::string& _path);
