@@ -73,7 +73,15 @@ void* operator new(std::size_t _size) { return allocate(_size, alignof(std::max_
 void* operator new(std::size_t _size, std::align_val_t _alignment) {
   return allocate(_size, static_cast<std::size_t>(_alignment));
 }
+void* operator new(std::size_t _size, const std::nothrow_t&) noexcept {
+  try {
+    return allocate(_size, alignof(std::max_align_t));
+  } catch (const std::bad_alloc&) {
+    return nullptr;
+  }
+}
 void operator delete(void* _block) noexcept { release(_block); }
+void operator delete(void* _block, const std::nothrow_t&) noexcept { release(_block); }
 void operator delete(void* _block, std::size_t) noexcept { release(_block); }
 void operator delete(void* _block, std::align_val_t) noexcept { release(_block); }
 void operator delete(void* _block, std::size_t, std::align_val_t) noexcept { release(_block); }
