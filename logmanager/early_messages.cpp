@@ -2,6 +2,7 @@
 #include "logmanager/early_messages.h"
 
 #include <chrono>
+#include <new>
 #include <string>
 #include <utility>
 
@@ -67,14 +68,14 @@ void EarlyMessages::waitWhileFlushAdvances(std::unique_lock<std::mutex>& _lock) 
   std::uint64_t before = 0;
   do {
     before = delivered_.load(std::memory_order_relaxed);
-    if (done_->wait_for(_lock, STANDSTILL, [this] { return !isFlushing(); })) return;
+    if (done_.wait_for(_lock, STANDSTILL, [this] { return !isFlushing(); })) return;
   } while (delivered_.load(std::memory_order_relaxed) != before);
 }
 
 void EarlyMessages::flush() {
   std::unique_lock<std::mutex> lock(lock_);
   if (isFlushing()) {
-    if (threadState().depth == 0) done_->wait(lock, [this] { return !isFlushing(); });
+    if (threadState().depth == 0) done_.wait(lock, [this] { return !isFlushing(); });
     return;
   }
   if (phase_.load(std::memory_order_relaxed) == Phase::done) return;
@@ -89,7 +90,7 @@ void EarlyMessages::flush() {
   }
   phase_.store(Phase::done, std::memory_order_release);
   flusher_ = nullptr;
-  done_->notify_all();
+  done_.notify_all();
 }
 
 void EarlyMessages::deliverRounds(std::unique_lock<std::mutex>& _lock) {
@@ -122,8 +123,8 @@ void EarlyMessages::deliverAll(const MessageCache& _cache) {
 
 void EarlyMessages::restartInChild() {
   cache_ = MessageCache();
-  static_cast<void>(done_.release());
-  done_ = std::make_unique<std::condition_variable>();
+  // Those who wait do not exist here, so it is not destroyed, which would wait for them.
+  new (&done_) std::condition_variable;
   if (isFlushing() && flusher_ != &threadState()) {
     phase_.store(Phase::done, std::memory_order_release);
     flusher_ = nullptr;

@@ -4,7 +4,6 @@
 #include <atomic>
 #include <condition_variable>
 #include <cstdint>
-#include <memory>
 #include <mutex>
 #include <string_view>
 
@@ -54,8 +53,7 @@ class EarlyMessages {
 
   std::atomic<Phase> phase_{Phase::keeping};
   std::mutex lock_;
-  /// A pointer, since a forked child has to abandon it: those who wait do not exist there.
-  std::unique_ptr<std::condition_variable> done_ = std::make_unique<std::condition_variable>();
+  std::condition_variable done_;
   MessageCache cache_;
   /// The state of the thread that flushes.
   const void* flusher_ = nullptr;
