@@ -131,14 +131,6 @@ TEST_F(FileSystemHelpers, DoubledSlashesAreNotTestedAsAStepOfTheirOwn) {
   EXPECT_EQ(trace().find("_fileWithPath=<BASE>//\r\n"), std::string::npos);
 }
 
-// Not every system creates a folder of such a name, but all of them test it.
-TEST_F(FileSystemHelpers, ALastStepAfterAColonIsTested) {
-  createDirectory(base_.file("x:y"));
-  EXPECT_NE(trace().find("_fileWithPath=<BASE>\\x:y\r\n"), std::string::npos);
-  createDirectory(base_.file("x:"));
-  EXPECT_NE(trace().find("_fileWithPath=<BASE>\\x:\r\n"), std::string::npos);
-}
-
 TEST_F(FileSystemHelpers, ADriveIsNeitherTestedNorCreated) {
   EXPECT_FALSE(createDirectory("?:\\nothing\\here"));
   EXPECT_EQ(console_.text().find("_fileWithPath=?:\\\r\n"), std::string::npos);
