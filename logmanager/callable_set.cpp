@@ -15,6 +15,9 @@ CallableSet::CallableSet(const std::vector<SharedCallable>& _callables) {
     plan.add(modifier->modify);
   writer = appenders.size() == 1 && plan.isUsable() ? appenders.front()->own.writer() : nullptr;
   writersPlan = writer != nullptr ? keptPlan(plan) : nullptr;
+  isForFilesOnly = plan.isUsable() && std::ranges::all_of(appenders, [](const SharedCallable& _appender) {
+                     return _appender->own.isFile();
+                   });
 }
 
 const std::vector<SharedCallable>& CallableSet::of(CallableKind _kind) const {

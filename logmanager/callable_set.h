@@ -26,6 +26,8 @@ struct CallableSet {
   /// thread finds it, which makes the line by the plan.
   BatchHandle* writer = nullptr;
   const LinePlan* writersPlan = nullptr;
+  /// Whether the plan is usable and all appenders are write_to_file: nothing foreign has to be called.
+  bool isForFilesOnly = false;
 };
 
 }  // namespace boost::logging::detail

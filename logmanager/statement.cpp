@@ -9,6 +9,7 @@
 #include "logmanager/dispatch.h"
 #include "logmanager/threads/thread_state.h"
 #include "platform/cancellation.h"
+#include "platform/clock.h"
 
 namespace boost::logging {
 namespace detail {
@@ -42,6 +43,15 @@ Lane* laneWithRoom(Context& _context, std::size_t _size) {
   return lane.makeRoom(_size) ? &lane : nullptr;
 }
 
+void writeToFile(const Callable& _appender, std::string_view _line, std::int64_t _now,
+                 const std::string& _logName) noexcept {
+  try {
+    _appender.own.appendToFile(_line, _now);
+  } catch (...) {
+    reportException(_appender.name, _logName);
+  }
+}
+
 /// Leaves the message whose text is in the lane's room, unless it has to go another way: the set-up has changed, or
 /// messages are still being kept.
 bool leaveInLane(Context& _context, Lane& _lane, std::size_t _size) {
@@ -53,11 +63,42 @@ bool leaveInLane(Context& _context, Lane& _lane, std::size_t _size) {
   return true;
 }
 
+/// Writes the message to the files of the log, which is all that is to be done with it: the line is made round the
+/// text, where that is.
+/// @return false, and nothing is done, when more is to be done, or the front is too long.
+bool writeToFiles(Context& _context, StatementStream& _stream) {
+  const CallableSet* const callables = _context.callables;
+  if (callables == nullptr || !callables->isForFilesOnly || _context.thread->depth > 0) return false;
+  if (_context.log->callables.load(std::memory_order_relaxed) != callables || !earlyMessages().isOver()) return false;
+  const LinePlan& plan = callables->plan;
+  const std::int64_t now = platform::wallClockMilliseconds();
+  std::string memory;
+  const std::string_view time = plan.timeText(*_context.thread, now, memory);
+  const std::size_t frontSize = plan.frontSize(time, _context.log->name);
+  if (frontSize > StatementStream::roomBefore) return false;
+  char* const end = plan.putEnters(_stream.room(plan.enterCount()));
+  char* const begin = _stream.textBegin() - frontSize;
+  plan.putFront(begin, time, _context.log->name);
+  const std::string_view line(begin, static_cast<std::size_t>(end - begin));
+  for (const SharedCallable& appender : callables->appenders)
+    writeToFile(*appender, line, now, _context.log->name);
+  return true;
+}
+
+bool takeShortWay(Context& _context, StatementStream& _stream) noexcept {
+  try {
+    return _stream.lane() != nullptr ? leaveInLane(_context, *_stream.lane(), _stream.text().size())
+                                     : writeToFiles(_context, _stream);
+  } catch (...) {
+    // No memory; the usual way reports it.
+    return false;
+  }
+}
+
 void finish(StatementStream& _stream) noexcept {
   _stream.end();
   Context& context = _stream.context();
-  const std::string_view text = _stream.text();
-  if (_stream.lane() == nullptr || !leaveInLane(context, *_stream.lane(), text.size())) deliver(context, text);
+  if (!takeShortWay(context, _stream)) deliver(context, _stream.text());
   leaveContext(context);
 }
 

@@ -160,22 +160,16 @@ void StatementStream::setMemory(std::size_t _size) {
   memorySize_ = _size;
 }
 
-// What is_plain does not ask for.
-bool StatementStream::isDecorated() const {
-  return precision() != initialState().precision() || fill() != ' ' || exceptions() != std::ios_base::goodbit ||
-         tie() != nullptr || rdbuf() != &buffer_;
-}
-
 // The callback comes with the state that is copied, and is called for the copy as for every change of the locale.
 void StatementStream::putBack() {
   copyfmt(initialState());
   rdbuf(&buffer_);
-  has_other_locale_ = false;
+  hasOtherLocale_ = false;
   mayBeChanged_ = false;
 }
 
 void StatementStream::noteChange(std::ios_base::event /*_event*/, std::ios_base& _stream, int /*_index*/) {
-  if (auto* const stream = dynamic_cast<StatementStream*>(&_stream)) stream->has_other_locale_ = true;
+  if (auto* const stream = dynamic_cast<StatementStream*>(&_stream)) stream->hasOtherLocale_ = true;
 }
 
 /// The state of a stream that nothing was inserted into; its locale is the classic one.

@@ -44,6 +44,9 @@ class StatementStream : public log_stream {
   }
   void advance(std::size_t _size) { position_ += _size; }
 
+  /// Of a text in memory of its own so many bytes before it are free.
+  char* textBegin() const { return begin_; }
+
   std::string_view text() const { return {begin_, static_cast<std::size_t>(position_ - begin_)}; }
 
   /// Where the text is; null for memory of its own.
@@ -58,6 +61,7 @@ class StatementStream : public log_stream {
   Context& context() const { return context_; }
 
  private:
+  static constexpr std::streamsize initialPrecision = 6;
   static constexpr std::size_t usualSize = 1024;
   static constexpr std::size_t largestKeptSize = 65536;
 
@@ -67,7 +71,11 @@ class StatementStream : public log_stream {
   void makeRoom(std::size_t _size);
   void moveToOwnMemory(std::size_t _size);
   void setMemory(std::size_t _size);
-  bool isDecorated() const;
+  // What is_plain does not ask for.
+  bool isDecorated() const {
+    return precision() != initialPrecision || fill() != ' ' || exceptions() != std::ios_base::goodbit ||
+           tie() != nullptr || rdbuf() != &buffer_;
+  }
   void putBack();
 
   Context& context_;

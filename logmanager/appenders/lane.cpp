@@ -26,6 +26,7 @@ std::size_t sizeInRing(std::size_t _textSize) { return sizeof(Record) + roundedU
 
 /// Positions only grow; their remainder by the capacity is the place in the memory where that is a power of two. Any
 /// other ring is used up once.
+// NOLINTNEXTLINE(clang-analyzer-optin.performance.Padding): its two counters do not share cache lines
 struct Lane::Ring {
   explicit Ring(std::size_t _capacity, bool _isCounted)
       : capacity(_capacity),

@@ -7,6 +7,7 @@
 
 #include "logmanager/appenders/exception_report.h"
 #include "logmanager/threads/process_lock.h"
+#include "platform/cancellation.h"
 #include "platform/clock.h"
 #include "platform/standard_error.h"
 
@@ -44,6 +45,7 @@ std::uint64_t countToReport(const std::string& _path, std::uint64_t _count) {
 }  // namespace
 
 void reportLoss(const std::string& _path, std::uint64_t _count, platform::ErrorCode _error) noexcept {
+  const platform::CancellationDelay delay;
   try {
     const std::uint64_t count = countToReport(_path, _count);
     if (count == 0) return;

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <boost/shared_ptr.hpp>
+#include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "boost/logging/callables.hpp"
 #include "logmanager/appenders/shared_append_file.h"
@@ -38,6 +40,12 @@ class OwnAppender {
     file_->append(_messages, _now);
     return true;
   }
+
+  bool isFile() const { return file_ != nullptr; }
+
+  /// For a write_to_file: appends the line.
+  /// @param _now the wall clock, in milliseconds.
+  void appendToFile(std::string_view _line, std::int64_t _now) const { file_->append(_line, _now); }
 
   /// Null for another one.
   BatchHandle* writer() const { return handle_.get(); }

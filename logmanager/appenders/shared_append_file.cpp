@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "logmanager/appenders/loss_report.h"
+#include "platform/cancellation.h"
 
 namespace boost::logging::detail {
 namespace {
@@ -27,6 +28,7 @@ class SharedAppendFile::Locked {
 
  private:
   SharedAppendFile& file_;
+  platform::CancellationDelay delay_;
 };
 
 SharedAppendFile::SharedAppendFile(const std::string& _path, bool _overwrite) : path_(_path), isToEmpty_(_overwrite) {}

@@ -84,7 +84,7 @@ void LinePlan::makeLine(ThreadState& _thread, std::string_view _logName, std::st
   // What the line held before is overwritten, which costs less than to clear it.
   _line.resize(frontSize(time, _logName) + _message.size() + enterCount_);
   char* const end = put(putFront(_line.data(), time, _logName), _message);
-  std::memset(end, '\n', enterCount_);
+  putEnters(end);
 }
 
 const LinePlan* keptPlan(const LinePlan& _plan) {

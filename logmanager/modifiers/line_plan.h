@@ -43,6 +43,13 @@ class LinePlan {
   /// Puts what stands before the message at the place, where there is room for it; returns its end.
   char* putFront(char* _place, std::string_view _time, std::string_view _logName) const;
 
+  /// Puts the line feeds that end the line at the place; returns its end.
+  char* putEnters(char* _place) const {
+    for (std::size_t i = 0; i < enterCount_; ++i)
+      *_place++ = '\n';
+    return _place;
+  }
+
   /// How many line feeds end the line.
   std::size_t enterCount() const { return enterCount_; }
 

@@ -2,6 +2,7 @@
 #include "platform/linux/file_write.h"
 
 #include <sys/resource.h>
+#include <sys/syscall.h>
 #include <sys/types.h>
 #include <unistd.h>
 
@@ -43,7 +44,8 @@ ssize_t writeUninterrupted(int _file, const char* _data, std::size_t _size) {
   ssize_t written = -1;
   isWriting = 1;
   do {
-    written = ::write(_file, _data, _size);
+    // Unlike write() no cancellation point: a message is written and noted as such.
+    written = ::syscall(SYS_write, _file, _data, _size);
   } while (written == -1 && errno == EINTR);
   isWriting = 0;
   return written;

@@ -25,7 +25,7 @@ class BOOST_LOGGING_TYPE log_stream : public std::ostream {
 
   /// Whether a number needs nothing of what a stream can be told about numbers.
   bool is_plain() const {
-    return flags() == (std::ios_base::skipws | std::ios_base::dec) && width() == 0 && !has_other_locale_;
+    return flags() == (std::ios_base::skipws | std::ios_base::dec) && width() == 0 && !hasOtherLocale_;
   }
 
   void put(const char* _text, std::size_t _size) {
@@ -68,7 +68,7 @@ class BOOST_LOGGING_TYPE log_stream : public std::ostream {
   char* position_ = nullptr;
   char* end_ = nullptr;
   /// The locale is not the classic one, or something else was changed that cannot be asked for.
-  bool has_other_locale_ = false;
+  bool hasOtherLocale_ = false;
 
  private:
   BOOST_LOGGING_API void put_otherwise(const char* _text, std::size_t _size);
