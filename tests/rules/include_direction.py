@@ -1,6 +1,8 @@
 # SPDX-License-Identifier: MIT
 """Includes point one way: platform <- trace <- config <- diagnostics <- logsetup <- control. The log manager sees
-the platform only, and only logsetup sees the log manager, through its public header."""
+the platform only, and only logsetup sees the log manager, through its public header. Within the log manager the folders
+never reach up to the statement's way at its top, and each sees only those below it: names, threads <- modifiers <-
+appenders."""
 
 import re
 
@@ -15,6 +17,17 @@ _ALLOWED["platform"] = {"platform"}
 _ALLOWED["logsetup"] = _ALLOWED["logsetup"] | {"log manager"}
 _ALLOWED["logmanager"] = {"logmanager", "log manager", "platform"}
 _ALLOWED["include"] = {"public"}
+
+_FOLDERS_OF_LOG_MANAGER = {"names": {"names"}, "threads": {"threads"}, "modifiers": {"modifiers", "threads"},
+                           "appenders": {"appenders", "modifiers", "threads"}}
+
+
+def _reaches_up(including, included):
+    """Whether a file in a folder of the log manager includes one that does not stand below it."""
+    source, target = including.split("/"), included.split("/")
+    if source[0] != "logmanager" or target[0] != "logmanager" or source[1] not in _FOLDERS_OF_LOG_MANAGER:
+        return False
+    return len(target) < 3 or target[1] not in _FOLDERS_OF_LOG_MANAGER[source[1]]
 
 
 def _target(path):
@@ -37,6 +50,8 @@ def violations(files):
         for number, line in file.numbered():
             include = INCLUDE.match(line)
             target = _target(include.group(1)) if include else None
+            if include and _reaches_up(file.path, include.group(1)):
+                yield f"{file.path}:{number}: must not reach {include.group(1)}"
             if target and target not in allowed:
                 yield f"{file.path}:{number}: {file.path.split('/')[0]} must not include {include.group(1)}"
             elif include and not target and f'"{include.group(1)}"' in line:
