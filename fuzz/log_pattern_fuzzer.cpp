@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 // Two patterns and a name, one a line: the matcher selects what the definition says, and what it says about the two
 // patterns holds for the name.
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <sstream>
 #include <string>
+#include <string_view>
 
 #include "logmanager/names/glob.h"
 #include "logmanager/names/name_pattern.h"
@@ -28,9 +30,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* _data, std::size_t _si
   const NamePattern pattern(one);
   if (pattern.selects(name) != testsupport::naiveSelects(one, name)) std::abort();
   const auto globs = pattern.globs();
-  const auto matchesName = [&name](const std::string& _glob) { return globMatches(_glob, name); };
+  const auto matchesName = [&name](std::string_view _glob) { return globMatches(_glob, name); };
   if (std::ranges::any_of(globs, matchesName) != pattern.selects(name)) std::abort();
-  const std::string otherGlob = NamePattern(other).text();
+  const NamePattern otherPattern(other);
+  const std::string otherGlob(otherPattern.text());
   for (const std::string& glob : globs) {
     const bool covers = globMatches(glob, otherGlob);
     const bool meets = globsMeet(glob, otherGlob);

@@ -39,7 +39,7 @@ void connectApplicationLogs(const std::string& _logLevel, const std::string& _fi
   if (!CfgDataManager::getInstance(loadTimeTrace())->getCfgFlag(SPEC_LOG_ROTATION, _ca)) {
     traceLine("--- Quillmark_logging::createApplicationSpecificLogFile() Log rotation is disabled.\r\n");
     // Its copies share the file, which is emptied by the first message of any pattern, and by no other one.
-    const boost::logging::write_to_file writer(_file, _overWrite);
+    boost::logging::write_to_file writer(_file, _overWrite);
     connectPatterns(_logLevel, APPENDER_COUT_APPL_SPEC, [&writer] { return writer; });
     return;
   }

@@ -31,6 +31,7 @@ void enableClasses(const std::string& _classList) {
 
 }  // namespace
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the public signature takes it by value.
 bool setInitialLogLevels(std::string _logFile, const std::string& _ca) {
   traceLine("==> Quillmark_logging::setInitialLogLevels() _logFile=%s, TS_MODE=%s\r\n", _logFile.c_str(),
             boolName(tsMode()));
