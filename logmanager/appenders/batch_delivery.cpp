@@ -20,7 +20,8 @@ BatchDelivery::Result BatchDelivery::deliver(bool _isLast) noexcept {
     queue_.collect(batch_, _isLast);
   } catch (...) {
     reportException("ts_appender", std::string());
-    if (batch_.isEmpty()) return Result::nothing;
+    // Without the beginning of the message for which there was no memory, which is collected again.
+    batch_.text.resize(batch_.isEmpty() ? 0 : batch_.ends.back());
   }
   if (batch_.isEmpty()) return Result::nothing;
   const Result result = batch_.text.size() >= MessageQueue::batchSize ? Result::full : Result::some;

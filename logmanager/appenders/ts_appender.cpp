@@ -15,14 +15,20 @@ constexpr boost::chrono::milliseconds startDelay{100};
 
 }  // namespace
 
+BatchHandle::BatchHandle(const appender& _wrapped, int _sleepMs)
+    : writer_(std::make_shared<BatchWriter>(_wrapped, _sleepMs)) {
+  writerThreads().add(writer_);
+}
+
 BatchHandle::~BatchHandle() {
   const platform::CancellationDelay delay;
   writer_->stop();
+  writerThreads().remove(*writer_);
 }
 
 void BatchHandle::attend() {
   const platform::CancellationDelay delay;
-  if (!writer_->attend() || !writerThreads().start(writer_)) return;
+  if (!writer_->attend() || !writerThreads().start(*writer_)) return;
   const boost::this_thread::disable_interruption uninterrupted;
   boost::this_thread::sleep_for(startDelay);
 }

@@ -11,7 +11,7 @@ namespace boost::logging::detail {
 /// What the copies of a ts_appender share; its end is the end of the last copy.
 class BatchHandle {
  public:
-  BatchHandle(const appender& _wrapped, int _sleepMs) : writer_(std::make_shared<BatchWriter>(_wrapped, _sleepMs)) {}
+  BatchHandle(const appender& _wrapped, int _sleepMs);
   ~BatchHandle();
   BatchHandle(const BatchHandle&) = delete;
   BatchHandle& operator=(const BatchHandle&) = delete;

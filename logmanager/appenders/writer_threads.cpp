@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "logmanager/appenders/writer_threads.h"
 
+#include <algorithm>
 #include <boost/chrono/duration.hpp>
 #include <chrono>
 #include <cstdlib>
@@ -20,29 +21,61 @@ constexpr std::chrono::seconds exitTimeout{5};
 /// threads, as Windows does when it unloads a library.
 constexpr boost::chrono::milliseconds joinTimeout{100};
 
+bool isGone(boost::thread& _thread) {
+  if (_thread.get_id() == boost::this_thread::get_id()) return false;
+  return !_thread.joinable() || _thread.try_join_for(boost::chrono::milliseconds(0));
+}
+
 }  // namespace
 
-bool WriterThreads::start(const std::shared_ptr<BatchWriter>& _writer) {
-  if (!_writer->noteThread()) return false;
+void WriterThreads::add(const std::shared_ptr<BatchWriter>& _writer) {
+  const std::lock_guard<std::mutex> lock(lock_);
+  setUp();
+  joinEnded();
+  threads_.push_back(WriterThread{_writer, nullptr});
+}
+
+void WriterThreads::remove(const BatchWriter& _writer) {
+  std::shared_ptr<BatchWriter> removed;
+  const std::lock_guard<std::mutex> lock(lock_);
+  const auto place = placeOf(_writer);
+  if (place == threads_.end() || place->thread != nullptr) return;
+  removed = std::move(place->writer);
+  threads_.erase(place);
+}
+
+bool WriterThreads::start(BatchWriter& _writer) {
+  if (!_writer.noteThread()) return false;
   if (tryStart(_writer)) return true;
-  _writer->noteNoThread();
+  _writer.noteNoThread();
   return false;
 }
 
-bool WriterThreads::tryStart(const std::shared_ptr<BatchWriter>& _writer) {
+bool WriterThreads::tryStart(BatchWriter& _writer) {
   const std::lock_guard<std::mutex> lock(lock_);
-  if (isOver_) return false;
+  const auto place = placeOf(_writer);
+  if (isOver_ || place == threads_.end()) return false;
   try {
-    setUp();
-    joinEnded();
-    threads_.push_back(WriterThread{_writer, nullptr});
     const platform::AllSignalsBlocked blocked;
-    threads_.back().thread.reset(new boost::thread([writer = _writer.get()] { writer->run(); }));
+    place->thread.reset(new boost::thread([&_writer] { _writer.run(); }));
     return true;
   } catch (...) {
-    if (!threads_.empty() && threads_.back().thread == nullptr) threads_.pop_back();
     return false;
   }
+}
+
+std::vector<WriterThreads::WriterThread>::iterator WriterThreads::placeOf(const BatchWriter& _writer) {
+  return std::ranges::find(threads_, &_writer, [](const WriterThread& _one) { return _one.writer.get(); });
+}
+
+// A thread that has delivered everything may still be destroying the wrapped appender.
+void WriterThreads::join(const WriterThread& _one, steady_clock::time_point _deadline) {
+  boost::thread& thread = *_one.thread;
+  if (!thread.joinable() || thread.get_id() == boost::this_thread::get_id()) return;
+  while (!_one.writer->hasEnded() && steady_clock::now() < _deadline) {
+    if (thread.try_join_for(boost::chrono::milliseconds(10))) return;
+  }
+  if (_one.writer->hasEnded()) thread.try_join_for(joinTimeout);
 }
 
 // In a shared library the function for the exit is called at the latest when the library is unloaded.
@@ -56,7 +89,7 @@ void WriterThreads::setUp() {
 
 void WriterThreads::joinEnded() {
   std::erase_if(threads_, [](const WriterThread& _one) {
-    return _one.writer->hasEnded() && _one.thread->try_join_for(joinTimeout);
+    return _one.thread != nullptr && _one.writer->hasEnded() && _one.thread->try_join_for(joinTimeout);
   });
 }
 
@@ -69,16 +102,12 @@ void WriterThreads::finishAll() {
     isOver_ = true;
     threads.swap(threads_);
   }
+  std::erase_if(threads, [](const WriterThread& _one) { return _one.thread == nullptr; });
   const auto deadline = steady_clock::now() + exitTimeout;
-  for (const WriterThread& one : threads) {
-    one.writer->finish(deadline, [&one] {
-      return one.thread->get_id() != boost::this_thread::get_id() &&
-             (!one.thread->joinable() || one.thread->try_join_for(boost::chrono::milliseconds(0)));
-    });
-  }
-  for (WriterThread& one : threads) {
-    if (one.writer->hasEnded() && one.thread->joinable()) one.thread->try_join_for(joinTimeout);
-  }
+  for (const WriterThread& one : threads)
+    one.writer->finish(deadline, [&one] { return isGone(*one.thread); });
+  for (const WriterThread& one : threads)
+    join(one, deadline);
   // A thread that is still somewhere needs its writer.
   static auto* const finished = new std::vector<WriterThread>;
   finished->swap(threads);
@@ -98,15 +127,14 @@ void WriterThreads::afterForkInParent() {
   all.lock_.unlock();
 }
 
-// What the threads of the parent hold is theirs for ever.
+// The threads of the parent cannot be joined here.
 void WriterThreads::afterForkInChild() {
+  static auto* const ofParent = new std::vector<std::unique_ptr<boost::thread>>;
   WriterThreads& all = writerThreads();
-  for (const WriterThread& one : all.threads_)
+  for (WriterThread& one : all.threads_) {
     one.writer->restartInChild();
-  static auto* const ofParent = new std::vector<WriterThread>;
-  for (WriterThread& one : all.threads_)
-    ofParent->push_back(std::move(one));
-  all.threads_.clear();
+    if (one.thread != nullptr) ofParent->push_back(std::move(one.thread));
+  }
   all.lock_.unlock();
 }
 

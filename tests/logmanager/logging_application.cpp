@@ -6,6 +6,7 @@
 #include <functional>
 #include <iostream>
 #include <map>
+#include <memory>
 #include <string>
 #include <thread>
 
@@ -116,6 +117,23 @@ int exitInside(const std::string& _file, char** _arguments) {
     std::this_thread::sleep_for(std::chrono::hours(1));
 }
 
+// The process ends while the writer thread destroys the wrapped appender, which takes its time and then logs itself.
+int slowEnd(const std::string& _file, char** /*_arguments*/) {
+  struct Slow {
+    explicit Slow(const std::string& _path) : file(_path, false) {}
+    ~Slow() {
+      std::this_thread::sleep_for(std::chrono::milliseconds(300));
+      file("", "destroyed\n");
+    }
+    bl::write_to_file file;
+  };
+  const bl::ts_appender appender([slow = std::make_shared<Slow>(_file)](
+                                     const std::string& _log, const std::string& _text) { slow->file(_log, _text); },
+                                 0);
+  appender("", "logged\n");
+  return 0;
+}
+
 // The wrapped appender never returns; the process has to end all the same.
 int stuck(const std::string& /*_file*/, char** /*_arguments*/) {
   connect(bl::ts_appender(
@@ -146,6 +164,7 @@ int main(int _count, char** _arguments) {
                                                                                     {"ts", &threadSafe},
                                                                                     {"ts-exit", &threadSafeExit},
                                                                                     {"exit-inside", &exitInside},
+                                                                                    {"slow-end", &slowEnd},
                                                                                     {"stuck", &stuck},
                                                                                     {"append", &append}};
   if (_count < 3 || modes.count(_arguments[1]) == 0) {
