@@ -95,7 +95,8 @@ TEST(ReaderSlot, ThatIsTakenIsNotTakenAgain) {
 }
 
 TEST(SlotPool, KeepsARetiredObjectUntilItsLastReaderLeaves) {
-  SlotPool<ReaderSlot> pool;
+  // A pool is never destroyed.
+  static constinit SlotPool<ReaderSlot> pool;
   RetiredObjects<const int> retired;
   auto object = std::make_unique<const int>(1);
   const std::atomic<const int*> published{object.get()};
