@@ -9,6 +9,7 @@
 #include <atomic>
 #include <cerrno>
 
+#include "platform/cancellation.h"
 #include "platform/linux/blocked_signal.h"
 
 namespace platform {
@@ -40,12 +41,22 @@ void handleSizeExceeded() {
   ::sigaction(SIGXFSZ, &own, nullptr);
 }
 
+// write(2), without being a cancellation point as write() is: a message is written and noted as such.
+ssize_t writeOnce(int _file, const char* _data, std::size_t _size) {
+#if defined(__SANITIZE_THREAD__)
+  // The thread sanitizer holds signals back during a call of the system that it does not know.
+  const CancellationDelay delay;
+  return ::write(_file, _data, _size);
+#else
+  return ::syscall(SYS_write, _file, _data, _size);
+#endif
+}
+
 ssize_t writeUninterrupted(int _file, const char* _data, std::size_t _size) {
   ssize_t written = -1;
   isWriting = 1;
   do {
-    // Unlike write() no cancellation point: a message is written and noted as such.
-    written = ::syscall(SYS_write, _file, _data, _size);
+    written = writeOnce(_file, _data, _size);
   } while (written == -1 && errno == EINTR);
   isWriting = 0;
   return written;
