@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/append_file.h"
 
+#include <atomic>
+
 #include "platform/fault.h"
 #include "platform/win32/append_lock.h"
 #include "platform/win32/last_error.h"

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <functional>
 #include <iostream>
+#include <optional>
 #include <sstream>
 #include <string>
 #include <thread>
@@ -112,6 +113,34 @@ TEST_F(ForkUnderLoad, OfThreadsThatLogToTheStandardOutput) {
 
 TEST_F(ForkUnderLoad, OfThreadsThatLogThroughAWriterThread) {
   run(bl::ts_appender(bl::write_to_file(folder_.file("app.log"), false), 0));
+}
+
+TEST(ForkWithWriterThread, ParentAndChildEachDeliverTheirOwnMessagesOnce) {
+  const testsupport::TemporaryFolder folder;
+  const std::string path = folder.file("fork.log");
+  std::optional<bl::ts_appender> appender(std::in_place, bl::write_to_file(path, false), 200);
+  (*appender)("", "start\n");
+  (*appender)("", "held by the parent\n");
+  EXPECT_EQ(testsupport::inForkedChild([&appender] {
+              (*appender)("", "of the child\n");
+              appender.reset();
+              // The text of the child is delivered by its own thread, which the end of the process waits for.
+              std::exit(0);
+              return 0;
+            }),
+            0);
+  (*appender)("", "of the parent\n");
+  appender.reset();
+  std::string text;
+  do {
+    text = testsupport::readFile(path);
+  } while (text.find("of the parent\n") == std::string::npos);
+  text = testsupport::replaced(text, "start\n", "1");
+  text = testsupport::replaced(text, "held by the parent\n", "2");
+  text = testsupport::replaced(text, "of the child\n", "c");
+  text = testsupport::replaced(text, "of the parent\n", "3");
+  EXPECT_EQ(testsupport::replaced(text, "c", ""), "123");
+  EXPECT_EQ(text.size(), 4U);
 }
 
 }  // namespace
