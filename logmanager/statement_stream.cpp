@@ -3,12 +3,14 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <bit>
 #include <cstdint>
 #include <cstring>
 #include <ios>
 #include <limits>
 #include <locale>
+#include <memory>
 #include <string_view>
 #include <utility>
 
@@ -173,14 +175,17 @@ void StatementStream::noteChange(std::ios_base::event /*_event*/, std::ios_base&
 }
 
 /// The state of a stream that nothing was inserted into; its locale is the classic one.
+///
+/// Made without the guard of a local static, which a forked child could find taken for ever.
 const std::ios& StatementStream::initialState() {
-  static const std::ios* const state = [] {
-    auto* const initial = new std::ios(nullptr);
-    initial->imbue(std::locale::classic());
-    initial->register_callback(&StatementStream::noteChange, 0);
-    return initial;
-  }();
-  return *state;
+  static constinit std::atomic<const std::ios*> state{nullptr};
+  const std::ios* known = state.load(std::memory_order_acquire);
+  if (known != nullptr) return *known;
+  auto made = std::make_unique<std::ios>(nullptr);
+  made->imbue(std::locale::classic());
+  made->register_callback(&StatementStream::noteChange, 0);
+  if (!state.compare_exchange_strong(known, made.get(), std::memory_order_acq_rel)) return *known;
+  return *made.release();
 }
 
 }  // namespace boost::logging::detail

@@ -28,3 +28,4 @@
 #include "platform/system_version.h"
 #include "platform/text_file.h"
 #include "platform/thread.h"
+#include "platform/word_wait.h"

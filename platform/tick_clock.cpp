@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/tick_clock.h"
 
+#include <atomic>
 #include <chrono>
 
 #if defined(__x86_64__) || defined(__i386__)
@@ -30,8 +31,15 @@ bool askForInvariantCounter() {
 }
 
 bool counterIsInvariant() {
-  static const bool answer = askForInvariantCounter();
-  return answer;
+  // Not the guard of a local static, which a forked child could find taken.
+  enum Answer : int { unknown, no, yes };
+  static constinit std::atomic<int> known{unknown};
+  int answer = known.load(std::memory_order_relaxed);
+  if (answer == unknown) {
+    answer = askForInvariantCounter() ? yes : no;
+    known.store(answer, std::memory_order_relaxed);
+  }
+  return answer == yes;
 }
 
 std::uint64_t counter() {

@@ -186,8 +186,10 @@ void Lane::rewind() {
   readEnd_ = readPosition_;
 }
 
-// The parent's consumer may have been anywhere, so its state is not trusted beyond the first ring.
+// The parent's consumer and producer may have been anywhere, also on the way to another ring: what came before the
+// producer's ring is left as it is.
 void Lane::forgetAll() {
+  firstRing_ = ring_;
   reading_ = ring_;
   readPosition_ = ring_->written.load(std::memory_order_relaxed);
   readEnd_ = readPosition_;

@@ -111,12 +111,13 @@ platform::ErrorCode SharedAppendFile::open() {
   return file_ ? platform::noError : error;
 }
 
-// A thread of the parent held the lock, perhaps to open the file.
+// A thread that is gone held the lock, perhaps to open the file.
 void SharedAppendFile::restartInChild() {
   needsCare_.store(true, std::memory_order_release);
   isToEmpty_ = false;
-  isGone_ = true;
+  isGone_ = !file_ || !file_->isStillAt(path_);
   trouble_ = Trouble();
+  trouble_.isFragment = !isGone_ && !file_->endsInLineFeed();
 }
 
 std::string SharedAppendFile::Trouble::text() const {

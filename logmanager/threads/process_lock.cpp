@@ -46,7 +46,7 @@ bool ProcessLock::lockSlowly(std::uint32_t _word) {
       if (!word_.compare_exchange_weak(_word, awaited, std::memory_order_acquire, std::memory_order_relaxed)) continue;
       if (isFree || isLeftByParent) return isFree;
     }
-    word_.wait(awaited, std::memory_order_relaxed);
+    platform::sleepWhile(word_, awaited);
     _word = word_.load(std::memory_order_relaxed);
   }
 }

@@ -4,6 +4,8 @@
 #include <atomic>
 #include <cstdint>
 
+#include "platform/word_wait.h"
+
 namespace boost::logging::detail {
 
 struct ThreadState;
@@ -43,7 +45,7 @@ class ProcessLock {
   bool try_lock();
 
   void unlock() {
-    if ((word_.exchange(FREE, std::memory_order_release) & AWAITED) != 0) word_.notify_one();
+    if ((word_.exchange(FREE, std::memory_order_release) & AWAITED) != 0) platform::wakeOne(word_);
   }
 
  private:

@@ -63,11 +63,6 @@ TEST_F(LoggingProcess, LosesOnlyWhatTheAppenderHoldsThatCallsExit) {
   EXPECT_EQ(text(), STATIC_MADE + numbers(5000) + STATIC_DESTROYED);
 }
 
-TEST_F(LoggingProcess, EndsAfterAWriterThreadThatStillDestroysItsAppender) {
-  EXPECT_EQ(run({"slow-end"}), 0);
-  EXPECT_EQ(text(), "logged\ndestroyed\n");
-}
-
 TEST_F(LoggingProcess, DoesNotWaitAtItsEndForALongInterval) {
   const auto begin = std::chrono::steady_clock::now();
   EXPECT_EQ(run({"ts", "1000", "3600000"}), 0);

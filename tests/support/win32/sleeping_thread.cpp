@@ -21,7 +21,9 @@ bool waits(HANDLE _thread) {
   context.ContextFlags = CONTEXT_CONTROL;
   const bool known = ::GetThreadContext(_thread, &context) != 0;
   ::ResumeThread(_thread);
-  return known && (isInside(context.Rip, "NtWaitForSingleObject") || isInside(context.Rip, "NtWaitForMultipleObjects"));
+  const auto isIn = [&context](const char* _call) { return isInside(context.Rip, _call); };
+  return known && (isIn("NtWaitForSingleObject") || isIn("NtWaitForMultipleObjects") ||
+                   isIn("NtWaitForAlertByThreadId") || isIn("NtWaitForKeyedEvent"));
 }
 
 }  // namespace
