@@ -41,6 +41,13 @@ default_log_manager& get_default_log_manager() {
   return *manager;
 }
 
+namespace {
+
+// At the latest when the library is loaded: a forked child could find the guard of the first call taken for ever.
+[[maybe_unused]] const bool isMade = (get_default_log_manager(), true);
+
+}  // namespace
+
 void add_appender(default_log_manager& _manager, const std::string& _logs, const appender& _appender,
                   const std::string& _name, int _index) {
   if (!_appender) return;
