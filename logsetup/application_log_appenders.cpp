@@ -4,8 +4,8 @@
 #include "config/cfg_data_manager.h"
 #include "logsetup/class_list.h"
 #include "logsetup/log_manager_binding.h"
-#include "logsetup/rolling_file_appender.h"
 #include "logsetup/rotation_settings.h"
+#include "logsetup/succeeding_appender.h"
 #include "logsetup/ts_mode.h"
 #include "quillmark_logging_names.h"
 #include "trace/trace_flags.h"
@@ -35,7 +35,7 @@ void connectPatterns(const std::string& _logLevel, const char* _name, MakeAppend
 }  // namespace
 
 void connectApplicationLogs(const std::string& _logLevel, const std::string& _file, const std::string& _ca,
-                            bool _overWrite) {
+                            bool _overWrite, const std::shared_ptr<TakeOver>& _takeOver) {
   if (!CfgDataManager::getInstance(loadTimeTrace())->getCfgFlag(SPEC_LOG_ROTATION, _ca)) {
     traceLine("--- Quillmark_logging::createApplicationSpecificLogFile() Log rotation is disabled.\r\n");
     // Its copies share the file, which is emptied by the first message of any pattern, and by no other one.
@@ -45,8 +45,7 @@ void connectApplicationLogs(const std::string& _logLevel, const std::string& _fi
   }
   const RotationSettings settings = readRotationSettings(_ca);
   connectPatterns(_logLevel, APPENDER_COUT_ROLLING_APPL_SPEC, [&] {
-    return boost::logging::rolling_file_appender(_file, oneLessThan(settings.fileLimit),
-                                                 oneLessThan(settings.nrOfFiles), nullptr, true);
+    return SucceedingAppender(_file, oneLessThan(settings.fileLimit), oneLessThan(settings.nrOfFiles), _takeOver);
   });
 }
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <memory>
 #include <utility>
 
 #include "config/configuration_check.h"
@@ -86,9 +87,11 @@ bool createApplicationSpecificLogFile(std::string _logLevel, std::string _fileNa
   }
   setBoostFileSystemNameCheck();
   SetUpChange change;
-  connectApplicationLogs(_logLevel, file, ca, _overWrite);
+  const auto takeOver = std::make_shared<TakeOver>();
+  connectApplicationLogs(_logLevel, file, ca, _overWrite, takeOver);
   updateLogLevels(ca);
   change.apply();
+  takeOver->end(file);
   traceLine("<== Quillmark_logging::createApplicationSpecificLogFile() OK\r\n");
   return true;
 }

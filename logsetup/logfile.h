@@ -2,8 +2,9 @@
 #pragma once
 
 #include <cstdint>
-#include <fstream>
 #include <string>
+
+#include "logsetup/output_file_stream.h"
 
 namespace boost::logging {
 
@@ -29,30 +30,21 @@ struct logfile {
   /// stream's position reads as -1.
   void open(bool _append);
 
+  /// Opens the file under its name, for appending, when what is open was moved away from there. Does nothing when the
+  /// stream is closed.
+  void followName();
+
   /// Writes the message as it is and flushes the stream, whose state is not looked at. All output goes this way.
   void write(const std::string& _msg);
 
   /// The position of the stream: how many bytes of the file come before it, -1 when the stream is closed or has failed.
-  /// To ask the stream costs a call of the system, so where nobody else can move the position it is counted: in a file
-  /// that was not opened for appending, as long as the process does not fork, and only once the stream has confirmed
-  /// the count of a message with a line end, which shows that line ends are not translated.
   std::int64_t position();
 
   name_function name_fn;
   std::string file_name;
   /// The name under which the file was last opened.
   std::string current_name;
-  std::ofstream out;
-
- private:
-  bool isCounted() const;
-
-  /// What was written since the file was opened.
-  std::int64_t written_ = 0;
-  bool hasLineEnd_ = false;
-  bool isAppending_ = false;
-  bool isConfirmed_ = false;
-  std::uint64_t forksAtOpen_ = 0;
+  Quillmark_logging::OutputFileStream out;
 };
 
 // NOLINTEND(readability-identifier-naming)

@@ -22,6 +22,7 @@
 #include "platform/module_version.h"
 #include "platform/named_event.h"
 #include "platform/native_path.h"
+#include "platform/positioned_file.h"
 #include "platform/process.h"
 #include "platform/shell_folder.h"
 #include "platform/standard_error.h"

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
-// The position that a log file tells is always the one of its stream, also where it is counted.
+// The position of a log file is the one that the system has for it, also where it is counted.
+#include "logsetup/logfile.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
 
-#include "logsetup/logfile.h"
 #include "tests/support/linux/forked_child.h"
 #include "tests/support/temporary_folder.h"
 
@@ -14,10 +15,11 @@ using boost::logging::logfile;
 
 class LogfilePosition : public testing::Test {
  protected:
-  /// Writes so many lines; after each the position has to be that of the stream.
-  static void writeLines(logfile& _file, int _count) {
+  /// Writes so many lines; after each the position has to be the end of the file, which the file reaches only then.
+  void writeLines(logfile& _file, int _count) const {
     for (int i = 0; i < _count; ++i) {
       _file.write(i % 3 == 1 ? "no end" : "a line\n");
+      EXPECT_EQ(_file.position(), static_cast<std::int64_t>(testsupport::readFile(name_).size()));
       EXPECT_EQ(_file.position(), std::int64_t{_file.out.tellp()});
     }
   }
@@ -47,6 +49,17 @@ TEST_F(LogfilePosition, IncludesWhatOthersAppended) {
   EXPECT_EQ(file_.position(), 140);
 }
 
+TEST_F(LogfilePosition, IsItsOwnInAFileThatWasNotOpenedForAppending) {
+  file_.open(false);
+  logfile other(name_, nullptr);
+  other.open(true);
+  other.write("appended\n");
+  EXPECT_EQ(file_.position(), 0);
+  file_.write("over");
+  EXPECT_EQ(file_.position(), 4);
+  EXPECT_EQ(testsupport::readFile(name_), "overnded\n");
+}
+
 TEST_F(LogfilePosition, IncludesWhatAForkedChildWrote) {
   file_.open(false);
   writeLines(file_, 5);
@@ -56,17 +69,16 @@ TEST_F(LogfilePosition, IncludesWhatAForkedChildWrote) {
   });
   EXPECT_EQ(childFailed, 0);
   writeLines(file_, 5);
-  file_.open(false);
   file_.out.close();
   file_.open(false);
   writeLines(file_, 5);
 }
 
-TEST_F(LogfilePosition, IsMinusOneOnceAWriteHasFailed) {
-  logfile full("/dev/full", nullptr);
-  full.open(false);
-  writeLines(full, 3);
-  EXPECT_EQ(full.position(), -1);
+TEST_F(LogfilePosition, IsMinusOneAfterTheOpeningOfAnOpenStreamAsOfAnyOther) {
+  file_.open(false);
+  file_.open(false);
+  EXPECT_TRUE(file_.out.fail());
+  EXPECT_EQ(file_.position(), -1);
 }
 
 }  // namespace

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#include "platform/positioned_file.h"
+
+#include <fcntl.h>
+#include <io.h>
+
+#include "platform/fault.h"
+#include "platform/win32/run_time_file.h"
+
+namespace platform {
+
+FileIdentity identityOfFileAt(const std::string& /*_path*/) { return {}; }
+
+bool PositionedFile::open(const std::string& _path, Mode _mode) {
+  if (injectedFault(Call::openForWriting) != noError) return false;
+  file_ = openRunTimeFile(_path, _O_WRONLY | _O_CREAT | (_mode == Mode::truncate ? _O_TRUNC : _O_APPEND));
+  // Appending alone would leave the position at 0 until the first byte is written.
+  if (isOpen() && ::_lseeki64(file_, 0, SEEK_END) == -1) close();
+  return isOpen();
+}
+
+bool PositionedFile::close() {
+  if (!isOpen()) return false;
+  closeRunTimeFile(file_);
+  file_ = -1;
+  return true;
+}
+
+bool PositionedFile::write(const char* _text, std::size_t _size) { return writeToRunTimeFile(file_, _text, _size); }
+
+std::int64_t PositionedFile::position() { return isOpen() ? ::_telli64(file_) : -1; }
+
+FileIdentity PositionedFile::identity() const { return {}; }
+
+}  // namespace platform

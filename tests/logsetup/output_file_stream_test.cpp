@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include "logsetup/output_file_stream.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/temporary_folder.h"
+
+namespace {
+
+using Quillmark_logging::OutputFileStream;
+using testsupport::nativeLineEnds;
+using testsupport::readFile;
+
+class OutputFileStreamTest : public testing::Test {
+ protected:
+  const testsupport::TemporaryFolder folder_;
+  const std::string path_ = folder_.file("file");
+  OutputFileStream stream_;
+};
+
+TEST_F(OutputFileStreamTest, WritesAtOnceWhatIsInserted) {
+  stream_.open(path_, OutputFileStream::Mode::append);
+  stream_ << "text " << 42;
+  EXPECT_EQ(readFile(path_), "text 42");
+  stream_.put('!');
+  EXPECT_EQ(readFile(path_), "text 42!");
+  EXPECT_TRUE(stream_.good());
+}
+
+TEST_F(OutputFileStreamTest, CountsTheBytesOfTheFile) {
+  stream_.open(path_, OutputFileStream::Mode::truncate);
+  stream_ << "two\nlines\n";
+  EXPECT_EQ(readFile(path_), nativeLineEnds("two\nlines\n"));
+  EXPECT_EQ(stream_.tellp(), static_cast<std::streamoff>(nativeLineEnds("two\nlines\n").size()));
+}
+
+TEST_F(OutputFileStreamTest, FailsToCloseWhatIsNotOpen) {
+  EXPECT_FALSE(stream_.is_open());
+  stream_.close();
+  EXPECT_TRUE(stream_.fail());
+  EXPECT_EQ(stream_.tellp(), -1);
+}
+
+TEST_F(OutputFileStreamTest, FailsToWriteWhenItIsClosed) {
+  stream_ << "lost";
+  EXPECT_TRUE(stream_.bad());
+}
+
+TEST_F(OutputFileStreamTest, FailsToOpenAFolderAndAnOpenStream) {
+  stream_.open(folder_.path(), OutputFileStream::Mode::append);
+  EXPECT_TRUE(stream_.fail());
+  stream_.clear();
+  stream_.open(path_, OutputFileStream::Mode::append);
+  EXPECT_TRUE(stream_.good());
+  stream_.open(folder_.file("other"), OutputFileStream::Mode::append);
+  EXPECT_TRUE(stream_.fail());
+  EXPECT_FALSE(testsupport::exists(folder_.file("other")));
+}
+
+TEST_F(OutputFileStreamTest, DoesNotChangeItsPosition) {
+  stream_.open(path_, OutputFileStream::Mode::truncate);
+  stream_ << "text";
+  stream_.seekp(0);
+  EXPECT_TRUE(stream_.fail());
+}
+
+}  // namespace
