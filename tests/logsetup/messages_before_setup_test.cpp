@@ -6,10 +6,11 @@
 #include "quillmark_logging.h"
 #include "tests/support/config_sandbox.h"
 #include "tests/support/matches_pattern.h"
+#include "tests/trace/traced_console.h"
 
 namespace {
 
-// A program of its own: only the first set-up of a process finds kept messages.
+// Each in a process of its own: only the first set-up finds kept messages.
 TEST(EarlyMessages, LoggedBeforeTheSetUpAreInTheCommonLogBeforeTheLaterOnes) {
   const testsupport::ConfigSandbox sandbox;
   sandbox.writeCfg("CA12", "LOG_STATE=TRUE\nCOMMON_LOG_FILE_NAME=common.log\nCOMMON_LOG_FILE_FILTER=Early;\n");
@@ -26,6 +27,23 @@ TEST(EarlyMessages, LoggedBeforeTheSetUpAreInTheCommonLogBeforeTheLaterOnes) {
       testsupport::replaced(testsupport::readFile(file), testsupport::nativeLineEnds("\n"), "\n"),
       testsupport::MatchesPattern("\\[Early.on\\] " + stamp + " one\n[^[]*\\[Early.on\\] " + stamp + " four\n"));
   Quillmark_logging::deleteAppender("*", "APPENDER_WRITE2FILE_INIT");
+}
+
+TEST(EarlyMessages, AreDeliveredBeforeTheSetUpDescribesTheSystem) {
+  const testsupport::ConfigSandbox sandbox;
+  sandbox.writeCfg("CA12", "LOG_STATE=TRUE\nCOMMON_LOG_FILE_NAME=common.log\n");
+  sandbox.writeInit("CA12", "Early;");
+  QMRK_LOG(boost::logging::logger("Early.on")) << "one";
+  const testsupport::TracedConsole console;
+  std::string traceAtDelivery;
+  const auto keepTrace = [&](const std::string&, const std::string&) { traceAtDelivery += console.text(); };
+  Quillmark_logging::addAppender("Early", keepTrace, "T", 1);
+  ASSERT_TRUE(Quillmark_logging::initDefaultLogs("App", "CA12", false));
+  Quillmark_logging::deleteAppender("Early", "T");
+  const std::string description = "==> Quillmark_logging::writeOSInfo() _ca=CA12\r\n";
+  EXPECT_THAT(traceAtDelivery, testing::HasSubstr("<== Quillmark_logging::updateLogLevels()"));
+  EXPECT_THAT(traceAtDelivery, testing::Not(testing::HasSubstr(description)));
+  EXPECT_THAT(console.text(), testing::HasSubstr(description));
 }
 
 }  // namespace
