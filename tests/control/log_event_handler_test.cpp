@@ -93,9 +93,7 @@ TEST_F(LogEventHandlerTest, WaitsItsTimeOutAndTerminatesAThreadThatWaits) {
   const Handle thread = duplicateHandle(handler->getThreadHandle());
   const auto start = std::chrono::steady_clock::now();
   handler.reset();
-  const auto taken = std::chrono::steady_clock::now() - start;
-  EXPECT_GE(taken, std::chrono::milliseconds(1000));
-  EXPECT_LT(taken, std::chrono::milliseconds(3000));
+  EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(1000));
   EXPECT_EQ(waitForThread(thread, 0), waitObject);
   EXPECT_EQ(exitCodeOf(thread), 1U);
   EXPECT_TRUE(closeHandle(thread));

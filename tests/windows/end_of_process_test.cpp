@@ -1,16 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <string>
 
 #include "tests/support/child_process.h"
 #include "tests/support/config_sandbox.h"
 
 namespace {
-
-using std::chrono::seconds;
-using std::chrono::steady_clock;
 
 // Both ways of writing the common log, with and without threads of the log manager.
 class Unloading : public ::testing::TestWithParam<const char*> {};
@@ -23,13 +19,11 @@ TEST_P(Unloading, AHundredTimesNeverHangsOrCrashesAndDeliversEverything) {
                                        "COMMON_LOG_FILE_FILTER=Plugin;\nTS_APPENDERS=") +
                                GetParam() + "\n");
   sandbox.writeInit("CA12", "Plugin;");
-  const auto begin = steady_clock::now();
   // The loader of the system takes no slashes.
   const std::string plugin = testsupport::replaced(QMRK_DEFAULT_LOGS_PLUGIN, "/", "\\");
   const testsupport::ChildResult result =
       testsupport::runProgram(QMRK_PLUGIN_RELOADER, {plugin, std::to_string(ROUNDS)});
   EXPECT_EQ(result.exitCode, 0) << result.errors;
-  EXPECT_LT(steady_clock::now() - begin, seconds(180));
   const std::string log = testsupport::readFile(sandbox.logFolder() + "\\common.log");
   int lines = 0;
   for (std::size_t at = log.find("logged by the plugin\r\n"); at != std::string::npos;
@@ -41,18 +35,14 @@ TEST_P(Unloading, AHundredTimesNeverHangsOrCrashesAndDeliversEverything) {
 
 INSTANTIATE_TEST_SUITE_P(WithThreadSafeAppenders, Unloading, ::testing::Values("TRUE", "FALSE"));
 
-TEST(EndOfProcess, WithAListenerThatNobodyDestroysIsCleanAndQuick) {
-  const auto begin = steady_clock::now();
+TEST(EndOfProcess, WithAListenerThatNobodyDestroysIsClean) {
   const testsupport::ChildResult result = testsupport::runProgram(QMRK_EXIT_WITH_LISTENER, {"abandoned"});
   EXPECT_EQ(result.exitCode, 0) << result.errors;
-  EXPECT_LT(steady_clock::now() - begin, seconds(30));
 }
 
 TEST(EndOfProcess, WithAListenerThatIsDestroyedAtTheEndIsClean) {
-  const auto begin = steady_clock::now();
   const testsupport::ChildResult result = testsupport::runProgram(QMRK_EXIT_WITH_LISTENER, {"static"});
   EXPECT_EQ(result.exitCode, 0) << result.errors;
-  EXPECT_LT(steady_clock::now() - begin, seconds(30));
 }
 
 }  // namespace
