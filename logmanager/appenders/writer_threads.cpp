@@ -2,13 +2,16 @@
 #include "logmanager/appenders/writer_threads.h"
 
 #include <algorithm>
+#include <atomic>
 #include <boost/chrono/duration.hpp>
 #include <chrono>
 #include <cstdlib>
 #include <utility>
 
+#include "boost/logging/detail/program_end.hpp"
 #include "platform/all_signals_blocked.h"
 #include "platform/fork_handlers.h"
+#include "platform/process.h"
 
 namespace boost::logging::detail {
 namespace {
@@ -20,6 +23,9 @@ constexpr std::chrono::seconds exitTimeout{5};
 /// The end of a thread that has nothing left to do takes an instant, or for ever while the system holds up the ends of
 /// threads, as Windows does when it unloads a library.
 constexpr boost::chrono::milliseconds joinTimeout{100};
+
+/// The sources of the program that include the log manager and are not destroyed yet.
+constinit std::atomic<int> sourcesOfProgram{0};
 
 bool isGone(boost::thread& _thread) {
   if (_thread.get_id() == boost::this_thread::get_id()) return false;
@@ -136,6 +142,14 @@ void WriterThreads::afterForkInChild() {
     if (one.thread != nullptr) ofParent->push_back(std::move(one.thread));
   }
   all.lock_.unlock();
+}
+
+program_end::program_end() noexcept {
+  if (platform::isDestroyedBeforeThreads(this)) sourcesOfProgram.fetch_add(1);
+}
+
+program_end::~program_end() {
+  if (platform::isDestroyedBeforeThreads(this) && sourcesOfProgram.fetch_sub(1) == 1) writerThreads().finishAll();
 }
 
 WriterThreads& writerThreads() {

@@ -16,6 +16,10 @@ namespace boost::logging::detail {
 /// any thread.
 class WriterThreads {
  public:
+  /// For the end of the process or of the library: waits until all messages are delivered, for a few seconds at most.
+  /// Messages that come later are delivered on their callers' threads. To be called again without harm.
+  void finishAll();
+
   /// To be called before the writer gets a message, so that a fork finds it. May throw std::bad_alloc.
   void add(const std::shared_ptr<BatchWriter>& _writer);
 
@@ -42,7 +46,6 @@ class WriterThreads {
   std::vector<WriterThread>::iterator placeOf(const BatchWriter& _writer);
   void joinEnded();
   static void join(const WriterThread& _one, std::chrono::steady_clock::time_point _deadline);
-  void finishAll();
 
   std::mutex lock_;
   std::vector<WriterThread> threads_;

@@ -9,4 +9,6 @@ int processId() { return ::getpid(); }
 
 std::uint32_t threadId() { return static_cast<std::uint32_t>(::gettid()); }
 
+bool isDestroyedBeforeThreads(const void* /*_object*/) { return false; }
+
 }  // namespace platform

@@ -11,4 +11,11 @@ int processId() { return ::_getpid(); }
 
 std::uint32_t threadId() { return ::GetCurrentThreadId(); }
 
+bool isDestroyedBeforeThreads(const void* _object) {
+  HMODULE module = nullptr;
+  constexpr DWORD flags = GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
+  return ::GetModuleHandleExA(flags, static_cast<LPCSTR>(_object), &module) != 0 &&
+         module == ::GetModuleHandleA(nullptr);
+}
+
 }  // namespace platform

@@ -134,6 +134,25 @@ int slowEnd(const std::string& _file, char** /*_arguments*/) {
   return 0;
 }
 
+// The process ends while the wrapped appender, which is none of the manager's, is in the middle of a message.
+int inAppender(const std::string& _file, char** /*_arguments*/) {
+  static std::atomic<bool> isInside{false};
+  static std::atomic<bool> endHasBegun{false};
+  const bl::write_to_file file(_file, false);
+  connect(bl::ts_appender(
+      [file](const std::string& _log, const std::string& _text) {
+        isInside = true;
+        while (!endHasBegun)
+          std::this_thread::yield();
+        file(_log, _text);
+      },
+      0));
+  while (!isInside)
+    std::this_thread::yield();
+  logLines("", 100);
+  return std::atexit([] { endHasBegun = true; });
+}
+
 // The wrapped appender never returns; the process has to end all the same.
 int stuck(const std::string& /*_file*/, char** /*_arguments*/) {
   connect(bl::ts_appender(
@@ -165,6 +184,7 @@ int main(int _count, char** _arguments) {
                                                                                     {"ts-exit", &threadSafeExit},
                                                                                     {"exit-inside", &exitInside},
                                                                                     {"slow-end", &slowEnd},
+                                                                                    {"in-appender", &inAppender},
                                                                                     {"stuck", &stuck},
                                                                                     {"append", &append}};
   if (_count < 3 || modes.count(_arguments[1]) == 0) {

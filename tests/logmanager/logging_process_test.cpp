@@ -62,7 +62,12 @@ TEST_F(LoggingProcess, LosesOnlyWhatTheAppenderHoldsThatCallsExit) {
   EXPECT_EQ(text(), STATIC_MADE + numbers(5000) + STATIC_DESTROYED);
 }
 
-// What waits for the hour that is asked for here runs into the time-out of the test.
+TEST_F(LoggingProcess, LosesNothingWhenItEndsInTheMiddleOfAnAppenderOfItsOwn) {
+  EXPECT_EQ(run({"in-appender"}), 0);
+  EXPECT_EQ(text(), STATIC_MADE + numbers(100) + STATIC_DESTROYED);
+}
+
+TEST_F(LoggingProcess, DoesNotWaitAtItsEndForALongInterval) {
 TEST_F(LoggingProcess, DoesNotWaitAtItsEndForALongInterval) {
   EXPECT_EQ(run({"ts", "1000", "3600000"}), 0);
   EXPECT_EQ(text(), STATIC_MADE + numbers(1000) + STATIC_DESTROYED);

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "boost/logging/detail/export.hpp"
+#include "boost/logging/detail/program_end.hpp"
 
 namespace boost {
 namespace logging {
