@@ -44,7 +44,7 @@ void setUp(default_log_manager& _manager, const std::vector<std::string>& _patte
     bl::enable_logs(_manager, pattern, levelOn);
 }
 
-/// The processor time of the cheapest of some set-ups after the first one.
+/// The time, on Linux that of the processor, of the cheapest of some set-ups after the first one.
 double costOfAnotherSetUp(const Filter& _filter, int _classes, bool _isChange) {
   default_log_manager manager;
   std::vector<std::string> patterns;
@@ -54,7 +54,7 @@ double costOfAnotherSetUp(const Filter& _filter, int _classes, bool _isChange) {
   }
   setUp(manager, patterns);
   double least = std::numeric_limits<double>::max();
-  for (int round = 0; round < 5; ++round) {
+  for (int round = 0; round < 3; ++round) {
     const std::clock_t begin = std::clock();
     if (_isChange) {
       bl::set_up_change change(manager);
@@ -70,14 +70,14 @@ double costOfAnotherSetUp(const Filter& _filter, int _classes, bool _isChange) {
 
 class SetUpCost : public testing::TestWithParam<Filter> {};
 
-// Four times the classes cost four times as much, and some more for memory that is farther away; sixteen times if each
-// call looked at all rules or logs.
+// Sixteen times the classes cost sixteen times as much, and some more for memory that is farther away; 256 times if
+// each call looked at all rules or logs.
 TEST_P(SetUpCost, GrowsWithTheClassesNotWithTheirSquare) {
   for (const bool isChange : {true, false}) {
-    const double few = costOfAnotherSetUp(GetParam(), 1000, isChange);
-    const double many = costOfAnotherSetUp(GetParam(), 4000, isChange);
+    const double few = costOfAnotherSetUp(GetParam(), 500, isChange);
+    const double many = costOfAnotherSetUp(GetParam(), 8000, isChange);
     RecordProperty(isChange ? "change" : "calls", std::to_string(many));
-    EXPECT_LT(many, 9 * few) << GetParam().pattern(1) << ": " << few << " s and " << many << " s";
+    EXPECT_LT(many, 64 * few) << GetParam().pattern(1) << ": " << few << " s and " << many << " s";
   }
 }
 

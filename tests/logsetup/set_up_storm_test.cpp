@@ -3,11 +3,14 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <functional>
+#include <numeric>
 #include <regex>
 #include <sstream>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "logsetup/ts_mode.h"
@@ -24,6 +27,7 @@ using namespace Quillmark_logging;
 class SetUpStorm : public testsupport::LogSetUp, public testing::WithParamInterface<bool> {
  protected:
   static constexpr int threadCount = 2;
+  static constexpr int linesPerRound = 20000;
 
   SetUpStorm() {
     std::string others;
@@ -38,23 +42,28 @@ class SetUpStorm : public testsupport::LogSetUp, public testing::WithParamInterf
     setTsMode(GetParam());
   }
 
-  /// Lets the threads log while the function is called so many times. After each call they get some lines further.
+  /// Lets the threads log while the function is called so many times. After each call they get some lines further; they
+  /// pause when they have logged far more meanwhile than a writer thread that starves may hold.
   /// @return how many lines each of them has logged.
   static std::vector<int> logDuring(int _rounds, const std::function<void()>& _function) {
     std::atomic<bool> isOver{false};
     std::atomic<int> lines{0};
+    std::atomic<int> mostLines{0};
     std::vector<int> counts(threadCount, 0);
     std::vector<std::thread> threads;
     for (int i = 0; i < threadCount; ++i) {
-      threads.emplace_back([i, &isOver, &lines, &count = counts[static_cast<std::size_t>(i)]] {
+      threads.emplace_back([i, &isOver, &lines, &mostLines, &count = counts[static_cast<std::size_t>(i)]] {
         const boost::logging::logger log(logName(i));
         for (; !isOver; ++count) {
+          while (lines >= mostLines && !isOver)
+            std::this_thread::yield();
           QMRK_LOG(log) << "thread " << i << " line " << count;
           if (++lines % 16 == 0) std::this_thread::yield();
         }
       });
     }
     for (int round = 0; round < _rounds; ++round) {
+      mostLines = lines + linesPerRound;
       _function();
       for (const int enough = lines + 20; lines < enough;)
         std::this_thread::yield();
@@ -69,10 +78,31 @@ class SetUpStorm : public testsupport::LogSetUp, public testing::WithParamInterf
     return _thread == 0 ? "Storm.plain" : "Storm." + std::to_string(_thread) + ".info";
   }
 
-  /// Disconnects everything, after which nothing is held any more, and compares the file with what was logged.
+  static int countLines(const std::string& _text) {
+    int count = 0;
+    for (std::size_t at = 0; (at = _text.find(" line ", at)) != std::string::npos; ++at)
+      ++count;
+    return count;
+  }
+
+  /// The file, once it has so many lines of the threads or has not grown for long. In thread-safe mode a disconnected
+  /// writer delivers its last ones when it gets a processor.
+  std::string fileWith(int _lines) const {
+    const std::string path = sandbox_.logFolder() + "\\common.log";
+    std::string text = testsupport::readFile(path);
+    for (int still = 0; countLines(text) < _lines && still < 1000; ++still) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+      std::string later = testsupport::readFile(path);
+      if (later.size() != text.size()) still = 0;
+      text = std::move(later);
+    }
+    return text;
+  }
+
+  /// Disconnects everything, and compares the file with what was logged.
   void expectAllLines(const std::vector<int>& _counts) const {
     deleteAppender("*", APPENDER_WRITE2FILE_INIT);
-    std::istringstream file(testsupport::readFile(sandbox_.logFolder() + "\\common.log"));
+    std::istringstream file(fileWith(std::accumulate(_counts.begin(), _counts.end(), 0)));
     const std::regex form(R"(\[(Storm\.\S+)\] \d{8} \d\d:\d\d:\d\d thread (\d) line (\d+)\r?)");
     std::vector<std::vector<int>> found(threadCount);
     int malformed = 0;
