@@ -21,7 +21,7 @@ class CfgDataManager {
   CfgDataManager(const CfgDataManager&) = delete;
   CfgDataManager& operator=(const CfgDataManager&) = delete;
 
-  // ---- Values (cfg_value.cpp, letter_case.cpp) ----
+  // ---- Values (cfg_value.cpp) ----
 
   /// Cuts blanks (only 0x20) off the end.
   /// @return whether there were any.
@@ -54,7 +54,13 @@ class CfgDataManager {
   /// @return false when the system does not know the base folder or the CA is empty.
   bool getQmrkCfgFilePath(std::string& _path, const std::string& _ca, bool _cfg);
 
-  // ---- Enabled log classes (class_store.cpp) and their error records (error_record.cpp) ----
+  // ---- Folders (log_root.cpp) ----
+
+  /// The log root of the CA: the user's application-data folder, a backslash, COMMON_LOG_FILE_ROOT or its default.
+  /// @param _path holds the application-data folder when only the .cfg path failed.
+  bool getLogRootPath(std::string& _path, const std::string& _ca);
+
+  // ---- Enabled log classes (class_store.cpp) and their error records (class_store_error_record.cpp) ----
 
   /// Appends the whole text of the CA's .init file to _logClasses. A failure leaves an error record where it can.
   bool getEnabledLogClasses(const std::string& _ca, std::string& _logClasses);
@@ -67,10 +73,6 @@ class CfgDataManager {
   /// @param _caller may be empty.
   /// @return whether the record was written.
   bool writeErrorRecord(const std::string& _ca, const std::string& _text, const std::string& _caller);
-
-  /// The log root of the CA: the user's application-data folder, a backslash, COMMON_LOG_FILE_ROOT or its default.
-  /// @param _path holds the application-data folder when only the .cfg path failed.
-  bool getLogRootPath(std::string& _path, const std::string& _ca);
 
  private:
   CfgDataManager() = default;

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <cctype>
 #include <string_view>
 #include <utility>
 
@@ -101,4 +103,15 @@ bool CfgDataManager::getCfgFlag(const std::string& _key, const std::string& _ca)
   if (!getQmrkCfgFilePath(path, _ca, true) || !getCfgValue(path, _key, value)) return false;
   toUpper(value);
   return value == "TRUE";
+}
+
+std::string CfgDataManager::toUpperCopy(const std::string& _s) {
+  std::string copy = _s;
+  toUpper(copy);
+  return copy;
+}
+
+void CfgDataManager::toUpper(std::string& _s) {
+  std::transform(_s.begin(), _s.end(), _s.begin(),
+                 [](unsigned char _c) { return static_cast<char>(std::toupper(_c)); });
 }

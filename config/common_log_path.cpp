@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "config/cfg_data_manager.h"
+#include "config/log_root.h"
 #include "platform/shell_folder.h"
 #include "quillmark_logging.h"
 #include "quillmark_logging_names.h"
@@ -24,17 +25,14 @@ bool getCommonLogFilePath(std::string& _path, const std::string& _ca) {
               ca.c_str());
     return false;
   }
-  const std::string defaultRoot = DEFAULT_COMMON_LOG_FILE_ROOT;
-  std::string root = defaultRoot;
-  if (!manager->getCfgValue(cfgFile, COMMON_LOG_FILE_ROOT, root)) {
+  if (!appendLogRoot(*manager, cfgFile, _path)) {
     // The line is required to print the string object instead of its text.
+    const std::string defaultRoot = DEFAULT_COMMON_LOG_FILE_ROOT;
     traceLine(
         "-!- Quillmark_logging::getCommonLogFilePath() WARNING: Failed to get log file root from configuration file, "
         "using default value => %s\r\n",
         objectBytes(defaultRoot).c_str());
   }
-  // The backslash is always put, also when the folder ends in one: required.
-  _path += "\\" + root;
   traceLine("<== Quillmark_logging::getCommonLogFilePath() _path=\"%s\"\r\n", _path.c_str());
   return true;
 }

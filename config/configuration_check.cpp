@@ -3,7 +3,7 @@
 
 #include "config/auto_generate_cfg.h"
 #include "config/cfg_data_manager.h"
-#include "config/error_info.h"
+#include "config/setup_error_record.h"
 #include "platform/access.h"
 #include "platform/text_file.h"
 #include "quillmark_logging_names.h"

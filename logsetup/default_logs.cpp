@@ -4,7 +4,7 @@
 #include "config/cfg_data_manager.h"
 #include "config/cfg_lookup.h"
 #include "config/configuration_check.h"
-#include "config/error_info.h"
+#include "config/setup_error_record.h"
 #include "diagnostics/os_info.h"
 #include "logsetup/log_manager_binding.h"
 #include "logsetup/ts_mode.h"

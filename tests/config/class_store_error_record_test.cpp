@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "config/error_record.h"
+#include "config/class_store_error_record.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "config/error_info.h"
+#include "config/setup_error_record.h"
 
-#include "config/record_file.h"
+#include "config/qmrk_info_file.h"
 #include "quillmark_logging.h"
 #include "quillmark_logging_names.h"
 #include "trace/file_system_helpers.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "config/record_file.h"
+#include "config/qmrk_info_file.h"
 
 #include "platform/text_file.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "config/error_info.h"
+#include "config/setup_error_record.h"
 
 #include <gtest/gtest.h>
 
