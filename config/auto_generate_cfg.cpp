@@ -12,6 +12,9 @@
 #include "quillmark_logging_names.h"
 #include "trace/trace_line.h"
 
+using Quillmark_logging::caOfFileName;
+using Quillmark_logging::genericCfgText;
+using Quillmark_logging::isCaCfgFileName;
 using Quillmark_logging::traceLineIf;
 namespace fs = boost::filesystem;
 

@@ -9,6 +9,8 @@
 #include "trace/trace_line.h"
 
 using Quillmark_logging::boolName;
+using Quillmark_logging::cfgFileName;
+using Quillmark_logging::replaceAll;
 using Quillmark_logging::traceLineIf;
 
 namespace {

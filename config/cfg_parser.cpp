@@ -3,6 +3,7 @@
 
 #include "config/text_replacement.h"
 
+namespace Quillmark_logging {
 namespace {
 
 using TakePair = std::function<void(std::string_view, std::string_view)>;
@@ -102,3 +103,5 @@ std::vector<CfgPair> scanCfgText(std::string_view _text) {
   });
   return pairs;
 }
+
+}  // namespace Quillmark_logging

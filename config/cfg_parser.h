@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+namespace Quillmark_logging {
+
 /// One pair of a configuration text. The value still has the blanks at its end.
 struct CfgPair {
   std::string key;
@@ -25,3 +27,5 @@ void forEachCfgPair(std::string_view _text, const std::function<void(std::string
 
 /// The same pairs all at once.
 std::vector<CfgPair> scanCfgText(std::string_view _text);
+
+}  // namespace Quillmark_logging

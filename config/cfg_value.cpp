@@ -9,6 +9,8 @@
 #include "platform/text_file.h"
 #include "trace/trace_line.h"
 
+using Quillmark_logging::expandTabs;
+using Quillmark_logging::forEachCfgPair;
 using Quillmark_logging::traceLineIf;
 
 namespace {

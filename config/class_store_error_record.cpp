@@ -6,10 +6,14 @@
 #include "platform/access.h"
 #include "quillmark_logging_names.h"
 
+namespace Quillmark_logging {
+
 std::string errorRecordText(const std::string& _ca, const std::string& _text, const std::string& _caller) {
   const std::string record = _text + " [" + _ca + "] ";
   return _caller.empty() ? record : record + "[Called by " + _caller + "]";
 }
+
+}  // namespace Quillmark_logging
 
 bool CfgDataManager::writeErrorRecord(const std::string& _ca, const std::string& _text, const std::string& _caller) {
   std::string root;
@@ -19,5 +23,6 @@ bool CfgDataManager::writeErrorRecord(const std::string& _ca, const std::string&
       !platform::isAccessible(file, platform::Access::write)) {
     return false;
   }
-  return appendRecord(file, errorRecordText(_ca, _text, _caller)) == RecordResult::written;
+  const std::string text = Quillmark_logging::errorRecordText(_ca, _text, _caller);
+  return Quillmark_logging::appendRecord(file, text) == Quillmark_logging::RecordResult::written;
 }

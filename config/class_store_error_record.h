@@ -3,6 +3,10 @@
 
 #include <string>
 
+namespace Quillmark_logging {
+
 /// The text of a record of the class store, without the time stamp and the line end.
 /// @param _caller nothing is written for an empty one.
 std::string errorRecordText(const std::string& _ca, const std::string& _text, const std::string& _caller);
+
+}  // namespace Quillmark_logging

@@ -3,6 +3,8 @@
 
 #include "config/text_replacement.h"
 
+namespace Quillmark_logging {
+
 std::string genericCfgText(const std::string& _ca) {
   std::string text =
       "# CA Settings [file auto generated at [TIME] [DATE]]\n"
@@ -24,3 +26,5 @@ std::string caOfFileName(const std::string& _name) {
   if (begin == std::string::npos || end == std::string::npos || end < begin) return "";
   return _name.substr(begin, end - begin);
 }
+
+}  // namespace Quillmark_logging

@@ -3,6 +3,8 @@
 
 #include <string>
 
+namespace Quillmark_logging {
+
 /// The text of a generated generic file that redirects to a CA.
 std::string genericCfgText(const std::string& _ca);
 
@@ -11,3 +13,5 @@ bool isCaCfgFileName(const std::string& _name);
 
 /// Cuts the CA out of a file name: from its first "C" or "A" up to its first ".". Empty when there is nothing between.
 std::string caOfFileName(const std::string& _name);
+
+}  // namespace Quillmark_logging

@@ -3,6 +3,7 @@
 
 #include "platform/text_file.h"
 
+namespace Quillmark_logging {
 namespace {
 
 std::string twoDigits(int _number) { return (_number < 10 ? "0" : "") + std::to_string(_number); }
@@ -21,3 +22,5 @@ RecordResult appendRecord(const std::string& _file, const std::string& _text) {
   const bool written = file.write(recordStamp(platform::localTime()) + _text + "\n");
   return written ? RecordResult::written : RecordResult::notWritten;
 }
+
+}  // namespace Quillmark_logging

@@ -5,6 +5,8 @@
 
 #include "platform/clock.h"
 
+namespace Quillmark_logging {
+
 // The records of the error-information file qmrk.info: one line each, stamped with the local time.
 
 /// "2007/01/05 09:03:07 ": the year in plain decimal, every other number in two digits, a blank at the end.
@@ -15,3 +17,5 @@ enum class RecordResult { written, notOpened, notWritten };
 /// Appends a record with the stamp of now to a file, which is created when it is missing; its folder must exist.
 /// @param _text the record without stamp and line end.
 RecordResult appendRecord(const std::string& _file, const std::string& _text);
+
+}  // namespace Quillmark_logging

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "config/text_replacement.h"
 
+namespace Quillmark_logging {
+
 std::string replaceAll(const std::string& _text, const std::string& _from, const std::string& _to) {
   std::string result;
   std::size_t begin = 0;
@@ -10,3 +12,5 @@ std::string replaceAll(const std::string& _text, const std::string& _from, const
   }
   return result.append(_text, begin);
 }
+
+}  // namespace Quillmark_logging

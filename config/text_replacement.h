@@ -3,6 +3,10 @@
 
 #include <string>
 
+namespace Quillmark_logging {
+
 /// The text with every occurrence of _from replaced by _to. What was put in is not searched again.
 /// @param _from must not be empty.
 std::string replaceAll(const std::string& _text, const std::string& _from, const std::string& _to);
+
+}  // namespace Quillmark_logging

@@ -9,6 +9,10 @@
 #include "config/cfg_parser.h"
 #include "tests/config/cfg_oracle.h"
 
+using Quillmark_logging::CfgPair;
+using Quillmark_logging::expandTabs;
+using Quillmark_logging::scanCfgText;
+
 // NOLINTNEXTLINE(readability-identifier-naming): the name is that of libFuzzer
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* _data, std::size_t _size) {
   const std::string text(_data, _data + _size);

@@ -5,6 +5,8 @@
 
 #include <stdexcept>
 
+using Quillmark_logging::cfgFileName;
+
 namespace {
 
 TEST(CfgFileName, HasTheCaInThePlaceOfTheFirstThreeCharactersFromAnXOn) {

@@ -6,6 +6,10 @@
 
 #include "tests/config/cfg_oracle.h"
 
+using Quillmark_logging::CfgPair;
+using Quillmark_logging::expandTabs;
+using Quillmark_logging::scanCfgText;
+
 namespace {
 
 using testing::ElementsAre;

@@ -11,6 +11,8 @@
 #include "tests/support/fault_plan.h"
 #include "trace/trace_flags.h"
 
+using Quillmark_logging::errorRecordText;
+
 namespace {
 
 using platform::Call;

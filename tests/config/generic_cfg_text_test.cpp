@@ -3,6 +3,10 @@
 
 #include <gtest/gtest.h>
 
+using Quillmark_logging::caOfFileName;
+using Quillmark_logging::genericCfgText;
+using Quillmark_logging::isCaCfgFileName;
+
 namespace {
 
 TEST(GenericCfgText, HasAlwaysTheSameStampAndRedirectsToTheCa) {

@@ -6,6 +6,10 @@
 #include "tests/config/records.h"
 #include "tests/support/fault_plan.h"
 
+using Quillmark_logging::appendRecord;
+using Quillmark_logging::RecordResult;
+using Quillmark_logging::recordStamp;
+
 namespace {
 
 using platform::Call;

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+using Quillmark_logging::replaceAll;
+
 namespace {
 
 TEST(TextReplacement, ReplacesEveryOccurrence) {
