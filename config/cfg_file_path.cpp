@@ -16,7 +16,7 @@ using Quillmark_logging::traceLineIf;
 namespace {
 
 // How the generic CA stands in a file name.
-constexpr char GENERIC_MARKER[] = "_GE.";
+constexpr char genericMarker[] = "_GE.";
 
 // What differs between the kinds of files.
 struct FileKind {
@@ -25,10 +25,10 @@ struct FileKind {
   const char* name;
 };
 
-constexpr FileKind CFG_KIND = {platform::ShellFolder::commonProgramFiles, Quillmark_logging::CFG_FOLDER,
-                               Quillmark_logging::CFG_FILE_NAME};
-constexpr FileKind INIT_KIND = {platform::ShellFolder::commonAppData, Quillmark_logging::INIT_FOLDER,
-                                Quillmark_logging::INIT_FILE_NAME};
+constexpr FileKind cfgKind = {platform::ShellFolder::commonProgramFiles, Quillmark_logging::CFG_FOLDER,
+                              Quillmark_logging::CFG_FILE_NAME};
+constexpr FileKind initKind = {platform::ShellFolder::commonAppData, Quillmark_logging::INIT_FOLDER,
+                               Quillmark_logging::INIT_FILE_NAME};
 
 }  // namespace
 
@@ -37,7 +37,7 @@ bool CfgDataManager::getQmrkCfgFilePath(std::string& _path, const std::string& _
               boolName(_cfg));
   try {
     const std::string ca = toUpperCopy(_ca);
-    const FileKind& kind = _cfg ? CFG_KIND : INIT_KIND;
+    const FileKind& kind = _cfg ? cfgKind : initKind;
     if (!platform::shellFolder(kind.base, _path)) {
       traceLineIf(tracing(), "<!= CfgDataManager::getQmrkCfgFilePath() SHGetFolderpath() failed!\r\n");
       return false;
@@ -58,8 +58,8 @@ bool CfgDataManager::getQmrkCfgFilePath(std::string& _path, const std::string& _
 void CfgDataManager::redirectGeneric(std::string& _path, bool _cfg) {
   const std::string genericPath = _path;
   std::string base;
-  if (!_cfg && platform::shellFolder(CFG_KIND.base, base)) {
-    _path = base + CFG_KIND.folder + Quillmark_logging::GENERIC_CFG_FILE_NAME;
+  if (!_cfg && platform::shellFolder(cfgKind.base, base)) {
+    _path = base + cfgKind.folder + Quillmark_logging::GENERIC_CFG_FILE_NAME;
   }
   std::string redirectCa;
   if (!getCfgValue(_path, Quillmark_logging::REDIRECT_CA_NR, redirectCa)) {
@@ -68,7 +68,7 @@ void CfgDataManager::redirectGeneric(std::string& _path, bool _cfg) {
     return;
   }
   if (!_cfg) _path = genericPath;
-  _path = replaceAll(_path, GENERIC_MARKER, "_" + redirectCa + ".");
+  _path = replaceAll(_path, genericMarker, "_" + redirectCa + ".");
   if (!_cfg) _path = replaceAll(_path, ".cfg", ".init");
   traceLineIf(tracing(), "--- CfgDataManager::getQmrkCfgFilePath() Called with CA GE, redirecting from %s to %s\r\n",
               genericPath.c_str(), _path.c_str());

@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "config/generic_cfg_text.h"
 
+#include "config/cfg_file_name.h"
 #include "config/text_replacement.h"
+#include "quillmark_logging_names.h"
 
 namespace Quillmark_logging {
 
 std::string genericCfgText(const std::string& _ca) {
-  std::string text =
-      "# CA Settings [file auto generated at [TIME] [DATE]]\n"
-      "CA_NR=GE\n"
-      "REDIRECT_CA_NR=CAXXX\n";
+  std::string text = "# CA Settings [file auto generated at [TIME] [DATE]]\n";
+  text += std::string(CA_NR) + "=" + GENERIC_CA + "\n";
+  text += std::string(REDIRECT_CA_NR) + "=CAXXX\n";
   // A fixed time, the same in every generated file: required.
   text = replaceAll(text, "[TIME]", "12:41:20");
   text = replaceAll(text, "[DATE]", "Jan 12 2007");
@@ -17,7 +18,9 @@ std::string genericCfgText(const std::string& _ca) {
 }
 
 bool isCaCfgFileName(const std::string& _name) {
-  return _name.find("qmrk_logging_CA") != std::string::npos && _name.find(".cfg") != std::string::npos;
+  const std::string beginning = cfgFileName(CFG_FILE_NAME, "CA");
+  return _name.find(beginning.substr(0, beginning.rfind('.'))) != std::string::npos &&
+         _name.find(".cfg") != std::string::npos;
 }
 
 std::string caOfFileName(const std::string& _name) {

@@ -4,7 +4,7 @@
 #include "config/qmrk_info_file.h"
 #include "quillmark_logging.h"
 #include "quillmark_logging_names.h"
-#include "trace/file_system_helpers.h"
+#include "trace/folder_creation.h"
 #include "trace/trace_line.h"
 
 namespace Quillmark_logging {

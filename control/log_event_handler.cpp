@@ -9,6 +9,7 @@
 #include "platform/named_event.h"
 #include "platform/thread.h"
 #include "quillmark_logging.h"
+#include "quillmark_logging_names.h"
 #include "trace/trace_line.h"
 
 using Quillmark_logging::boolName;
@@ -17,7 +18,6 @@ using Quillmark_logging::traceOut;
 
 namespace {
 
-constexpr char defaultEventName[] = "QMRK_LOG_EVENT";
 constexpr std::uint32_t defaultTimeout = 1000;
 constexpr std::uint32_t terminated = 1;
 constexpr std::uint32_t noEvent = 0xFFFFFFFF;
@@ -54,7 +54,7 @@ LogEventHandler::LogEventHandler(StartLater /*_startLater*/)
     : threadHandle_(nullptr),
       threadId_(0),
       timeout_(defaultTimeout),
-      logEventName_(defaultEventName),
+      logEventName_(Quillmark_logging::QMRK_LOG_EVENT),
       listenForEventState_(true) {}
 
 LogEventHandler::LogEventHandler() : LogEventHandler(startLater) {

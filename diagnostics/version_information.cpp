@@ -9,12 +9,12 @@
 namespace Quillmark_logging {
 namespace {
 
-constexpr char LIBRARY_MODULE[] = "qmrk_log.dll";
-constexpr char LOG_TEST_MODULE[] = "LogTest.exe";
-constexpr int NAME_WIDTH = 20;
+constexpr char libraryModule[] = "qmrk_log.dll";
+constexpr char logTestModule[] = "LogTest.exe";
+constexpr int nameWidth = 20;
 
 void printVersion(const char* _module, const ModuleVersion& _version) {
-  std::cout << std::setfill(' ') << std::left << std::setw(NAME_WIDTH) << _module << _version.fileVersionString()
+  std::cout << std::setfill(' ') << std::left << std::setw(nameWidth) << _module << _version.fileVersionString()
             << std::endl;
 }
 
@@ -23,7 +23,7 @@ void printVersion(const char* _module, const ModuleVersion& _version) {
 std::string getQuillmarkLoggingVersion() {
   traceLine("==> Quillmark_logging::getQuillmarkLoggingVersion()\r\n");
   ModuleVersion module;
-  if (!module.load(LIBRARY_MODULE)) {
+  if (!module.load(libraryModule)) {
     traceLine("<!= Quillmark_logging::getQuillmarkLoggingVersion() Unable to fetch quillmark logging version.\r\n");
     return "N/A";
   }
@@ -35,7 +35,7 @@ std::string getQuillmarkLoggingVersion() {
 std::string getLogTestVersion() {
   traceLine("==> Quillmark_logging::getLogTestVersion()\r\n");
   ModuleVersion module;
-  if (!module.load(LOG_TEST_MODULE)) {
+  if (!module.load(logTestModule)) {
     traceLine("<!= Quillmark_logging::getLogTestVersion() Unable to fetch LogTest version.\r\n");
     return "N/A";
   }
@@ -47,14 +47,14 @@ std::string getLogTestVersion() {
 void printVersionInfo() {
   ModuleVersion library;
   ModuleVersion logTest;
-  const bool libraryLoaded = library.load(LIBRARY_MODULE);
-  const bool logTestLoaded = logTest.load(LOG_TEST_MODULE);
+  const bool libraryLoaded = library.load(libraryModule);
+  const bool logTestLoaded = logTest.load(logTestModule);
   if (!libraryLoaded || !logTestLoaded) {
     return;
   }
   std::cout << "\nVersion info:\n=============" << std::endl;
-  printVersion(LIBRARY_MODULE, library);
-  printVersion(LOG_TEST_MODULE, logTest);
+  printVersion(libraryModule, library);
+  printVersion(logTestModule, logTest);
   std::cout << std::endl;
 }
 

@@ -7,13 +7,13 @@
 #include "logsetup/log_manager_binding.h"
 #include "quillmark_logging.h"
 #include "quillmark_logging_names.h"
-#include "trace/file_system_helpers.h"
+#include "trace/folder_creation.h"
 #include "trace/trace_line.h"
 
 namespace Quillmark_logging {
 namespace {
 
-constexpr char APPLICATION_LOGS_FOLDER[] = "\\Application logs";
+constexpr char applicationLogsFolder[] = "\\Application logs";
 
 // Makes the folder unless the file exists. The lines speak of the file and show the folder: required.
 bool prepareFolder(const std::string& _dir, const std::string& _file) {
@@ -52,7 +52,7 @@ bool prepareFile(const std::string& _fileName, std::string& _ca, std::string& _f
   }
   traceLine("--- Quillmark_logging::createApplicationSpecificLogFile() commonLogFilePath=\"%s\"\r\n",
             commonLogFilePath.c_str());
-  const std::string dir = commonLogFilePath + APPLICATION_LOGS_FOLDER;
+  const std::string dir = commonLogFilePath + applicationLogsFolder;
   _file = dir + "\\" + _fileName + APPL_SPEC_LOG_FILE_SUFFIX;
   return prepareFolder(dir, _file);
 }

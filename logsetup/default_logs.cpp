@@ -10,7 +10,7 @@
 #include "logsetup/ts_mode.h"
 #include "quillmark_logging.h"
 #include "quillmark_logging_names.h"
-#include "trace/file_system_helpers.h"
+#include "trace/folder_creation.h"
 #include "trace/trace_flags.h"
 #include "trace/trace_line.h"
 

@@ -22,8 +22,8 @@ namespace {
 constexpr mode_t logFolderMode = 0750;
 
 // Where others append without a break, the file may never stand still for one who looks at it.
-constexpr int MOST_LOOKS = 50;
-constexpr std::chrono::milliseconds BETWEEN_LOOKS{1};
+constexpr int maxEndChecks = 50;
+constexpr std::chrono::milliseconds betweenEndChecks{1};
 
 AppendFile::Identity identityOf(const struct stat& _status) {
   return {static_cast<std::uint64_t>(_status.st_dev), static_cast<std::uint64_t>(_status.st_ino)};
@@ -120,7 +120,7 @@ bool AppendFile::endsInLineFeed() const {
   if (injectedFault(Call::read) != noError) return true;
   const int file = static_cast<int>(file_);
   off_t formerSize = -1;
-  for (int look = 0; look < MOST_LOOKS; ++look) {
+  for (int look = 0; look < maxEndChecks; ++look) {
     struct stat status {};
     if (::fstat(file, &status) != 0 || status.st_size == 0) return true;
     char last = '\n';
@@ -131,7 +131,7 @@ bool AppendFile::endsInLineFeed() const {
     // left.
     formerSize = status.st_size;
     [[maybe_unused]] const ssize_t nothing = ::write(file, &last, 0);
-    std::this_thread::sleep_for(BETWEEN_LOOKS);
+    std::this_thread::sleep_for(betweenEndChecks);
   }
   return true;
 }

@@ -11,8 +11,8 @@
 namespace platform {
 namespace {
 
-constexpr std::int64_t MILLISECONDS_PER_SECOND = 1000;
-constexpr std::int64_t NANOSECONDS_PER_MILLISECOND = 1000000;
+constexpr std::int64_t millisecondsPerSecond = 1000;
+constexpr std::int64_t nanosecondsPerMillisecond = 1000000;
 
 // The C library keeps the time zone under a lock, which a fork leaves held in the child when another thread has it. So
 // no thread of ours may be inside at that moment.
@@ -28,7 +28,7 @@ std::int64_t read(clockid_t _clock) {
   if (injectedFault(Call::clock) != noError) return 0;
   timespec now{};
   if (::clock_gettime(_clock, &now) != 0) return 0;
-  return static_cast<std::int64_t>(now.tv_sec) * MILLISECONDS_PER_SECOND + now.tv_nsec / NANOSECONDS_PER_MILLISECOND;
+  return static_cast<std::int64_t>(now.tv_sec) * millisecondsPerSecond + now.tv_nsec / nanosecondsPerMillisecond;
 }
 
 }  // namespace
@@ -39,9 +39,9 @@ std::int64_t steadyMilliseconds() { return read(CLOCK_MONOTONIC); }
 
 LocalTime toLocalTime(std::int64_t _milliseconds) {
   // Rounded down, so that the millisecond is never negative before 1970.
-  std::int64_t millisecond = _milliseconds % MILLISECONDS_PER_SECOND;
-  if (millisecond < 0) millisecond += MILLISECONDS_PER_SECOND;
-  const std::time_t seconds = (_milliseconds - millisecond) / MILLISECONDS_PER_SECOND;
+  std::int64_t millisecond = _milliseconds % millisecondsPerSecond;
+  if (millisecond < 0) millisecond += millisecondsPerSecond;
+  const std::time_t seconds = (_milliseconds - millisecond) / millisecondsPerSecond;
   std::tm local{};
   timespec now{};
   ::clock_gettime(CLOCK_MONOTONIC_COARSE, &now);

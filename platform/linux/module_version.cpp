@@ -15,11 +15,11 @@
 namespace platform {
 namespace {
 
-constexpr char LIBRARY_FILE[] = "libqmrk_log.so";
+constexpr char libraryFile[] = "libqmrk_log.so";
 
 // Modules are asked for by the names that they have on Windows.
 std::string fileNameOf(const std::string& _module) {
-  if (_module == "qmrk_log.dll") return LIBRARY_FILE;
+  if (_module == "qmrk_log.dll") return libraryFile;
   if (_module == "LogTest.exe") return "LogTest";
   return _module;
 }
@@ -29,7 +29,7 @@ int openModule(const std::string& _name) {
     const int file = openFile(folder.append("/").append(_name), O_RDONLY);
     if (file != -1) return file;
   }
-  return _name == LIBRARY_FILE ? openFile(ownFile(), O_RDONLY) : -1;
+  return _name == libraryFile ? openFile(ownFile(), O_RDONLY) : -1;
 }
 
 bool readAt(int _file, std::uint64_t _offset, unsigned char* _buffer, std::size_t _size) {

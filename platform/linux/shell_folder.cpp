@@ -14,7 +14,7 @@ namespace platform {
 namespace {
 
 // Below a user's home, by the XDG base directory convention.
-constexpr char USER_DATA[] = "/.local/share";
+constexpr char userData[] = "/.local/share";
 
 // The root alone becomes empty, to which a path can be appended like to any other folder.
 std::string withoutFinalSeparators(std::string _path) {
@@ -47,7 +47,7 @@ bool userAppData(std::string& _path) {
   if (folderFromEnvironment("QMRK_APPDATA", _path) || folderFromEnvironment("XDG_DATA_HOME", _path)) return true;
   std::string home;
   if (!folderFromEnvironment("HOME", home) && !homeFromPasswordEntry(home)) return false;
-  _path = home + USER_DATA;
+  _path = home + userData;
   return true;
 }
 

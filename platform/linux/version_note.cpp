@@ -28,14 +28,14 @@ struct Layout {
   Field alignment;
 };
 
-constexpr Layout LAYOUT_32{{28, 4}, {42, 2}, {44, 2}, sizeof(Elf32_Phdr), {0, 4}, {4, 4}, {16, 4}, {28, 4}};
-constexpr Layout LAYOUT_64{{32, 8}, {54, 2}, {56, 2}, sizeof(Elf64_Phdr), {0, 4}, {8, 8}, {32, 8}, {48, 8}};
+constexpr Layout layout32{{28, 4}, {42, 2}, {44, 2}, sizeof(Elf32_Phdr), {0, 4}, {4, 4}, {16, 4}, {28, 4}};
+constexpr Layout layout64{{32, 8}, {54, 2}, {56, 2}, sizeof(Elf64_Phdr), {0, 4}, {8, 8}, {32, 8}, {48, 8}};
 
 // Far more than binaries have: a dozen segments, and some hundred bytes of notes.
-constexpr std::uint64_t LARGEST_ENTRY_COUNT = 1024;
-constexpr std::uint64_t LARGEST_CONTENT = 0x10000;
-constexpr std::size_t NOTE_HEADER_SIZE = 12;
-constexpr std::size_t DESCRIPTOR_SIZE = 16;
+constexpr std::uint64_t largestEntryCount = 1024;
+constexpr std::uint64_t largestContent = 0x10000;
+constexpr std::size_t noteHeaderSize = 12;
+constexpr std::size_t noteDescriptorSize = 16;
 
 constexpr std::uint64_t roundedUp(std::uint64_t _number, std::uint64_t _alignment) {
   return (_number + _alignment - 1) / _alignment * _alignment;
@@ -51,7 +51,7 @@ class ElfFile {
     std::uint64_t entryCount = 0;
     if (!identify() || !readNumber(0, layout_->tableOffset, table) || !readNumber(0, layout_->entrySize, entrySize) ||
         !readNumber(0, layout_->entryCount, entryCount) || entrySize != layout_->entrySizeOfClass ||
-        entryCount > LARGEST_ENTRY_COUNT) {
+        entryCount > largestEntryCount) {
       return false;
     }
     for (std::uint64_t entry = 0; entry < entryCount; ++entry) {
@@ -66,9 +66,9 @@ class ElfFile {
     if (!readAt_(0, identity.data(), identity.size()) || std::memcmp(identity.data(), ELFMAG, SELFMAG) != 0) {
       return false;
     }
-    layout_ = identity[EI_CLASS] == ELFCLASS64 ? &LAYOUT_64 : &LAYOUT_32;
+    layout_ = identity[EI_CLASS] == ELFCLASS64 ? &layout64 : &layout32;
     bigEndian_ = identity[EI_DATA] == ELFDATA2MSB;
-    return (layout_ == &LAYOUT_64 || identity[EI_CLASS] == ELFCLASS32) &&
+    return (layout_ == &layout64 || identity[EI_CLASS] == ELFCLASS32) &&
            (bigEndian_ || identity[EI_DATA] == ELFDATA2LSB);
   }
 
@@ -94,7 +94,7 @@ class ElfFile {
     std::uint64_t alignment = 0;
     if (!readNumber(_header, layout_->type, type) || type != PT_NOTE ||
         !readNumber(_header, layout_->contentOffset, offset) || !readNumber(_header, layout_->contentSize, size) ||
-        !readNumber(_header, layout_->alignment, alignment) || size > LARGEST_CONTENT) {
+        !readNumber(_header, layout_->alignment, alignment) || size > largestContent) {
       return false;
     }
     std::vector<unsigned char> notes(static_cast<std::size_t>(size));
@@ -104,15 +104,15 @@ class ElfFile {
   // The parts of a note begin at multiples of the alignment.
   bool findVersionInNotes(const std::vector<unsigned char>& _notes, std::uint64_t _alignment,
                           FixedVersion& _version) const {
-    for (std::uint64_t at = 0; at + NOTE_HEADER_SIZE <= _notes.size();) {
+    for (std::uint64_t at = 0; at + noteHeaderSize <= _notes.size();) {
       const unsigned char* const note = _notes.data() + at;
       const std::uint64_t ownerSize = number(note, 4);
       const std::uint64_t descriptorSize = number(note + 4, 4);
-      const std::uint64_t descriptor = roundedUp(at + NOTE_HEADER_SIZE + ownerSize, _alignment);
+      const std::uint64_t descriptor = roundedUp(at + noteHeaderSize + ownerSize, _alignment);
       if (descriptor + descriptorSize > _notes.size()) return false;
-      if (number(note + 8, 4) == VERSION_NOTE_TYPE && descriptorSize == DESCRIPTOR_SIZE &&
-          ownerSize == sizeof VERSION_NOTE_OWNER &&
-          std::memcmp(note + NOTE_HEADER_SIZE, VERSION_NOTE_OWNER, ownerSize) == 0) {
+      if (number(note + 8, 4) == versionNoteType && descriptorSize == noteDescriptorSize &&
+          ownerSize == sizeof versionNoteOwner &&
+          std::memcmp(note + noteHeaderSize, versionNoteOwner, ownerSize) == 0) {
         _version = versionAt(_notes.data() + descriptor);
         return true;
       }

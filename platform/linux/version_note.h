@@ -11,8 +11,8 @@ namespace platform {
 
 // The version of a binary is an ELF note in the section .note.qmrk.version, made by version_note.cpp.in: owner and type
 // below, and as descriptor the four words of the version block in their order, in the byte order of the file.
-constexpr char VERSION_NOTE_OWNER[] = "QMRK";
-constexpr std::uint32_t VERSION_NOTE_TYPE = 1;
+constexpr char versionNoteOwner[] = "QMRK";
+constexpr std::uint32_t versionNoteType = 1;
 
 /// Copies bytes of a file into a buffer: takes the offset of the first, the buffer and the number of bytes; false when
 /// not all of them exist.

@@ -12,8 +12,8 @@
 namespace platform {
 namespace {
 
-constexpr char SEPARATORS[] = "\\/";
-constexpr DWORD SHARE_ALL = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+constexpr char separators[] = "\\/";
+constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
 /// Where the system notes the result of this thread's writes.
 thread_local constinit OVERLAPPED* watched = nullptr;
@@ -22,7 +22,7 @@ constexpr ULONG_PTR statusPending = 0x103;
 constexpr DWORD endOfFile = 0xFFFFFFFF;
 
 /// How often the lock is asked for, a millisecond apart: a thread that was ended may hold it.
-constexpr int MOST_TRIES = 1000;
+constexpr int maxTries = 1000;
 
 struct OpenFile {
   HANDLE file = INVALID_HANDLE_VALUE;
@@ -40,7 +40,7 @@ HANDLE handleOf(std::intptr_t _file) { return openFileOf(_file).file; }
 class SharedHold {
  public:
   explicit SharedHold(OpenFile& _file) : file_(_file) {
-    for (int tries = 0; !isHeld_ && tries < MOST_TRIES; ++tries) {
+    for (int tries = 0; !isHeld_ && tries < maxTries; ++tries) {
       if (tries > 0) ::Sleep(1);
       isHeld_ = !file_.isAskedFor.load(std::memory_order_relaxed) && ::TryAcquireSRWLockShared(&file_.lock);
     }
@@ -61,7 +61,7 @@ class SharedHold {
 bool lockExclusively(OpenFile& _file) {
   _file.isAskedFor.store(true, std::memory_order_relaxed);
   bool isLocked = ::TryAcquireSRWLockExclusive(&_file.lock);
-  for (int tries = 1; !isLocked && tries < MOST_TRIES; ++tries) {
+  for (int tries = 1; !isLocked && tries < maxTries; ++tries) {
     ::Sleep(1);
     isLocked = ::TryAcquireSRWLockExclusive(&_file.lock);
   }
@@ -84,7 +84,7 @@ std::string queueName(const AppendFile::Identity& _identity) {
 // the lock needs it.
 HANDLE openForAppending(const std::string& _path, bool _truncate) {
   const DWORD access = FILE_APPEND_DATA | FILE_READ_DATA | FILE_READ_ATTRIBUTES | SYNCHRONIZE;
-  return ::CreateFileA(_path.c_str(), access, SHARE_ALL, nullptr, _truncate ? CREATE_ALWAYS : OPEN_ALWAYS,
+  return ::CreateFileA(_path.c_str(), access, shareAll, nullptr, _truncate ? CREATE_ALWAYS : OPEN_ALWAYS,
                        FILE_ATTRIBUTE_NORMAL, nullptr);
 }
 
@@ -94,8 +94,8 @@ bool makeFolder(const std::string& _folder) {
 
 // Creates the folder of a path with its missing parents; on failure the last error tells why.
 bool createFolderOf(const std::string& _path) {
-  const std::size_t nameBegin = _path.find_last_of(SEPARATORS);
-  const std::size_t end = nameBegin == std::string::npos ? nameBegin : _path.find_last_not_of(SEPARATORS, nameBegin);
+  const std::size_t nameBegin = _path.find_last_of(separators);
+  const std::size_t end = nameBegin == std::string::npos ? nameBegin : _path.find_last_not_of(separators, nameBegin);
   if (end == std::string::npos) return false;
   const std::string folder = _path.substr(0, end + 1);
   if (makeFolder(folder)) return true;
@@ -204,7 +204,7 @@ bool AppendFile::isStillAt(const std::string& _path) const {
   if (injectedFault(Call::statusQuery) != noError) return true;
   if (handleOf(file_) == INVALID_HANDLE_VALUE) return false;
   if (isRemoved(handleOf(file_))) return false;
-  const HANDLE file = ::CreateFileA(_path.c_str(), FILE_READ_ATTRIBUTES, SHARE_ALL, nullptr, OPEN_EXISTING,
+  const HANDLE file = ::CreateFileA(_path.c_str(), FILE_READ_ATTRIBUTES, shareAll, nullptr, OPEN_EXISTING,
                                     FILE_FLAG_BACKUP_SEMANTICS, nullptr);
   if (file == INVALID_HANDLE_VALUE) {
     const ErrorCode error = lastErrorCode();

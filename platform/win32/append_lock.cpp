@@ -4,7 +4,7 @@
 namespace platform {
 namespace {
 
-constexpr DWORD LONGEST_WAIT_MS = 50;
+constexpr DWORD longestWaitMs = 50;
 OVERLAPPED lockedByte() {
   OVERLAPPED position{};
   position.OffsetHigh = 0x7FFFFFFF;
@@ -19,7 +19,7 @@ bool tryLock(HANDLE _file) {
 // Whether this writer is the first in the queue now, which it then has to leave.
 bool standInQueue(HANDLE _queue) {
   if (_queue == nullptr) return false;
-  const DWORD result = ::WaitForSingleObject(_queue, LONGEST_WAIT_MS);
+  const DWORD result = ::WaitForSingleObject(_queue, longestWaitMs);
   // The one before may have died.
   return result == WAIT_OBJECT_0 || result == WAIT_ABANDONED;
 }
@@ -39,7 +39,7 @@ bool lockUntil(HANDLE _file, ULONGLONG _end) {
 HANDLE makeAppendQueue(const std::string& _name) { return ::CreateMutexA(nullptr, FALSE, _name.c_str()); }
 
 AppendLock::AppendLock(HANDLE _file, HANDLE _queue) : file_(_file), queue_(_queue) {
-  const ULONGLONG end = ::GetTickCount64() + LONGEST_WAIT_MS;
+  const ULONGLONG end = ::GetTickCount64() + longestWaitMs;
   isFirst_ = standInQueue(_queue);
   locked_ = lockUntil(_file, end);
 }

@@ -8,9 +8,9 @@ namespace platform {
 namespace {
 
 // A FILETIME counts steps of 100 ns since 1601-01-01 00:00 UTC.
-constexpr std::int64_t STEPS_PER_MILLISECOND = 10000;
-constexpr std::int64_t MILLISECONDS_FROM_1601_TO_1970 = 11644473600000;
-constexpr std::int64_t MILLISECONDS_PER_SECOND = 1000;
+constexpr std::int64_t stepsPerMillisecond = 10000;
+constexpr std::int64_t millisecondsFrom1601To1970 = 11644473600000;
+constexpr std::int64_t millisecondsPerSecond = 1000;
 
 LocalTime localTimeOf(const SYSTEMTIME& _time) {
   return {_time.wYear, _time.wMonth, _time.wDay, _time.wHour, _time.wMinute, _time.wSecond, _time.wMilliseconds};
@@ -23,7 +23,7 @@ std::int64_t wallClockMilliseconds() {
   FILETIME now{};
   ::GetSystemTimeAsFileTime(&now);
   const std::int64_t steps = static_cast<std::int64_t>(now.dwHighDateTime) << 32 | now.dwLowDateTime;
-  return steps / STEPS_PER_MILLISECOND - MILLISECONDS_FROM_1601_TO_1970;
+  return steps / stepsPerMillisecond - millisecondsFrom1601To1970;
 }
 
 std::int64_t steadyMilliseconds() {
@@ -35,11 +35,11 @@ std::int64_t steadyMilliseconds() {
   // In two parts, because the product of the whole can pass 64 bits.
   const std::int64_t seconds = ticks.QuadPart / perSecond.QuadPart;
   const std::int64_t rest = ticks.QuadPart % perSecond.QuadPart;
-  return seconds * MILLISECONDS_PER_SECOND + rest * MILLISECONDS_PER_SECOND / perSecond.QuadPart;
+  return seconds * millisecondsPerSecond + rest * millisecondsPerSecond / perSecond.QuadPart;
 }
 
 LocalTime toLocalTime(std::int64_t _milliseconds) {
-  const std::int64_t steps = (_milliseconds + MILLISECONDS_FROM_1601_TO_1970) * STEPS_PER_MILLISECOND;
+  const std::int64_t steps = (_milliseconds + millisecondsFrom1601To1970) * stepsPerMillisecond;
   const FILETIME time{static_cast<DWORD>(steps), static_cast<DWORD>(steps >> 32)};
   SYSTEMTIME utc{};
   SYSTEMTIME local{};

@@ -13,7 +13,7 @@
 namespace platform {
 namespace {
 
-constexpr std::size_t LARGEST_WRITE = 1 << 20;
+constexpr std::size_t largestWrite = 1 << 20;
 
 }  // namespace
 
@@ -31,7 +31,7 @@ bool writeToRunTimeFile(int _file, const char* _text, std::size_t _size) {
   std::size_t done = 0;
   while (done < _size) {
     if (injectedFault(Call::write) != noError) return false;
-    const auto size = static_cast<unsigned int>(std::min(_size - done, LARGEST_WRITE));
+    const auto size = static_cast<unsigned int>(std::min(_size - done, largestWrite));
     const int written = ::_write(_file, _text + done, size);
     if (written <= 0) return false;
     done += static_cast<std::size_t>(written);

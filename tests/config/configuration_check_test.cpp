@@ -27,7 +27,7 @@ using testsupport::recordsIn;
 using testsupport::TracedConsole;
 using Records = std::vector<std::string>;
 
-constexpr char REDIRECTING[] =
+constexpr char redirecting[] =
     " Redirecting to configuration file appointed by qmrk_logging_GE.cfg instead. [Called by App]";
 
 class ConfigurationCheck : public testing::Test {
@@ -77,14 +77,14 @@ TEST_F(ConfigurationCheck, AMissingFileFallsBackToTheGenericOneAndIsRecorded) {
   sandbox_.writeCfg("GE", "CA_NR=GE\n");
   EXPECT_TRUE(checkTraced("CA12"));
   EXPECT_EQ(ca_, "GE");
-  EXPECT_EQ(records(), Records{"Invalid of missing configuration file for CA12." + std::string(REDIRECTING)});
+  EXPECT_EQ(records(), Records{"Invalid of missing configuration file for CA12." + std::string(redirecting)});
   EXPECT_TRUE(traceMatches("config_check_generic.txt"));
 }
 
 TEST_F(ConfigurationCheck, ARecordNamesTheCaInTheLetterCaseInWhichItWasPassed) {
   sandbox_.writeCfg("GE", "CA_NR=GE\n");
   EXPECT_TRUE(check("ca12"));
-  EXPECT_EQ(records(), Records{"Invalid of missing configuration file for ca12." + std::string(REDIRECTING)});
+  EXPECT_EQ(records(), Records{"Invalid of missing configuration file for ca12." + std::string(redirecting)});
 }
 
 TEST_F(ConfigurationCheck, TheFolderOfTheGenericFileEndsAtABackslashOnly) {
@@ -106,7 +106,7 @@ TEST_F(ConfigurationCheck, AGenericFileIsGeneratedWhenItIsMissingToo) {
   sandbox_.writeCfg("CA07", "QMRK_TRACE=TRUE\n");
   EXPECT_TRUE(checkTraced("CA12"));
   EXPECT_EQ(ca_, "GE");
-  EXPECT_EQ(records(), Records{"Invalid of missing configuration file for CA12." + std::string(REDIRECTING)});
+  EXPECT_EQ(records(), Records{"Invalid of missing configuration file for CA12." + std::string(redirecting)});
   EXPECT_TRUE(exists(sandbox_.cfgPath("GE")));
   EXPECT_TRUE(traceMatches("config_check_generated.txt"));
 }
@@ -119,7 +119,7 @@ TEST_F(ConfigurationCheck, AGenericFileThatRedirectsNowhereIsGeneratedAnew) {
   EXPECT_EQ(records(),
             Records{"Invalid of missing configuration file for GE. (could also be the REDIRECT_CA_NR variable that's "
                     "pointing at an invalid or missing configuration file). " +
-                    std::string(REDIRECTING)});
+                    std::string(redirecting)});
   EXPECT_NE(testsupport::readFile(sandbox_.cfgPath("GE")).find("REDIRECT_CA_NR=CA07"), std::string::npos);
   EXPECT_FALSE(exists(sandbox_.cfgPath("CA99")));
 }
@@ -222,7 +222,7 @@ TEST_F(ConfigurationCheck, AGenericFileThatMayNotBeReadIsRecordedAndFails) {
     EXPECT_FALSE(check("CA12"));
   }
   EXPECT_EQ(ca_, "GE");
-  EXPECT_EQ(records(), (Records{"Invalid of missing configuration file for CA12." + std::string(REDIRECTING),
+  EXPECT_EQ(records(), (Records{"Invalid of missing configuration file for CA12." + std::string(redirecting),
                                 "Faulty file permissions. " + sandbox_.cfgPath("GE") +
                                     " does not have read permission. [Called by App]"}));
 }

@@ -12,7 +12,7 @@ using testsupport::exists;
 using testsupport::log;
 using testsupport::Names;
 using testsupport::readFile;
-using testsupport::ROTATION;
+using testsupport::rotationKeys;
 using testsupport::TracedConsole;
 
 class ApplicationLogFailures : public testsupport::ApplicationLogs {};
@@ -62,7 +62,7 @@ TEST_F(ApplicationLogFailures, AFolderThatCannotBeMadeFailsAndTheFoldersMadeSoFa
 }
 
 TEST_F(ApplicationLogFailures, SettingsThatCannotBeReadLeaveTheirDefaultsAndSucceed) {
-  configure(ROTATION);
+  configure(rotationKeys);
   const TracedConsole console;
   EXPECT_TRUE(create("App"));
   EXPECT_NE(console.text().find("-!- Quillmark_logging::createApplicationSpecificLogFile() Using default values\r\n"),
@@ -70,7 +70,7 @@ TEST_F(ApplicationLogFailures, SettingsThatCannotBeReadLeaveTheirDefaultsAndSucc
 }
 
 TEST_F(ApplicationLogFailures, AFileThatCannotBeOpenedOrMadeIsNoFailure) {
-  for (const char* rotation : {"", ROTATION}) {
+  for (const char* rotation : {"", rotationKeys}) {
     configure(rotation);
     testsupport::makeFolders(folder());
     testsupport::denyWriting(folder());

@@ -11,7 +11,7 @@ using Quillmark_logging::createApplicationSpecificLogFile;
 using testsupport::exists;
 using testsupport::log;
 using testsupport::readFile;
-using testsupport::ROTATION;
+using testsupport::rotationKeys;
 using testsupport::TracedConsole;
 
 class ApplicationLogFile : public testsupport::ApplicationLogs {};
@@ -40,7 +40,7 @@ TEST_F(ApplicationLogFile, TextAfterTheLastSemicolonIsDropped) {
 }
 
 TEST_F(ApplicationLogFile, EveryTerminatedPatternIsConnectedToTheOneFile) {
-  for (const char* rotation : {"", ROTATION}) {
+  for (const char* rotation : {"", rotationKeys}) {
     configure(rotation);
     const std::string name = *rotation == '\0' ? "Plain" : "Rolling";
     EXPECT_TRUE(create("A;B;", false, name));
@@ -114,7 +114,7 @@ TEST_F(ApplicationLogFile, RotationIsOffUnlessItsKeyIsTrueInAnyLetterCase) {
 // Repeated calls.
 
 TEST_F(ApplicationLogFile, ASecondCallForTheSamePatternLeavesOneAppender) {
-  for (const char* rotation : {"", ROTATION}) {
+  for (const char* rotation : {"", rotationKeys}) {
     configure(rotation);
     const std::string name = *rotation == '\0' ? "Plain" : "Rolling";
     EXPECT_TRUE(create("App", false, name));
@@ -127,7 +127,7 @@ TEST_F(ApplicationLogFile, ASecondCallForTheSamePatternLeavesOneAppender) {
 
 TEST_F(ApplicationLogFile, AChangeOfRotationBetweenTwoCallsLeavesBothAppenders) {
   EXPECT_TRUE(create("App"));
-  configure(ROTATION);
+  configure(rotationKeys);
   EXPECT_TRUE(create("App"));
   log("App", "twice ");
   EXPECT_EQ(readFile(file()), "twice twice ");
@@ -160,7 +160,7 @@ std::string textOnceItIs(const std::string& _expected, const std::string& _file)
 
 TEST_F(ApplicationLogFile, InThreadSafeModeEveryAppenderDeliversThroughAWriterOfItsOwn) {
   Quillmark_logging::setTsMode(true);
-  for (const char* rotation : {"", ROTATION}) {
+  for (const char* rotation : {"", rotationKeys}) {
     configure(rotation);
     const std::string name = *rotation == '\0' ? "Plain" : "Rolling";
     EXPECT_TRUE(create("App;", false, name));
@@ -215,7 +215,7 @@ TEST_F(ApplicationLogFile, AVariableWithACaWithoutConfigurationReadsEverythingFr
 // Names of files.
 
 TEST_F(ApplicationLogFile, BackslashesInTheNamePlaceTheFileInASubFolder) {
-  configure(ROTATION);
+  configure(rotationKeys);
   testsupport::makeFolders(folder() + "\\Sub");
   EXPECT_TRUE(create("App", false, "Sub\\App"));
   log("App", "text");

@@ -8,12 +8,12 @@ using testsupport::exists;
 using testsupport::log;
 using testsupport::Names;
 using testsupport::readFile;
-using testsupport::ROTATION;
+using testsupport::rotationKeys;
 
 class ApplicationLogRotation : public testsupport::ApplicationLogs {};
 
 TEST_F(ApplicationLogRotation, TheDefaultsRollAtOneByteBelowTheLimitAndKeepFiveFiles) {
-  configure(ROTATION);
+  configure(rotationKeys);
   EXPECT_TRUE(create("App"));
   log("App", std::string(1023998, 'x'));
   EXPECT_EQ(names(), Names{"App_log.txt"});
@@ -62,7 +62,7 @@ TEST_F(ApplicationLogRotation, OneFileOrNoneMeansNoBackupsAndTheFileIsEmptiedAtI
 }
 
 TEST_F(ApplicationLogRotation, WithRotationAnExistingFileIsContinuedAlsoWhenOverwriteIsTrue) {
-  configure(ROTATION);
+  configure(rotationKeys);
   writeExisting("old ");
   EXPECT_TRUE(create("App", true));
   log("App", "new");
@@ -72,13 +72,13 @@ TEST_F(ApplicationLogRotation, WithRotationAnExistingFileIsContinuedAlsoWhenOver
 TEST_F(ApplicationLogRotation, WithRotationTheFileIsMadeAtOnceAndWithoutItByTheFirstMessage) {
   EXPECT_TRUE(create("App"));
   EXPECT_EQ(names(), Names{});
-  configure(ROTATION);
+  configure(rotationKeys);
   EXPECT_TRUE(create("App"));
   EXPECT_EQ(names(), Names{"App_log.txt"});
 }
 
 TEST_F(ApplicationLogRotation, AMissingNumberOfFilesLeavesTheLimitInForce) {
-  configure(std::string(ROTATION) + "SPEC_LOG_FILE_LIMIT=0\n");
+  configure(std::string(rotationKeys) + "SPEC_LOG_FILE_LIMIT=0\n");
   EXPECT_TRUE(create("App"));
   log("App", "1");
   EXPECT_EQ(readFile(backup(1)), "1");

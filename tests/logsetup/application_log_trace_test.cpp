@@ -6,7 +6,7 @@
 namespace {
 
 using Quillmark_logging::createApplicationSpecificLogFile;
-using testsupport::ROTATION;
+using testsupport::rotationKeys;
 using testsupport::TracedConsole;
 
 class ApplicationLogTrace : public testsupport::ApplicationLogs {};
@@ -28,7 +28,7 @@ TEST_F(ApplicationLogTrace, TracesTheCreationOfTheFolderUnderTheNameOfAFile) {
 }
 
 TEST_F(ApplicationLogTrace, TracesEveryStepOfAFileThatExistsWithRotation) {
-  configure("COMMON_LOG_FILE_ROOT=Orvane\\Quillmark\\Logging\n" + std::string(ROTATION) +
+  configure("COMMON_LOG_FILE_ROOT=Orvane\\Quillmark\\Logging\n" + std::string(rotationKeys) +
             "SPEC_LOG_FILE_LIMIT=50\nSPEC_NR_OF_LOG_FILES=3\n");
   writeExisting("old");
   const TracedConsole console;

@@ -14,7 +14,7 @@
 namespace testsupport {
 
 /// Switches the rotation on in a configuration.
-constexpr char ROTATION[] = "SPEC_LOG_ROTATION=TRUE\n";
+constexpr char rotationKeys[] = "SPEC_LOG_ROTATION=TRUE\n";
 
 using Names = std::vector<std::string>;
 
@@ -42,7 +42,7 @@ class ApplicationLogs : public testing::Test {
 
   void configure(const std::string& _cfg) const { sandbox_.writeCfg("CA12", "LOG_STATE=TRUE\n" + _cfg); }
   void configureRotation(const std::string& _limit, const std::string& _files) const {
-    configure(ROTATION + ("SPEC_LOG_FILE_LIMIT=" + _limit + "\nSPEC_NR_OF_LOG_FILES=" + _files + "\n"));
+    configure(rotationKeys + ("SPEC_LOG_FILE_LIMIT=" + _limit + "\nSPEC_NR_OF_LOG_FILES=" + _files + "\n"));
   }
 
   static bool create(const std::string& _logLevel, bool _overWrite = false, const std::string& _fileName = "App") {

@@ -24,9 +24,9 @@ constexpr char entryLine[] =
     "==> Quillmark_logging::initDefaultLogs(string, string, bool) Called by \"App\", _ca=CA12, _writeToCout=true, "
     "TS_MODE=false\r\n";
 
-class DefaultLogsFailure : public testsupport::LogSetUp {
+class InitDefaultLogs : public testsupport::LogSetUp {
  protected:
-  DefaultLogsFailure() {
+  InitDefaultLogs() {
     sandbox_.writeInit("CA12", "Fail;");
     writeCfg("LOG_STATE=TRUE\n" + name());
   }
@@ -54,7 +54,7 @@ class DefaultLogsFailure : public testsupport::LogSetUp {
   std::string folder() const { return sandbox_.appData() + "\\Logs"; }
 };
 
-TEST_F(DefaultLogsFailure, IsLogStateThatIsNotTrue) {
+TEST_F(InitDefaultLogs, FailsWhenLogStateIsNotTrue) {
   for (const char* state : {"", "LOG_STATE= \n", "LOG_STATE=1\n", "LOG_STATE=yes\n", "LOG_STATE=FALSE\n",
                             "LOG_STATE=TRUE!\n", "LOG_STATE=TRU\n", "LOG_STATE= TRUE\n", "log_state=TRUE\n"}) {
     SCOPED_TRACE(state);
@@ -66,23 +66,23 @@ TEST_F(DefaultLogsFailure, IsLogStateThatIsNotTrue) {
   }
 }
 
-TEST_F(DefaultLogsFailure, IsNotLogStateInLowerCase) {
+TEST_F(InitDefaultLogs, TakesLogStateInAnyLetterCase) {
   writeCfg("LOG_STATE=true\n" + name());
   EXPECT_TRUE(initDefaultLogs("App", "CA12", false));
 }
 
-TEST_F(DefaultLogsFailure, IsAConfigurationThatIsMissingAndCannotBeGenerated) {
+TEST_F(InitDefaultLogs, FailsWhenTheCfgFileIsMissingAndCannotBeGenerated) {
   testsupport::removeAll(sandbox_.cfgPath("CA12"));
   expectFailure("-!- Quillmark_logging::initDefaultLogs() Specified configuration NOT OK\r\n");
 }
 
-TEST_F(DefaultLogsFailure, IsAConfigurationThatIsDenied) {
+TEST_F(InitDefaultLogs, FailsWhenTheCfgFileMayNotBeRead) {
   const testsupport::WithoutReadPermission denied(sandbox_.cfgPath("CA12"));
   expectFailure("-!- Quillmark_logging::initDefaultLogs() Specified configuration NOT OK\r\n");
 }
 
 // The check asks for the path first, so only the second query can fail here.
-TEST_F(DefaultLogsFailure, IsAPathOfTheConfigurationThatIsNotKnownAndLeavesARecord) {
+TEST_F(InitDefaultLogs, FailsAndRecordsWhenTheCfgPathIsUnknown) {
   const FaultPlan plan(Call::shellFolder, 2, platform::errorPathNotFound);
   expectFailure("<!= Quillmark_logging::initDefaultLogs() Failed to get QMRK cfg path for CA12.\r\n");
   EXPECT_EQ(
@@ -90,19 +90,19 @@ TEST_F(DefaultLogsFailure, IsAPathOfTheConfigurationThatIsNotKnownAndLeavesAReco
       std::vector<std::string>{"Unspecified error. Failed to get configuration file path for CA12 [Called by App]"});
 }
 
-TEST_F(DefaultLogsFailure, IsAMissingNameOfTheCommonLogWithoutALineOfItsOwn) {
+TEST_F(InitDefaultLogs, FailsWithoutALineOfItsOwnWhenTheCommonLogHasNoName) {
   writeCfg("LOG_STATE=TRUE\n");
   expectFailure("");
   EXPECT_FALSE(exists(folder()));
 }
 
 // After the check, the path, the flag and the name of the file have asked for the folder of the configuration.
-TEST_F(DefaultLogsFailure, IsAnUnknownFolderOfTheUserWithoutALineOfItsOwn) {
+TEST_F(InitDefaultLogs, FailsWithoutALineOfItsOwnWhenTheUsersFolderIsUnknown) {
   const FaultPlan plan(Call::shellFolder, 5, platform::errorPathNotFound);
   expectFailure("--- Quillmark_logging::initDefaultLogs() commonLogFileName=\"common.log\"\r\n");
 }
 
-TEST_F(DefaultLogsFailure, IsALogFolderThatMayNotBeCreated) {
+TEST_F(InitDefaultLogs, FailsWhenTheLogFolderMayNotBeCreated) {
   testsupport::denyWriting(sandbox_.appData());
   const testsupport::AsUnprivilegedUser user;
   expectFailure(
@@ -112,7 +112,7 @@ TEST_F(DefaultLogsFailure, IsALogFolderThatMayNotBeCreated) {
       "<!= Quillmark_logging::initDefaultLogs() ERROR: Failed to create <APPDATA>\\Logs\r\n");
 }
 
-TEST_F(DefaultLogsFailure, IsNotAFolderThatIsAlreadyThere) {
+TEST_F(InitDefaultLogs, TakesALogFolderThatIsAlreadyThere) {
   testsupport::makeFolders(folder());
   const TracedConsole console;
   EXPECT_TRUE(initDefaultLogs("App", "CA12", false));

@@ -18,7 +18,7 @@ using testsupport::FaultPlan;
 using testsupport::TemporaryFolder;
 using testsupport::writeFile;
 
-constexpr unsigned int UNTOUCHED = 0x12345678U;
+constexpr unsigned int untouched = 0x12345678U;
 
 TEST(Access, AMissingFileIsNotAccessibleInAnyMode) {
   const TemporaryFolder folder;
@@ -91,9 +91,9 @@ TEST(StatusMode, IsNotZeroForFilesAndFolders) {
 
 TEST(StatusMode, OfAMissingFileLeavesTheResultUntouched) {
   const TemporaryFolder folder;
-  unsigned int mode = UNTOUCHED;
+  unsigned int mode = untouched;
   EXPECT_FALSE(statusMode(folder.file("missing"), mode));
-  EXPECT_EQ(mode, UNTOUCHED);
+  EXPECT_EQ(mode, untouched);
 }
 
 TEST(StatusMode, FindsANameOutsideAscii) {
@@ -106,9 +106,9 @@ TEST(StatusMode, FindsANameOutsideAscii) {
 TEST(StatusMode, ThePlannedQueryFailsAndLeavesTheResultUntouched) {
   const TemporaryFolder folder;
   const FaultPlan plan(Call::statusQuery, 1, platform::errorAccessDenied);
-  unsigned int mode = UNTOUCHED;
+  unsigned int mode = untouched;
   EXPECT_FALSE(statusMode(folder.path(), mode));
-  EXPECT_EQ(mode, UNTOUCHED);
+  EXPECT_EQ(mode, untouched);
   EXPECT_TRUE(statusMode(folder.path(), mode));
 }
 

@@ -12,11 +12,11 @@ using platform::createFolder;
 using platform::ErrorCode;
 using testsupport::TemporaryFolder;
 
-constexpr ErrorCode UNTOUCHED_ERROR = 4711;
+constexpr ErrorCode untouchedError = 4711;
 
 TEST(CreateFolder, CreatesOneFolderAndReportsNoError) {
   const TemporaryFolder folder;
-  ErrorCode error = UNTOUCHED_ERROR;
+  ErrorCode error = untouchedError;
   EXPECT_TRUE(createFolder(folder.file("new"), error));
   EXPECT_EQ(error, platform::noError);
   EXPECT_EQ(testsupport::namesIn(folder.path()), std::vector<std::string>{"new"});
@@ -24,7 +24,7 @@ TEST(CreateFolder, CreatesOneFolderAndReportsNoError) {
 
 TEST(CreateFolder, AllowsAFinalSeparatorOfEitherKind) {
   const TemporaryFolder folder;
-  ErrorCode error = UNTOUCHED_ERROR;
+  ErrorCode error = untouchedError;
   EXPECT_TRUE(createFolder(folder.file("back\\"), error));
   EXPECT_TRUE(createFolder(folder.file("forward/"), error));
   EXPECT_EQ(testsupport::namesIn(folder.path()), (std::vector<std::string>{"back", "forward"}));
@@ -32,7 +32,7 @@ TEST(CreateFolder, AllowsAFinalSeparatorOfEitherKind) {
 
 TEST(CreateFolder, AnExistingFolderGivesAlreadyExists) {
   const TemporaryFolder folder;
-  ErrorCode error = UNTOUCHED_ERROR;
+  ErrorCode error = untouchedError;
   EXPECT_FALSE(createFolder(folder.path(), error));
   EXPECT_EQ(error, 183U);
 }
@@ -40,28 +40,28 @@ TEST(CreateFolder, AnExistingFolderGivesAlreadyExists) {
 TEST(CreateFolder, AFileOfThatNameGivesAlreadyExists) {
   const TemporaryFolder folder;
   testsupport::writeFile(folder.file("file"), "");
-  ErrorCode error = UNTOUCHED_ERROR;
+  ErrorCode error = untouchedError;
   EXPECT_FALSE(createFolder(folder.file("file"), error));
   EXPECT_EQ(error, 183U);
 }
 
 TEST(CreateFolder, AMissingParentGivesPathNotFoundAndCreatesNothing) {
   const TemporaryFolder folder;
-  ErrorCode error = UNTOUCHED_ERROR;
+  ErrorCode error = untouchedError;
   EXPECT_FALSE(createFolder(folder.file("missing\\new"), error));
   EXPECT_EQ(error, 3U);
   EXPECT_TRUE(testsupport::namesIn(folder.path()).empty());
 }
 
 TEST(CreateFolder, AnEmptyPathGivesPathNotFound) {
-  ErrorCode error = UNTOUCHED_ERROR;
+  ErrorCode error = untouchedError;
   EXPECT_FALSE(createFolder("", error));
   EXPECT_EQ(error, 3U);
 }
 
 TEST(CreateFolder, CreatesANameOutsideAscii) {
   const TemporaryFolder folder;
-  ErrorCode error = UNTOUCHED_ERROR;
+  ErrorCode error = untouchedError;
   EXPECT_TRUE(createFolder(folder.file("\xC3\xA5rhus"), error));
   EXPECT_TRUE(testsupport::exists(folder.file("\xC3\xA5rhus")));
 }
@@ -69,7 +69,7 @@ TEST(CreateFolder, CreatesANameOutsideAscii) {
 TEST(CreateFolder, ThePlannedCallFailsWithItsCodeAndCreatesNothing) {
   const TemporaryFolder folder;
   const testsupport::FaultPlan plan(platform::Call::createDirectory, 2, platform::errorDiskFull);
-  ErrorCode error = UNTOUCHED_ERROR;
+  ErrorCode error = untouchedError;
   EXPECT_TRUE(createFolder(folder.file("one"), error));
   EXPECT_FALSE(createFolder(folder.file("two"), error));
   EXPECT_EQ(error, platform::errorDiskFull);

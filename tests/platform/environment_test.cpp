@@ -14,27 +14,27 @@ namespace {
 using platform::environmentVariable;
 using testsupport::setEnvironment;
 
-constexpr char NAME[] = "QMRK_ENVIRONMENT_TEST";
+constexpr char variableName[] = "QMRK_ENVIRONMENT_TEST";
 
 class EnvironmentVariable : public ::testing::Test {
  protected:
   EnvironmentVariable() { buffer_.fill('#'); }
-  ~EnvironmentVariable() override { setEnvironment(NAME, ""); }
+  ~EnvironmentVariable() override { setEnvironment(variableName, ""); }
 
-  std::size_t query() { return environmentVariable(NAME, buffer_.data(), buffer_.size()); }
+  std::size_t query() { return environmentVariable(variableName, buffer_.data(), buffer_.size()); }
   bool bufferIsUntouched() const { return std::string(buffer_.data(), buffer_.size()) == std::string(256, '#'); }
 
   std::array<char, 256> buffer_{};
 };
 
 TEST_F(EnvironmentVariable, ThatIsUnsetGivesZeroAndLeavesTheBuffer) {
-  setEnvironment(NAME, "");
+  setEnvironment(variableName, "");
   EXPECT_EQ(query(), 0U);
   EXPECT_TRUE(bufferIsUntouched());
 }
 
 TEST_F(EnvironmentVariable, IsCopiedWithItsFinalNul) {
-  setEnvironment(NAME, "CA12");
+  setEnvironment(variableName, "CA12");
   EXPECT_EQ(query(), 4U);
   EXPECT_STREQ(buffer_.data(), "CA12");
   EXPECT_EQ(buffer_[5], '#');
@@ -42,38 +42,38 @@ TEST_F(EnvironmentVariable, IsCopiedWithItsFinalNul) {
 
 TEST_F(EnvironmentVariable, OfOneCharacterLessThanTheBufferFits) {
   const std::string value(255, 'v');
-  setEnvironment(NAME, value);
+  setEnvironment(variableName, value);
   EXPECT_EQ(query(), 255U);
   EXPECT_STREQ(buffer_.data(), value.c_str());
 }
 
 TEST_F(EnvironmentVariable, AsLongAsTheBufferGivesTheNeededSizeAndLeavesTheBuffer) {
-  setEnvironment(NAME, std::string(256, 'v'));
+  setEnvironment(variableName, std::string(256, 'v'));
   EXPECT_EQ(query(), 257U);
   EXPECT_TRUE(bufferIsUntouched());
 }
 
 TEST_F(EnvironmentVariable, MuchLongerThanTheBufferGivesTheNeededSize) {
-  setEnvironment(NAME, std::string(5000, 'v'));
+  setEnvironment(variableName, std::string(5000, 'v'));
   EXPECT_EQ(query(), 5001U);
   EXPECT_TRUE(bufferIsUntouched());
 }
 
 TEST_F(EnvironmentVariable, TellsTheNeededSizeWithoutABuffer) {
-  setEnvironment(NAME, "GE");
-  EXPECT_EQ(environmentVariable(NAME, nullptr, 0), 3U);
+  setEnvironment(variableName, "GE");
+  EXPECT_EQ(environmentVariable(variableName, nullptr, 0), 3U);
 }
 
 TEST_F(EnvironmentVariable, IsReadAnewAtEveryCall) {
-  setEnvironment(NAME, "one");
+  setEnvironment(variableName, "one");
   EXPECT_EQ(query(), 3U);
-  setEnvironment(NAME, "three");
+  setEnvironment(variableName, "three");
   EXPECT_EQ(query(), 5U);
   EXPECT_STREQ(buffer_.data(), "three");
 }
 
 TEST_F(EnvironmentVariable, ThePlannedQueryGivesZeroAndLeavesTheBuffer) {
-  setEnvironment(NAME, "value");
+  setEnvironment(variableName, "value");
   const testsupport::FaultPlan plan(platform::Call::environmentVariable, 1, platform::errorAccessDenied);
   EXPECT_EQ(query(), 0U);
   EXPECT_TRUE(bufferIsUntouched());

@@ -12,7 +12,8 @@ using platform::ShellFolder;
 using platform::shellFolder;
 using testsupport::ConfigSandbox;
 
-constexpr ShellFolder ALL[] = {ShellFolder::userAppData, ShellFolder::commonProgramFiles, ShellFolder::commonAppData};
+constexpr ShellFolder allFolders[] = {ShellFolder::userAppData, ShellFolder::commonProgramFiles,
+                                      ShellFolder::commonAppData};
 
 TEST(ShellFolders, AreThoseOfTheSandbox) {
   const ConfigSandbox sandbox;
@@ -26,7 +27,7 @@ TEST(ShellFolders, AreThoseOfTheSandbox) {
 }
 
 TEST(ShellFolders, EndInNoSeparator) {
-  for (const ShellFolder folder : ALL) {
+  for (const ShellFolder folder : allFolders) {
     std::string path;
     ASSERT_TRUE(shellFolder(folder, path));
     ASSERT_FALSE(path.empty());
@@ -36,7 +37,7 @@ TEST(ShellFolders, EndInNoSeparator) {
 }
 
 TEST(ShellFolders, ThePlannedQueryFailsAndLeavesThePath) {
-  for (const ShellFolder folder : ALL) {
+  for (const ShellFolder folder : allFolders) {
     const testsupport::FaultPlan plan(platform::Call::shellFolder, 2, platform::errorAccessDenied);
     std::string path;
     EXPECT_TRUE(shellFolder(folder, path));

@@ -87,6 +87,13 @@ PLANTED = {
          "scripts/s.sh": "cat .." "/shared/notes\n",
          "CMakeLists.txt": "# see /work/notes\n",
          "trace/u.cpp": "// issue 12 asks for it\n"}),
+    "documented_files": (
+        {"docs/a.md": "`trace/line.cpp` and `line.cpp`\n| function | file |\n|---|---|\n| `first`, `second` | `trace/line.cpp` |\n",
+         "trace/line.cpp": "void first() {}\nint second(int _a) {\n}\nvoid later();\n",
+         "tests/exports/a.txt": "Quillmark_logging::first()\nLogEventHandler::closeHandle(void*)\n"},
+        {"docs/p.md": "`trace/gone.cpp`\n",
+         "docs/q.md": "| `later` | `trace/line.cpp` |\n",
+         "tests/exports/r.txt": "boost::logging::unknown(int)\n"}),
     "honest_tests": (
         {"tests/a_test.cpp": "// GTEST_SKIP is not used\nTEST(A, B) {}\n",
          "trace/b.cpp": "int f();  // NOLINT(misc-x): the C run-time declares it so\n"

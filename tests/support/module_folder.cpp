@@ -9,16 +9,16 @@ namespace testsupport {
 namespace {
 
 // Both systems search the folders of this variable last.
-constexpr char VARIABLE[] = "PATH";
+constexpr char folderVariable[] = "PATH";
 
 }  // namespace
 
 ModuleFolder::ModuleFolder(const std::string& _folder) {
-  const char* const before = std::getenv(VARIABLE);
+  const char* const before = std::getenv(folderVariable);
   before_ = before != nullptr ? before : "";
-  setEnvironment(VARIABLE, _folder);
+  setEnvironment(folderVariable, _folder);
 }
 
-ModuleFolder::~ModuleFolder() { setEnvironment(VARIABLE, before_); }
+ModuleFolder::~ModuleFolder() { setEnvironment(folderVariable, before_); }
 
 }  // namespace testsupport

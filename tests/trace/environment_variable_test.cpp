@@ -10,15 +10,15 @@ namespace {
 
 using Quillmark_logging::getEnvironmentVariable;
 
-constexpr char NAME[] = "QMRK_TEST_VARIABLE";
+constexpr char variableName[] = "QMRK_TEST_VARIABLE";
 
 class EnvironmentVariable : public testing::Test {
  protected:
-  ~EnvironmentVariable() override { testsupport::setEnvironment(NAME, ""); }
+  ~EnvironmentVariable() override { testsupport::setEnvironment(variableName, ""); }
 
   bool get(const std::string& _content) {
-    testsupport::setEnvironment(NAME, _content);
-    return getEnvironmentVariable(NAME, value_);
+    testsupport::setEnvironment(variableName, _content);
+    return getEnvironmentVariable(variableName, value_);
   }
 
   std::string value_ = "preset";

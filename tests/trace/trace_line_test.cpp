@@ -69,7 +69,7 @@ TEST_F(TraceLine, OfNoTextIsNotWritten) {
   EXPECT_EQ(writes.calls(), 0);
 }
 
-TEST_F(TraceLine, IsLostInSilenceWhenTheConsoleFails) {
+TEST_F(TraceLine, IsSilentlyLostWhenTheConsoleFails) {
   const CapturedConsole console;
   const FaultPlan failure(Call::consoleWrite, 1, platform::errorDiskFull);
   consoleLine("lost\r\n");

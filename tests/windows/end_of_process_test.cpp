@@ -12,7 +12,7 @@ namespace {
 class Unloading : public ::testing::TestWithParam<const char*> {};
 
 TEST_P(Unloading, AHundredTimesNeverHangsOrCrashesAndDeliversEverything) {
-  constexpr int ROUNDS = 100;
+  constexpr int rounds = 100;
   const testsupport::ConfigSandbox sandbox;
   sandbox.writeCfg("GE", std::string("REDIRECT_CA_NR=CA12\n"));
   sandbox.writeCfg("CA12", std::string("LOG_STATE=TRUE\nCOMMON_LOG_FILE_NAME=common.log\n"
@@ -22,7 +22,7 @@ TEST_P(Unloading, AHundredTimesNeverHangsOrCrashesAndDeliversEverything) {
   // The loader of the system takes no slashes.
   const std::string plugin = testsupport::replaced(QMRK_DEFAULT_LOGS_PLUGIN, "/", "\\");
   const testsupport::ChildResult result =
-      testsupport::runProgram(QMRK_PLUGIN_RELOADER, {plugin, std::to_string(ROUNDS)});
+      testsupport::runProgram(QMRK_PLUGIN_RELOADER, {plugin, std::to_string(rounds)});
   EXPECT_EQ(result.exitCode, 0) << result.errors;
   const std::string log = testsupport::readFile(sandbox.logFolder() + "\\common.log");
   int lines = 0;
@@ -30,7 +30,7 @@ TEST_P(Unloading, AHundredTimesNeverHangsOrCrashesAndDeliversEverything) {
        at = log.find("logged by the plugin\r\n", at + 1)) {
     ++lines;
   }
-  EXPECT_EQ(lines, ROUNDS);
+  EXPECT_EQ(lines, rounds);
 }
 
 INSTANTIATE_TEST_SUITE_P(WithThreadSafeAppenders, Unloading, ::testing::Values("TRUE", "FALSE"));

@@ -13,8 +13,8 @@ namespace {
 
 using testsupport::CompanionProcess;
 
-constexpr int PROCESSES = 4;
-constexpr int LINES = 5000;
+constexpr int processCount = 4;
+constexpr int lineCount = 5000;
 
 TEST(SharedCommonLog, FourProcessesOfFiveThousandLinesLoseAndTearNone) {
   const testsupport::ConfigSandbox sandbox;
@@ -24,9 +24,9 @@ TEST(SharedCommonLog, FourProcessesOfFiveThousandLinesLoseAndTearNone) {
                    "MILLISECOND_RESOLUTION=TRUE\n");
   sandbox.writeInit("CA12", "Shared;");
   std::vector<CompanionProcess> writers;
-  for (int writer = 0; writer < PROCESSES; ++writer) {
+  for (int writer = 0; writer < processCount; ++writer) {
     writers.emplace_back(std::vector<std::string>{QMRK_LOGTEST, "--classes", "Shared.p" + std::to_string(writer) + ";",
-                                                  "--lines", std::to_string(LINES)});
+                                                  "--lines", std::to_string(lineCount)});
   }
   for (CompanionProcess& writer : writers) {
     EXPECT_EQ(writer.finish(), 0);
@@ -47,8 +47,8 @@ TEST(SharedCommonLog, FourProcessesOfFiveThousandLinesLoseAndTearNone) {
     writer = parts[1];
     ++lines;
   }
-  EXPECT_EQ(lines, PROCESSES * LINES);
-  EXPECT_GT(changesOfWriter, 10 * PROCESSES) << "they wrote one after the other";
+  EXPECT_EQ(lines, processCount * lineCount);
+  EXPECT_GT(changesOfWriter, 10 * processCount) << "they wrote one after the other";
 }
 
 }  // namespace

@@ -9,7 +9,7 @@ namespace {
 
 using platform::RegistryResult;
 
-constexpr char PRODUCT_OPTIONS[] = R"(SYSTEM\CurrentControlSet\Control\ProductOptions)";
+constexpr char productOptions[] = R"(SYSTEM\CurrentControlSet\Control\ProductOptions)";
 
 TEST(WindowsVersion, IsTheSameInBothFormsOfTheQuery) {
   platform::VersionBlock basic;
@@ -29,13 +29,13 @@ TEST(WindowsVersion, IsTheSameInBothFormsOfTheQuery) {
 
 TEST(WindowsVersion, HasItsProductTypeInTheRegistry) {
   std::string text = "former";
-  EXPECT_TRUE(platform::registryKeyExists(PRODUCT_OPTIONS));
-  EXPECT_FALSE(platform::registryKeyExists(std::string(PRODUCT_OPTIONS) + "Missing"));
-  EXPECT_EQ(platform::readRegistryText(std::string(PRODUCT_OPTIONS) + "Missing", "ProductType", text),
+  EXPECT_TRUE(platform::registryKeyExists(productOptions));
+  EXPECT_FALSE(platform::registryKeyExists(std::string(productOptions) + "Missing"));
+  EXPECT_EQ(platform::readRegistryText(std::string(productOptions) + "Missing", "ProductType", text),
             RegistryResult::noKey);
-  EXPECT_EQ(platform::readRegistryText(PRODUCT_OPTIONS, "Missing", text), RegistryResult::noValue);
+  EXPECT_EQ(platform::readRegistryText(productOptions, "Missing", text), RegistryResult::noValue);
   EXPECT_EQ(text, "former");
-  EXPECT_EQ(platform::readRegistryText(PRODUCT_OPTIONS, "ProductType", text), RegistryResult::done);
+  EXPECT_EQ(platform::readRegistryText(productOptions, "ProductType", text), RegistryResult::done);
   EXPECT_TRUE(text == "WinNT" || text == "LanmanNT" || text == "ServerNT") << text;
 }
 

@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr char FULL[] = "\\dev\\shm\\log";
+constexpr char fullFolder[] = "\\dev\\shm\\log";
 
 class FullDisk : public ::testing::Test {
  protected:
@@ -28,7 +28,7 @@ class FullDisk : public ::testing::Test {
 
 TEST_F(FullDisk, AnAppendedMessageFailsWithDiskFull) {
   platform::ErrorCode error = platform::noError;
-  const auto file = platform::AppendFile::open(FULL, false, error);
+  const auto file = platform::AppendFile::open(fullFolder, false, error);
   ASSERT_NE(file, nullptr);
   for (int i = 0; i < 3; ++i) {
     const platform::AppendFile::Result result = file->append("message\n", 8);
@@ -36,11 +36,11 @@ TEST_F(FullDisk, AnAppendedMessageFailsWithDiskFull) {
     EXPECT_EQ(result.error, 112U);
   }
   EXPECT_TRUE(file->endsInLineFeed());
-  EXPECT_TRUE(file->isStillAt(FULL));
+  EXPECT_TRUE(file->isStillAt(fullFolder));
 }
 
 TEST_F(FullDisk, AWrittenTextFails) {
-  platform::TextWriter writer(FULL, platform::TextWriter::Mode::append);
+  platform::TextWriter writer(fullFolder, platform::TextWriter::Mode::append);
   ASSERT_TRUE(writer.isOpen());
   EXPECT_FALSE(writer.write("text"));
   EXPECT_TRUE(writer.write(""));

@@ -35,7 +35,7 @@ std::string textOf(const LocalTime& _time) {
   return text;
 }
 
-constexpr char CENTRAL_EUROPE[] = "CET-1CEST,M3.5.0,M10.5.0/3";
+constexpr char centralEurope[] = "CET-1CEST,M3.5.0,M10.5.0/3";
 
 TEST(LocalTimeZone, TheFieldsCountAsPeopleDo) {
   const Zone zone("UTC0");
@@ -44,13 +44,13 @@ TEST(LocalTimeZone, TheFieldsCountAsPeopleDo) {
 }
 
 TEST(LocalTimeZone, WinterAndSummerTimeAreTold) {
-  const Zone zone(CENTRAL_EUROPE);
+  const Zone zone(centralEurope);
   EXPECT_EQ(textOf(toLocalTime(1167984187123)), "2007-1-5 9:3:7.123");
   EXPECT_EQ(textOf(toLocalTime(1183612987000)), "2007-7-5 7:23:7.0");
 }
 
 TEST(LocalTimeZone, TheClockGoesForwardInOneMillisecond) {
-  const Zone zone(CENTRAL_EUROPE);
+  const Zone zone(centralEurope);
   EXPECT_EQ(textOf(toLocalTime(1174784399999)), "2007-3-25 1:59:59.999");
   EXPECT_EQ(textOf(toLocalTime(1174784400000)), "2007-3-25 3:0:0.0");
 }

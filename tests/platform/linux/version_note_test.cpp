@@ -13,11 +13,11 @@ using namespace std::string_literals;
 
 using platform::FixedVersion;
 using platform::readVersionNote;
-using platform::VERSION_NOTE_TYPE;
+using platform::versionNoteType;
 using testsupport::ElfImage;
 
 const std::string& owner() {
-  static const auto* const owner = new std::string(platform::VERSION_NOTE_OWNER, sizeof platform::VERSION_NOTE_OWNER);
+  static const auto* const owner = new std::string(platform::versionNoteOwner, sizeof platform::versionNoteOwner);
   return *owner;
 }
 
@@ -43,7 +43,7 @@ bool holdsVersion(const ElfImage& _image) {
 
 ElfImage stamped() {
   ElfImage image;
-  image.segment(4).note(owner(), VERSION_NOTE_TYPE, image.words({0x00010002, 0x00030004, 0x00050006, 0x00070008}));
+  image.segment(4).note(owner(), versionNoteType, image.words({0x00010002, 0x00030004, 0x00050006, 0x00070008}));
   return image;
 }
 
@@ -58,7 +58,7 @@ TEST(VersionNote, IsReadFromFilesOfBothClassesAndByteOrders) {
   for (const auto fileClass : {ElfImage::Class::bits32, ElfImage::Class::bits64}) {
     for (const auto order : {ElfImage::Order::little, ElfImage::Order::big}) {
       ElfImage image(fileClass, order);
-      image.segment(4).note(owner(), VERSION_NOTE_TYPE, image.words({0x00010002, 0x00030004, 0x00050006, 0x00070008}));
+      image.segment(4).note(owner(), versionNoteType, image.words({0x00010002, 0x00030004, 0x00050006, 0x00070008}));
       FixedVersion version;
       ASSERT_TRUE(read(image, version));
       expectNumbers(version);
@@ -70,7 +70,7 @@ TEST(VersionNote, IsFoundBehindOtherNotesAndSegments) {
   ElfImage image;
   image.segment(8).note("GNU\0"s, 5, "eight bytes more").segment(4);
   image.note("GNU\0"s, 3, "build id of any size").note("odd", 7, "12345").note("", 0, "");
-  image.note(owner(), VERSION_NOTE_TYPE, image.words({0x00010002, 0x00030004, 0x00050006, 0x00070008}));
+  image.note(owner(), versionNoteType, image.words({0x00010002, 0x00030004, 0x00050006, 0x00070008}));
   FixedVersion version;
   ASSERT_TRUE(read(image, version));
   expectNumbers(version);
@@ -79,7 +79,7 @@ TEST(VersionNote, IsFoundBehindOtherNotesAndSegments) {
 TEST(VersionNote, IsReadFromASegmentAlignedToEight) {
   ElfImage image;
   image.segment(8).note("abc", 9, "x");
-  image.note(owner(), VERSION_NOTE_TYPE, image.words({0x00010002, 0x00030004, 0x00050006, 0x00070008}));
+  image.note(owner(), versionNoteType, image.words({0x00010002, 0x00030004, 0x00050006, 0x00070008}));
   FixedVersion version;
   ASSERT_TRUE(read(image, version));
   expectNumbers(version);
@@ -87,12 +87,12 @@ TEST(VersionNote, IsReadFromASegmentAlignedToEight) {
 
 TEST(VersionNote, OwnerTypeAndSizeMustBeThoseOfTheNote) {
   const std::string words = ElfImage().words({1, 2, 3, 4});
-  EXPECT_TRUE(holdsVersion(ElfImage().segment(4).note(owner(), VERSION_NOTE_TYPE, words)));
-  EXPECT_FALSE(holdsVersion(ElfImage().segment(4).note("QMRK", VERSION_NOTE_TYPE, words)));
-  EXPECT_FALSE(holdsVersion(ElfImage().segment(4).note("QMRX\0"s, VERSION_NOTE_TYPE, words)));
-  EXPECT_FALSE(holdsVersion(ElfImage().segment(4).note(owner(), VERSION_NOTE_TYPE + 1, words)));
-  EXPECT_FALSE(holdsVersion(ElfImage().segment(4).note(owner(), VERSION_NOTE_TYPE, words + "more")));
-  EXPECT_FALSE(holdsVersion(ElfImage().segment(4).note(owner(), VERSION_NOTE_TYPE, words.substr(4))));
+  EXPECT_TRUE(holdsVersion(ElfImage().segment(4).note(owner(), versionNoteType, words)));
+  EXPECT_FALSE(holdsVersion(ElfImage().segment(4).note("QMRK", versionNoteType, words)));
+  EXPECT_FALSE(holdsVersion(ElfImage().segment(4).note("QMRX\0"s, versionNoteType, words)));
+  EXPECT_FALSE(holdsVersion(ElfImage().segment(4).note(owner(), versionNoteType + 1, words)));
+  EXPECT_FALSE(holdsVersion(ElfImage().segment(4).note(owner(), versionNoteType, words + "more")));
+  EXPECT_FALSE(holdsVersion(ElfImage().segment(4).note(owner(), versionNoteType, words.substr(4))));
 }
 
 TEST(VersionNote, IsNotFoundInWhatIsNoElfFileOrHasNone) {

@@ -19,8 +19,8 @@ std::string pathOf(const std::string& _folder, const std::string& _module) {
 void writeStampedModule(const std::string& _folder, const std::string& _module,
                         const platform::FixedVersion& _version) {
   ElfImage image;
-  image.segment(4).note(std::string(platform::VERSION_NOTE_OWNER, sizeof platform::VERSION_NOTE_OWNER),
-                        platform::VERSION_NOTE_TYPE,
+  image.segment(4).note(std::string(platform::versionNoteOwner, sizeof platform::versionNoteOwner),
+                        platform::versionNoteType,
                         image.words({_version.fileMostSignificant, _version.fileLeastSignificant,
                                      _version.productMostSignificant, _version.productLeastSignificant}));
   writeFile(pathOf(_folder, _module), image.bytes());

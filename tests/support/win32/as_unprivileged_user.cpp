@@ -17,9 +17,9 @@ namespace testsupport {
 namespace {
 
 // To see that the file is there, and no more.
-constexpr DWORD NO_ACCESS = READ_CONTROL;
-constexpr DWORD READING = GENERIC_READ | GENERIC_EXECUTE;
-constexpr DWORD SHARE_ALL = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+constexpr DWORD noAccess = READ_CONTROL;
+constexpr DWORD reading = GENERIC_READ | GENERIC_EXECUTE;
+constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
 struct Denial {
   std::string path;
@@ -45,7 +45,7 @@ void orAbort(bool _done, const Denial& _denial) {
 // The C run-time's access test knows only this attribute, which in turn means nothing for folders.
 bool isDeniedByAttribute(const Denial& _denial) {
   const bool isFolder = (::GetFileAttributesA(_denial.path.c_str()) & FILE_ATTRIBUTE_DIRECTORY) != 0;
-  return _denial.rights == READING && !isFolder;
+  return _denial.rights == reading && !isFolder;
 }
 
 void setAttribute(const Denial& _denial, DWORD _attribute) {
@@ -70,7 +70,7 @@ void apply(Denial& _denial) {
     setAttribute(_denial, FILE_ATTRIBUTE_READONLY);
     return;
   }
-  _denial.file = ::CreateFileA(_denial.path.c_str(), READ_CONTROL | WRITE_DAC, SHARE_ALL, nullptr, OPEN_EXISTING,
+  _denial.file = ::CreateFileA(_denial.path.c_str(), READ_CONTROL | WRITE_DAC, shareAll, nullptr, OPEN_EXISTING,
                                FILE_FLAG_BACKUP_SEMANTICS, nullptr);
   orAbort(_denial.file != INVALID_HANDLE_VALUE, _denial);
   setRights(_denial, _denial.rights);
@@ -107,8 +107,8 @@ AsUnprivilegedUser::~AsUnprivilegedUser() {
   denials().clear();
 }
 
-void denyAccess(const std::string& _path) { deny(_path, NO_ACCESS); }
+void denyAccess(const std::string& _path) { deny(_path, noAccess); }
 
-void denyWriting(const std::string& _path) { deny(_path, READING); }
+void denyWriting(const std::string& _path) { deny(_path, reading); }
 
 }  // namespace testsupport

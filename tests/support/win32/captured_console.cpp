@@ -14,9 +14,9 @@
 namespace testsupport {
 namespace {
 
-constexpr SHORT WIDTH = 256;
-constexpr SHORT HEIGHT = 4096;
-constexpr DWORD ROWS_AT_ONCE = 64;
+constexpr SHORT width = 256;
+constexpr SHORT height = 4096;
+constexpr DWORD rowsAtOnce = 64;
 
 [[noreturn]] void fail(const char* _what) {
   std::fprintf(stderr, "captured console: %s, error %lu\n", _what, ::GetLastError());
@@ -45,8 +45,8 @@ DWORD modeOf(HANDLE _console) {
 // Only once, because it takes its time.
 void enlarge(HANDLE _console) {
   const COORD size = infoOf(_console).dwSize;
-  if (size.X == WIDTH && size.Y == HEIGHT) return;
-  if (!::SetConsoleScreenBufferSize(_console, {WIDTH, HEIGHT})) fail("the screen buffer cannot be enlarged");
+  if (size.X == width && size.Y == height) return;
+  if (!::SetConsoleScreenBufferSize(_console, {width, height})) fail("the screen buffer cannot be enlarged");
 }
 
 }  // namespace
@@ -75,13 +75,13 @@ CapturedConsole::~CapturedConsole() {
 std::string CapturedConsole::text() const {
   const CONSOLE_SCREEN_BUFFER_INFO info = infoOf(state_->console);
   const COORD cursor = info.dwCursorPosition;
-  if (info.dwSize.X != WIDTH || cursor.Y >= HEIGHT - 1) fail("the text is larger than the screen buffer");
-  const DWORD size = static_cast<DWORD>(cursor.Y) * WIDTH + static_cast<DWORD>(cursor.X);
+  if (info.dwSize.X != width || cursor.Y >= height - 1) fail("the text is larger than the screen buffer");
+  const DWORD size = static_cast<DWORD>(cursor.Y) * width + static_cast<DWORD>(cursor.X);
   std::string text(size, '\0');
   for (DWORD done = 0; done < size;) {
-    const DWORD part = std::min<DWORD>(size - done, ROWS_AT_ONCE * WIDTH);
+    const DWORD part = std::min<DWORD>(size - done, rowsAtOnce * width);
     DWORD got = 0;
-    const COORD row{0, static_cast<SHORT>(done / WIDTH)};
+    const COORD row{0, static_cast<SHORT>(done / width)};
     if (!::ReadConsoleOutputCharacterA(state_->console, text.data() + done, part, row, &got) || got != part) {
       fail("the rows cannot be read");
     }

@@ -13,7 +13,7 @@
 namespace testsupport {
 namespace {
 
-constexpr UINT KILLED = static_cast<UINT>(-1);
+constexpr UINT killed = static_cast<UINT>(-1);
 
 HANDLE handleOf(long _number) { return reinterpret_cast<HANDLE>(static_cast<std::intptr_t>(_number)); }
 
@@ -103,7 +103,7 @@ std::string CompanionProcess::readLine(int _milliseconds) {
 
 void CompanionProcess::kill() {
   if (process_ > 0) {
-    ::TerminateProcess(handleOf(process_), KILLED);
+    ::TerminateProcess(handleOf(process_), killed);
     finish();
   }
 }
@@ -112,7 +112,7 @@ int CompanionProcess::finish() {
   closeIfOpen(input_);
   if (process_ <= 0) return -1;
   const HANDLE process = handleOf(std::exchange(process_, -1));
-  DWORD code = KILLED;
+  DWORD code = killed;
   ::WaitForSingleObject(process, INFINITE);
   ::GetExitCodeProcess(process, &code);
   ::CloseHandle(process);

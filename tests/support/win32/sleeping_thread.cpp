@@ -7,11 +7,11 @@ namespace testsupport {
 namespace {
 
 // The code of the system's calls that wait is this short.
-constexpr std::uintptr_t CALL_SIZE = 32;
+constexpr std::uintptr_t callSize = 32;
 
 bool isInside(std::uintptr_t _address, const char* _call) {
   const auto begin = reinterpret_cast<std::uintptr_t>(::GetProcAddress(::GetModuleHandleA("ntdll.dll"), _call));
-  return begin <= _address && _address < begin + CALL_SIZE;
+  return begin <= _address && _address < begin + callSize;
 }
 
 // Whether the thread is at this moment in a call that waits. It is stopped for the look.

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/temporary_folder.h"
-#include "trace/file_system_helpers.h"
+#include "trace/folder_creation.h"
 
 namespace {
 

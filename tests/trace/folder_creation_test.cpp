@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "trace/file_system_helpers.h"
+#include "trace/folder_creation.h"
 
 #include <gtest/gtest.h>
 
@@ -24,7 +24,7 @@ using testsupport::TemporaryFolder;
 using testsupport::TracedConsole;
 using testsupport::writeFile;
 
-class FileSystemHelpers : public testing::Test {
+class FolderCreation : public testing::Test {
  protected:
   // The trace with the base folder masked, and without the lines about the folders above it, which depend on the
   // machine.
@@ -53,7 +53,7 @@ class FileSystemHelpers : public testing::Test {
   TracedConsole console_;
 };
 
-TEST_F(FileSystemHelpers, AMissingPathDoesNotExist) {
+TEST_F(FolderCreation, AMissingPathDoesNotExist) {
   EXPECT_FALSE(checkIfFileDirectoryExists(base_.file("nothing")));
   EXPECT_EQ(trace(),
             "==> Quillmark_logging::checkIfFileDirectoryExists() _fileWithPath=<BASE>\\nothing\r\n"
@@ -61,7 +61,7 @@ TEST_F(FileSystemHelpers, AMissingPathDoesNotExist) {
             "<== Quillmark_logging::checkIfFileDirectoryExists() retValue=false\r\n");
 }
 
-TEST_F(FileSystemHelpers, AFileExistsAndIsCalledADirectory) {
+TEST_F(FolderCreation, AFileExistsAndIsCalledADirectory) {
   writeFile(base_.file("f"), "x");
   EXPECT_TRUE(checkIfFileDirectoryExists(base_.file("f")));
   EXPECT_EQ(trace(),
@@ -72,7 +72,7 @@ TEST_F(FileSystemHelpers, AFileExistsAndIsCalledADirectory) {
             "<== Quillmark_logging::checkIfFileDirectoryExists() retValue=true\r\n");
 }
 
-TEST_F(FileSystemHelpers, AReadOnlyFileExists) {
+TEST_F(FolderCreation, AReadOnlyFileExists) {
   writeFile(base_.file("f"), "x");
   testsupport::denyWriting(base_.file("f"));
   const AsUnprivilegedUser user;
@@ -85,20 +85,20 @@ TEST_F(FileSystemHelpers, AReadOnlyFileExists) {
             "<== Quillmark_logging::checkIfFileDirectoryExists() retValue=true\r\n");
 }
 
-TEST_F(FileSystemHelpers, APathWhoseStatusCannotBeReadIsCalledAFile) {
+TEST_F(FolderCreation, APathWhoseStatusCannotBeReadIsCalledAFile) {
   makeFolders(base_.file("d"));
   const FaultPlan failure(Call::statusQuery, 1, platform::errorAccessDenied);
   EXPECT_TRUE(checkIfFileDirectoryExists(base_.file("d")));
   EXPECT_NE(trace().find("<BASE>\\d is a file.\r\n"), std::string::npos);
 }
 
-TEST_F(FileSystemHelpers, EveryMissingFolderIsCreatedInOrder) {
+TEST_F(FolderCreation, EveryMissingFolderIsCreatedInOrder) {
   EXPECT_TRUE(createDirectory(base_.file("a\\b\\c")));
   EXPECT_TRUE(exists(base_.file("a\\b\\c")));
   EXPECT_TRUE(matchesGolden(trace(), "create_directory_missing.txt"));
 }
 
-TEST_F(FileSystemHelpers, AnExistingFolderIsLeftAsItIs) {
+TEST_F(FolderCreation, AnExistingFolderIsLeftAsItIs) {
   makeFolders(base_.file("a\\b"));
   writeFile(base_.file("a\\b\\f"), "x");
   EXPECT_TRUE(createDirectory(base_.file("a\\b")));
@@ -106,46 +106,46 @@ TEST_F(FileSystemHelpers, AnExistingFolderIsLeftAsItIs) {
   EXPECT_EQ(testsupport::namesIn(base_.file("a\\b")), std::vector<std::string>{"f"});
 }
 
-TEST_F(FileSystemHelpers, AFinalSeparatorIsPartOfTheFolderThatIsTestedAndCreated) {
+TEST_F(FolderCreation, AFinalSeparatorIsPartOfTheFolderThatIsTestedAndCreated) {
   EXPECT_TRUE(createDirectory(base_.file("a\\b\\")));
   EXPECT_TRUE(exists(base_.file("a\\b")));
   EXPECT_TRUE(matchesGolden(trace(), "create_directory_final_separator.txt"));
 }
 
-TEST_F(FileSystemHelpers, SlashesSeparateLikeBackslashes) {
+TEST_F(FolderCreation, SlashesSeparateLikeBackslashes) {
   EXPECT_TRUE(createDirectory(base_.path() + "/logs/app"));
   EXPECT_TRUE(exists(base_.file("logs\\app")));
   EXPECT_NE(trace().find("Directory <BASE>/logs/ succesfully created.\r\n"), std::string::npos);
   EXPECT_NE(trace().find("Directory <BASE>/logs/app succesfully created.\r\n"), std::string::npos);
 }
 
-TEST_F(FileSystemHelpers, DoubledSeparatorsAreSkipped) {
+TEST_F(FolderCreation, DoubledSeparatorsAreSkipped) {
   EXPECT_TRUE(createDirectory(base_.path() + "\\\\a\\/b"));
   EXPECT_TRUE(exists(base_.file("a\\b")));
   EXPECT_EQ(created(), 2);
 }
 
-TEST_F(FileSystemHelpers, DoubledSlashesAreNotTestedAsAStepOfTheirOwn) {
+TEST_F(FolderCreation, DoubledSlashesAreNotTestedAsAStepOfTheirOwn) {
   EXPECT_TRUE(createDirectory(base_.path() + "//a"));
   EXPECT_TRUE(exists(base_.file("a")));
   EXPECT_EQ(trace().find("_fileWithPath=<BASE>//\r\n"), std::string::npos);
 }
 
-TEST_F(FileSystemHelpers, ADriveIsNeitherTestedNorCreated) {
+TEST_F(FolderCreation, ADriveIsNeitherTestedNorCreated) {
   EXPECT_FALSE(createDirectory("?:\\nothing\\here"));
   EXPECT_EQ(console_.text().find("_fileWithPath=?:\\\r\n"), std::string::npos);
   EXPECT_NE(console_.text().find("_fileWithPath=?:\\nothing\\\r\n"), std::string::npos);
   EXPECT_FALSE(exists("?:"));
 }
 
-TEST_F(FileSystemHelpers, AnEmptyPathGivesFalse) {
+TEST_F(FolderCreation, AnEmptyPathGivesFalse) {
   EXPECT_FALSE(createDirectory(""));
   EXPECT_EQ(trace(),
             "==> Quillmark_logging::createDirectory() _dir=\r\n"
             "<== Quillmark_logging::createDirectory() retValue=false.\r\n");
 }
 
-TEST_F(FileSystemHelpers, AFolderThatCannotBeCreatedGivesFalseWithTheErrorOfTheSystem) {
+TEST_F(FolderCreation, AFolderThatCannotBeCreatedGivesFalseWithTheErrorOfTheSystem) {
   makeFolders(base_.file("closed"));
   testsupport::denyWriting(base_.file("closed"));
   {
@@ -155,7 +155,7 @@ TEST_F(FileSystemHelpers, AFolderThatCannotBeCreatedGivesFalseWithTheErrorOfTheS
   EXPECT_TRUE(matchesGolden(trace(), "create_directory_denied.txt"));
 }
 
-TEST_F(FileSystemHelpers, AFolderThatAnotherProcessCreatedMeanwhileCounts) {
+TEST_F(FolderCreation, AFolderThatAnotherProcessCreatedMeanwhileCounts) {
   makeFolders(base_.file("a"));
   const FaultPlan notSeen(Call::accessTest, 1, platform::errorPathNotFound, 100);
   EXPECT_TRUE(createDirectory(base_.file("a")));
@@ -164,7 +164,7 @@ TEST_F(FileSystemHelpers, AFolderThatAnotherProcessCreatedMeanwhileCounts) {
             std::string::npos);
 }
 
-TEST_F(FileSystemHelpers, OnlyTheLastStepDecides) {
+TEST_F(FolderCreation, OnlyTheLastStepDecides) {
   makeFolders(base_.file("a\\b"));
   // The first step of the walk is not found and cannot be created; the others exist.
   const FaultPlan notSeen(Call::accessTest, 1, platform::errorPathNotFound);
@@ -176,7 +176,7 @@ TEST_F(FileSystemHelpers, OnlyTheLastStepDecides) {
             std::string::npos);
 }
 
-TEST_F(FileSystemHelpers, TheNameCheckOfThePathLibraryNeedsNothing) {
+TEST_F(FolderCreation, TheNameCheckOfThePathLibraryNeedsNothing) {
   Quillmark_logging::setBoostFileSystemNameCheck();
   Quillmark_logging::setBoostFileSystemNameCheck();
   EXPECT_EQ(console_.text(), "");

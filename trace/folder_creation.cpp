@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "trace/file_system_helpers.h"
+#include "trace/folder_creation.h"
 
 #include "platform/access.h"
 #include "platform/directory.h"
