@@ -6,7 +6,6 @@
 #include <utility>
 #include <vector>
 
-#include "platform/fault.h"
 #include "platform/linux/event_file.h"
 #include "platform/linux/kept_events.h"
 
@@ -88,19 +87,6 @@ void HandleTable::removeOwnedBy(const void* _owner) {
 std::size_t HandleTable::size() {
   const std::lock_guard<std::mutex> lock(mutex_);
   return entries_.size();
-}
-
-bool closeHandle(Handle _handle) {
-  const ErrorCode fault = injectedFault(Call::closeHandle);
-  const bool closed = fault == noError && HandleTable::instance().remove(_handle);
-  setLastError(closed ? noError : (fault != noError ? fault : errorInvalidHandle));
-  return closed;
-}
-
-Handle duplicateHandle(Handle _handle) {
-  std::shared_ptr<HandleTarget> target = HandleTable::instance().findAny(_handle);
-  setLastError(target != nullptr ? noError : errorInvalidHandle);
-  return target != nullptr ? HandleTable::instance().insert(std::move(target), nullptr) : nullptr;
 }
 
 }  // namespace platform

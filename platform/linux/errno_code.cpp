@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "platform/errors.h"
+#include "platform/linux/errno_code.h"
 
 #include <cerrno>
-
-#include "platform/linux/errno_code.h"
 
 namespace platform {
 

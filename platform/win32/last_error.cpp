@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "platform/errors.h"
-
 #include "platform/win32/last_error.h"
+
 #include "platform/win32/windows_api.h"
 
 namespace platform {
