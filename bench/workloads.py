@@ -5,6 +5,7 @@ import json
 import os
 import statistics
 import subprocess
+import tempfile
 import typing
 
 import instructions
@@ -88,9 +89,10 @@ class LibraryWorkload:
     metrics: typing.List[tuple]
 
 
-def google_benchmark(program, environment=None, repetitions=5):
-    """Real time per iteration in nanoseconds, {benchmark: [a value per repetition]}."""
-    done = subprocess.run([program, "--benchmark_format=json", f"--benchmark_repetitions={repetitions}"],
+def google_benchmark(program, name, environment=None, repetitions=5):
+    """Real time per iteration of the benchmark in nanoseconds, {benchmark: [a value per repetition]}."""
+    done = subprocess.run([program, "--benchmark_format=json", f"--benchmark_repetitions={repetitions}",
+                           f"--benchmark_filter=^{name}(/|$)"],
                           stdout=subprocess.PIPE, env={**os.environ, **(environment or {})}, check=True)
     result = {}
     for run in json.loads(done.stdout)["benchmarks"]:
@@ -131,16 +133,27 @@ def write(path, text):
         file.write(text)
 
 
-def set_up(build, folder, rounds):
+def set_up(build, folder, rounds, benchmark, classes):
+    """Milliseconds of a set-up with these classes in the filter and in the list of what is on."""
+    folder = tempfile.mkdtemp(dir=folder)
     base = {name: f"{folder}/{name}" for name in ("QMRK_APPDATA", "QMRK_COMMON_PROGRAM_FILES", "QMRK_COMMON_APPDATA")}
     cfg = f"{base['QMRK_COMMON_PROGRAM_FILES']}/Orvane Shared/qmrk/logging/cfg/qmrk_logging_"
-    classes = "".join(f"App.Module{i}.info;" for i in range(20))
     write(cfg + "GE.cfg", "CA_NR=GE\nREDIRECT_CA_NR=CA12\n")
     write(cfg + "CA12.cfg", f"LOG_STATE=TRUE\nCOMMON_LOG_FILE_NAME=common.txt\nCOMMON_LOG_FILE_FILTER={classes}\n")
     write(f"{base['QMRK_COMMON_APPDATA']}/Orvane/qmrk/logging/qmrk_logging_CA12.init", classes)
     os.makedirs(base["QMRK_APPDATA"], exist_ok=True)
-    nanoseconds = google_benchmark(f"{build}/bench/set_up_bench", base, rounds)
+    nanoseconds = google_benchmark(f"{build}/bench/set_up_bench", benchmark, base, rounds)
     return {name: [value / 1e6 for value in values] for name, values in nanoseconds.items()}
+
+
+def small_set_up(build, folder, rounds):
+    classes = "".join(f"App.Module{i}.info;" for i in range(20))
+    return set_up(build, folder, rounds, "initialiseDefaultLogs", classes)
+
+
+def large_set_up(build, folder, rounds):
+    classes = "".join(f"Class{i}.*.info;" for i in range(4000))
+    return set_up(build, folder, rounds, "initialiseDefaultLogsOverLogs", classes)
 
 
 def load_library(build, _folder, rounds):
@@ -168,10 +181,12 @@ LIBRARY_WORKLOADS = [
                      ("growth", "times", False, at_most(1.5))]),
     LibraryWorkload("H", "Creating a logger", create_loggers,
                     [("existing_name_ns", "ns", False, at_most(100)), ("new_name_ns", "ns", False, at_most(5000))]),
-    LibraryWorkload("I1", "initDefaultLogs, generic file redirected, filter of 20 entries", set_up,
+    LibraryWorkload("I1", "initDefaultLogs, generic file redirected, filter of 20 entries", small_set_up,
                     [("initialiseDefaultLogs", "ms", False, at_most(1))]),
     LibraryWorkload("I2", "Loading the library, beyond an empty library with the same dependencies", load_library,
                     [("loadBeyondAnEmptyLibrary", "ms", False, at_most(0.3))]),
+    LibraryWorkload("I3", "initDefaultLogs again, filter of 4,000 entries as X.*.info, over 4,000 logs", large_set_up,
+                    [("initialiseDefaultLogsOverLogs", "ms", False, at_most(100))]),
     LibraryWorkload("J", "From setting the event to the first line of the newly enabled class in another process",
                     listener_latency, [("p50_us", "us", False, at_most(1000)), ("p99_us", "us", False, at_most(1000))]),
 ]

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
-// initDefaultLogs with a redirected generic file and a filter of 20 entries, in the sandbox that the environment names.
+// initDefaultLogs in the sandbox that the environment names. Each iteration but the first replaces an earlier set-up.
 #include <benchmark/benchmark.h>
+
+#include <boost/logging/logging.hpp>
+#include <cstdint>
+#include <string>
 
 #include "quillmark_logging.h"
 
@@ -15,6 +19,14 @@ void initialiseDefaultLogs(benchmark::State& _state) {
   }
 }
 BENCHMARK(initialiseDefaultLogs);
+
+/// The same where an application has created so many logs.
+void initialiseDefaultLogsOverLogs(benchmark::State& _state) {
+  for (std::int64_t i = 0; i < _state.range(0); ++i)
+    boost::logging::logger("Class" + std::to_string(i) + ".part.info");
+  initialiseDefaultLogs(_state);
+}
+BENCHMARK(initialiseDefaultLogsOverLogs)->Arg(4000);
 
 }  // namespace
 
