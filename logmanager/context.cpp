@@ -13,6 +13,8 @@ SlotPool<Context>& contexts() {
 }
 
 Context& enterContext(const Log& _log) {
+  // Who has found the log on finds the callables with which it was switched on, or later ones.
+  static_cast<void>(_log.enabled.load(std::memory_order_acquire));
   ThreadState& state = threadState();
   Context* context = state.usualContext;
   const CallableSet* callables = nullptr;

@@ -61,12 +61,20 @@ Context& enterContext(const Log& _log);
 /// changing, are never used again.
 void abandonContextsOfOthers();
 
+/// Whether the log of the context still has the callables that the context holds.
+inline bool isUpToDate(const Context& _context) {
+  return _context.log->callables.load(std::memory_order_relaxed) == _context.callables;
+}
+
 /// Gives the context the callables that its log has now. Without it a message that is begun before the first set-up and
 /// ended after it would go nowhere.
 inline void followSetUp(Context& _context) {
-  if (_context.log->callables.load(std::memory_order_relaxed) == _context.callables) return;
-  _context.callables = _context.hold(_context.log->callables);
+  if (!isUpToDate(_context)) _context.callables = _context.hold(_context.log->callables);
 }
+
+/// The second look of whoever has found the log of the context on, after the context got its callables: false when they
+/// may be those of a log that is off (default_log_manager::publish).
+inline bool isStillOn(const Context& _context) { return _context.log->enabled.load(std::memory_order_relaxed); }
 
 /// To be called for the innermost context of the thread.
 void leaveContext(Context& _context);

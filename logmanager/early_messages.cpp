@@ -25,7 +25,7 @@ void deliver(const Log& _log, std::int64_t _time, std::string_view _text) noexce
   if (!_log.enabled.load(std::memory_order_relaxed)) return;
   try {
     Context& context = enterContext(_log);
-    passThrough(*context.thread, context.callables, _log.name, _text, context.line, _time);
+    if (isStillOn(context)) passThrough(*context.thread, context.callables, _log.name, _text, context.line, _time);
     leaveContext(context);
   } catch (...) {
     reportException("log cache", _log.name);

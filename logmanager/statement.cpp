@@ -25,9 +25,7 @@ void deliver(Context& _context, std::string_view _message) noexcept {
   try {
     if (earlyMessages().keep(*_context.log, _message)) return;
     followSetUp(_context);
-    // After the callables, so that nobody takes new callables of a log that went off with them for those of one that is
-    // on (default_log_manager::publish).
-    if (!_context.log->enabled.load(std::memory_order_relaxed)) return;
+    if (!isStillOn(_context)) return;
     passThrough(*_context.thread, _context.callables, _context.log->name, _message, _context.line, 0);
     if (_context.line.capacity() > largestKeptLine) std::string().swap(_context.line);
   } catch (...) {
@@ -52,11 +50,16 @@ void writeToFile(const Callable& _appender, std::string_view _line, std::int64_t
   }
 }
 
-/// Leaves the message whose text is in the lane's room, unless it has to go another way: the set-up has changed, or
-/// messages are still being kept.
+/// Whether the callables of the context may get the message: otherwise the set-up has changed, or messages are still
+/// being kept.
+bool mayGoStraightOn(const Context& _context) {
+  return isUpToDate(_context) && isStillOn(_context) && earlyMessages().isOver();
+}
+
+/// Leaves the message whose text is in the lane's room, unless it has to go another way.
 bool leaveInLane(Context& _context, Lane& _lane, std::size_t _size) {
+  if (!mayGoStraightOn(_context)) return false;
   const CallableSet& callables = *_context.callables;
-  if (_context.log->callables.load(std::memory_order_relaxed) != &callables || !earlyMessages().isOver()) return false;
   MessageQueue& queue = callables.writer->queue();
   queue.publish(_lane, callables.writersPlan, &_context.log->name, _size);
   if (queue.needsAttention()) callables.writer->attend();
@@ -69,7 +72,7 @@ bool leaveInLane(Context& _context, Lane& _lane, std::size_t _size) {
 bool writeToFiles(Context& _context, StatementStream& _stream) {
   const CallableSet* const callables = _context.callables;
   if (callables == nullptr || !callables->isForFilesOnly || _context.thread->depth > 0) return false;
-  if (_context.log->callables.load(std::memory_order_relaxed) != callables || !earlyMessages().isOver()) return false;
+  if (!mayGoStraightOn(_context)) return false;
   const LinePlan& plan = callables->plan;
   const std::int64_t now = platform::wallClockMilliseconds();
   std::string memory;

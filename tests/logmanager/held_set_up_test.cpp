@@ -1,12 +1,21 @@
 // SPDX-License-Identifier: MIT
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <chrono>
 #include <future>
+#include <memory>
 #include <thread>
+#include <vector>
 
 #include "boost/logging/logging.hpp"
+#include "logmanager/callable_set.h"
+#include "logmanager/context.h"
+#include "logmanager/early_messages.h"
+#include "logmanager/log.h"
 #include "tests/logmanager/counted_memory.h"
+#include "tests/logmanager/recorder.h"
 
 namespace {
 
@@ -98,6 +107,59 @@ TEST(HeldSetUp, LosesAndDamagesNoMessageWhereverAChangeIs) {
   bl::del_appender(bl::get_default_log_manager(), "*", "A");
   bl::del_modifier(bl::get_default_log_manager(), "*", "M");
   bl::enable_logs(bl::get_default_log_manager(), "*", 0);
+}
+
+/// Takes every context that is free, so that the next statement of the thread allocates one.
+std::vector<bl::detail::Context*> takeAllContexts(const bl::detail::Log& _log) {
+  std::vector<bl::detail::Context*> contexts;
+  for (bool isNew = false; !isNew;) {
+    contexts.reserve(contexts.size() + 1);
+    const std::size_t before = testsupport::memoryInUse();
+    contexts.push_back(&bl::detail::enterContext(_log));
+    isNew = testsupport::memoryInUse() != before;
+  }
+  return contexts;
+}
+
+/// Flushes a message of a log that gets another appender and goes off, as one change does it, while the flush waits at
+/// one of its allocations.
+/// @return whether it waited.
+bool flushesAcrossAChange(int _place, const bl::appender& _former, const bl::appender& _next) {
+  bl::detail::Log log(
+      "l", true, std::make_unique<bl::detail::CallableSet>(std::vector{bl::detail::makeAppender(_former, "A", 0)}));
+  bl::detail::EarlyMessages early;
+  HeldAllocation held;
+  held.after = _place;
+  std::atomic<bool> isDone{false};
+  std::thread flush([&] {
+    early.keep(log, "m");
+    std::vector<bl::detail::Context*> others = takeAllContexts(log);
+    testsupport::holdAllocation(&held);
+    early.flush();
+    testsupport::holdAllocation(nullptr);
+    for (; !others.empty(); others.pop_back())
+      bl::detail::leaveContext(*others.back());
+    isDone = true;
+  });
+  while (!held.isHeld && !isDone)
+    std::this_thread::yield();
+  const auto* const next = new bl::detail::CallableSet({bl::detail::makeAppender(_next, "A", 0)});
+  log.enabled = false;
+  const std::unique_ptr<const bl::detail::CallableSet> former(log.callables.exchange(next));
+  held.isReleased = true;
+  flush.join();
+  return held.isHeld;
+}
+
+TEST(HeldFlush, KeepsAMessageFromTheNewCallablesOfALogThatGoesOff) {
+  const testsupport::Recorder former;
+  const testsupport::Recorder next;
+  int places = 0;
+  while (flushesAcrossAChange(places, former.appender(), next.appender()))
+    ++places;
+  EXPECT_GT(places, 0);
+  EXPECT_THAT(former.messages(), testing::Each("l|m"));
+  EXPECT_THAT(next.messages(), testing::IsEmpty());
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include "boost/logging/logging.hpp"
 #include "logmanager/default_log_manager.h"
 #include "tests/logmanager/recorder.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 
@@ -169,6 +170,35 @@ TEST_F(SetUpChange, KeepsAMessageFromTheNewCallablesOfALogThatGoesOff) {
   };
   QMRK_LOG(log) << "m" << Trigger{switchOff};
   EXPECT_THAT(recorder_.messages(), IsEmpty());
+}
+
+/// Finds the log on, as a statement does, and then replaces its appender and switches it off, before the statement
+/// looks at what is connected.
+void logWhileItGoesOff(const bl::logger& _log, const bl::appender& _next) {
+  bl::default_log_manager& manager = bl::get_default_log_manager();
+  ASSERT_TRUE(_log.is_enabled());
+  {
+    set_up_change change(manager);
+    bl::add_appender(manager, _log.name(), _next, "A", 100);
+    bl::enable_logs(manager, _log.name(), 4294967295U);
+    change.apply();
+  }
+  bl::detail::finish_statement() & bl::detail::statement(_log).stream() << "off";
+  bl::enable_logs(manager, _log.name(), 0);
+  QMRK_LOG(_log) << "on";
+}
+
+TEST_F(SetUpChange, KeepsAStatementThatFoundALogOnFromTheCallablesWithWhichItGoesOff) {
+  const testsupport::TemporaryFolder folder;
+  const std::string paths[] = {folder.file("plain.log"), folder.file("thread_safe.log")};
+  logWhileItGoesOff(bl::logger("H11"), recorder_.appender());
+  logWhileItGoesOff(bl::logger("H12"), bl::write_to_file(paths[0], false));
+  logWhileItGoesOff(bl::logger("H13"), bl::ts_appender(bl::write_to_file(paths[1], false), 0));
+  EXPECT_THAT(recorder_.messages(), ElementsAre("H11|on"));
+  EXPECT_EQ(testsupport::readFile(paths[0]), "on");
+  while (testsupport::readFile(paths[1]).size() < 2)
+    std::this_thread::yield();
+  EXPECT_EQ(testsupport::readFile(paths[1]), "on");
 }
 
 TEST_F(SetUpChange, SetsUpLogsThatAreCreatedWhileItIsAlive) {

@@ -2,12 +2,18 @@
 #include <gtest/gtest.h>
 #include <pthread.h>
 
+#include <atomic>
 #include <chrono>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <thread>
 
 #include "boost/logging/logging.hpp"
+#include "platform/errors.h"
+#include "platform/process.h"
+#include "tests/support/fault_plan.h"
+#include "tests/support/sleeping_thread.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {
@@ -98,6 +104,44 @@ TEST_F(Cancel, LetsTheRemovalOfAWriterThreadEnd) {
   QMRK_LOG(log_) << "one";
   EXPECT_TRUE(finishesBeforeTheCancellation([] { bl::del_appender(manager(), "Cancel", "A"); }));
   EXPECT_EQ(testsupport::readFile(path_), "one\n");
+}
+
+TEST_F(Cancel, LetsTheReportOfALostMessageEnd) {
+  connect(bl::write_to_file(path_, false));
+  QMRK_LOG(log_) << "one";
+  const testsupport::FaultPlan plan(platform::Call::append, 1, platform::errorDiskFull);
+  EXPECT_TRUE(logs());
+}
+
+TEST_F(Cancel, LetsAMessageWaitForTheEndOfTheFlush) {
+  std::thread waiting;
+  bool isFinished = false;
+  int messages = 0;
+  bl::add_appender(
+      manager(), "Cancel",
+      [&](const std::string&, const std::string&) {
+        // What is logged in the first two rounds of the flush is kept for the next one, in the third one it waits.
+        if (++messages < 3) {
+          std::thread([this] { QMRK_LOG(log_) << "next round"; }).join();
+        } else if (messages == 3) {
+          std::atomic<std::uint32_t> id{0};
+          waiting = std::thread([this, &id, &isFinished] {
+            isFinished = finishesBeforeTheCancellation([this, &id] {
+              id = platform::threadId();
+              QMRK_LOG(log_) << "whole";
+            });
+          });
+          while (id == 0)
+            std::this_thread::yield();
+          EXPECT_TRUE(testsupport::waitUntilThreadSleeps(id));
+        }
+      },
+      "A", 100);
+  QMRK_LOG(log_) << "first round";
+  bl::flush_log_cache();
+  waiting.join();
+  EXPECT_TRUE(isFinished);
+  EXPECT_EQ(messages, 4);
 }
 
 }  // namespace
