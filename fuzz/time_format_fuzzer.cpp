@@ -10,7 +10,7 @@
 #include <string_view>
 #include <utility>
 
-#include "logmanager/modifiers/time_format.h"
+#include "logmanager/modifiers/time_stamp.h"
 
 namespace {
 

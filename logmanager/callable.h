@@ -5,8 +5,7 @@
 #include <string>
 
 #include "boost/logging/callables.hpp"
-#include "logmanager/appender_gate.h"
-#include "logmanager/appenders/own_appender.h"
+#include "logmanager/appenders/appender_gate.h"
 
 namespace boost::logging::detail {
 
@@ -15,23 +14,29 @@ enum class CallableKind { modifier, appender };
 /// An appender or a modifier as one set-up call added it; all logs that it is connected to share it. Does not change
 /// once it is connected.
 struct Callable {
+  Callable(const boost::logging::modifier& _modifier, const std::string& _name, int _index);
+  Callable(const boost::logging::appender& _appender, const std::string& _name, int _index);
+  Callable(const Callable&) = delete;
+  Callable& operator=(const Callable&) = delete;
+
   CallableKind kind;
   std::string name;
   int index;
   /// Of the two exactly one is set.
   boost::logging::modifier modify;
   boost::logging::appender append;
-  /// Set for an appender that must not be entered by two threads at once.
+  /// What a write_to_file or a ts_appender leads to, which is called without the detour through the function object;
+  /// null for others.
+  SharedAppendFile* file = nullptr;
+  BatchHandle* writer = nullptr;
+  /// Set for an appender that must not be entered by two threads at once: any but the manager's own.
   std::unique_ptr<AppenderGate> gate;
-  /// Of append.
-  OwnAppender own{append};
 };
 
 using SharedCallable = std::shared_ptr<const Callable>;
 
+// They tell the two constructors apart for functions that both would take.
 SharedCallable makeModifier(const boost::logging::modifier& _modifier, const std::string& _name, int _index);
-
-/// An appender other than the manager's own gets a gate.
 SharedCallable makeAppender(const boost::logging::appender& _appender, const std::string& _name, int _index);
 
 }  // namespace boost::logging::detail

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "logmanager/callable.h"
@@ -29,5 +32,15 @@ struct CallableSet {
   /// Whether the plan is usable and all appenders are write_to_file: nothing foreign has to be called.
   bool isForFilesOnly = false;
 };
+
+/// Delivers a message through the modifiers to the appenders. Exceptions of callables are contained, the others still
+/// get the message. A message that is logged inside eight others is dropped and reported: it would never end.
+/// @param _thread the state of the calling thread.
+/// @param _callables may be null: none.
+/// @param _text the message as it was logged.
+/// @param _line working memory, in which the modifiers make the line; _text is not part of it.
+/// @param _time as for MessageScope.
+void deliverThrough(ThreadState& _thread, const CallableSet* _callables, const std::string& _logName,
+                    std::string_view _text, std::string& _line, std::int64_t _time) noexcept;
 
 }  // namespace boost::logging::detail

@@ -16,12 +16,12 @@ Context& enterContext(const Log& _log) {
   // Who has found the log on finds the callables with which it was switched on, or later ones.
   static_cast<void>(_log.enabled.load(std::memory_order_acquire));
   ThreadState& state = threadState();
-  Context* context = state.usualContext;
+  Context* context = state.lastContext;
   const CallableSet* callables = nullptr;
   if (context == nullptr || !context->tryHold(_log.callables, callables)) {
     context = &contexts().hold(_log.callables, callables);
     // An inner statement does not take the place of the outer one's context.
-    if (state.innermost == nullptr) state.usualContext = context;
+    if (state.innermost == nullptr) state.lastContext = context;
   }
   context->callables = callables;
   context->log = &_log;

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "logmanager/context.h"
+#include "platform/fork_handlers.h"
 
 namespace boost::logging {
 
@@ -133,5 +134,24 @@ default_log_manager::Sets default_log_manager::takeUnused() noexcept {
   }
   return {};
 }
+
+default_log_manager& get_default_log_manager() {
+  // Never destroyed: what is logged by static destructors still works.
+  static default_log_manager* const manager = [] {
+    auto* const created = new default_log_manager;
+    platform::registerForkHandlers([] { get_default_log_manager().lockForFork(); },
+                                   [] { get_default_log_manager().unlockAfterFork(); },
+                                   [] { get_default_log_manager().restartInChild(); });
+    return created;
+  }();
+  return *manager;
+}
+
+namespace {
+
+// At the latest when the library is loaded: a forked child could find the guard of the first call taken for ever.
+[[maybe_unused]] const bool isMade = (get_default_log_manager(), true);
+
+}  // namespace
 
 }  // namespace boost::logging

@@ -12,7 +12,7 @@
 #include "logmanager/enable_rules.h"
 #include "logmanager/log_registry.h"
 #include "logmanager/set_up_calls.h"
-#include "logmanager/threads/retired_objects.h"
+#include "logmanager/threads/slot_pool.h"
 
 namespace boost::logging {
 

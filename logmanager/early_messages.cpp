@@ -6,9 +6,9 @@
 #include <string>
 #include <utility>
 
-#include "logmanager/appenders/exception_report.h"
+#include "logmanager/appenders/failure_report.h"
+#include "logmanager/callable_set.h"
 #include "logmanager/context.h"
-#include "logmanager/dispatch.h"
 #include "logmanager/threads/process_lock.h"
 #include "logmanager/threads/thread_state.h"
 #include "platform/clock.h"
@@ -17,15 +17,15 @@ namespace boost::logging::detail {
 namespace {
 
 /// In how many rounds of a flush other threads go on without waiting.
-constexpr int OPEN_ROUNDS = 2;
+constexpr int openRounds = 2;
 /// A flush that delivers nothing for so long may itself wait for a thread that logs.
-constexpr std::chrono::seconds STANDSTILL{2};
+constexpr std::chrono::seconds standstill{2};
 
 void deliver(const Log& _log, std::int64_t _time, std::string_view _text) noexcept {
   if (!_log.enabled.load(std::memory_order_relaxed)) return;
   try {
     Context& context = enterContext(_log);
-    if (isStillOn(context)) passThrough(*context.thread, context.callables, _log.name, _text, context.line, _time);
+    if (isStillOn(context)) deliverThrough(*context.thread, context.callables, _log.name, _text, context.line, _time);
     leaveContext(context);
   } catch (...) {
     reportException("log cache", _log.name);
@@ -68,7 +68,7 @@ void EarlyMessages::waitWhileFlushAdvances(std::unique_lock<std::mutex>& _lock) 
   std::uint64_t before = 0;
   do {
     before = delivered_.load(std::memory_order_relaxed);
-    if (done_.wait_for(_lock, STANDSTILL, [this] { return !isFlushing(); })) return;
+    if (done_.wait_for(_lock, standstill, [this] { return !isFlushing(); })) return;
   } while (delivered_.load(std::memory_order_relaxed) != before);
 }
 
@@ -95,7 +95,7 @@ void EarlyMessages::flush() {
 
 void EarlyMessages::deliverRounds(std::unique_lock<std::mutex>& _lock) {
   for (int round = 0; !cache_.isEmpty() || cache_.dropped() > 0; ++round) {
-    if (round == OPEN_ROUNDS) phase_.store(Phase::lastRound, std::memory_order_relaxed);
+    if (round == openRounds) phase_.store(Phase::lastRound, std::memory_order_relaxed);
     const MessageCache kept = std::exchange(cache_, MessageCache());
     _lock.unlock();
     deliverAll(kept);

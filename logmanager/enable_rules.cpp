@@ -28,9 +28,9 @@ EnableRules::Rule& EnableRules::at(const NamePattern& _pattern) {
 // A call for all logs overrules what came before. The same patterns usually follow it again, so their rules keep their
 // places unless most of them turn out to be no longer called.
 void EnableRules::forgetOverruled() noexcept {
-  constexpr std::uint64_t few = 64;
+  constexpr std::uint64_t staleRuleSlack = 64;
   const std::uint64_t calls = sequence_ - forAll_.sequence;
-  if (size() <= 2 * std::max(calls, usualCalls_) + few) return;
+  if (size() <= 2 * std::max(calls, usualCalls_) + staleRuleSlack) return;
   const auto isOverruled = [this](const Rule& _rule) { return _rule.sequence < forAll_.sequence; };
   std::erase_if(plain_, [&isOverruled](const auto& _entry) { return isOverruled(_entry.second); });
   wild_.eraseIf(isOverruled);

@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "logmanager/names/glob_index.h"
-#include "logmanager/names/name_hash.h"
 #include "logmanager/names/name_pattern.h"
 
 namespace boost::logging::detail {

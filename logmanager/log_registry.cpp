@@ -6,7 +6,7 @@
 namespace boost::logging::detail {
 namespace {
 
-constexpr int MOST_PARENTS = 32;
+constexpr int mostParents = 32;
 
 }  // namespace
 
@@ -43,7 +43,7 @@ void LogRegistry::leave(Log& _log) noexcept {
 void LogRegistry::noteParents(std::string_view _name) {
   std::string_view::size_type dot = _name.find('.');
   for (int count = 0; dot != std::string_view::npos; dot = _name.find('.', dot + 1)) {
-    if (++count > MOST_PARENTS) {
+    if (++count > mostParents) {
       hasDeepNames_ = true;
       return;
     }

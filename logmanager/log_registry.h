@@ -12,8 +12,6 @@
 
 #include "logmanager/log.h"
 #include "logmanager/names/glob.h"
-#include "logmanager/names/name_hash.h"
-#include "logmanager/names/name_order.h"
 #include "logmanager/names/name_pattern.h"
 
 namespace boost::logging::detail {

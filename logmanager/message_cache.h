@@ -15,9 +15,9 @@ struct Log;
 /// empty, no more messages than bytes); the oldest are dropped first. Not synchronised.
 class MessageCache {
  public:
-  static constexpr std::size_t USUAL_LIMIT = std::size_t{1024} * 1024;
+  static constexpr std::size_t usualLimit = std::size_t{1024} * 1024;
 
-  explicit MessageCache(std::size_t _limit = USUAL_LIMIT) : limit_(_limit) {}
+  explicit MessageCache(std::size_t _limit = usualLimit) : limit_(_limit) {}
 
   /// @param _time in milliseconds since 1970.
   void add(const Log& _log, std::int64_t _time, std::string_view _text);

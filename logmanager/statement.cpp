@@ -3,10 +3,12 @@
 #include <string_view>
 
 #include "boost/logging/logger.hpp"
-#include "logmanager/appenders/exception_report.h"
+#include "logmanager/appenders/failure_report.h"
+#include "logmanager/appenders/shared_append_file.h"
+#include "logmanager/appenders/ts_appender.h"
+#include "logmanager/callable_set.h"
 #include "logmanager/context.h"
 #include "logmanager/default_log_manager.h"
-#include "logmanager/dispatch.h"
 #include "logmanager/threads/thread_state.h"
 #include "platform/cancellation.h"
 #include "platform/clock.h"
@@ -26,7 +28,7 @@ void deliver(Context& _context, std::string_view _message) noexcept {
     if (earlyMessages().keep(*_context.log, _message)) return;
     followSetUp(_context);
     if (!isStillOn(_context)) return;
-    passThrough(*_context.thread, _context.callables, _context.log->name, _message, _context.line, 0);
+    deliverThrough(*_context.thread, _context.callables, _context.log->name, _message, _context.line, 0);
     if (_context.line.capacity() > largestKeptLine) std::string().swap(_context.line);
   } catch (...) {
     reportException("log cache", _context.log->name);
@@ -44,7 +46,7 @@ Lane* laneWithRoom(Context& _context, std::size_t _size) {
 void writeToFile(const Callable& _appender, std::string_view _line, std::int64_t _now,
                  const std::string& _logName) noexcept {
   try {
-    _appender.own.appendToFile(_line, _now);
+    _appender.file->append(_line, _now);
   } catch (...) {
     reportException(_appender.name, _logName);
   }

@@ -3,15 +3,31 @@
 
 #include <cstddef>
 #include <memory>
+#include <streambuf>
 #include <string_view>
 
 #include "boost/logging/detail/log_stream.hpp"
 #include "logmanager/appenders/lane.h"
-#include "logmanager/line_buffer.h"
 
 namespace boost::logging::detail {
 
 class Context;
+class StatementStream;
+
+/// Takes what the machinery of std::ostream makes, which goes behind the text of the stream. Has no memory of its own.
+class LineBuffer : public std::streambuf {
+ public:
+  explicit LineBuffer(StatementStream& _stream) : stream_(_stream) {}
+
+ protected:
+  int_type overflow(int_type _character) override;
+  std::streamsize xsputn(const char* _text, std::streamsize _size) override;
+  /// Tells the position, for tellp(); nothing else.
+  pos_type seekoff(off_type _offset, std::ios_base::seekdir _from, std::ios_base::openmode _which) override;
+
+ private:
+  StatementStream& stream_;
+};
 
 /// The stream of a context, with its text: in memory of its own, or in the room of a lane, where it is when the
 /// statement ends. Its locale is the classic one, whatever the global locale is. One thread at a time may use an

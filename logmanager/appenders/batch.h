@@ -4,13 +4,28 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
-#include "logmanager/appenders/lane.h"
+#include "logmanager/modifiers/line_plan.h"
 #include "logmanager/threads/thread_state.h"
 #include "platform/tick_clock.h"
 
 namespace boost::logging::detail {
+
+/// A message on its way to a writer thread; its text follows it in memory.
+struct Record {
+  /// Its place among the messages of all lanes.
+  std::uint64_t stamp;
+  /// When it was logged; of a message with a plan.
+  std::uint64_t ticks;
+  /// How the message becomes a line; null when it is one. Both live as long as the process.
+  const LinePlan* plan;
+  const std::string* logName;
+  std::size_t size;
+
+  std::string_view text() const { return {reinterpret_cast<const char*>(this + 1), size}; }
+};
 
 /// Lines for one call of a wrapped appender.
 struct Batch {

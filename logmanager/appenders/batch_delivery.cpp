@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "logmanager/appenders/exception_report.h"
-#include "logmanager/appenders/own_appender.h"
+#include "logmanager/appenders/failure_report.h"
+#include "logmanager/appenders/shared_append_file.h"
 #include "platform/append_file.h"
 #include "platform/clock.h"
 
@@ -38,9 +38,10 @@ BatchDelivery::Result BatchDelivery::deliver(bool _isLast) noexcept {
 
 void BatchDelivery::callWrapped() {
   try {
-    // Losses of a file are counted by messages.
-    const SharedAppendFile::Messages messages{batch_.text, batch_.ends};
-    if (!OwnAppender(wrapped_).appendTogether(messages, platform::wallClockMilliseconds())) {
+    if (SharedAppendFile* const file = SharedAppendFile::of(wrapped_)) {
+      // Its losses are counted by messages.
+      file->append({batch_.text, batch_.ends}, platform::wallClockMilliseconds());
+    } else {
       wrapped_(std::string(), batch_.text);
     }
   } catch (...) {
@@ -57,7 +58,7 @@ void BatchDelivery::watch() { appends_.watchThisThread(); }
 
 bool BatchDelivery::settle() {
   const Stage stage = stage_.load(std::memory_order_acquire);
-  const bool isInForeign = stage == Stage::calling && wrapped_.target<write_to_file>() == nullptr;
+  const bool isInForeign = stage == Stage::calling && SharedAppendFile::of(wrapped_) == nullptr;
   const bool isDelivered = stage == Stage::called || (stage == Stage::calling && appends_.hasAppended());
   if (isDelivered || isInForeign) {
     queue_.consume();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
 #include <atomic>
 #include <boost/thread/condition_variable.hpp>
 #include <boost/thread/mutex.hpp>
@@ -12,10 +13,33 @@
 
 #include "boost/logging/callables.hpp"
 #include "logmanager/appenders/batch_delivery.h"
-#include "logmanager/appenders/message_gaps.h"
 #include "logmanager/appenders/message_queue.h"
 
 namespace boost::logging::detail {
+
+/// Learns from the times between messages whether the next one is to be expected shortly. A value.
+class MessageGaps {
+ public:
+  using Duration = std::chrono::steady_clock::duration;
+  using Time = std::chrono::steady_clock::time_point;
+
+  /// To be called when messages were found, not more often than they are looked for.
+  void noteArrival(Time _now) {
+    average_ = (average_ + std::min<Duration>(_now - latest_, longest)) / 2;
+    latest_ = _now;
+  }
+
+  /// Whether a message is to be expected within the duration: they came at such a rate, and have not stopped to.
+  bool isOneExpectedWithin(Duration _duration, Time _now) const {
+    return average_ < _duration && _now - latest_ < _duration;
+  }
+
+ private:
+  static constexpr std::chrono::milliseconds longest{50};
+
+  Duration average_ = longest;
+  Time latest_;
+};
 
 /// Hands what callers leave in a queue to the wrapped appender: by a thread, which somebody else starts, as long as
 /// there is one, else on the thread of the caller. Functions may be called from any thread at once unless said
@@ -23,8 +47,6 @@ namespace boost::logging::detail {
 class BatchWriter {
  public:
   BatchWriter(const appender& _wrapped, int _sleepMs);
-  BatchWriter(const BatchWriter&) = delete;
-  BatchWriter& operator=(const BatchWriter&) = delete;
 
   MessageQueue& queue() { return queue_; }
 

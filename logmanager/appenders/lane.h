@@ -5,25 +5,31 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
-#include <string_view>
 
-#include "logmanager/appenders/held_bytes.h"
-#include "logmanager/modifiers/line_plan.h"
+#include "logmanager/appenders/batch.h"
 
 namespace boost::logging::detail {
 
-/// A message on its way to a writer thread; its text follows it in memory.
-struct Record {
-  /// Its place among the messages of all lanes.
-  std::uint64_t stamp;
-  /// When it was logged; of a message with a plan.
-  std::uint64_t ticks;
-  /// How the message becomes a line; null when it is one. Both live as long as the process.
-  const LinePlan* plan;
-  const std::string* logName;
-  std::size_t size;
+/// The bytes that all lanes of one writer have asked the system for, up to a limit. Any thread.
+class HeldBytes {
+ public:
+  explicit HeldBytes(std::size_t _limit) : limit_(_limit) {}
 
-  std::string_view text() const { return {reinterpret_cast<const char*>(this + 1), size}; }
+  /// @return false, and nothing is noted, when the limit would be passed.
+  bool add(std::size_t _size) {
+    std::size_t bytes = bytes_.load(std::memory_order_relaxed);
+    do {
+      if (_size > limit_ || bytes > limit_ - _size) return false;
+    } while (!bytes_.compare_exchange_weak(bytes, bytes + _size, std::memory_order_relaxed));
+    return true;
+  }
+
+  void remove(std::size_t _size) { bytes_.fetch_sub(_size, std::memory_order_relaxed); }
+  bool isHalfEmpty() const { return bytes_.load(std::memory_order_relaxed) <= limit_ / 2; }
+
+ private:
+  const std::size_t limit_;
+  std::atomic<std::size_t> bytes_{0};
 };
 
 /// A way from one thread at a time to a writer thread: a ring of records, followed by further rings while the writer is

@@ -4,16 +4,18 @@
 #include <algorithm>
 #include <utility>
 
-#include "logmanager/appenders/loss_report.h"
+#include "logmanager/appenders/failure_report.h"
+#include "logmanager/threads/thread_state.h"
 #include "platform/cancellation.h"
 
-namespace boost::logging::detail {
+namespace boost::logging {
+namespace detail {
 namespace {
 
 using platform::AppendFile;
 
 /// A file that is gone from its path is to be recreated within a second.
-constexpr std::int64_t CHECK_INTERVAL = 500;
+constexpr std::int64_t checkInterval = 500;
 
 }  // namespace
 
@@ -31,7 +33,13 @@ class SharedAppendFile::Locked {
   platform::CancellationDelay delay_;
 };
 
-SharedAppendFile::SharedAppendFile(const std::string& _path, bool _overwrite) : path_(_path), isToEmpty_(_overwrite) {}
+SharedAppendFile::SharedAppendFile(const std::string& _path, bool _overwrite)
+    : path_(_path), truncateOnOpen_(_overwrite) {}
+
+SharedAppendFile* SharedAppendFile::of(const appender& _appender) {
+  const auto* const toFile = _appender.target<write_to_file>();
+  return toFile != nullptr ? toFile->file_.get() : nullptr;
+}
 
 std::uint64_t SharedAppendFile::Messages::countBeyond(std::size_t _size) const {
   return static_cast<std::uint64_t>(ends.end() - std::ranges::upper_bound(ends, _size));
@@ -39,8 +47,8 @@ std::uint64_t SharedAppendFile::Messages::countBeyond(std::size_t _size) const {
 
 void SharedAppendFile::append(const Messages& _messages, std::int64_t _now) {
   if (isCheckDue(_now)) check();
-  if (needsCare_.load(std::memory_order_acquire)) {
-    appendWithCare(_messages);
+  if (needsRepair_.load(std::memory_order_acquire)) {
+    repairAndAppend(_messages);
     return;
   }
   const AppendFile::Result result = file_->append(_messages.text.data(), _messages.text.size());
@@ -50,7 +58,7 @@ void SharedAppendFile::append(const Messages& _messages, std::int64_t _now) {
 // The clock may be set back, and messages that were kept carry the time of their logging.
 bool SharedAppendFile::isCheckDue(std::int64_t _now) {
   std::int64_t checkedAt = checkedAt_.load(std::memory_order_relaxed);
-  if (_now >= checkedAt && _now - checkedAt < CHECK_INTERVAL) return false;
+  if (_now >= checkedAt && _now - checkedAt < checkInterval) return false;
   return checkedAt_.compare_exchange_strong(checkedAt, _now, std::memory_order_relaxed);
 }
 
@@ -58,7 +66,7 @@ void SharedAppendFile::check() {
   const Locked locked(*this);
   if (!file_ || file_->isStillAt(path_)) return;
   isGone_ = true;
-  needsCare_.store(true, std::memory_order_release);
+  needsRepair_.store(true, std::memory_order_release);
 }
 
 void SharedAppendFile::noteFailure(const Messages& _messages, const AppendFile::Result& _result) {
@@ -66,12 +74,12 @@ void SharedAppendFile::noteFailure(const Messages& _messages, const AppendFile::
   {
     const Locked locked(*this);
     lost = trouble_.noteResult(0, _messages, _result);
-    needsCare_.store(true, std::memory_order_release);
+    needsRepair_.store(true, std::memory_order_release);
   }
   reportLoss(path_, lost, _result.error);
 }
 
-void SharedAppendFile::appendWithCare(const Messages& _messages) {
+void SharedAppendFile::repairAndAppend(const Messages& _messages) {
   AppendFile::Result result{0, platform::noError};
   std::uint64_t lost = 0;
   {
@@ -89,7 +97,7 @@ void SharedAppendFile::appendWithCare(const Messages& _messages) {
     } else {
       lost = trouble_.noteResult(0, _messages, result);
     }
-    if (trouble_.lost == 0) needsCare_.store(false, std::memory_order_release);
+    if (trouble_.lost == 0) needsRepair_.store(false, std::memory_order_release);
   }
   if (result.error != platform::noError) reportLoss(path_, lost, result.error);
 }
@@ -98,23 +106,23 @@ platform::ErrorCode SharedAppendFile::openWhenGone() {
   if (!isGone_) return platform::noError;
   const platform::ErrorCode error = open();
   if (error != platform::noError) return error;
-  isToEmpty_ = false;
+  truncateOnOpen_ = false;
   isGone_ = false;
   trouble_.isFragment = !file_->endsInLineFeed();
   return platform::noError;
 }
 
 platform::ErrorCode SharedAppendFile::open() {
-  if (file_) return file_->reopen(path_, isToEmpty_);
+  if (file_) return file_->reopen(path_, truncateOnOpen_);
   platform::ErrorCode error = platform::noError;
-  file_ = AppendFile::open(path_, isToEmpty_, error);
+  file_ = AppendFile::open(path_, truncateOnOpen_, error);
   return file_ ? platform::noError : error;
 }
 
 // A thread that is gone held the lock, perhaps to open the file.
 void SharedAppendFile::restartInChild() {
-  needsCare_.store(true, std::memory_order_release);
-  isToEmpty_ = false;
+  needsRepair_.store(true, std::memory_order_release);
+  truncateOnOpen_ = false;
   isGone_ = !file_ || !file_->isStillAt(path_);
   trouble_ = Trouble();
   trouble_.isFragment = !isGone_ && !file_->endsInLineFeed();
@@ -143,4 +151,13 @@ std::uint64_t SharedAppendFile::Trouble::noteResult(std::size_t _front, const Me
   return count;
 }
 
-}  // namespace boost::logging::detail
+}  // namespace detail
+
+write_to_file::write_to_file(const std::string& _fileName, bool _overwrite)
+    : file_(new detail::SharedAppendFile(_fileName, _overwrite)) {}
+
+void write_to_file::operator()(const std::string& /*_logName*/, const std::string& _message) const {
+  file_->append(_message, detail::messageTime(detail::threadState()));
+}
+
+}  // namespace boost::logging

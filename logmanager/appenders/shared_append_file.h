@@ -8,20 +8,25 @@
 #include <string>
 #include <string_view>
 
+#include "boost/logging/callables.hpp"
 #include "logmanager/threads/process_lock.h"
 #include "platform/append_file.h"
 
 namespace boost::logging::detail {
 
-/// A log file that threads and processes share, and that stays usable whatever happens to it: opened by the first
-/// message, recreated when it is gone from its path, tried again after a failure. All functions may be called from any
-/// thread at once. As long as all goes well a message takes no lock and costs one call of the system.
+/// What the copies of a write_to_file share: a log file that many threads and processes append to, and that stays
+/// usable whatever happens to it: opened by the first message, recreated when it is gone from its path, tried again
+/// after a failure. All functions may be called from any thread at once. As long as all goes well a message takes no
+/// lock and costs one call of the system.
 class SharedAppendFile {
  public:
   /// @param _overwrite whether the first opening empties the file.
   SharedAppendFile(const std::string& _path, bool _overwrite);
   SharedAppendFile(const SharedAppendFile&) = delete;
   SharedAppendFile& operator=(const SharedAppendFile&) = delete;
+
+  /// The file that a write_to_file appends to; null for any other appender.
+  static SharedAppendFile* of(const appender& _appender);
 
   /// Texts that are appended together.
   struct Messages {
@@ -65,7 +70,7 @@ class SharedAppendFile {
   bool isCheckDue(std::int64_t _now);
   void check();
   void noteFailure(const Messages& _messages, const platform::AppendFile::Result& _result);
-  void appendWithCare(const Messages& _messages);
+  void repairAndAppend(const Messages& _messages);
   platform::ErrorCode openWhenGone();
   platform::ErrorCode open();
   void restartInChild();
@@ -75,11 +80,11 @@ class SharedAppendFile {
   std::unique_ptr<platform::AppendFile> file_;
   /// Whether the next message has to take the lock, to open the file or because of trouble. False only once the file
   /// is there.
-  std::atomic<bool> needsCare_{true};
+  std::atomic<bool> needsRepair_{true};
   std::atomic<std::int64_t> checkedAt_{0};
 
   ProcessLock lock_;
-  bool isToEmpty_;
+  bool truncateOnOpen_;
   bool isGone_ = true;
   Trouble trouble_;
 };

@@ -1,19 +1,216 @@
 // SPDX-License-Identifier: MIT
 #include "logmanager/appenders/ts_appender.h"
 
+#include <algorithm>
+#include <atomic>
 #include <boost/chrono/duration.hpp>
 #include <boost/thread/thread.hpp>
+#include <chrono>
+#include <cstdlib>
+#include <mutex>
+#include <utility>
+#include <vector>
 
-#include "logmanager/appenders/writer_threads.h"
+#include "boost/logging/detail/program_end.hpp"
+#include "platform/all_signals_blocked.h"
 #include "platform/cancellation.h"
+#include "platform/fork_handlers.h"
+#include "platform/process.h"
 
 namespace boost::logging {
 namespace detail {
 namespace {
 
+using std::chrono::steady_clock;
+
 constexpr boost::chrono::milliseconds startDelay{100};
 
+/// How long the end of the process waits for all messages to be delivered.
+constexpr std::chrono::seconds exitTimeout{5};
+/// The end of a thread that has nothing left to do takes an instant, or for ever while the system holds up the ends of
+/// threads, as Windows does when it unloads a library.
+constexpr boost::chrono::milliseconds joinTimeout{100};
+
+/// The sources of the program that include the log manager and are not destroyed yet.
+constinit std::atomic<int> sourcesOfProgram{0};
+
+/// All batch writers that are in use, and their threads, which it owns. When the process exits normally or the library
+/// is unloaded, all messages are delivered; afterwards no thread is started any more. All functions may be called from
+/// any thread.
+class WriterThreads {
+ public:
+  /// For the end of the process or of the library: waits until all messages are delivered, for a few seconds at most.
+  /// Messages that come later are delivered on their callers' threads. To be called again without harm.
+  void finishAll();
+
+  /// To be called before the writer gets a message, so that a fork finds it. May throw std::bad_alloc.
+  void add(const std::shared_ptr<BatchWriter>& _writer);
+
+  /// To be called when the writer gets no more messages. Its thread, if there is one, may still be at work.
+  void remove(const BatchWriter& _writer);
+
+  /// Starts the thread of a writer that has none; where none is to be had, the writer delivers on its callers' threads.
+  /// @return whether this call started it.
+  bool start(BatchWriter& _writer);
+
+ private:
+  struct WriterThread {
+    std::shared_ptr<BatchWriter> writer;
+    /// Null until it is started.
+    std::unique_ptr<boost::thread> thread;
+  };
+
+  static void atExit();
+  static void beforeFork();
+  static void afterForkInParent();
+  static void afterForkInChild();
+  void setUp();
+  bool tryStart(BatchWriter& _writer);
+  std::vector<WriterThread>::iterator placeOf(const BatchWriter& _writer);
+  void joinEnded();
+  static void join(const WriterThread& _one, std::chrono::steady_clock::time_point _deadline);
+
+  std::mutex lock_;
+  std::vector<WriterThread> threads_;
+  bool isSetUp_ = false;
+  bool isOver_ = false;
+};
+
+/// The one list of the process, never destroyed.
+WriterThreads& writerThreads() {
+  static auto* const all = new WriterThreads;
+  return *all;
+}
+
+bool isGone(boost::thread& _thread) {
+  if (_thread.get_id() == boost::this_thread::get_id()) return false;
+  return !_thread.joinable() || _thread.try_join_for(boost::chrono::milliseconds(0));
+}
+
+void WriterThreads::add(const std::shared_ptr<BatchWriter>& _writer) {
+  const std::lock_guard<std::mutex> lock(lock_);
+  setUp();
+  joinEnded();
+  threads_.push_back(WriterThread{_writer, nullptr});
+}
+
+void WriterThreads::remove(const BatchWriter& _writer) {
+  std::shared_ptr<BatchWriter> removed;
+  const std::lock_guard<std::mutex> lock(lock_);
+  const auto place = placeOf(_writer);
+  if (place == threads_.end() || place->thread != nullptr) return;
+  removed = std::move(place->writer);
+  threads_.erase(place);
+}
+
+bool WriterThreads::start(BatchWriter& _writer) {
+  if (!_writer.noteThread()) return false;
+  if (tryStart(_writer)) return true;
+  _writer.noteNoThread();
+  return false;
+}
+
+bool WriterThreads::tryStart(BatchWriter& _writer) {
+  const std::lock_guard<std::mutex> lock(lock_);
+  const auto place = placeOf(_writer);
+  if (isOver_ || place == threads_.end()) return false;
+  try {
+    const platform::AllSignalsBlocked blocked;
+    place->thread.reset(new boost::thread([&_writer] { _writer.run(); }));
+    return true;
+  } catch (...) {
+    return false;
+  }
+}
+
+std::vector<WriterThreads::WriterThread>::iterator WriterThreads::placeOf(const BatchWriter& _writer) {
+  return std::ranges::find(threads_, &_writer, [](const WriterThread& _one) { return _one.writer.get(); });
+}
+
+// A thread that has delivered everything may still be destroying the wrapped appender.
+void WriterThreads::join(const WriterThread& _one, steady_clock::time_point _deadline) {
+  boost::thread& thread = *_one.thread;
+  if (!thread.joinable() || thread.get_id() == boost::this_thread::get_id()) return;
+  while (!_one.writer->hasEnded() && steady_clock::now() < _deadline) {
+    if (thread.try_join_for(boost::chrono::milliseconds(10))) return;
+  }
+  if (_one.writer->hasEnded()) thread.try_join_for(joinTimeout);
+}
+
+// In a shared library the function for the exit is called at the latest when the library is unloaded.
+void WriterThreads::setUp() {
+  if (isSetUp_) return;
+  std::atexit(&WriterThreads::atExit);
+  platform::registerForkHandlers(&WriterThreads::beforeFork, &WriterThreads::afterForkInParent,
+                                 &WriterThreads::afterForkInChild);
+  isSetUp_ = true;
+}
+
+void WriterThreads::joinEnded() {
+  std::erase_if(threads_, [](const WriterThread& _one) {
+    return _one.thread != nullptr && _one.writer->hasEnded() && _one.thread->try_join_for(joinTimeout);
+  });
+}
+
+void WriterThreads::atExit() { writerThreads().finishAll(); }
+
+void WriterThreads::finishAll() {
+  std::vector<WriterThread> threads;
+  {
+    const std::lock_guard<std::mutex> lock(lock_);
+    isOver_ = true;
+    threads.swap(threads_);
+  }
+  std::erase_if(threads, [](const WriterThread& _one) { return _one.thread == nullptr; });
+  const auto deadline = steady_clock::now() + exitTimeout;
+  for (const WriterThread& one : threads)
+    one.writer->finish(deadline, [&one] { return isGone(*one.thread); });
+  for (const WriterThread& one : threads)
+    join(one, deadline);
+  // A thread that is still somewhere needs its writer.
+  static auto* const finished = new std::vector<WriterThread>;
+  finished->swap(threads);
+}
+
+void WriterThreads::beforeFork() {
+  WriterThreads& all = writerThreads();
+  all.lock_.lock();
+  for (const WriterThread& one : all.threads_)
+    one.writer->lockForFork();
+}
+
+void WriterThreads::afterForkInParent() {
+  WriterThreads& all = writerThreads();
+  for (const WriterThread& one : all.threads_)
+    one.writer->unlockAfterFork();
+  all.lock_.unlock();
+}
+
+// The threads of the parent cannot be joined here.
+void WriterThreads::afterForkInChild() {
+  static auto* const ofParent = new std::vector<std::unique_ptr<boost::thread>>;
+  WriterThreads& all = writerThreads();
+  for (WriterThread& one : all.threads_) {
+    one.writer->restartInChild();
+    if (one.thread != nullptr) ofParent->push_back(std::move(one.thread));
+  }
+  all.lock_.unlock();
+}
+
 }  // namespace
+
+program_end::program_end() noexcept {
+  if (platform::isDestroyedBeforeThreads(this)) sourcesOfProgram.fetch_add(1);
+}
+
+program_end::~program_end() {
+  if (platform::isDestroyedBeforeThreads(this) && sourcesOfProgram.fetch_sub(1) == 1) writerThreads().finishAll();
+}
+
+BatchHandle* BatchHandle::of(const appender& _appender) {
+  const auto* const toThread = _appender.target<ts_appender>();
+  return toThread != nullptr ? toThread->handle_.get() : nullptr;
+}
 
 BatchHandle::BatchHandle(const appender& _wrapped, int _sleepMs)
     : writer_(std::make_shared<BatchWriter>(_wrapped, _sleepMs)) {

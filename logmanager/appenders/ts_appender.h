@@ -16,6 +16,9 @@ class BatchHandle {
   BatchHandle(const BatchHandle&) = delete;
   BatchHandle& operator=(const BatchHandle&) = delete;
 
+  /// What a ts_appender leads to; null for any other appender.
+  static BatchHandle* of(const appender& _appender);
+
   MessageQueue& queue() const { return writer_->queue(); }
 
   /// Leaves the line for the thread, as an appender is called.

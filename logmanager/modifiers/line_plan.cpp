@@ -4,10 +4,11 @@
 #include <atomic>
 #include <cstring>
 
-#include "logmanager/modifiers/prepend_time_ms.h"
+#include "logmanager/modifiers/time_stamp.h"
 #include "logmanager/threads/thread_state.h"
 
-namespace boost::logging::detail {
+namespace boost::logging {
+namespace detail {
 namespace {
 
 using ModifierFunction = void (*)(const std::string&, std::string&);
@@ -98,4 +99,22 @@ const LinePlan* keptPlan(const LinePlan& _plan) {
   return &kept->plan;
 }
 
-}  // namespace boost::logging::detail
+}  // namespace detail
+
+prepend_time_ms::prepend_time_ms(const std::string& _format) : format_(new detail::TimeStamp(_format)) {}
+
+void prepend_time_ms::operator()(const std::string& /*_logName*/, std::string& _message) const {
+  detail::ThreadState& thread = detail::threadState();
+  std::string memory;
+  _message.insert(0, format_->text(detail::messageTime(thread), thread.timeText, memory));
+}
+
+// The room is made at once, so that the message moves once.
+void prepend_prefix(const std::string& _logName, std::string& _message) {
+  _message.insert(0, _logName.size() + detail::prefixSigns, ' ');
+  detail::putPrefix(_message.data(), _logName);
+}
+
+void append_enter(const std::string& /*_logName*/, std::string& _message) { _message += '\n'; }
+
+}  // namespace boost::logging

@@ -15,6 +15,9 @@ namespace boost::logging::detail {
 struct ThreadState;
 class TimeStamp;
 
+/// How many bytes a prefix has besides the name of the log.
+constexpr std::size_t prefixSigns = 3;
+
 /// How a message becomes a line when all modifiers of its log are the manager's own: what they put before and after the
 /// message is put together in one go, in place of insertions one after the other. The line is the same. A value.
 class LinePlan {
@@ -53,16 +56,12 @@ class LinePlan {
   /// How many line feeds end the line.
   std::size_t enterCount() const { return enterCount_; }
 
-  bool hasTime() const { return time_ != nullptr; }
-
   /// Makes the line of a message that the thread, whose state it is given, passes through callables. May throw
   /// std::bad_alloc.
   void makeLine(ThreadState& _thread, std::string_view _logName, std::string_view _message, std::string& _line) const;
 
  private:
   static constexpr std::size_t mostFronts = 4;
-  /// How many bytes the prefix has besides the name of the log.
-  static constexpr std::size_t prefixSigns = 3;
   enum class Front { time, prefix };
 
   bool include(const modifier& _modifier);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <string_view>
 
 namespace boost::logging::detail {
@@ -18,5 +20,80 @@ inline std::string_view globEnding(std::string_view _glob) { return _glob.substr
 
 /// Whether there is a text that both globs match.
 bool globsMeet(std::string_view _one, std::string_view _other);
+
+// The two sides from which names and the literal ends of globs are ordered and compared.
+
+/// From the first byte to the last: names with a common beginning are neighbours.
+struct FromBeginning {
+  static bool isLess(std::string_view _left, std::string_view _right) { return _left < _right; }
+  static bool has(std::string_view _name, std::string_view _literal) { return _name.starts_with(_literal); }
+  static std::string_view part(std::string_view _name, std::size_t _size) { return _name.substr(0, _size); }
+  /// How many bytes the two have in common.
+  static std::size_t common(std::string_view _left, std::string_view _right) {
+    return static_cast<std::size_t>(std::mismatch(_left.begin(), _left.end(), _right.begin(), _right.end()).first -
+                                    _left.begin());
+  }
+};
+
+/// From the last byte to the first: names with a common ending are neighbours.
+struct FromEnding {
+  static bool isLess(std::string_view _left, std::string_view _right) {
+    return std::lexicographical_compare(_left.rbegin(), _left.rend(), _right.rbegin(), _right.rend());
+  }
+  static bool has(std::string_view _name, std::string_view _literal) { return _name.ends_with(_literal); }
+  static std::string_view part(std::string_view _name, std::size_t _size) { return _name.substr(_name.size() - _size); }
+  static std::size_t common(std::string_view _left, std::string_view _right) {
+    return static_cast<std::size_t>(std::mismatch(_left.rbegin(), _left.rend(), _right.rbegin(), _right.rend()).first -
+                                    _left.rbegin());
+  }
+};
+
+template <typename Side>
+struct NameLess {
+  using is_transparent = void;
+  using NameSide = Side;
+  bool operator()(std::string_view _left, std::string_view _right) const { return Side::isLess(_left, _right); }
+};
+
+// Searches in a std::map that is ordered by NameLess. Each calls the test, bool(mapped value&), until it holds, and
+// returns whether it did. "Begins" stands for "ends" in a map ordered from the ending.
+
+/// Among the keys that the literal begins with.
+template <typename Map, typename Test>
+bool anyPartOf(Map& _map, std::string_view _literal, Test _test) {
+  using Side = typename Map::key_compare::NameSide;
+  // From the longest possible key to shorter ones. The greatest key that is not greater than a part of the literal is
+  // a part of it, or shows how long the next one can be.
+  std::size_t size = _literal.size();
+  while (true) {
+    auto place = _map.upper_bound(Side::part(_literal, size));
+    if (place == _map.begin()) return false;
+    --place;
+    const std::string_view key = place->first;
+    if (!Side::has(_literal, key)) {
+      size = Side::common(key, _literal);
+      continue;
+    }
+    if (_test(place->second)) return true;
+    if (key.empty()) return false;
+    size = key.size() - 1;
+  }
+}
+
+/// Among the keys that begin with the literal.
+template <typename Map, typename Test>
+bool anyExtensionOf(Map& _map, std::string_view _literal, Test _test) {
+  using Side = typename Map::key_compare::NameSide;
+  for (auto place = _map.lower_bound(_literal); place != _map.end() && Side::has(place->first, _literal); ++place) {
+    if (_test(place->second)) return true;
+  }
+  return false;
+}
+
+/// Among both.
+template <typename Map, typename Test>
+bool anyRelatedTo(Map& _map, std::string_view _literal, Test _test) {
+  return anyPartOf(_map, _literal, _test) || anyExtensionOf(_map, _literal, _test);
+}
 
 }  // namespace boost::logging::detail

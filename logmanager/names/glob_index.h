@@ -9,7 +9,6 @@
 #include <string_view>
 
 #include "logmanager/names/glob.h"
-#include "logmanager/names/name_order.h"
 
 namespace boost::logging::detail {
 

@@ -7,7 +7,7 @@
 namespace boost::logging::detail {
 namespace {
 
-constexpr std::uint32_t STAMP_STEP = 4;
+constexpr std::uint32_t stampStep = 8;
 
 // Before main, or when the library is loaded: a lock can be taken without any other call of the manager.
 [[maybe_unused]] const bool isRegistered = [] {
@@ -17,41 +17,48 @@ constexpr std::uint32_t STAMP_STEP = 4;
 
 }  // namespace
 
-constinit std::atomic<std::uint32_t> stampOfThisProcess{STAMP_STEP};
+constinit std::atomic<std::uint32_t> stampOfThisProcess{stampStep};
 
 void freeLocksOfEndedThreads() {
-  stampOfThisProcess.fetch_add(STAMP_STEP, std::memory_order_relaxed);
+  stampOfThisProcess.fetch_add(stampStep, std::memory_order_relaxed);
   InsideMark::keepInChild(threadState());
-}
-
-// NOLINTNEXTLINE(readability-identifier-naming): Lockable's name
-bool ProcessLock::try_lock() {
-  const std::uint32_t own = processStamp();
-  std::uint32_t word = word_.load(std::memory_order_relaxed);
-  while (word == FREE || (word & ~STATE) != own) {
-    if (word_.compare_exchange_weak(word, own | HELD, std::memory_order_acquire, std::memory_order_relaxed)) {
-      return true;
-    }
-  }
-  return false;
 }
 
 // Whoever has waited takes the lock as one that others await, since it cannot know.
 bool ProcessLock::lockSlowly(std::uint32_t _word) {
-  const std::uint32_t awaited = processStamp() | HELD | AWAITED;
+  const std::uint32_t mine = processStamp() | heldBit | awaitedBit;
   while (true) {
-    const bool isFree = _word == FREE;
-    const bool isLeftByParent = !isFree && (_word & ~STATE) != (awaited & ~STATE);
-    if (_word != awaited) {
-      if (!word_.compare_exchange_weak(_word, awaited, std::memory_order_acquire, std::memory_order_relaxed)) continue;
-      if (isFree || isLeftByParent) return isFree;
+    if (isFreeHere(_word)) {
+      const bool isFree = _word == freeWord;
+      if (word_.compare_exchange_weak(_word, mine, std::memory_order_acquire, std::memory_order_relaxed)) {
+        return isFree;
+      }
+    } else if ((_word & awaitedBit) != 0 ||
+               word_.compare_exchange_weak(_word, _word | awaitedBit, std::memory_order_relaxed)) {
+      platform::sleepWhile(word_, _word | awaitedBit);
+      _word = word_.load(std::memory_order_relaxed);
     }
-    platform::sleepWhile(word_, awaited);
-    _word = word_.load(std::memory_order_relaxed);
   }
 }
 
-void ProcessLock::keepInChild() { word_.store(processStamp() | HELD, std::memory_order_relaxed); }
+bool ProcessLock::lockOrMark() {
+  std::uint32_t word = word_.load(std::memory_order_relaxed);
+  while (true) {
+    const bool isFree = isFreeHere(word);
+    const std::uint32_t next = isFree ? processStamp() | heldBit : word | markedBit;
+    if (word_.compare_exchange_weak(word, next, std::memory_order_acquire, std::memory_order_relaxed)) return isFree;
+  }
+}
+
+bool ProcessLock::unlockSlowly(std::uint32_t _word) {
+  do {
+    if ((_word & markedBit) != 0) return false;
+  } while (!word_.compare_exchange_weak(_word, freeWord, std::memory_order_release, std::memory_order_relaxed));
+  platform::wakeOne(word_);
+  return true;
+}
+
+void ProcessLock::keepInChild() { word_.store(processStamp() | heldBit, std::memory_order_relaxed); }
 
 InsideMark::InsideMark(ThreadState& _thread, ProcessLock& _lock)
     : thread_(_thread), lock_(_lock), outer_(_thread.innermostMark) {

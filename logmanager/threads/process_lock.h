@@ -13,12 +13,12 @@ struct ThreadState;
 /// What processStamp reads.
 extern constinit std::atomic<std::uint32_t> stampOfThisProcess;
 
-/// Differs from the stamp of every process that this one was forked from. The two lowest bits are free for others.
+/// Differs from the stamp of every process that this one was forked from. The three lowest bits are free for others.
 inline std::uint32_t processStamp() { return stampOfThisProcess.load(std::memory_order_relaxed); }
 
 /// A mutex that a fork cannot leave held: what a thread of the parent holds counts as free in the child, where that
-/// thread does not exist. Without destructor and registration, so that it costs nothing to have many. It satisfies
-/// Lockable, so std::lock_guard takes it.
+/// thread does not exist. Without destructor and registration, so that it costs nothing to have many. std::lock_guard
+/// takes it.
 ///
 ///     const bool isWhole = lock_.lock();
 ///     if (!isWhole) data_ = {};             // in a child: a thread of the parent was changing the data
@@ -32,35 +32,46 @@ class ProcessLock {
 
   /// @return false when a thread that does not exist in this process held the lock: what it guards may be half changed.
   bool lock() {
-    std::uint32_t word = FREE;
-    if (word_.compare_exchange_strong(word, processStamp() | HELD, std::memory_order_acquire,
+    std::uint32_t word = freeWord;
+    if (word_.compare_exchange_strong(word, processStamp() | heldBit, std::memory_order_acquire,
                                       std::memory_order_relaxed)) {
       return true;
     }
     return lockSlowly(word);
   }
 
-  /// @return whether the calling thread holds the lock now.
-  // NOLINTNEXTLINE(readability-identifier-naming): Lockable's name
-  bool try_lock();
-
   void unlock() {
-    if ((word_.exchange(FREE, std::memory_order_release) & AWAITED) != 0) platform::wakeOne(word_);
+    if ((word_.exchange(freeWord, std::memory_order_release) & awaitedBit) != 0) platform::wakeOne(word_);
+  }
+
+  /// Takes the lock where it is free; otherwise marks it, so that unlockUnlessMarked of its holder fails. The two are
+  /// one step: there is always either a lock or a holder that finds the mark.
+  /// @return whether the calling thread holds the lock now.
+  bool lockOrMark();
+
+  /// @return false, and the lock is still held, when it was marked since it was taken.
+  bool unlockUnlessMarked() {
+    std::uint32_t word = processStamp() | heldBit;
+    return word_.compare_exchange_strong(word, freeWord, std::memory_order_release, std::memory_order_relaxed) ||
+           unlockSlowly(word);
   }
 
  private:
   friend class InsideMark;
 
-  static constexpr std::uint32_t FREE = 0;
+  static constexpr std::uint32_t freeWord = 0;
   // With the stamp of the process of the holder.
-  static constexpr std::uint32_t HELD = 1;
-  static constexpr std::uint32_t AWAITED = 2;
-  static constexpr std::uint32_t STATE = HELD | AWAITED;
+  static constexpr std::uint32_t heldBit = 1;
+  static constexpr std::uint32_t awaitedBit = 2;
+  static constexpr std::uint32_t markedBit = 4;
+  static constexpr std::uint32_t stateBits = heldBit | awaitedBit | markedBit;
 
+  static bool isFreeHere(std::uint32_t _word) { return _word == freeWord || (_word & ~stateBits) != processStamp(); }
   bool lockSlowly(std::uint32_t _word);
+  bool unlockSlowly(std::uint32_t _word);
   void keepInChild();
 
-  std::atomic<std::uint32_t> word_{FREE};
+  std::atomic<std::uint32_t> word_{freeWord};
 };
 
 /// To be called where no other thread exists any more, though some were ended anywhere, as at the end of a Windows

@@ -24,7 +24,7 @@ class alignas(64) ReaderSlot {
   template <typename Published, typename T>
   bool tryHold(const Published& _published, T*& _object) {
     _object = _published.load(std::memory_order_acquire);
-    std::uintptr_t expected = FREE;
+    std::uintptr_t expected = notTaken;
     if (!shown_.compare_exchange_strong(expected, taken(_object), std::memory_order_seq_cst,
                                         std::memory_order_relaxed)) {
       return false;
@@ -51,21 +51,21 @@ class alignas(64) ReaderSlot {
   /// For the child of a fork: lets go of the object when a reader has the slot that does not exist here. The slot stays
   /// taken.
   void holdNothing() {
-    if (shown_.load(std::memory_order_relaxed) != FREE) take();
+    if (shown_.load(std::memory_order_relaxed) != notTaken) take();
   }
 
-  void leave() { shown_.store(FREE, std::memory_order_release); }
+  void leave() { shown_.store(notTaken, std::memory_order_release); }
 
   /// Asked after the pointer to the object has been replaced.
   bool mayHold(const void* _object) const { return shown_.load(std::memory_order_seq_cst) == taken(_object); }
 
  private:
-  static constexpr std::uintptr_t FREE = 0;
+  static constexpr std::uintptr_t notTaken = 0;
 
   /// The address, made odd so that a taken slot without object is not free.
   static std::uintptr_t taken(const void* _object) { return reinterpret_cast<std::uintptr_t>(_object) | 1U; }
 
-  std::atomic<std::uintptr_t> shown_{FREE};
+  std::atomic<std::uintptr_t> shown_{notTaken};
 };
 
 }  // namespace boost::logging::detail

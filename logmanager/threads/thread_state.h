@@ -28,7 +28,7 @@ struct ThreadState {
   /// The context of the innermost statement that runs.
   Context* innermost = nullptr;
   /// What the thread used last, probably free.
-  Context* usualContext = nullptr;
+  Context* lastContext = nullptr;
   /// The locks that the thread holds while it runs foreign code.
   const InsideMark* innermostMark = nullptr;
   /// How many messages are on their way through callables, one inside the other.
@@ -40,6 +40,33 @@ struct ThreadState {
 
 /// To find it costs some instructions, so those who have it pass it on.
 ThreadState& threadState();
+
+/// Marks a thread as passing a message through callables, while it lives.
+class MessageScope {
+ public:
+  /// @param _thread the state of the calling thread.
+  /// @param _time of the message, in milliseconds since 1970; 0 for that of the first question for it.
+  MessageScope(ThreadState& _thread, std::int64_t _time) : MessageScope(_thread, _time, _thread.depth + 1) {}
+
+  /// The same for a message that was logged on another thread.
+  /// @param _depth how many messages were on their way there, one inside the other, this one included.
+  MessageScope(ThreadState& _thread, std::int64_t _time, int _depth)
+      : thread_(_thread), outerTime_(_thread.messageTime), outerDepth_(_thread.depth) {
+    thread_.depth = _depth;
+    thread_.messageTime = _time;
+  }
+  ~MessageScope() {
+    thread_.depth = outerDepth_;
+    thread_.messageTime = outerTime_;
+  }
+  MessageScope(const MessageScope&) = delete;
+  MessageScope& operator=(const MessageScope&) = delete;
+
+ private:
+  ThreadState& thread_;
+  std::int64_t outerTime_;
+  int outerDepth_;
+};
 
 /// The time of the message that the thread passes through callables, else the time now.
 inline std::int64_t messageTime(ThreadState& _state) {

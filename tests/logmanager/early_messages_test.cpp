@@ -12,7 +12,6 @@
 
 #include "boost/logging/logging.hpp"
 #include "logmanager/callable_set.h"
-#include "logmanager/dispatch.h"
 #include "logmanager/log.h"
 #include "logmanager/message_cache.h"
 #include "logmanager/threads/thread_state.h"
@@ -72,7 +71,7 @@ TEST(EarlyMessages, AreToldFirstWhenSomeWereDropped) {
   ConnectedLog one("one", recorder.appender());
   ConnectedLog other("other", recorder.appender());
   EarlyMessages early;
-  const std::string half(bl::detail::MessageCache::USUAL_LIMIT / 2, 'x');
+  const std::string half(bl::detail::MessageCache::usualLimit / 2, 'x');
   early.keep(*one, half);
   early.keep(*one, half);
   early.keep(*other, "a");
@@ -88,7 +87,7 @@ TEST(EarlyMessages, AreToldToTheLogOfTheLatestWhenAllWereDropped) {
   ConnectedLog other("other", recorder.appender());
   EarlyMessages early;
   early.keep(*one, "short");
-  early.keep(*other, std::string(bl::detail::MessageCache::USUAL_LIMIT + 1, 'x'));
+  early.keep(*other, std::string(bl::detail::MessageCache::usualLimit + 1, 'x'));
   early.flush();
   EXPECT_THAT(recorder.messages(), ElementsAre("other|2 messages were dropped before the log cache was flushed"));
 }
@@ -230,7 +229,7 @@ TEST(EarlyMessages, ForWhichThereIsNoRoomDuringTheFlushWaitInsteadOfDroppingOthe
   EarlyMessages early;
   std::vector<std::string> got;
   std::unique_ptr<LoggingThread> waiting;
-  const std::string filling(bl::detail::MessageCache::USUAL_LIMIT, 'x');
+  const std::string filling(bl::detail::MessageCache::usualLimit, 'x');
   ConnectedLog* self = nullptr;
   ConnectedLog log("l", [&](const std::string&, const std::string& _message) {
     got.push_back(_message);

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "boost/logging/logging.hpp"
-#include "logmanager/appenders/exception_report.h"
+#include "logmanager/appenders/failure_report.h"
 #include "tests/logmanager/recorder.h"
 
 namespace {

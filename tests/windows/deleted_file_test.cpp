@@ -4,7 +4,6 @@
 #include <cstdio>
 
 #include "boost/logging/logging.hpp"
-#include "logmanager/dispatch.h"
 #include "logmanager/threads/thread_state.h"
 #include "tests/support/running_system.h"
 #include "tests/support/temporary_folder.h"

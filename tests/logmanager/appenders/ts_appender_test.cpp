@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "boost/logging/logging.hpp"
-#include "logmanager/appenders/exception_report.h"
+#include "logmanager/appenders/failure_report.h"
 #include "tests/logmanager/appenders/wrapped_appender.h"
 #include "tests/support/processor_time.h"
 

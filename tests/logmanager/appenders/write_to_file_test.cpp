@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "boost/logging/logging.hpp"
-#include "logmanager/dispatch.h"
 #include "logmanager/threads/thread_state.h"
 #include "platform/native_path.h"
 #include "tests/support/as_unprivileged_user.h"

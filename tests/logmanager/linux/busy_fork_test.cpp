@@ -44,15 +44,15 @@ TEST(ProcessLock, ThatAThreadOfTheParentHoldsIsFreeInTheChild) {
     lock.unlock();
   });
   holder.waitUntilParked();
-  EXPECT_FALSE(lock.try_lock());
+  EXPECT_FALSE(lock.lockOrMark());
   EXPECT_EQ(inChild([&lock] {
               const bool isWhole = lock.lock();
-              if (isWhole || lock.try_lock()) return 1;
+              if (isWhole || lock.lockOrMark()) return 1;
               lock.unlock();
               return lock.lock() ? 0 : 2;
             }),
             0);
-  EXPECT_EQ(inChild([&lock] { return lock.try_lock() && !lock.try_lock() ? 0 : 1; }), 0);
+  EXPECT_EQ(inChild([&lock] { return lock.lockOrMark() && !lock.lockOrMark() ? 0 : 1; }), 0);
 }
 
 TEST(ProcessLock, ThatTheForkingThreadHoldsWithAMarkIsHeldInTheChildOfTheChildToo) {
@@ -60,11 +60,11 @@ TEST(ProcessLock, ThatTheForkingThreadHoldsWithAMarkIsHeldInTheChildOfTheChildTo
   lock.lock();
   const InsideMark mark(bl::detail::threadState(), lock);
   EXPECT_EQ(inChild([&lock] {
-              if (lock.try_lock()) return 1;
+              if (lock.lockOrMark()) return 1;
               return inChild([&lock] {
-                if (lock.try_lock()) return 2;
+                if (lock.lockOrMark()) return 2;
                 lock.unlock();
-                return lock.try_lock() ? 0 : 3;
+                return lock.lockOrMark() ? 0 : 3;
               });
             }),
             0);

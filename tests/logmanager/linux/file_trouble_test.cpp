@@ -8,7 +8,6 @@
 #include <thread>
 
 #include "boost/logging/logging.hpp"
-#include "logmanager/dispatch.h"
 #include "logmanager/threads/thread_state.h"
 #include "tests/support/linux/file_size_limit.h"
 #include "tests/support/linux/shared_memory_mount.h"

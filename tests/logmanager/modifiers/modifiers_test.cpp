@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "boost/logging/logging.hpp"
-#include "logmanager/dispatch.h"
 #include "logmanager/threads/thread_state.h"
 #include "platform/clock.h"
 

@@ -7,7 +7,6 @@
 #include <functional>
 #include <memory>
 
-#include "logmanager/threads/retired_objects.h"
 #include "logmanager/threads/slot_pool.h"
 
 namespace {

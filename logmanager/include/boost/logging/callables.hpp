@@ -17,8 +17,8 @@ namespace detail {
 
 class BatchHandle;
 class LinePlan;
-class OwnAppender;
 class SharedAppendFile;
+class TimeStamp;
 
 }  // namespace detail
 
@@ -51,7 +51,7 @@ class write_to_file {
   BOOST_LOGGING_API void operator()(const std::string& _logName, const std::string& _message) const;
 
  private:
-  friend class detail::OwnAppender;
+  friend class detail::SharedAppendFile;
   boost::shared_ptr<detail::SharedAppendFile> file_;
 };
 
@@ -68,7 +68,7 @@ class ts_appender {
   BOOST_LOGGING_API void operator()(const std::string& _logName, const std::string& _message) const;
 
  private:
-  friend class detail::OwnAppender;
+  friend class detail::BatchHandle;
   boost::shared_ptr<detail::BatchHandle> handle_;
 };
 
@@ -83,8 +83,7 @@ class prepend_time_ms {
 
  private:
   friend class detail::LinePlan;
-  class format;
-  boost::shared_ptr<const format> format_;
+  boost::shared_ptr<const detail::TimeStamp> format_;
 };
 
 /// Modifier: puts "[", the name of the log and "] " before the message.

@@ -7,28 +7,29 @@
 #include <memory>
 #include <string>
 
+#include "boost/logging/callables.hpp"
 #include "logmanager/threads/process_lock.h"
+#include "logmanager/threads/thread_state.h"
 
 namespace boost::logging::detail {
-
-struct Callable;
-struct ThreadState;
 
 /// Lets one thread at a time into an appender. A thread that is already inside (the appender logs a message that comes
 /// back to it) is let in. A thread that is inside another appender never waits, as two appenders that log through each
 /// other would wait for ever: when the gate is closed it hands its message over to the thread that is inside, which
-/// passes it on before it goes. In a forked child nobody is inside but the thread that forked, if it was, and nothing
-/// is handed over: the parent passes that on.
+/// delivers it before it leaves. In a forked child nobody is inside but the thread that forked, if it was, and nothing
+/// is handed over: the parent delivers that.
 class AppenderGate {
  public:
   /// The most that is kept handed over, in bytes, with what it takes to keep it. What comes then is dropped.
-  static constexpr std::size_t MOST_HANDED_OVER = std::size_t{1024} * 1024;
+  static constexpr std::size_t mostHandedOver = std::size_t{1024} * 1024;
 
-  /// Passes a message to the appender that the gate belongs to, or hands it over. Exceptions of the appender are
-  /// contained. Messages that are dropped are reported.
-  /// @param _thread the state of the calling thread.
-  void pass(ThreadState& _thread, const Callable& _appender, const std::string& _logName,
-            const std::string& _message) noexcept;
+  /// @param _appender and the name under which it was added, for reports, have to outlive the gate.
+  AppenderGate(const appender& _appender, const std::string& _name) : appender_(_appender), name_(_name) {}
+
+  /// Delivers a message to the appender, or hands it over. Exceptions of the appender are contained. Messages that are
+  /// dropped are reported.
+  /// @param _thread the state of the calling thread, which delivers a message.
+  void deliver(ThreadState& _thread, const std::string& _logName, const std::string& _message) noexcept;
 
  private:
   struct HandedOver {
@@ -41,15 +42,16 @@ class AppenderGate {
     std::size_t size() const { return sizeof(HandedOver) + logName.size() + message.size(); }
   };
 
-  bool enter(ThreadState& _thread, const Callable& _appender, const std::string& _logName, const std::string& _message);
-  bool handOver(HandedOver _message);
-  void exit(ThreadState& _thread, const Callable& _appender);
-  bool openUnlessHandedOver();
-  void passOn(ThreadState& _thread, const Callable& _appender);
+  void call(const std::string& _logName, const std::string& _message) noexcept;
+  bool enterOrHandOver(ThreadState& _thread, const std::string& _logName, const std::string& _message);
+  bool keep(HandedOver _message);
+  void deliverHandedOver(ThreadState& _thread);
+  bool takeOrExit(HandedOver& _message);
   void restartInChild();
 
-  /// Held while a thread is inside. Given back under the other lock only, so that whoever finds it held there knows
-  /// that what it hands over will be seen.
+  const appender& appender_;
+  const std::string& name_;
+  /// Held while a thread is inside; marked when a message is handed over to it.
   ProcessLock inside_;
   ProcessLock lock_;
   /// A pointer, since a forked child has to abandon what a thread of the parent may have been changing. May be null.

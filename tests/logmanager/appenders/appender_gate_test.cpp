@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "logmanager/appender_gate.h"
+#include "logmanager/appenders/appender_gate.h"
 
 #include <gtest/gtest.h>
 
@@ -110,7 +110,26 @@ void addParked(testsupport::ParkedThread& _thread, const std::string& _logs, con
       "A", 100);
 }
 
-TEST(AppenderGate, PassesAHandedOverMessageOnWithItsDepth) {
+TEST(AppenderGate, LetsAThreadThatIsInsideAnotherAppenderInWhenNobodyElseIs) {
+  bl::flush_log_cache();
+  const bl::logger inner("G7.inner");
+  std::vector<std::string> got;
+  bl::add_appender(
+      bl::get_default_log_manager(), "G7.inner",
+      [&](const std::string&, const std::string& _message) { got.push_back(_message); }, "A", 100);
+  bl::add_appender(
+      bl::get_default_log_manager(), "G7.outer",
+      [&](const std::string&, const std::string&) {
+        inner.write("inner");
+        got.emplace_back("outer");
+      },
+      "A", 100);
+  bl::logger("G7.outer").write("m");
+  EXPECT_EQ(got, (std::vector<std::string>{"inner", "outer"}));
+  bl::del_appender(bl::get_default_log_manager(), "*", "A");
+}
+
+TEST(AppenderGate, DeliversAHandedOverMessageWithItsDepth) {
   bl::flush_log_cache();
   const bl::logger closed("G4.closed");
   const bl::logger open("G4.open");
@@ -153,7 +172,7 @@ TEST(AppenderGate, SeesAMessageThatIsHandedOverWhileTheThreadInsideLeaves) {
   bl::add_appender(
       bl::get_default_log_manager(), "G6.open",
       [&](const std::string&, const std::string&) {
-        // The gate was found closed; the time of the message is read before it is handed over.
+        // The thread inside has been shown that a message comes, and leaves before it has come.
         const testsupport::CallHook hook(platform::Call::clock, 1, [&] {
           inside.letGo();
           EXPECT_TRUE(testsupport::waitUntilThreadSleeps(insideId));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "logmanager/modifiers/time_format.h"
+#include "logmanager/modifiers/time_stamp.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
