@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <cstring>
 #include <string_view>
 
 #include "boost/logging/logger.hpp"
@@ -58,24 +57,23 @@ bool mayGoStraightOn(const Context& _context) {
   return isUpToDate(_context) && isStillOn(_context) && earlyMessages().isOver();
 }
 
-/// Leaves the message whose text is in the lane's room, unless it has to go another way.
-bool leaveInLane(Context& _context, Lane& _lane, std::size_t _size) {
-  if (!mayGoStraightOn(_context)) return false;
+/// Leaves the message whose text is in the lane's room, and which may go straight on.
+void leaveInLane(Context& _context, Lane& _lane, std::size_t _size) {
   const CallableSet& callables = *_context.callables;
   MessageQueue& queue = callables.writer->queue();
   queue.publish(_lane, callables.writersPlan, &_context.log->name, _size);
   if (queue.needsAttention()) callables.writer->attend();
-  return true;
 }
 
-/// Writes the message to the files of the log, which is all that is to be done with it: the line is made round the
-/// text, where that is.
-/// @return false, and nothing is done, when more is to be done, or the front is too long.
+/// Whether to write the message to files is all that is to be done with it.
+bool isForFilesOnly(const Context& _context) {
+  return _context.callables != nullptr && _context.callables->isForFilesOnly && _context.thread->depth == 0;
+}
+
+/// Writes such a message, which may go straight on: the line is made round the text, where that is.
+/// @return false, and nothing is done, when the front is too long.
 bool writeToFiles(Context& _context, StatementStream& _stream) {
-  const CallableSet* const callables = _context.callables;
-  if (callables == nullptr || !callables->isForFilesOnly || _context.thread->depth > 0) return false;
-  if (!mayGoStraightOn(_context)) return false;
-  const LinePlan& plan = callables->plan;
+  const LinePlan& plan = _context.callables->plan;
   const std::int64_t now = platform::wallClockMilliseconds();
   std::string memory;
   const std::string_view time = plan.timeText(*_context.thread, now, memory);
@@ -85,15 +83,18 @@ bool writeToFiles(Context& _context, StatementStream& _stream) {
   char* const begin = _stream.textBegin() - frontSize;
   plan.putFront(begin, time, _context.log->name);
   const std::string_view line(begin, static_cast<std::size_t>(end - begin));
-  for (const SharedCallable& appender : callables->appenders)
+  for (const SharedCallable& appender : _context.callables->appenders)
     writeToFile(*appender, line, now, _context.log->name);
   return true;
 }
 
 bool takeShortWay(Context& _context, StatementStream& _stream) noexcept {
+  Lane* const lane = _stream.lane();
+  if ((lane == nullptr && !isForFilesOnly(_context)) || !mayGoStraightOn(_context)) return false;
   try {
-    return _stream.lane() != nullptr ? leaveInLane(_context, *_stream.lane(), _stream.text().size())
-                                     : writeToFiles(_context, _stream);
+    if (lane == nullptr) return writeToFiles(_context, _stream);
+    leaveInLane(_context, *lane, _stream.text().size());
+    return true;
   } catch (...) {
     // No memory; the usual way reports it.
     return false;
@@ -107,22 +108,9 @@ void finish(StatementStream& _stream) noexcept {
   leaveContext(context);
 }
 
-void writeText(Context& _context, const std::string& _message) {
-  try {
-    if (Lane* const lane = laneWithRoom(_context, _message.size())) {
-      std::memcpy(lane->textBegin(), _message.data(), _message.size());
-      if (leaveInLane(_context, *lane, _message.size())) return;
-    }
-  } catch (...) {
-    // No memory for a lane.
-  }
-  deliver(_context, _message);
-}
-
-}  // namespace
-
-log_stream* statement::begin(const logger& _logger, log_stream*& _place) {
-  Context& context = enterContext(static_cast<const Log&>(*_logger.log_));
+/// Begins a statement, which finish or leaveContext ends. May throw std::bad_alloc.
+StatementStream& beginStatement(const Log& _log, log_stream*& _place) {
+  Context& context = enterContext(_log);
   try {
     Lane* const lane = laneWithRoom(context, StatementStream::usualRoom);
     if (lane != nullptr) {
@@ -134,7 +122,13 @@ log_stream* statement::begin(const logger& _logger, log_stream*& _place) {
     leaveContext(context);
     throw;
   }
-  return &context.stream;
+  return context.stream;
+}
+
+}  // namespace
+
+log_stream* statement::begin(const logger& _logger, log_stream*& _place) {
+  return &beginStatement(static_cast<const Log&>(*_logger.log_), _place);
 }
 
 void statement::abandon(log_stream& _stream) { leaveContext(static_cast<StatementStream&>(_stream).context()); }
@@ -159,9 +153,18 @@ const std::string& logger::name() const { return static_cast<const detail::Log*>
 
 void logger::write(const std::string& _message) const {
   if (!is_enabled()) return;
-  detail::Context& context = detail::enterContext(static_cast<const detail::Log&>(*log_));
-  detail::writeText(context, _message);
-  detail::leaveContext(context);
+  detail::log_stream* place = nullptr;
+  detail::StatementStream& stream = detail::beginStatement(static_cast<const detail::Log&>(*log_), place);
+  try {
+    stream.append(_message.data(), _message.size());
+  } catch (...) {
+    // No memory for a copy.
+    detail::deliver(stream.context(), _message);
+    detail::leaveContext(stream.context());
+    return;
+  }
+  stream.noteOwnUse();
+  detail::finish(stream);
 }
 
 }  // namespace boost::logging

@@ -68,8 +68,4 @@ bool BatchDelivery::settle() {
   return !isInForeign;
 }
 
-void BatchDelivery::giveUpBatch() {
-  if (stage_.load(std::memory_order_relaxed) == Stage::calling) queue_.consume();
-}
-
 }  // namespace boost::logging::detail

@@ -31,9 +31,6 @@ class BatchDelivery {
   ///   thread has left behind; everything is then given up.
   bool settle();
 
-  /// From inside the wrapped appender, which will not return: the batch counts as delivered.
-  void giveUpBatch();
-
  private:
   enum class Stage { collecting, calling, called };
 

@@ -103,7 +103,7 @@ void BatchWriter::stop() {
   sleepUninterrupted(microseconds(std::int64_t{sleepMs_} * 1500));
 }
 
-void BatchWriter::finish(steady_clock::time_point _deadline, const ThreadQuery& _threadIsGone) {
+void BatchWriter::finish(steady_clock::time_point _deadline, const std::function<bool()>& _threadIsGone) {
   const boost::this_thread::disable_interruption uninterrupted;
   if (!hasEnded() && _threadIsGone()) {
     takeOver();
@@ -142,7 +142,6 @@ void BatchWriter::finishOnThread(Lock& _lock) {
   writer_ = Writer::ended;
   isDelivering_ = false;
   queue_.callForAttention(true);
-  delivery_->giveUpBatch();
   deliverRest(_lock);
 }
 

@@ -7,7 +7,6 @@
 #include <boost/thread/mutex.hpp>
 #include <boost/thread/thread.hpp>
 #include <chrono>
-#include <cstdint>
 #include <functional>
 #include <memory>
 
@@ -36,7 +35,6 @@ class MessageGaps {
 
  private:
   static constexpr std::chrono::milliseconds longest{50};
-
   Duration average_ = longest;
   Time latest_;
 };
@@ -72,8 +70,7 @@ class BatchWriter {
   /// thread was inside an appender other than write_to_file, whose state nobody knows then. On the thread itself, which
   /// an appender has let call exit: delivers all but what that appender was given.
   /// @param _threadIsGone asks whether the thread has ended, however it did.
-  using ThreadQuery = std::function<bool()>;
-  void finish(std::chrono::steady_clock::time_point _deadline, const ThreadQuery& _threadIsGone);
+  void finish(std::chrono::steady_clock::time_point _deadline, const std::function<bool()>& _threadIsGone);
 
   /// Whether run() has nothing left to do.
   bool hasEnded() const { return hasEnded_.load(std::memory_order_acquire); }

@@ -6,7 +6,6 @@
 #include <unordered_map>
 
 #include "logmanager/threads/process_lock.h"
-#include "platform/cancellation.h"
 #include "platform/clock.h"
 #include "platform/standard_error.h"
 
@@ -53,7 +52,6 @@ std::string counted(std::uint64_t _count, const char* _what) {
 /// @param _happened counts in the reports, as OncePerMinute::happened does.
 template <typename Happened, typename MakeLine>
 void report(Happened _happened, MakeLine _makeLine) noexcept {
-  const platform::CancellationDelay delay;
   try {
     const std::int64_t now = platform::steadyMilliseconds();
     std::uint64_t count = 0;

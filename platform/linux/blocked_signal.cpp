@@ -4,6 +4,8 @@
 #include <cerrno>
 #include <ctime>
 
+#include "platform/cancellation.h"
+
 namespace platform {
 
 BlockedSignal::BlockedSignal(int _signal) : signal_(_signal) {
@@ -29,6 +31,8 @@ bool BlockedSignal::isPending() const {
 }
 
 bool BlockedSignal::take() {
+  // sigtimedwait is a cancellation point, the write whose signal it takes is none.
+  const CancellationDelay delay;
   const timespec atOnce{};
   int taken = -1;
   do {

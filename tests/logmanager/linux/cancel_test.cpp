@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 #include <pthread.h>
+#include <unistd.h>
 
 #include <atomic>
 #include <chrono>
@@ -13,6 +14,8 @@
 #include "platform/errors.h"
 #include "platform/process.h"
 #include "tests/support/fault_plan.h"
+#include "tests/support/linux/file_size_limit.h"
+#include "tests/support/linux/replaced_stream.h"
 #include "tests/support/sleeping_thread.h"
 #include "tests/support/temporary_folder.h"
 
@@ -106,11 +109,30 @@ TEST_F(Cancel, LetsTheRemovalOfAWriterThreadEnd) {
   EXPECT_EQ(testsupport::readFile(path_), "one\n");
 }
 
-TEST_F(Cancel, LetsTheReportOfALostMessageEnd) {
+TEST_F(Cancel, LetsAStatementEndThatMeetsAFileSizeLimit) {
   connect(bl::write_to_file(path_, false));
   QMRK_LOG(log_) << "one";
-  const testsupport::FaultPlan plan(platform::Call::append, 1, platform::errorDiskFull);
-  EXPECT_TRUE(logs());
+  {
+    const testsupport::FileSizeLimit limit(4);
+    EXPECT_TRUE(logs());
+  }
+  EXPECT_EQ(testsupport::readFile(path_), "one\n");
+}
+
+TEST_F(Cancel, LetsTheReportOfALostMessageEndThatNobodyReads) {
+  connect(bl::write_to_file(path_, false));
+  QMRK_LOG(log_) << "one";
+  int ends[2];
+  ASSERT_EQ(::pipe(ends), 0);
+  ::close(ends[0]);
+  bool isFinished = false;
+  {
+    const testsupport::ReplacedStream console(STDERR_FILENO, ends[1]);
+    const testsupport::FaultPlan plan(platform::Call::append, 1, platform::errorDiskFull);
+    isFinished = logs();
+  }
+  ::close(ends[1]);
+  EXPECT_TRUE(isFinished);
 }
 
 TEST_F(Cancel, LetsAMessageWaitForTheEndOfTheFlush) {

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 #include <sys/syscall.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "boost/logging/logging.hpp"
@@ -42,6 +45,26 @@ TEST(MessageCost, OfALogThatIsOffIsNone) {
                 for (int i = 0; i < 1000; ++i)
                   QMRK_LOG(log) << "message " << i;
               }).empty());
+}
+
+// A sleep is a call of the system, whichever it is.
+TEST(MessageCost, OfATsAppenderWhoseWriterIsBusyIsNoSleep) {
+  const std::vector<long> calls = testsupport::systemCallsOf([] {
+    static std::atomic<bool> isBusy{false};
+    const auto* const appender = new bl::ts_appender(
+        [](const std::string&, const std::string&) {
+          isBusy = true;
+          ::pause();
+        },
+        0);
+    (*appender)("Cost", "first");
+    while (!isBusy)
+      std::this_thread::yield();
+    for (int i = 0; i < 1000; ++i)
+      (*appender)("Cost", "message");
+  });
+  const auto yields = std::count(calls.begin(), calls.end(), SYS_sched_yield);
+  EXPECT_LT(static_cast<long>(calls.size()) - yields, 1000);
 }
 
 }  // namespace
