@@ -65,7 +65,9 @@ class SetUpStorm : public testsupport::LogSetUp, public testing::WithParamInterf
     for (int round = 0; round < _rounds; ++round) {
       mostLines = lines + linesPerRound;
       _function();
-      for (const int enough = lines + 20; lines < enough;)
+      const int enough = lines + 20;
+      mostLines = enough + threadCount;
+      while (lines < enough)
         std::this_thread::yield();
     }
     isOver = true;
