@@ -19,7 +19,7 @@ template <class MakeAppender>
 void connectPatterns(const std::string& _logLevel, const char* _name, MakeAppender _makeAppender) {
   const auto connect = [&](const std::string& _spec) {
     deleteAppender(_spec, _name);
-    addAppender(_spec, byTsMode(_makeAppender()), _name, callableIndex);
+    addAppender(_spec, threadSafeIfConfigured(_makeAppender()), _name, callableIndex);
   };
   if (_logLevel.find(';') == std::string::npos) {
     connect(_logLevel);

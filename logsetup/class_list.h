@@ -6,9 +6,8 @@
 namespace Quillmark_logging {
 
 /// Calls _entryFound(entry, count) for each entry of a class list, in order and as soon as its ";" is found; the first
-/// entry has the count 1. An entry is a logs pattern, taken character for character: nothing is trimmed, and between
-/// two
-/// ";" in a row lies an empty one. What follows the last ";" is dropped.
+/// entry has the count 1. An entry is a logs pattern, taken character for character: nothing is trimmed, and two ";" in
+/// a row have an empty entry between them. What follows the last ";" is dropped.
 /// @param _entryFound takes (const std::string&, int); what it throws ends the walk and is passed on.
 template <class EntryFound>
 void forEachClass(const std::string& _classList, EntryFound _entryFound) {

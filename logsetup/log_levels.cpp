@@ -44,7 +44,7 @@ bool setInitialLogLevels(std::string _logFile, const std::string& _ca) {
   forEachClass(initialLogLevels, [&toFile](const std::string& _class, int _count) {
     traceLine("--- Quillmark_logging::setInitialLogLevels() tmp=\"%s\" tmpCnt=%i\r\n", _class.c_str(), _count);
     deleteAppender(_class, APPENDER_WRITE2FILE_INIT);
-    addAppender(_class, byTsMode(toFile), APPENDER_WRITE2FILE_INIT, callableIndex);
+    addAppender(_class, threadSafeIfConfigured(toFile), APPENDER_WRITE2FILE_INIT, callableIndex);
   });
   change.apply();
   traceLine("<== Quillmark_logging::setInitialLogLevels()\r\n");

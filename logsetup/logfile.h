@@ -23,10 +23,10 @@ struct logfile {
   logfile(const logfile&) = delete;
   logfile& operator=(const logfile&) = delete;
 
-  /// Clears the stream's error state, asks the name function anew and opens the stream in text mode, sharing the file
+  /// Clears the stream's error state, asks the name function again and opens the stream in text mode, sharing the file
   /// with other readers and writers. The position is then the end of the file.
   /// @param _append false empties an existing file.
-  /// A failure leaves the stream in its failed state and is told by nothing else: what is written is lost, and the
+  /// A failure leaves the stream in its failed state and is reported by nothing else: what is written is lost, and the
   /// stream's position reads as -1.
   void open(bool _append);
 

@@ -9,7 +9,7 @@ namespace Quillmark_logging {
 
 /// The appender as this library connects it: with a writer thread of its own when the process is in thread-safe mode,
 /// else as it is.
-inline boost::logging::appender byTsMode(const boost::logging::appender& _appender) {
+inline boost::logging::appender threadSafeIfConfigured(const boost::logging::appender& _appender) {
   if (!tsMode()) return _appender;
   return boost::logging::ts_appender(_appender, 0);
 }

@@ -126,7 +126,7 @@ class HeldAppender {
 TEST_F(LogManagerBinding, DeliversMessagesInBatchesInThreadSafeMode) {
   HeldAppender held;
   setTsMode(true);
-  addAppender("Bind.a", byTsMode([&held](const std::string&, const std::string& _message) { held(_message); }), "T",
+  addAppender("Bind.a", threadSafeIfConfigured([&held](const std::string&, const std::string& _message) { held(_message); }), "T",
               callableIndex);
   for (const char* message : {"1", "2", "3", "4"})
     log("Bind.a", message);
@@ -141,7 +141,7 @@ TEST_F(LogManagerBinding, DeliversMessagesInBatchesInThreadSafeMode) {
 }
 
 TEST_F(LogManagerBinding, DeliversMessagesOneByOneOtherwise) {
-  addAppender("Bind.a", byTsMode(keeping("")), "T", callableIndex);
+  addAppender("Bind.a", threadSafeIfConfigured(keeping("")), "T", callableIndex);
   log("Bind.a", "1");
   log("Bind.a", "2");
   EXPECT_THAT(kept_, ElementsAre("1", "2"));

@@ -115,7 +115,7 @@ TEST_F(WriterThread, CallsAnAppenderWithAnEmptyNameOfTheLog) {
       name = _logName;
       caller.note();
     };
-    addAppender("App", byTsMode(keepName), "T", callableIndex);
+    addAppender("App", threadSafeIfConfigured(keepName), "T", callableIndex);
     log("App", "text");
     EXPECT_EQ(caller.isAnother(), isThreadSafe);
     EXPECT_EQ(name, isThreadSafe ? "" : "App");
