@@ -186,6 +186,33 @@ TEST(AppenderGate, SeesAMessageThatIsHandedOverWhileTheThreadInsideLeaves) {
   bl::del_appender(bl::get_default_log_manager(), "*", "A");
 }
 
+TEST(AppenderGate, DeliversAHandedOverMessageBeforeTheThreadThatWaitsOutsideComesIn) {
+  bl::flush_log_cache();
+  const bl::logger closed("G8.closed");
+  std::vector<std::string> got;
+  testsupport::ParkedThread inside([&](testsupport::ParkedThread& _thread) {
+    addParked(_thread, "G8.closed", [&](const std::string&, const std::string& _message) { got.push_back(_message); });
+    closed.write("first");
+  });
+  inside.waitUntilParked();
+  bl::add_appender(
+      bl::get_default_log_manager(), "G8.open",
+      [&](const std::string&, const std::string&) { closed.write("handed over"); }, "A", 100);
+  bl::logger("G8.open").write("message");
+  std::atomic<std::uint32_t> waitingId{0};
+  std::thread waiting([&] {
+    waitingId = platform::threadId();
+    closed.write("waiting");
+  });
+  while (waitingId == 0)
+    std::this_thread::yield();
+  EXPECT_TRUE(testsupport::waitUntilThreadSleeps(waitingId));
+  inside.release();
+  waiting.join();
+  EXPECT_EQ(got, (std::vector<std::string>{"first", "handed over", "waiting"}));
+  bl::del_appender(bl::get_default_log_manager(), "*", "A");
+}
+
 TEST(AppenderGate, DropsTheNewestOfTooMuchThatIsHandedOverAndReportsIt) {
   bl::flush_log_cache();
   const bl::logger closed("G5.closed");
