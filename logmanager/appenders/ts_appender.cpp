@@ -7,6 +7,7 @@
 #include <boost/thread/thread.hpp>
 #include <chrono>
 #include <cstdlib>
+#include <iterator>
 #include <mutex>
 #include <utility>
 #include <vector>
@@ -72,6 +73,8 @@ class WriterThreads {
 
   std::mutex lock_;
   std::vector<WriterThread> threads_;
+  /// Those that finishAll has waited for.
+  std::vector<WriterThread> finished_;
   bool isSetUp_ = false;
   bool isOver_ = false;
 };
@@ -168,8 +171,8 @@ void WriterThreads::finishAll() {
   for (const WriterThread& one : threads)
     join(one, deadline);
   // A thread that is still somewhere needs its writer.
-  static auto* const finished = new std::vector<WriterThread>;
-  finished->swap(threads);
+  const std::lock_guard<std::mutex> lock(lock_);
+  std::ranges::move(threads, std::back_inserter(finished_));
 }
 
 void WriterThreads::beforeFork() {

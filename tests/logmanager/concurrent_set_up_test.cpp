@@ -17,13 +17,13 @@ namespace {
 
 namespace bl = boost::logging;
 
-constexpr int THREADS = 8;
+constexpr int threadCount = 8;
 
 /// Runs the function in eight threads until the end of the object.
 class BusyThreads {
  public:
   explicit BusyThreads(const std::function<void(int)>& _function) {
-    for (int i = 0; i < THREADS; ++i) {
+    for (int i = 0; i < threadCount; ++i) {
       threads_.emplace_back([this, _function, i] {
         while (!isOver_) {
           _function(i);
@@ -67,7 +67,7 @@ TEST(ConcurrentSetUp, LevelsMayBeAppliedAgainWhileEightThreadsLog) {
     });
     for (int round = 0; round < 200; ++round) {
       bl::enable_logs(manager, "*", 4294967295U);
-      for (int i = 0; i < THREADS; i += 2)
+      for (int i = 0; i < threadCount; i += 2)
         bl::enable_logs(manager, "P1." + std::to_string(i), 0);
       bl::enable_logs(manager, "*.one", 0);
       threads.waitForRounds(1);
@@ -148,14 +148,14 @@ TEST(ConcurrentSetUp, ReplacedCallablesAreFreedWhileThreadsLog) {
     threads.waitForRounds(10);
   }
   // Each thread can hold one set, and one more keeps what it is about to leave.
-  EXPECT_LE(mostRetired, 4U * THREADS);
+  EXPECT_LE(mostRetired, 4U * threadCount);
   bl::del_appender(manager, "P4", "A");
   EXPECT_LE(manager.size().retired, 0U);
 }
 
 TEST(ConcurrentSetUp, LogsMayBeCreatedByManyThreadsAtOnce) {
   bl::default_log_manager& manager = bl::get_default_log_manager();
-  std::set<const void*> logs[THREADS];
+  std::set<const void*> logs[threadCount];
   std::vector<std::thread> threads;
   for (auto& found : logs) {
     threads.emplace_back([&manager, &found] {

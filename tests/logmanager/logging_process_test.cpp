@@ -13,8 +13,8 @@
 
 namespace {
 
-constexpr char STATIC_MADE[] = "first made\nsecond made\n";
-constexpr char STATIC_DESTROYED[] = "second destroyed\nfirst destroyed\n";
+constexpr char staticMade[] = "first made\nsecond made\n";
+constexpr char staticDestroyed[] = "second destroyed\nfirst destroyed\n";
 
 class LoggingProcess : public testing::Test {
  protected:
@@ -39,38 +39,38 @@ class LoggingProcess : public testing::Test {
 
 TEST_F(LoggingProcess, WhatStaticObjectsAndMainLogBeforeAndAfterTheSetUpArrivesInOrder) {
   EXPECT_EQ(run({"plain"}), 0);
-  EXPECT_EQ(text(), std::string(STATIC_MADE) + "before set-up\nafter set-up\n" + STATIC_DESTROYED);
+  EXPECT_EQ(text(), std::string(staticMade) + "before set-up\nafter set-up\n" + staticDestroyed);
 }
 
 TEST_F(LoggingProcess, LosesNoMessageInWhoseMiddleTheSetUpIsMade) {
   EXPECT_EQ(run({"within"}), 0);
-  EXPECT_EQ(text(), std::string(STATIC_MADE) + "set up: 1\n" + STATIC_DESTROYED);
+  EXPECT_EQ(text(), std::string(staticMade) + "set up: 1\n" + staticDestroyed);
 }
 
 TEST_F(LoggingProcess, LosesNothingAtItsEndInThreadSafeMode) {
   EXPECT_EQ(run({"ts", "5000", "0"}), 0);
-  EXPECT_EQ(text(), STATIC_MADE + numbers(5000) + STATIC_DESTROYED);
+  EXPECT_EQ(text(), staticMade + numbers(5000) + staticDestroyed);
 }
 
 TEST_F(LoggingProcess, LosesNothingWhenItCallsExitInThreadSafeMode) {
   EXPECT_EQ(run({"ts-exit", "5000", "0"}), 7);
-  EXPECT_EQ(text(), STATIC_MADE + numbers(5000) + STATIC_DESTROYED);
+  EXPECT_EQ(text(), staticMade + numbers(5000) + staticDestroyed);
 }
 
 TEST_F(LoggingProcess, LosesOnlyWhatTheAppenderHoldsThatCallsExit) {
   EXPECT_EQ(run({"exit-inside", "5000"}), 9);
-  EXPECT_EQ(text(), STATIC_MADE + numbers(5000) + STATIC_DESTROYED);
+  EXPECT_EQ(text(), staticMade + numbers(5000) + staticDestroyed);
 }
 
 TEST_F(LoggingProcess, LosesNothingWhenItEndsInTheMiddleOfAnAppenderOfItsOwn) {
   EXPECT_EQ(run({"in-appender"}), 0);
-  EXPECT_EQ(text(), STATIC_MADE + numbers(100) + STATIC_DESTROYED);
+  EXPECT_EQ(text(), staticMade + numbers(100) + staticDestroyed);
 }
 
 // What waits for the hour that is asked for here runs into the time-out of the test.
 TEST_F(LoggingProcess, DoesNotWaitAtItsEndForALongInterval) {
   EXPECT_EQ(run({"ts", "1000", "3600000"}), 0);
-  EXPECT_EQ(text(), STATIC_MADE + numbers(1000) + STATIC_DESTROYED);
+  EXPECT_EQ(text(), staticMade + numbers(1000) + staticDestroyed);
 }
 
 TEST_F(LoggingProcess, EndsEvenIfAnAppenderNeverReturns) { EXPECT_EQ(run({"stuck"}), 0); }

@@ -29,13 +29,13 @@ class SetUpChange : public testing::Test {
   ~SetUpChange() override {
     bl::del_appender(manager_, "*", "A");
     bl::del_modifier(manager_, "*", "M");
-    bl::enable_logs(manager_, "*", ON);
+    bl::enable_logs(manager_, "*", levelOn);
   }
 
   static void inAnotherThread(const std::function<void()>& _function) { std::thread(_function).join(); }
 
-  static constexpr unsigned int ON = 0;
-  static constexpr unsigned int OFF = 4294967295U;
+  static constexpr unsigned int levelOn = 0;
+  static constexpr unsigned int levelOff = 4294967295U;
 
   bl::default_log_manager& manager_ = bl::get_default_log_manager();
   Recorder recorder_;
@@ -47,7 +47,7 @@ TEST_F(SetUpChange, HoldsItsCallsBackUntilItIsApplied) {
   bl::add_appender(manager_, "H1", recorder_.appender(), "A", 100);
   bl::add_modifier(manager_, "H1", suffix("!"), "M", 100);
   log.write("before");
-  bl::enable_logs(manager_, "H1.off", OFF);
+  bl::enable_logs(manager_, "H1.off", levelOff);
   EXPECT_TRUE(bl::logger("H1.off").is_enabled());
   change.apply();
   log.write("after");
@@ -60,7 +60,7 @@ TEST_F(SetUpChange, ForgetsWhatWasNotApplied) {
   {
     const set_up_change change(manager_);
     bl::add_appender(manager_, "H2", recorder_.appender(), "A", 100);
-    bl::enable_logs(manager_, "H2", OFF);
+    bl::enable_logs(manager_, "H2", levelOff);
   }
   EXPECT_TRUE(log.is_enabled());
   log.write("m");
@@ -70,9 +70,9 @@ TEST_F(SetUpChange, ForgetsWhatWasNotApplied) {
 TEST_F(SetUpChange, NotesAgainAfterItWasApplied) {
   const bl::logger log("H3.log");
   set_up_change change(manager_);
-  bl::enable_logs(manager_, "H3", OFF);
+  bl::enable_logs(manager_, "H3", levelOff);
   change.apply();
-  bl::enable_logs(manager_, "H3", ON);
+  bl::enable_logs(manager_, "H3", levelOn);
   EXPECT_FALSE(log.is_enabled());
   change.apply();
   EXPECT_TRUE(log.is_enabled());
@@ -84,9 +84,9 @@ TEST_F(SetUpChange, LeavesTheCallsOfAnInnerOneToTheOuterOne) {
   set_up_change outer(manager_);
   {
     set_up_change inner(manager_);
-    bl::enable_logs(manager_, "H4.applied", OFF);
+    bl::enable_logs(manager_, "H4.applied", levelOff);
     inner.apply();
-    bl::enable_logs(manager_, "H4.forgotten", OFF);
+    bl::enable_logs(manager_, "H4.forgotten", levelOff);
   }
   EXPECT_TRUE(applied.is_enabled());
   outer.apply();
@@ -97,13 +97,13 @@ TEST_F(SetUpChange, LeavesTheCallsOfAnInnerOneToTheOuterOne) {
 TEST_F(SetUpChange, LeavesTheCallsOfOtherThreadsAndOtherManagersAlone) {
   bl::default_log_manager other;
   const set_up_change change(manager_);
-  inAnotherThread([this] { bl::enable_logs(manager_, "H5.thread", OFF); });
+  inAnotherThread([this] { bl::enable_logs(manager_, "H5.thread", levelOff); });
   EXPECT_FALSE(bl::logger("H5.thread").is_enabled());
-  bl::enable_logs(other, "H5", OFF);
+  bl::enable_logs(other, "H5", levelOff);
   EXPECT_FALSE(other.log("H5").enabled);
   set_up_change changeOfOther(other);
-  bl::enable_logs(other, "H5", ON);
-  bl::enable_logs(manager_, "H5", OFF);
+  bl::enable_logs(other, "H5", levelOn);
+  bl::enable_logs(manager_, "H5", levelOff);
   changeOfOther.apply();
   EXPECT_TRUE(other.log("H5").enabled);
   EXPECT_TRUE(bl::logger("H5").is_enabled());
@@ -113,7 +113,7 @@ TEST_F(SetUpChange, IsAppliedAsAWholeBesideThatOfAnotherThread) {
   const bl::logger log("H6.log");
   bl::add_appender(manager_, "H6", recorder_.appender(), "A", 100);
   const auto note = [this](const std::string& _mark, bool _isOn) {
-    bl::enable_logs(manager_, "H6.log", _isOn ? ON : OFF);
+    bl::enable_logs(manager_, "H6.log", _isOn ? levelOn : levelOff);
     bl::add_modifier(manager_, "H6", suffix(_mark), "M", 100);
   };
   {
@@ -136,11 +136,11 @@ TEST_F(SetUpChange, DoesNotTouchWhatEndsUpTheSame) {
   const bl::detail::Log& log = manager_.log("H7.log");
   const auto* const callables = log.callables.load();
   set_up_change change(manager_);
-  bl::enable_logs(manager_, "*", OFF);
+  bl::enable_logs(manager_, "*", levelOff);
   bl::add_appender(manager_, "H7", recorder_.appender(), "B", 100);
   bl::del_appender(manager_, "*", "B");
   bl::del_modifier(manager_, "*", "M");
-  bl::enable_logs(manager_, "H7", ON);
+  bl::enable_logs(manager_, "H7", levelOn);
   change.apply();
   EXPECT_EQ(log.callables.load(), callables);
   EXPECT_TRUE(log.enabled);
@@ -165,7 +165,7 @@ TEST_F(SetUpChange, KeepsAMessageFromTheNewCallablesOfALogThatGoesOff) {
     set_up_change change(manager_);
     bl::del_appender(manager_, "H8", "A");
     bl::add_appender(manager_, "H8", recorder_.appender(), "A", 100);
-    bl::enable_logs(manager_, "H8", OFF);
+    bl::enable_logs(manager_, "H8", levelOff);
     change.apply();
   };
   QMRK_LOG(log) << "m" << Trigger{switchOff};
@@ -204,7 +204,7 @@ TEST_F(SetUpChange, KeepsAStatementThatFoundALogOnFromTheCallablesWithWhichItGoe
 TEST_F(SetUpChange, SetsUpLogsThatAreCreatedWhileItIsAlive) {
   set_up_change change(manager_);
   bl::add_appender(manager_, "H9", recorder_.appender(), "A", 100);
-  bl::enable_logs(manager_, "H9.off", OFF);
+  bl::enable_logs(manager_, "H9.off", levelOff);
   const bl::logger log("H9.log");
   const bl::logger off("H9.off");
   change.apply();

@@ -18,8 +18,8 @@ using testing::IsEmpty;
 using testsupport::Recorder;
 using testsupport::suffix;
 
-constexpr unsigned int ON = 0;
-constexpr unsigned int OFF = 4294967295U;
+constexpr unsigned int levelOn = 0;
+constexpr unsigned int levelOff = 4294967295U;
 
 class SetUp : public testing::Test {
  protected:
@@ -96,12 +96,12 @@ TEST_F(SetUp, ALogThatNoCallSelectedIsOn) { EXPECT_TRUE(bl::logger("C7.never.sel
 
 TEST_F(SetUp, TheLatestEnableCallDecides) {
   const bl::logger log("C8.a");
-  bl::enable_logs(manager_, "C8", OFF);
+  bl::enable_logs(manager_, "C8", levelOff);
   EXPECT_FALSE(log.is_enabled());
   EXPECT_FALSE(bl::logger("C8.later").is_enabled());
-  bl::enable_logs(manager_, "C8.a", ON);
+  bl::enable_logs(manager_, "C8.a", levelOn);
   EXPECT_TRUE(log.is_enabled());
-  bl::enable_logs(manager_, "C8.*", OFF);
+  bl::enable_logs(manager_, "C8.*", levelOff);
   EXPECT_FALSE(log.is_enabled());
   bl::enable_logs(manager_, "C8.a", 4294967294U);
   EXPECT_TRUE(log.is_enabled());
@@ -109,9 +109,9 @@ TEST_F(SetUp, TheLatestEnableCallDecides) {
 
 TEST_F(SetUp, AMessageOfALogThatIsOffIsDropped) {
   bl::add_appender(manager_, "C9", recorder_.appender(), "A", 100);
-  bl::enable_logs(manager_, "C9", OFF);
+  bl::enable_logs(manager_, "C9", levelOff);
   EXPECT_THAT(logged("C9", "m"), IsEmpty());
-  bl::enable_logs(manager_, "C9", ON);
+  bl::enable_logs(manager_, "C9", levelOn);
   EXPECT_THAT(logged("C9", "m"), ElementsAre("C9|m"));
 }
 
@@ -133,7 +133,7 @@ TEST_F(SetUp, TheLogOfTheEmptyNameIsSelectedByTheEmptyPatternAndByStar) {
 TEST_F(SetUp, GivesAHandleThatIsCopyableAndKnowsItsName) {
   const bl::logger log("C12.copy");
   const bl::logger copy = log;  // NOLINT(performance-unnecessary-copy-initialization): its subject
-  bl::enable_logs(manager_, "C12", OFF);
+  bl::enable_logs(manager_, "C12", levelOff);
   EXPECT_FALSE(copy.is_enabled());
   EXPECT_EQ(copy.name(), "C12.copy");
 }
@@ -152,7 +152,7 @@ TEST_F(SetUp, CallsOfACallableMayItselfSetUp) {
   const auto removeItself = [this](const std::string&, const std::string&) {
     bl::del_appender(manager_, "C14", "once");
     bl::add_appender(manager_, "C14", recorder_.appender(), "A", 100);
-    bl::enable_logs(manager_, "C14.other", OFF);
+    bl::enable_logs(manager_, "C14.other", levelOff);
   };
   bl::add_appender(manager_, "C14", removeItself, "once", 100);
   EXPECT_THAT(logged("C14", "first"), IsEmpty());

@@ -25,7 +25,7 @@ using testsupport::removeAll;
 using testsupport::TemporaryFolder;
 using testsupport::writeFile;
 
-constexpr char LOST_ONE[] = "1 message was lost: this file could not be written, error ";
+constexpr char lostOne[] = "1 message was lost: this file could not be written, error ";
 
 class WriteToFile : public testing::Test {
  protected:
@@ -194,7 +194,7 @@ TEST_F(WriteToFile, TriesAFailedOpenAgainWithTheNextMessage) {
     EXPECT_FALSE(exists(path_));
     appender("App", "2\n");
   }
-  EXPECT_EQ(text(), LOST_ONE + std::string("5\n2\n"));
+  EXPECT_EQ(text(), lostOne + std::string("5\n2\n"));
 }
 
 TEST_F(WriteToFile, CannotWriteWhereTheUserMayNotButCanAsSoonAsHeMay) {
@@ -209,7 +209,7 @@ TEST_F(WriteToFile, CannotWriteWhereTheUserMayNotButCanAsSoonAsHeMay) {
   }
   removeAll(folder_.file("closed"));
   appender("App", "2\n");
-  EXPECT_EQ(testsupport::replaced(readFile(closedPath), "\r\n", "\n"), LOST_ONE + std::string("5\n2\n"));
+  EXPECT_EQ(testsupport::replaced(readFile(closedPath), "\r\n", "\n"), lostOne + std::string("5\n2\n"));
 }
 
 TEST_F(WriteToFile, KeepsLinesOfSeveralThreadsWhole) {

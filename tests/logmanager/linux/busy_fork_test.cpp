@@ -27,11 +27,11 @@ using bl::detail::InsideMark;
 using bl::detail::ProcessLock;
 using testsupport::ParkedThread;
 
-constexpr unsigned int LONGEST_CHILD = 60;
+constexpr unsigned int longestChild = 60;
 
 int inChild(const std::function<int()>& _function) {
   return testsupport::inForkedChild([&_function] {
-    ::alarm(LONGEST_CHILD);
+    ::alarm(longestChild);
     return _function();
   });
 }
@@ -120,7 +120,7 @@ TEST_F(BusyFork, AnAppenderMayForkAndWhatWasHandedOverToItIsPassedOnByTheParentO
         std::thread([] { bl::logger("F.other").write("handed over"); }).join();
         child = ::fork();
         isChild = child == 0;
-        if (isChild) ::alarm(LONGEST_CHILD);
+        if (isChild) ::alarm(longestChild);
         forking.write("inner");
       },
       "A", 100);

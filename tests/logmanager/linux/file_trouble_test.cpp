@@ -19,7 +19,7 @@ using boost::logging::write_to_file;
 using testsupport::readFile;
 using testsupport::removeAll;
 
-constexpr char LOST_TWO[] = "2 messages were lost: this file could not be written, error ";
+constexpr char lostTwo[] = "2 messages were lost: this file could not be written, error ";
 
 TEST(FileTrouble, AFullDiskLeavesOneFragmentThatIsEndedWhenThereIsRoom) {
   testsupport::mountSharedMemory("size=16k");
@@ -35,7 +35,7 @@ TEST(FileTrouble, AFullDiskLeavesOneFragmentThatIsEndedWhenThereIsRoom) {
   removeAll(filler);
   appender("App", "after\n");
   appender("App", "next\n");
-  EXPECT_EQ(readFile(path), message + message.substr(0, 8192 - 5000) + "\n" + LOST_TWO + "112\nafter\nnext\n");
+  EXPECT_EQ(readFile(path), message + message.substr(0, 8192 - 5000) + "\n" + lostTwo + "112\nafter\nnext\n");
   testsupport::unmountSharedMemory();
 }
 
@@ -77,7 +77,7 @@ TEST(FileTrouble, AFileSizeLimitDoesNotEndTheProcessAndIsToldWhenItIsLifted) {
     EXPECT_EQ(readFile(path), "0123456789\n012345678");
   }
   appender("App", "after\n");
-  EXPECT_EQ(readFile(path), std::string("0123456789\n012345678\n") + LOST_TWO + "27\nafter\n");
+  EXPECT_EQ(readFile(path), std::string("0123456789\n012345678\n") + lostTwo + "27\nafter\n");
 }
 
 TEST(FileTrouble, TheFragmentOfAnotherIsEndedBeforeTheLossIsTold) {

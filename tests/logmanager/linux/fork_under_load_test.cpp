@@ -23,8 +23,8 @@ namespace {
 
 namespace bl = boost::logging;
 
-constexpr int THREADS = 4;
-constexpr int FORKS = 25;
+constexpr int threadCount = 4;
+constexpr int forkCount = 25;
 
 void setUpAgain(const std::string& _logs) {
   bl::default_log_manager& manager = bl::get_default_log_manager();
@@ -36,7 +36,7 @@ void setUpAgain(const std::string& _logs) {
 class LoggingThreads {
  public:
   explicit LoggingThreads(const std::string& _logName) {
-    for (int i = 0; i < THREADS; ++i) {
+    for (int i = 0; i < threadCount; ++i) {
       threads_.emplace_back([this, _logName, i] {
         for (int message = 0; !isOver_; ++message) {
           QMRK_LOG(bl::logger(_logName + "." + std::to_string(message % 10))) << "message " << message << "\n";
@@ -59,7 +59,7 @@ class LoggingThreads {
 };
 
 void expectChildrenToLogAndEnd(const std::string& _logName) {
-  for (int i = 0; i < FORKS; ++i) {
+  for (int i = 0; i < forkCount; ++i) {
     ASSERT_EQ(testsupport::inForkedChild([&_logName] {
                 ::alarm(60);
                 setUpAgain(_logName);

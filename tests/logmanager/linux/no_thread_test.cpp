@@ -13,12 +13,12 @@
 
 namespace {
 
-constexpr unsigned int NOBODY = 65534;
+constexpr unsigned int nobody = 65534;
 
 // Root may start as many threads as it likes.
 bool becomeAUserWithoutThreads() {
   const rlimit none{0, 0};
-  return ::setresgid(NOBODY, NOBODY, NOBODY) == 0 && ::setresuid(NOBODY, NOBODY, NOBODY) == 0 &&
+  return ::setresgid(nobody, nobody, nobody) == 0 && ::setresuid(nobody, nobody, nobody) == 0 &&
          ::setrlimit(RLIMIT_NPROC, &none) == 0;
 }
 

@@ -22,9 +22,9 @@ class TimeStamp;
 
 }  // namespace detail
 
-/// Writes a finished message somewhere. An exception does not reach the logging statement: it is counted and told on
-/// the standard error stream at most once a minute. An appender that was added once is never entered by two threads at
-/// the same time, unless it is write_to_cout, a write_to_file or a ts_appender.
+/// Writes a finished message somewhere. An exception does not reach the logging statement: it is counted, and
+/// reported on the standard error stream at most once a minute. An appender that was added once is never entered by two
+/// threads at the same time, unless it is write_to_cout, a write_to_file or a ts_appender.
 using appender = boost::function<void(const std::string& /*log_name*/, const std::string& /*message*/)>;
 
 /// Changes a message in place. It may be entered by several threads at once. Exceptions as above.
@@ -43,11 +43,11 @@ class write_to_file {
   /// @param _overwrite whether that first message empties an existing file.
   BOOST_LOGGING_API write_to_file(const std::string& _fileName, bool _overwrite);
 
-  /// Appends the message. A file that was removed, renamed or replaced, or whose folder was, is made anew within a
+  /// Appends the message. A file that was removed, renamed or replaced, or whose folder was, is recreated within a
   /// second. A message that cannot be written is lost, counted, and reported on the standard error stream at most once
-  /// a minute for each file; the next one tries again, and a line before the first that can be written tells how many
-  /// were lost. What a failed write or a killed process left of a message is ended by a line end before the next
-  /// message.
+  /// a minute for each file; the next one tries again, and a line before the first that can be written says
+  /// how many were lost. What a failed write or a killed process left of a message is ended by a line end before the
+  /// next message.
   BOOST_LOGGING_API void operator()(const std::string& _logName, const std::string& _message) const;
 
  private:
@@ -57,11 +57,13 @@ class write_to_file {
 
 /// Appender: hands messages to a writer thread of its own, which calls the wrapped appender, one call at a time, with
 /// an empty log name and the text of all messages since the call before. Copies share one writer. What the wrapped
-/// appender throws is ignored. What is still held is delivered when the last copy is destroyed, at normal process exit
-/// and when the library is unloaded.
+/// appender throws is counted and reported as above. At most 64 MiB are held; beyond that the newest messages are
+/// dropped, and a line says how many when there is room again. What is still held is delivered when the last copy is
+/// destroyed, at normal process exit and when the library is unloaded.
 class ts_appender {
  public:
-  /// @param _sleepMs the pause of the writer between two batches; 0 only gives up the rest of the time slice.
+  /// @param _sleepMs the pause of the writer between two batches. With 0 it sleeps for about a millisecond where more
+  ///   messages are to be expected shortly, and otherwise until the next one.
   BOOST_LOGGING_API ts_appender(const appender& _wrapped, int _sleepMs);
 
   /// Stores the message. The very first call starts the writer and sleeps 100 ms; no later one waits.

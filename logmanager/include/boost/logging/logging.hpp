@@ -6,9 +6,9 @@
 // then to its appenders, which write it somewhere.
 //
 // Names of logs are dot-separated and compared byte by byte. A set-up call selects logs by a pattern: "*" in it stands
-// for any run of characters, also none, and the pattern must match the whole name; a pattern without "*" selects the
-// log of that name and the logs below it ("App" selects "App" and "App.error", not "Apple"); the empty pattern selects
-// only the log with the empty name. What a call sets holds as well for logs that are created later.
+// for any run of characters, including none, and the pattern must match the whole name; a pattern without "*" selects
+// the log of that name and the logs below it ("App" selects "App" and "App.error", not "Apple"); the empty pattern
+// selects only the log with the empty name. What a call sets holds as well for logs that are created later.
 //
 // Everything here may be called from any threads at once, from appenders and modifiers, and before main and after it:
 // the manager is made at its first use and never destroyed. A logging statement never waits for a set-up call and sees
@@ -35,8 +35,8 @@ struct NotedCalls;
 /// The one manager of the process.
 BOOST_LOGGING_API default_log_manager& get_default_log_manager();
 
-/// Connects a callable to every selected log. Of a log's callables a lower index runs first and, of equal indexes, the
-/// one that was added first. Several may share a name. The manager keeps a copy, destroyed by a later set-up call at
+/// Connects a callable to every selected log. Callables with a lower index run first; those with equal indexes run in
+/// the order of adding. Several may share a name. The manager keeps a copy, destroyed by a later set-up call at
 /// the earliest when the callable has been removed and no statement uses it any more. An empty function is ignored.
 BOOST_LOGGING_API void add_appender(default_log_manager& _manager, const std::string& _logs, const appender& _appender,
                                     const std::string& _name, int _index);
@@ -47,8 +47,8 @@ BOOST_LOGGING_API void add_modifier(default_log_manager& _manager, const std::st
 BOOST_LOGGING_API void del_appender(default_log_manager& _manager, const std::string& _logs, const std::string& _name);
 BOOST_LOGGING_API void del_modifier(default_log_manager& _manager, const std::string& _logs, const std::string& _name);
 
-/// Switches the selected logs off (level 4294967295) or on (any other level, by custom 0). The latest call that selects
-/// a log decides; a log that no call has selected is on.
+/// Switches the selected logs off (level 4294967295) or on (any other level, conventionally 0). The latest call that
+/// selects a log decides; a log that no call has selected is on.
 BOOST_LOGGING_API void enable_logs(default_log_manager& _manager, const std::string& _logs, unsigned int _level);
 
 /// Makes set-up calls take effect together:
@@ -89,9 +89,9 @@ class set_up_change {
 };
 
 /// Until its first call every message is kept, with its time, the latest 1 MiB of text; the call writes what was kept
-/// through the callables that are connected then, for the logs that are on then, after a line that tells how many
-/// messages were dropped, if any. What other threads log meanwhile is kept for two more rounds; then they wait for the
-/// call to return. Later calls have no effect.
+/// through the callables that are connected then, for the logs that are on then, after a line with the number of
+/// messages that were dropped, if any. What other threads log meanwhile is kept for two more rounds; then they wait for
+/// the call to return. Later calls have no effect.
 BOOST_LOGGING_API void flush_log_cache();
 
 }  // namespace logging
