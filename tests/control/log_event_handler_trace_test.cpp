@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include <iomanip>
 #include <locale>
-#include <regex>
 
 #include "tests/control/listener_fixture.h"
 #include "tests/support/golden.h"
+#include "tests/support/text_pattern.h"
 
 namespace {
 
 using namespace platform;
 
 std::string masked(const std::string& _text) {
-  return std::regex_replace(_text, std::regex("andle=(0x)?[0-9a-fA-F]+"), "andle=<handle>");
+  return testsupport::TextPattern("andle=(0x)?[0-9a-fA-F]+").replacedIn(_text, "andle=<handle>");
 }
 
 // Access to private members, which no public call reaches with the arguments of these tests.

@@ -6,7 +6,6 @@
 #include <chrono>
 #include <functional>
 #include <numeric>
-#include <regex>
 #include <sstream>
 #include <string>
 #include <thread>
@@ -17,6 +16,7 @@
 #include "quillmark_logging.h"
 #include "tests/logsetup/log_set_up.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/text_pattern.h"
 
 namespace {
 
@@ -105,14 +105,14 @@ class SetUpStorm : public testsupport::LogSetUp, public testing::WithParamInterf
   void expectAllLines(const std::vector<int>& _counts) const {
     deleteAppender("*", APPENDER_WRITE2FILE_INIT);
     std::istringstream file(fileWith(std::accumulate(_counts.begin(), _counts.end(), 0)));
-    const std::regex form(R"(\[(Storm\.\S+)\] \d{8} \d\d:\d\d:\d\d thread (\d) line (\d+)\r?)");
+    const testsupport::TextPattern form(R"(\[(Storm\.\S+)\] \d{8} \d\d:\d\d:\d\d thread (\d) line (\d+)\r?)");
     std::vector<std::vector<int>> found(threadCount);
     int malformed = 0;
-    std::smatch match;
+    std::vector<std::string> parts;
     for (std::string line; std::getline(file, line);) {
       if (line.find("thread") == std::string::npos && line.find("Storm") == std::string::npos) continue;
-      if (std::regex_match(line, match, form) && match[1] == logName(std::stoi(match[2]))) {
-        found[std::stoul(match[2])].push_back(std::stoi(match[3]));
+      if (form.matches(line, parts) && parts[0] == logName(std::stoi(parts[1]))) {
+        found[std::stoul(parts[1])].push_back(std::stoi(parts[2]));
       } else {
         ++malformed;
       }

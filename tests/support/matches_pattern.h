@@ -3,15 +3,15 @@
 
 #include <gmock/gmock.h>
 
-#include <regex>
 #include <string>
+
+#include "tests/support/text_pattern.h"
 
 namespace testsupport {
 
-/// Matches a text that as a whole has the pattern, a regular expression of ECMAScript. (GoogleTest's own expressions
-/// differ between the systems.)
+/// Matches a text that as a whole has the pattern.
 MATCHER_P(MatchesPattern, pattern, "has the pattern " + testing::PrintToString(pattern)) {
-  return std::regex_match(std::string(arg), std::regex(pattern));
+  return TextPattern(pattern).matches(arg);
 }
 
 }  // namespace testsupport

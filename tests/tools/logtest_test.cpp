@@ -2,10 +2,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <regex>
-
 #include "platform/native_path.h"
 #include "tests/support/golden.h"
+#include "tests/support/text_pattern.h"
 #include "tests/tools/logtest_run.h"
 #include "tests/trace/named_lines.h"
 
@@ -19,6 +18,7 @@ using testsupport::linesOf;
 using testsupport::nativeLineEnds;
 using testsupport::readFile;
 using testsupport::replaced;
+using testsupport::TextPattern;
 
 class LogTest : public testsupport::LogTestRun {
  protected:
@@ -32,8 +32,8 @@ class LogTest : public testsupport::LogTestRun {
       begin = end == std::string::npos ? _text.size() : end + 1;
     }
     const std::string seconds = "\\] [0-9]{8} [0-9]{2}:[0-9]{2}:[0-9]{2}";
-    lines = std::regex_replace(lines, std::regex(seconds + "\\.[0-9]{3} "), "] <STAMP WITH MILLISECONDS> ");
-    return std::regex_replace(lines, std::regex(seconds + " "), "] <STAMP> ");
+    lines = TextPattern(seconds + "\\.[0-9]{3} ").replacedIn(lines, "] <STAMP WITH MILLISECONDS> ");
+    return TextPattern(seconds + " ").replacedIn(lines, "] <STAMP> ");
   }
 
   std::string commonLogLines() const { return logLinesOf(replaced(readFile(commonLog()), nativeLineEnds("\n"), "\n")); }

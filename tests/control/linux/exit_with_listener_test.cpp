@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
-#include <regex>
 #include <string>
 
 #include "tests/support/child_process.h"
 #include "tests/support/config_sandbox.h"
 #include "tests/support/golden.h"
 #include "tests/support/private_events.h"
+#include "tests/support/text_pattern.h"
 
 // Programs that use the shared library as applications do.
 
@@ -24,7 +24,7 @@ class ExitWithListener : public ::testing::Test {
   // Without the line that may come anywhere among those of the thread.
   static std::string masked(const std::string& _text) {
     const std::string rest = testsupport::replaced(_text, "<== LogEventHandler::LogEventHandler()\n", "");
-    return std::regex_replace(rest, std::regex("andle=0x[0-9a-f]+"), "andle=<handle>");
+    return testsupport::TextPattern("andle=0x[0-9a-f]+").replacedIn(rest, "andle=<handle>");
   }
 
   const testsupport::ConfigSandbox sandbox_;
