@@ -56,8 +56,6 @@ using detail::SetUpCalls;
 
 namespace {
 
-constexpr unsigned int nothingEnabled = 0xFFFFFFFFU;
-
 /// Notes the call, made by the function on a list of calls, where the thread has a set_up_change, else applies it.
 template <typename MakeCall>
 void setUp(default_log_manager& _manager, MakeCall _makeCall) {
@@ -95,7 +93,7 @@ void del_modifier(default_log_manager& _manager, const std::string& _logs, const
 }
 
 void enable_logs(default_log_manager& _manager, const std::string& _logs, unsigned int _level) {
-  setUp(_manager, [&](SetUpCalls& _calls) { _calls.enable(_logs, _level != nothingEnabled); });
+  setUp(_manager, [&](SetUpCalls& _calls) { _calls.enable(_logs, _level != level_off); });
 }
 
 void flush_log_cache() {

@@ -13,9 +13,6 @@ namespace Quillmark_logging {
 /// Every callable of this library is connected at this index.
 constexpr int callableIndex = 100;
 
-constexpr unsigned int levelOn = 0;
-constexpr unsigned int levelOff = 4294967295U;
-
 /// The calls that this thread makes until apply() take effect together, without it never.
 class SetUpChange : public boost::logging::set_up_change {
  public:
@@ -43,11 +40,11 @@ inline void deleteModifier(const std::string& _logs, const std::string& _name) {
 }
 
 inline void enableLogs(const std::string& _logs) {
-  boost::logging::enable_logs(boost::logging::get_default_log_manager(), _logs, levelOn);
+  boost::logging::enable_logs(boost::logging::get_default_log_manager(), _logs, boost::logging::level_on);
 }
 
 inline void disableLogs(const std::string& _logs) {
-  boost::logging::enable_logs(boost::logging::get_default_log_manager(), _logs, levelOff);
+  boost::logging::enable_logs(boost::logging::get_default_log_manager(), _logs, boost::logging::level_off);
 }
 
 }  // namespace Quillmark_logging

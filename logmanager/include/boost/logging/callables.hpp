@@ -2,7 +2,8 @@
 #ifndef BOOST_LOGGING_CALLABLES_HPP
 #define BOOST_LOGGING_CALLABLES_HPP
 
-// The appenders and modifiers of the log manager. Included by boost/logging/logging.hpp.
+/// @file
+/// What an application connects to logs, and what the log manager brings. Included by boost/logging/logging.hpp.
 
 #include <boost/function.hpp>
 #include <boost/shared_ptr.hpp>
@@ -14,40 +15,56 @@ namespace boost {
 namespace logging {
 
 namespace detail {
-
 class BatchHandle;
 class LinePlan;
 class SharedAppendFile;
 class TimeStamp;
-
 }  // namespace detail
 
-/// Writes a finished message somewhere. An exception does not reach the logging statement: it is counted, and
-/// reported on the standard error stream at most once a minute. An appender that was added once is never entered by two
-/// threads at the same time, unless it is write_to_cout, a write_to_file or a ts_appender.
+/// Writes a finished message somewhere. Its arguments are the name of the log and the message.
+///
+/// @code
+/// void toStandardError(const std::string& /*_logName*/, const std::string& _message) { std::cerr << _message; }
+///
+/// bl::add_appender(bl::get_default_log_manager(), "*.error", toStandardError, "errors on screen", 200);
+/// @endcode
+///
+/// An appender that was added once is never entered by two threads at the same time, unless it is write_to_cout, a
+/// write_to_file or a ts_appender. An exception does not reach the logging statement: it is counted, and reported on
+/// standard error at most once a minute.
 using appender = boost::function<void(const std::string& /*log_name*/, const std::string& /*message*/)>;
 
-/// Changes a message in place. It may be entered by several threads at once. Exceptions as above.
+/// Changes a message in place. Its arguments are the name of the log and the message.
+///
+/// @code
+/// void prependProcess(const std::string& /*_logName*/, std::string& _message) {
+///   _message.insert(0, Quillmark_logging::getFormattedProcessId());
+/// }
+///
+/// bl::add_modifier(bl::get_default_log_manager(), "*", prependProcess, "process", 50);
+/// @endcode
+///
+/// Several threads may enter it at once. Exceptions are treated as those of an appender.
 using modifier = boost::function<void(const std::string& /*log_name*/, std::string& /*message*/)>;
 
 /// Appender: writes the message to the standard output (std::cout) and flushes it. Messages of several threads stay
-/// whole. An output that fails, as a closed pipe or a full disk does, does not end the process; the next message tries
-/// again.
+/// whole. An output that fails, such as a closed pipe or a full disk, does not end the process; the next message tries
+/// again. The name of the log is ignored.
 BOOST_LOGGING_API void write_to_cout(const std::string& _logName, const std::string& _message);
 
 /// Appender: writes each message to a file by one append of the system, so that several threads and processes can share
 /// the file and every line stays whole. Copies share one open file.
 class write_to_file {
  public:
-  /// @param _fileName path with either separator; the file, and its folder, is made by the first message.
-  /// @param _overwrite whether that first message empties an existing file.
+  /// Stores the arguments; the first message creates the file, and its folder.
+  /// @param _fileName  path in the process code page, with either separator.
+  /// @param _overwrite whether the first message empties an existing file.
   BOOST_LOGGING_API write_to_file(const std::string& _fileName, bool _overwrite);
 
   /// Appends the message. A file that was removed, renamed or replaced, or whose folder was, is recreated within a
-  /// second. A message that cannot be written is lost, counted, and reported on the standard error stream at most once
-  /// a minute for each file; the next one tries again, and a line before the first that can be written says
-  /// how many were lost. What a failed write or a killed process left of a message is ended by a line end before the
-  /// next message.
+  /// second. A message that cannot be written is lost, counted, and reported on standard error at most once a minute
+  /// per file; the next one tries again, and a line before the first that can be written says how many were lost. What
+  /// a failed write or a killed process left of a message is ended by a line end before the next message.
   BOOST_LOGGING_API void operator()(const std::string& _logName, const std::string& _message) const;
 
  private:
@@ -56,14 +73,16 @@ class write_to_file {
 };
 
 /// Appender: hands messages to a writer thread of its own, which calls the wrapped appender, one call at a time, with
-/// an empty log name and the text of all messages since the call before. Copies share one writer. What the wrapped
+/// an empty log name and the text of all messages since the previous call. Copies share one writer. What the wrapped
 /// appender throws is counted and reported as above. At most 64 MiB are held; beyond that the newest messages are
 /// dropped, and a line says how many when there is room again. What is still held is delivered when the last copy is
 /// destroyed, at normal process exit and when the library is unloaded.
 class ts_appender {
  public:
-  /// @param _sleepMs the pause of the writer between two batches. With 0 it sleeps for about a millisecond where more
-  ///   messages are to be expected shortly, and otherwise until the next one.
+  /// Stores the arguments; the first message starts the writer.
+  /// @param _wrapped the appender that the writer calls.
+  /// @param _sleepMs pause of the writer between two calls, in milliseconds. With 0 it sleeps for about a millisecond if
+  ///   more messages are expected shortly, else until the next one.
   BOOST_LOGGING_API ts_appender(const appender& _wrapped, int _sleepMs);
 
   /// Stores the message. The very first call starts the writer and sleeps 100 ms; no later one waits.
@@ -77,10 +96,10 @@ class ts_appender {
 /// Modifier: puts the local time of the logging statement before the message.
 class prepend_time_ms {
  public:
-  /// @param _format $yyyy, $MM, $dd, $hh, $mm, $ss and $mss (milliseconds, three digits) are replaced; other text
-  ///   stays as it is.
+  /// @param _format text in which $yyyy, $MM, $dd, $hh, $mm, $ss and $mss (milliseconds, 000 to 999) are replaced.
   BOOST_LOGGING_API explicit prepend_time_ms(const std::string& _format);
 
+  /// Changes the message.
   BOOST_LOGGING_API void operator()(const std::string& _logName, std::string& _message) const;
 
  private:

@@ -2,8 +2,9 @@
 #ifndef BOOST_LOGGING_FORMAT_HPP
 #define BOOST_LOGGING_FORMAT_HPP
 
-// Optional: QMRK_LOGF, a logging statement with a format string of {fmt}. The only header of the log manager that needs
-// {fmt} (8 or later; link fmt::fmt) and C++14.
+/// @file
+/// Optional: QMRK_LOGF, a logging statement with a format string of {fmt}. The only header of the log manager that
+/// needs {fmt} (8 or later; link fmt::fmt) and C++14. Not included by boost/logging/logging.hpp.
 
 #include <fmt/compile.h>
 #include <fmt/format.h>
@@ -14,10 +15,10 @@ namespace boost {
 namespace logging {
 namespace detail {
 
-/// Formats the arguments and logs the text. What a formatter throws goes on to the caller, without a message.
-/// @param _format is parsed when it is compiled (before C++17, when it is used).
-/// The same format comes twice more: its type checks it against the arguments, as {fmt} does not check every format
-/// that is parsed when it is compiled; and as the macro was given it, first of the other arguments.
+// Formats the arguments and logs the text. What a formatter throws goes on to the caller, without a message. The format
+// is parsed when it is compiled (before C++17, when it is used). It comes twice more: its type checks it against the
+// arguments, as {fmt} does not check every format that is parsed when it is compiled; and as the macro was given it,
+// first of the other arguments.
 template <typename Format, typename... Arguments>
 void log_formatted(const logger& _log, const Format& _format, fmt::format_string<const Arguments&...> /*_checked*/,
                    const char* /*_formatText*/, const Arguments&... _arguments) {
@@ -32,17 +33,20 @@ void log_formatted(const logger& _log, const Format& _format, fmt::format_string
 }  // namespace logging
 }  // namespace boost
 
-/// QMRK_LOGF(log, "size {}", n); logs a message on the boost::logging::logger. The format is a literal; one that does
-/// not fit the arguments does not compile. Nothing after the logger is evaluated, and nothing is formatted, when the
-/// log is off. It is an expression, and safe as the only statement of an if or else.
+/// Logs a message: `QMRK_LOGF(info, "size {}", n);`
+///
+/// Takes a boost::logging::logger, a format, which is a literal, and its arguments. A format that does not fit the
+/// arguments does not compile. A disabled statement costs one atomic load; nothing after the logger is evaluated then.
+/// What a formatter throws goes on to the caller, and nothing is logged. Otherwise as QMRK_LOG.
 #define QMRK_LOGF(log, ...)                                                                                   \
   (!((log).is_enabled())                                                                                      \
        ? static_cast<void>(0)                                                                                 \
        : ::boost::logging::detail::log_formatted(log, FMT_COMPILE(BOOST_LOGGING_FIRST_ARGUMENT(__VA_ARGS__)), \
                                                  FMT_STRING(BOOST_LOGGING_FIRST_ARGUMENT(__VA_ARGS__)), __VA_ARGS__))
 
-// The 0 stands for arguments that a format may not have.
+/// Part of QMRK_LOGF: the format. The 0 stands for arguments that a format may not have.
 #define BOOST_LOGGING_FIRST_ARGUMENT(...) BOOST_LOGGING_FIRST_ARGUMENT_OF(__VA_ARGS__, 0)
+/// Part of QMRK_LOGF.
 #define BOOST_LOGGING_FIRST_ARGUMENT_OF(first, ...) first
 
 #endif

@@ -2,7 +2,8 @@
 #ifndef BOOST_LOGGING_LOGGER_HPP
 #define BOOST_LOGGING_LOGGER_HPP
 
-// Included by boost/logging/logging.hpp.
+/// @file
+/// Named logs, and the statement that logs. Included by boost/logging/logging.hpp.
 
 #include <atomic>
 #include <string>
@@ -24,18 +25,22 @@ struct log_switch {
 
 }  // namespace detail
 
-/// A cheap handle on one named log. Copies are handles on the same log; logs are never destroyed.
+/// A handle on one named log, of the size of a pointer. Copies are handles on the same log. Logs are never destroyed,
+/// so a handle may be a static object, and may be used on any thread, before main and after it.
 class logger {
  public:
-  /// Finds or creates the log.
+  /// Finds or creates the log. The look-up takes a lock: keep the handle, rather than make one per message.
+  /// @param _name dot-separated, compared byte by byte: "App.error".
   BOOST_LOGGING_API explicit logger(const std::string& _name);
 
+  /// @return the name of the log, which lives until the process ends.
   BOOST_LOGGING_API const std::string& name() const;
 
-  /// Whether the log is on.
+  /// @return whether the log is on; one relaxed atomic load.
   bool is_enabled() const { return log_->enabled.load(std::memory_order_relaxed); }
 
-  /// Logs the message, unless the log is off.
+  /// Logs a message, unless the log is off. Throws nothing that an appender or a modifier throws.
+  /// @param _message the text, 8-bit and kept as it is; line ends are the modifiers' business.
   BOOST_LOGGING_API void write(const std::string& _message) const;
 
  private:
@@ -48,8 +53,13 @@ class logger {
 
 #include "boost/logging/detail/statement.hpp"
 
-/// QMRK_LOG(log) << "size " << n; logs a message on the boost::logging::logger. Nothing after the macro is evaluated
-/// when the log is off. It is an expression, and safe as the only statement of an if or else.
+/// Logs a message: `QMRK_LOG(info) << "size " << n;`
+///
+/// A disabled statement costs one atomic load; nothing after the macro is evaluated then. What follows is inserted as
+/// into a std::ostream in its initial state. When an insertion throws, nothing is logged and the exception goes on to
+/// the caller; what appenders and modifiers throw never reaches it. The macro makes an expression, safe as the only
+/// statement of an if or else, on any thread, and inside an appender.
+/// @param log a boost::logging::logger.
 // NOLINTBEGIN(bugprone-macro-parentheses): what follows the macro belongs to its last operand
 #define QMRK_LOG(log)        \
   !((log).is_enabled())      \

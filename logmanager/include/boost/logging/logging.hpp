@@ -2,96 +2,105 @@
 #ifndef BOOST_LOGGING_LOGGING_HPP
 #define BOOST_LOGGING_LOGGING_HPP
 
-// The log manager. It keeps named logs; a log passes each message through its modifiers, which change the text, and
-// then to its appenders, which write it somewhere.
-//
-// Names of logs are dot-separated and compared byte by byte. A set-up call selects logs by a pattern: "*" in it stands
-// for any run of characters, including none, and the pattern must match the whole name; a pattern without "*" selects
-// the log of that name and the logs below it ("App" selects "App" and "App.error", not "Apple"); the empty pattern
-// selects only the log with the empty name. What a call sets holds as well for logs that are created later.
-//
-// Everything here may be called from any threads at once, from appenders and modifiers, and before main and after it:
-// the manager is made at its first use and never destroyed. A logging statement never waits for a set-up call and sees
-// the callables of its log as they were before such a call or after it, never a mix.
+/// @file
+/// The log manager. It keeps named logs; a log passes each message through its modifiers, which change the text, then
+/// to its appenders, which write it somewhere. This header includes all of it but boost/logging/format.hpp.
+///
+/// @code
+/// #include <boost/logging/logging.hpp>
+///
+/// int main() {
+///   namespace bl = boost::logging;
+///   bl::default_log_manager& manager = bl::get_default_log_manager();
+///   bl::add_modifier(manager, "*", bl::append_enter, "line end", 100);
+///   bl::add_appender(manager, "App", bl::write_to_file("app.log", false), "file", 100);
+///   bl::flush_log_cache();  // write what was logged so far; from here on, messages are not kept
+///
+///   const bl::logger errors("App.error");
+///   QMRK_LOG(errors) << "disk " << 3 << " failed";
+/// }
+/// @endcode
+///
+/// **Names** of logs are dot-separated and compared byte by byte. A set-up call selects logs by a pattern. "*" in it
+/// stands for any sequence of characters, including none, and the pattern must match the whole name. A pattern without
+/// "*" selects the log of that name and the logs below it: "App" selects "App" and "App.error", not "Apple". The empty
+/// pattern selects only the log with the empty name. What a call sets also holds for logs that are created later.
+///
+/// **Threads.** Everything here may be called from any threads at once, from appenders and modifiers, before main and
+/// after it: the manager is created at its first use and never destroyed. A logging statement never waits for a set-up
+/// call, and sees the callables of its log as they were before such a call or after it, never a mix.
+///
+/// **Failures.** Set-up calls throw std::bad_alloc when memory is short; nothing has changed then.
 
-#include <cstddef>
 #include <string>
 
 #include "boost/logging/callables.hpp"
 #include "boost/logging/detail/export.hpp"
 #include "boost/logging/logger.hpp"
+#include "boost/logging/set_up_change.hpp"
 
+/// Root of the log manager's namespace.
 namespace boost {
+/// The log manager.
 namespace logging {
 
+/// Keeps the logs and what is connected to them. Used by reference only.
 class default_log_manager;
 
-namespace detail {
-
-struct NotedCalls;
-
-}  // namespace detail
-
-/// The one manager of the process.
+/// Gives the one manager of the process.
+/// @return the manager, which lives until the process ends.
 BOOST_LOGGING_API default_log_manager& get_default_log_manager();
 
-/// Connects a callable to every selected log. Callables with a lower index run first; those with equal indexes run in
-/// the order of adding. Several may share a name. The manager keeps a copy, destroyed by a later set-up call at
-/// the earliest when the callable has been removed and no statement uses it any more. An empty function is ignored.
+/// Connects an appender to every selected log. Appenders with a lower index run first; those with the same index, in
+/// the order in which they were added. Several may share a name.
+///
+/// The manager keeps a copy. When the appender has been removed and no statement uses it any more, a later set-up call
+/// destroys the copy.
+///
+/// @param _manager  the manager.
+/// @param _logs     a pattern, see above.
+/// @param _appender is called with the name of the log and the finished message. An empty function is ignored.
+/// @param _name     the name by which del_appender finds it.
+/// @param _index    the place in the order. The set-up library connects everything at 100.
 BOOST_LOGGING_API void add_appender(default_log_manager& _manager, const std::string& _logs, const appender& _appender,
                                     const std::string& _name, int _index);
+
+/// Connects a modifier to every selected log; as add_appender does, in an order of their own.
+/// @param _manager  the manager.
+/// @param _logs     a pattern.
+/// @param _modifier is called with the name of the log and the message, before any appender. Empty: ignored.
+/// @param _name     the name by which del_modifier finds it.
+/// @param _index    the place in the order.
 BOOST_LOGGING_API void add_modifier(default_log_manager& _manager, const std::string& _logs, const modifier& _modifier,
                                     const std::string& _name, int _index);
 
-/// Disconnects every callable of the name from the selected logs; without effect when there is none.
+/// Disconnects every appender of a name from the selected logs; without effect when there is none.
+/// @param _manager the manager.
+/// @param _logs    a pattern.
+/// @param _name    the name that was given to add_appender.
 BOOST_LOGGING_API void del_appender(default_log_manager& _manager, const std::string& _logs, const std::string& _name);
+
+/// Disconnects every modifier of a name from the selected logs; without effect when there is none.
+/// @param _manager the manager.
+/// @param _logs    a pattern.
+/// @param _name    the name that was given to add_modifier.
 BOOST_LOGGING_API void del_modifier(default_log_manager& _manager, const std::string& _logs, const std::string& _name);
 
-/// Switches the selected logs off (level 4294967295) or on (any other level, conventionally 0). The latest call that
-/// selects a log decides; a log that no call has selected is on.
+/// Level of a log that is on.
+constexpr unsigned int level_on = 0;
+/// Level of a log that is off. Every other level means on.
+constexpr unsigned int level_off = 4294967295U;
+
+/// Switches the selected logs on or off. The latest call that selects a log decides; one that no call selects is on.
+/// @param _manager the manager.
+/// @param _logs    a pattern.
+/// @param _level   level_off; or any other level for on, conventionally level_on.
 BOOST_LOGGING_API void enable_logs(default_log_manager& _manager, const std::string& _logs, unsigned int _level);
 
-/// Makes set-up calls take effect together:
-///
-///   set_up_change change(manager);
-///   enable_logs(manager, "*", 4294967295U);
-///   enable_logs(manager, "App.error", 0);
-///   change.apply();
-///
-/// While one is alive, the add, delete and enable calls that its thread makes on the manager are noted, and so is a
-/// call of flush_log_cache that comes after them. A statement of any thread sees its log as it was before all of them
-/// or as it is after all of them, also when the log is created meanwhile, and a log that ends up as it was is never
-/// touched: "App.error" above, if it was on, loses no message. Changes of several threads are applied one after the
-/// other.
-///
-/// To be used and destroyed by the thread that made it. One made while another of the thread is alive joins it: its
-/// apply leaves its calls to the other one's, and it is destroyed first.
-class set_up_change {
- public:
-  BOOST_LOGGING_API explicit set_up_change(default_log_manager& _manager);
-
-  /// Carries out what was noted, the flush last. Later calls are noted again.
-  /// Throws std::bad_alloc when there is no memory for it: then nothing has changed and all is still noted.
-  BOOST_LOGGING_API void apply();
-
-  /// Forgets what was noted and not applied.
-  BOOST_LOGGING_API ~set_up_change();
-
-  set_up_change(const set_up_change&) = delete;
-  set_up_change& operator=(const set_up_change&) = delete;
-
- private:
-  void keep();
-
-  detail::NotedCalls* noted_;
-  std::size_t kept_ = 0;
-  bool keepsFlush_ = false;
-};
-
-/// Until its first call every message is kept, with its time, the latest 1 MiB of text; the call writes what was kept
-/// through the callables that are connected then, for the logs that are on then, after a line with the number of
-/// messages that were dropped, if any. What other threads log meanwhile is kept for two more rounds; then they wait for
-/// the call to return. Later calls have no effect.
+/// Ends the time in which messages are kept. Until the first call every message is kept, with its time: the latest
+/// 1 MiB of text. The call writes what was kept through the callables that are connected then, for the logs that are
+/// on then, after a line that says how many messages were dropped, if any. What other threads log meanwhile is kept for
+/// two more rounds; then they wait for the call to return. Later calls have no effect.
 BOOST_LOGGING_API void flush_log_cache();
 
 }  // namespace logging
