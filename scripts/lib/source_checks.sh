@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# Checks of the sources by clang-format and clang-tidy.
+# Checks of the sources by clang-format, Doxygen and clang-tidy.
 # shellcheck shell=bash
 
 cxx_files() {
@@ -8,6 +8,12 @@ cxx_files() {
 
 check_format() {
   cxx_files | xargs clang-format-14 --dry-run -Werror --style=file
+}
+
+# check_reference: every declaration of the public headers has a comment, and the comment fits it. The pages go to
+# build/reference/html.
+check_reference() {
+  mkdir -p "$ROOT/build" && (cd "$ROOT" && doxygen docs/Doxyfile)
 }
 
 # check_tidy: every source of ours in the compile database of linux-tidy, where the sources of a test program stand
