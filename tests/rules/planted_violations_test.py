@@ -70,6 +70,17 @@ PLANTED = {
          "trace/c.cpp": "// Longer than the budget: one table of one meaning\n" + "\n" * 400},
         {"trace/p.cpp": "\n" * 301, "trace/q.h": "\n" * 121, "tests/trace/r.cpp": "\n" * 301,
          "trace/s.cpp": "// Longer than the budget: \n" + "\n" * 400}),
+    "page_snippets": (
+        {"examples/programs/a.cpp": "int main() {\n  first();\n  second();\n\n  third();\n}\n",
+         "examples/b/CMakeLists.txt": "add_executable(a a.cpp)\n",
+         "README.md": "```cpp\nfirst();\nsecond();\n\nthird();\n```\n```\nnot code\n```\n"
+                      "```cmake\nadd_executable(a a.cpp)\n```\n",
+         "include/c.h": "/// @code\n///   first();\n///\n///   third();\n/// @endcode\n",
+         "config/d.h": "/// @code\n/// fourth();\n/// @endcode\n"},
+        {"docs/p.md": "```cpp\nfirst();\nthird();\n```\n",
+         "docs/q.md": "```cmake\nadd_executable(b b.cpp)\n```\n",
+         "include/r.h": "/// @code\n/// fourth();\n/// @endcode\n",
+         "logmanager/include/boost/logging/s.hpp": "  /// @code\n  /// first();\n  /// fourth();\n  /// @endcode\n"}),
     "file_names": (
         {"platform/linux/clock.cpp": "", "platform/win32/clock.cpp": "", "trace/trace.h": "", "trace/trace.cpp": ""},
         {"zlast/trace.h": "", "trace/string_utils.h": "", "config/common.cpp": "", "config/helpers.h": ""}),
