@@ -11,8 +11,8 @@
 namespace Quillmark_logging {
 
 // The trace of LogEventHandler. It goes to the standard streams, not to the console, and follows the switch as it was
-// when the library was loaded. A line is inserted as a whole, with its end: lines of several threads then do not mix,
-// and neither the flags that an application has set on the stream nor its locale change how numbers look.
+// when the library was loaded. A line and its end are inserted in one piece: lines of several threads do not mix, and
+// neither the flags nor the locale that an application has set on the stream change how numbers look.
 
 template <class... Parts>
 void traceTo(std::ostream& _stream, const Parts&... _parts) {

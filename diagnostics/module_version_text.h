@@ -14,7 +14,7 @@ class ModuleVersion {
   ModuleVersion() = default;
 
   /// @param _module bare file name.
-  /// @return whether the version was read; when not, the object stays as it was.
+  /// @return whether the version was read; if not, the object stays as it was.
   bool load(const char* _module);
 
   /// The file version, four decimal numbers joined by points; "Not initialized" until load() has succeeded.

@@ -10,8 +10,8 @@ namespace Quillmark_logging {
 /// Describes the running system (describeSystem with the facts of the platform). Always false on Linux.
 bool getOSDescription(std::string& _text);
 
-/// Appends the description of the running system and an empty line to the common log file of a CA, which is created
-/// when it is missing; its folder must exist. The file may be open elsewhere meanwhile.
+/// Appends the description of the running system and an empty line to the common log file of a CA. Creates the file if
+/// it is missing; its folder must exist. The file may be open elsewhere.
 /// @return whether they were written. Nothing is written when the system cannot be described.
 bool writeOSInfo(const std::string& _ca);
 

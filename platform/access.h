@@ -8,7 +8,7 @@ namespace platform {
 /// The modes of the C run-time's _access.
 enum class Access : int { exists = 0, write = 2, read = 4, readWrite = 6 };
 
-/// _access: whether the file or folder exists and the running user may use it so (on Linux by the effective user).
+/// _access: whether the file or folder exists and the running user (on Linux the effective one) may use it that way.
 bool isAccessible(const std::string& _path, Access _mode);
 
 /// _stat64i32: the mode word of a file or folder.

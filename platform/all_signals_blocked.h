@@ -5,8 +5,8 @@
 
 namespace platform {
 
-/// Blocks every signal for the calling thread while it lives. A thread that is created meanwhile starts with every
-/// signal blocked and stays so, whoever creates it: signals of the application must reach the application's threads.
+/// Blocks every signal for the calling thread while it lives. A thread created meanwhile starts with every signal
+/// blocked and keeps them blocked: signals of the application must reach the application's threads.
 ///
 ///   const platform::AllSignalsBlocked blocked;
 ///   thread = boost::thread(...);

@@ -10,13 +10,13 @@
 
 namespace platform {
 
-/// A file to which several processes append whole messages at once. On Linux it is opened with O_APPEND and a message
-/// is one write; on Windows with FILE_APPEND_DATA but not FILE_WRITE_DATA, sharing read, write and delete, and a
-/// message is one WriteFile inside a lock on the file that is waited for at most 50 ms. The handle is not inherited by
-/// child processes. Several threads may append at once.
+/// A file to which several processes append whole messages at once. On Linux it is opened with O_APPEND, and a message
+/// is one write. On Windows it is opened with FILE_APPEND_DATA but not FILE_WRITE_DATA, sharing read, write and delete,
+/// and a message is one WriteFile under a lock on the file, which is waited for at most 50 ms. Child processes do not
+/// inherit the handle. Several threads may append at once.
 class AppendFile {
  public:
-  /// What identifies a file however it is named.
+  /// Identifies a file, whatever it is named.
   struct Identity {
     std::uint64_t volume = 0;
     std::uint64_t file = 0;
@@ -30,18 +30,17 @@ class AppendFile {
     ErrorCode error = noError;
   };
 
-  /// Opens the file, which must be a regular one, and creates it when it is missing, with its missing folder and that
-  /// one's missing parents (on Linux with modes 0640 and 0750 less the umask). On Linux a symbolic link is followed
-  /// only when its folder belongs to the user or to root and nobody else may write there.
+  /// Opens a regular file, creating it if it is missing, along with missing folders above it (on Linux with modes 0640
+  /// and 0750 less the umask). On Linux a symbolic link is followed only if its folder belongs to the user or to root
+  /// and nobody else may write there.
   /// @param _truncate empties an existing file.
   /// @param _error receives the error when the result is null.
   static std::unique_ptr<AppendFile> open(const std::string& _path, bool _truncate, ErrorCode& _error);
 
-  /// Opens the file at the path, as open does, in place of the one that is open. A message that another thread appends
-  /// meanwhile goes whole to the one file or to the other. By one thread at a time, without endsInLineFeed, identity
-  /// and isStillAt of others.
-  /// @return noError, else why it could not be opened: what messages append to is then the former file, or no file at
-  ///   all, so that they fail.
+  /// Opens the file at the path, as open does, in place of the current one. A message that another thread appends
+  /// meanwhile goes whole to one file or the other. One thread at a time may call it, and none may call endsInLineFeed,
+  /// identity or isStillAt meanwhile.
+  /// @return noError, else why it could not be opened. Messages are then appended to the former file, or fail.
   ErrorCode reopen(const std::string& _path, bool _truncate);
 
   ~AppendFile();
@@ -52,15 +51,15 @@ class AppendFile {
   /// process (ulimit -f) gives a short or failed write, never a signal that ends the process.
   Result append(const char* _data, std::size_t _size);
 
-  /// Whether the file is empty or ends in a line feed; true as well when that cannot be told. A message that another
-  /// is appending meanwhile does not count as a piece.
+  /// Whether the file is empty or ends with a line feed; true as well when that cannot be found out. A message that
+  /// somebody is appending does not count as a fragment.
   bool endsInLineFeed() const;
 
   /// The identity of the open file.
   Identity identity() const { return identity_; }
 
-  /// Whether the path still names the open file: false once it was removed, renamed or replaced, or its folder was;
-  /// true as well when that cannot be told.
+  /// Whether the path still names the open file: false once the file or its folder was removed, renamed or replaced;
+  /// true as well when that cannot be found out.
   bool isStillAt(const std::string& _path) const;
 
  private:
@@ -70,19 +69,19 @@ class AppendFile {
   Identity identity_;
 };
 
-/// Shows what a thread's latest append has done to others who find the thread ended inside it, as happens at the end of
-/// a Windows process. It is the system that notes the success, with the write, so that there is no moment between the
-/// two. Without effect on Linux, where a thread is not ended there.
+/// Shows to other threads what a thread's latest append has done, in case the thread was ended inside it, as happens at
+/// the end of a Windows process. The system itself notes the success along with the write, so there is no moment
+/// between the two. Does nothing on Linux, where no thread is ended there.
 class AppendWatch {
  public:
   AppendWatch() { restart(); }
   AppendWatch(const AppendWatch&) = delete;
   AppendWatch& operator=(const AppendWatch&) = delete;
 
-  /// From now on shows what the calling thread appends; has to outlive that.
+  /// From now on shows what the calling thread appends; must outlive it.
   void watchThisThread();
 
-  /// To be called by that thread before an append.
+  /// The thread calls it before an append.
   void restart();
 
   /// Whether bytes have reached a file since then.

@@ -3,9 +3,9 @@
 
 namespace platform {
 
-/// While it lives, a request to cancel the calling thread (pthread_cancel) waits: the thread meets it at its next
-/// cancellation point afterwards. For code that must be carried out whole, and for destructors, which cannot be
-/// unwound. Objects nest. Costs no system call. Without effect on Windows, where a thread is ended anywhere or nowhere.
+/// Postpones, while it lives, a request to cancel the calling thread (pthread_cancel) to the next cancellation point
+/// after it. Protects code that must run to its end, and destructors, which cannot be unwound. Objects nest. Costs no
+/// system call. Does nothing on Windows, where a thread can be ended anywhere.
 class CancellationDelay {
  public:
   CancellationDelay() noexcept;

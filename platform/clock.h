@@ -5,7 +5,7 @@
 
 namespace platform {
 
-// A clock that cannot be read gives 0, and a local time of all zeros.
+// A clock that cannot be read yields 0; a local time, all zeros.
 
 /// A moment in local time, as GetLocalTime gives it.
 struct LocalTime {

@@ -8,7 +8,7 @@
 
 namespace platform {
 
-/// The calls of the seam that a test can make fail.
+/// The system calls that a test can make fail.
 enum class Call {
   shellFolder,
   environmentVariable,
@@ -23,7 +23,7 @@ enum class Call {
   write,
   openForAppending,
   append,
-  /// Asked after the bytes have reached the file; its answer counts for nothing.
+  /// Asked after the bytes have reached the file; the answer is ignored.
   appended,
   closeFile,
   clock,
@@ -40,8 +40,8 @@ enum class Call {
   moduleVersion,
 };
 
-/// Asked by every function of the seam before it calls the system: noError, or the code with which the call has to fail
-/// without having been made. The product links no_fault.cpp, whose answer is always noError; the tests link a plan that
+/// Asked by the functions of platform/ before a call in the list above: noError, or the code with which the call has to
+/// fail without being made. The product links no_fault.cpp, whose answer is always noError; the tests link a plan that
 /// can make the n-th call fail (tests/support/fault_plan.h).
 ErrorCode injectedFault(Call _call) noexcept;
 

@@ -14,7 +14,7 @@ struct FixedVersion {
   std::uint32_t productLeastSignificant = 0;
 };
 
-/// Reads the version block out of the file of a module, as data: no code of the module runs.
+/// Reads the version block from the file of a module, as data: no code of the module runs.
 ///
 /// On Windows: LoadLibraryExA as data file, GetFileVersionInfoSizeA, GetFileVersionInfoA and VerQueryValueA of the root
 /// block; the module stays loaded when a call after the first fails.

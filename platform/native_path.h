@@ -5,7 +5,7 @@
 
 namespace platform {
 
-/// The path as the system wants it: on Linux every backslash becomes a slash, on Windows the path as it is.
+/// The path in the system's form: on Linux with every backslash as a slash, on Windows unchanged.
 std::string nativePath(const std::string& _path);
 
 }  // namespace platform

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-// The whole seam to the operating system. Nothing outside platform/ calls the system directly, except through the C++
-// and Boost libraries with a path from nativePath().
+// Everything that calls the operating system. Nothing outside platform/ calls it directly, except through the C++ and
+// Boost libraries with a path from nativePath().
 //
 // Strings are narrow 8-bit strings in the process code page (on Linux the bytes of the file system). Path strings keep
-// backslashes; every function here translates them itself at the moment it calls the system. Errors are Windows error
-// codes on both platforms (errors.h). All functions may be called from any thread at once and none throws, except
-// std::bad_alloc.
+// backslashes; every function here translates them when it calls the system. Errors are Windows error codes on both
+// platforms (errors.h). Any threads may call all functions at once; none throws anything but std::bad_alloc.
 
 #include "platform/access.h"
 #include "platform/all_signals_blocked.h"

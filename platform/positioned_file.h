@@ -7,20 +7,20 @@
 
 namespace platform {
 
-/// Tells files apart, however they are named. On Windows all are one: a file that is shared as below keeps its name
-/// while it is open, so nothing needs to be told apart.
+/// Identifies a file, whatever it is named. On Windows all have one identity: a file that is shared as below keeps its
+/// name while it is open, so there is nothing to distinguish.
 struct FileIdentity {
   std::uint64_t volume = 0;
   std::uint64_t file = 0;
   bool operator==(const FileIdentity&) const = default;
 };
 
-/// Which file the path names now; that of no file when there is none.
+/// The identity of the file that the path names now; that of no file when there is none.
 FileIdentity identityOfFileAt(const std::string& _path);
 
-/// A log file with a position of its own, for one process. What is written to it goes to the position, wherever others
-/// write, or to the end of a file that was opened for appending. The handle is not inherited by child programs; forked
-/// children share the position. One thread at a time may use an object.
+/// A log file with a position of its own, for one process. Text is written at the position, wherever others write, or
+/// at the end of a file opened for appending. Child programs do not inherit the handle; forked children share the
+/// position. One thread at a time may use an object.
 class PositionedFile {
  public:
   enum class Mode { truncate, append };
@@ -31,10 +31,10 @@ class PositionedFile {
   PositionedFile(const PositionedFile&) = delete;
   PositionedFile& operator=(const PositionedFile&) = delete;
 
-  /// Opens the file, which must be a regular one, sharing it with other readers and writers (deny none), and creates it
-  /// when it is missing (on Linux with mode 0640 less the umask); never creates a folder. On Linux a symbolic link is
-  /// followed only when its folder belongs to the user or to root and nobody else may write there. The position is then
-  /// the end of the file. To be called when nothing is open.
+  /// Opens a regular file, sharing it with other readers and writers (deny none), and creates it if it is missing (on
+  /// Linux with mode 0640 less the umask); never creates a folder. On Linux a symbolic link is followed only if its
+  /// folder belongs to the user or to root and nobody else may write there. The position is then the end of the file.
+  /// Call it only when nothing is open.
   /// @return whether it is open now.
   bool open(const std::string& _path, Mode _mode);
 
@@ -43,20 +43,20 @@ class PositionedFile {
 
   bool isOpen() const { return file_ != -1; }
 
-  /// Writes the text by as few calls of the system as it takes; "\n" reaches the file as CR LF on Windows and as LF on
-  /// Linux. A file size limit of the process (ulimit -f) makes it fail, and never ends the process.
-  /// @return whether all was written. After a failure part of the text may have been.
+  /// Writes the text by as few system calls as possible; "\n" reaches the file as CR LF on Windows and as LF on Linux.
+  /// A file size limit of the process (ulimit -f) makes it fail, but never ends the process.
+  /// @return whether all was written. After a failure, a part may have been.
   bool write(const char* _text, std::size_t _size);
 
-  /// How many bytes of the file come before the position; -1 when nothing is open or the system does not tell.
+  /// How many bytes of the file come before the position; -1 when nothing is open or the system does not say.
   std::int64_t position();
 
-  /// Which file is open; that of no file when nothing is.
+  /// The identity of the open file; that of no file when none is open.
   FileIdentity identity() const;
 
  private:
   int file_ = -1;
-  /// Linux: whether the position can be counted, as it can where nobody else moves it, and what was counted.
+  /// Linux: whether the position can be counted, because nobody else moves it, and the count.
   bool isCounted_ = false;
   std::int64_t counted_ = 0;
   std::uint64_t forksAtOpen_ = 0;

@@ -5,9 +5,9 @@
 
 namespace platform {
 
-/// While it lives, a write of the calling thread that fails sends no signal to the application: not for a pipe that
-/// nobody reads (SIGPIPE), not beyond the file size limit (SIGXFSZ). For writes that others make, as a stream does; the
-/// functions of the seam do so by themselves. Does nothing on Windows, which has no such signals.
+/// While it lives, a failing write of the calling thread sends no signal to the application: neither for a pipe that
+/// nobody reads (SIGPIPE) nor beyond the file size limit (SIGXFSZ). Needed around writes by others, such as a stream;
+/// the functions of platform/ see to it themselves. Does nothing on Windows, which has no such signals.
 class QuietWrites {
  public:
   QuietWrites();
@@ -15,7 +15,7 @@ class QuietWrites {
   QuietWrites(const QuietWrites&) = delete;
   QuietWrites& operator=(const QuietWrites&) = delete;
 
-  /// To be called when a write has failed.
+  /// Call it when a write has failed.
   void consume();
 
  private:

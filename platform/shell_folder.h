@@ -5,7 +5,7 @@
 
 namespace platform {
 
-/// The base folders of the system, each found anew at every call.
+/// The base folders of the system. Each call looks its folder up again.
 enum class ShellFolder {
   /// CSIDL_APPDATA; on Linux QMRK_APPDATA, else $XDG_DATA_HOME, else $HOME/.local/share, else the password entry's home
   /// followed by /.local/share.
@@ -16,8 +16,8 @@ enum class ShellFolder {
   commonAppData,
 };
 
-/// SHGetFolderPathA with no owner, no token and flag 0. On Linux a variable counts only when its value is an
-/// absolute path; it is read with secure_getenv.
+/// SHGetFolderPathA with no owner, no token and flag 0. On Linux a variable counts only if its value is an absolute
+/// path; it is read with secure_getenv.
 /// @param _path receives the folder without a final separator (on Linux with slashes, the root itself as an empty
 ///   path); untouched on failure.
 /// @return false when the system does not know the folder.

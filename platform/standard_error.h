@@ -5,9 +5,8 @@
 
 namespace platform {
 
-/// Writes the text to the standard error stream of the process in one call (on Linux one write, on Windows WriteFile on
-/// the standard error handle). The bytes are written as they are. Failures are ignored; a pipe that nobody reads does
-/// not end the process.
+/// Writes the text to standard error in one call (on Linux one write, on Windows WriteFile on the standard error
+/// handle). The bytes are written as they are. Failures are ignored; a pipe that nobody reads does not end the process.
 void writeStandardError(const std::string& _text);
 
 }  // namespace platform

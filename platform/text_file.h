@@ -6,17 +6,17 @@
 
 namespace platform {
 
-/// A text file of more bytes is taken for something that has got into its place by mistake, and is not read.
+/// A larger text file is taken for something that was put there by mistake, and is not read.
 constexpr std::int64_t largestTextFile = std::int64_t{64} * 1024 * 1024;
 
-/// Whether a file has more bytes than that; false when it cannot be told.
+/// Whether a file has more bytes than that; false when that cannot be found out.
 bool isTooLargeToRead(const std::string& _path);
 
 /// A text file open for reading. Sharing is unrestricted (deny none); the handle is not inherited by child processes.
 /// One thread at a time may use an object.
 class TextReader {
  public:
-  /// Opens the file, at once: a folder, a pipe, a socket, a device or a file that is too large cannot be opened.
+  /// Opens the file without waiting. A folder, a pipe, a socket, a device or a file that is too large cannot be opened.
   explicit TextReader(const std::string& _path);
   ~TextReader();
   TextReader(const TextReader&) = delete;
@@ -37,12 +37,12 @@ class TextReader {
 /// One thread at a time may use an object.
 class TextWriter {
  public:
-  /// A file that is truncated is one of the configuration, one that is appended to holds records.
+  /// Configuration files are truncated, files of records appended to.
   enum class Mode { truncate, append };
 
-  /// Opens the file, which must be a regular one, and creates it when it is missing (on Linux with mode 0644, one of
-  /// records 0640, less the umask); never creates a folder. On Linux a symbolic link in place of records is followed
-  /// only when its folder belongs to the user or to root and nobody else may write there.
+  /// Opens a regular file, creating it if it is missing (on Linux with mode 0644, for records 0640, less the umask);
+  /// never creates a folder. On Linux a symbolic link in place of records is followed only if its folder belongs to the
+  /// user or to root and nobody else may write there.
   TextWriter(const std::string& _path, Mode _mode);
   ~TextWriter();
   TextWriter(const TextWriter&) = delete;
@@ -50,8 +50,7 @@ class TextWriter {
 
   bool isOpen() const;
 
-  /// Writes the text in one call of the system where it can; "\n" reaches the file as CR LF on Windows and as LF on
-  /// Linux.
+  /// Writes the text, in one system call where possible; "\n" reaches the file as CR LF on Windows and as LF on Linux.
   /// @return false when the file is not open or not everything was written.
   bool write(const std::string& _text);
 

@@ -7,8 +7,8 @@
 
 namespace Quillmark_logging {
 
-/// What the attempt to create one step of a path means for createDirectory, with the trace line about it.
-/// @param _step the path up to and with this step.
+/// Decides what the attempt to create one step of a path means for createDirectory, and traces it.
+/// @param _step the path up to and including this step.
 /// @param _created whether the system has created it.
 /// @param _error the reason when it has not; a folder that has appeared meanwhile counts as created.
 /// @param _resultSoFar of the steps before, which a failure without a reason leaves as it is.

@@ -3,8 +3,8 @@
 
 namespace Quillmark_logging {
 
-// The switches of the process, all false until set. They are written while the library is loaded (and the second once
-// more when a generic configuration file has been generated), and read by any thread.
+// The switches of the process, all false until set. They are written while the library is loaded (the second one again
+// after a generic configuration file was generated), and read by any thread.
 
 /// The value of QMRK_TRACE in the generic configuration at load time. Never changes after that.
 bool loadTimeTrace() noexcept;

@@ -13,16 +13,16 @@ namespace platform {
 
 /// One use of a named event: the file in the user's folder that holds the word of the event, open, locked and mapped.
 ///
-/// Two bytes of the file carry locks. Who uses the event has a shared lock on the byte of the users. Who joins or
-/// leaves has, for these few microseconds, an exclusive lock on the byte of the gate. Inside the gate an exclusive lock
-/// on the users' byte can be had exactly when nobody uses the event: who gets it in joining makes the event anew, who
-/// gets it in leaving removes the file. Both locks end with a killed process; what it has left half done is then
-/// nobody's, and made anew. Without the gate a process killed while it makes the event anew would leave the state
-/// before it to those who wait for its lock.
+/// Two bytes of the file carry locks. A user of the event holds a shared lock on the byte of the users. Whoever joins
+/// or leaves holds, for some microseconds, an exclusive lock on the byte of the gate. Inside the gate an exclusive lock
+/// on the users' byte is available exactly when nobody uses the event: whoever gets it on joining recreates the event,
+/// whoever gets it on leaving removes the file. Both locks end with a killed process; what it has left half done then
+/// belongs to nobody, and is recreated. Without the gate, a process killed while it recreates the event would leave the
+/// former state to those who wait for its lock.
 ///
-/// A process can be stopped inside the gate, so nobody waits for it longer than 100 ms, and no lock of the process is
-/// held meanwhile. Who has waited in vain goes on beside the gate: it shares the users' byte, or, when that is locked
-/// exclusively, leaves the file to the one who stands there and begins another.
+/// A process can be stopped inside the gate, so nobody waits for it longer than 100 ms, and holds no lock of its own
+/// process meanwhile. Whoever has waited in vain bypasses the gate: it shares the users' byte, or, if that is locked
+/// exclusively, leaves the file to the one inside and begins another.
 class EventFile {
  public:
   enum class Joining { createOrOpen, openOnly };
@@ -33,8 +33,8 @@ class EventFile {
     ErrorCode error = noError;  ///< errorFileNotFound when nobody uses the event (openOnly)
   };
 
-  /// Becomes a user of the event, waiting a moment for others to pass the gate. A folder or file that is removed
-  /// meanwhile is created again.
+  /// Becomes a user of the event, waiting a moment for others to pass the gate. Recreates a folder or file that is
+  /// removed meanwhile.
   static Joined join(const std::string& _name, Joining _joining);
 
   /// Leaves the event; the last user removes the file.
@@ -44,11 +44,11 @@ class EventFile {
 
   std::uint32_t* word() const { return word_; }
 
-  /// Whether the path still names this file; true as well when that cannot be told.
+  /// Whether the path still names this file; true as well when that cannot be found out.
   bool isInPlace() const;
 
-  /// For fork: keeps every file of the process from being joined or left meanwhile; in the child closes its copies,
-  /// so that it does not count as a user, and forgets them.
+  /// For fork: keeps the process from joining or leaving any file during it. The child closes its copies, so that it
+  /// does not count as a user, and forgets them.
   static void lockAll();
   static void unlockAll();
   static void abandonAll();

@@ -6,27 +6,27 @@
 
 namespace platform {
 
-// The state of an event is one word of shared memory: bit 0 tells whether it is set, the other bits are a generation
+// The state of an event is one word of shared memory: bit 0 says whether it is set, the other bits are a generation
 // that grows with each setting. A waiter remembers the generation it has found, so that a setting that is reset before
 // the waiter runs still lets it through.
 
 void setEventWord(std::uint32_t* _word);
 void resetEventWord(std::uint32_t* _word);
 
-/// Wakes every thread of every process that sleeps on the word, which is not changed: a waiter that was not let through
-/// sleeps again.
+/// Wakes every thread of every process that sleeps on the word. The word does not change: a waiter that is not let
+/// through sleeps again.
 void wakeEventWaiters(std::uint32_t* _word);
 
-/// One wait for an event, from the moment of the construction.
+/// One wait for an event, beginning with the construction.
 class EventWatch {
  public:
   explicit EventWatch(std::uint32_t* _word);
 
-  /// Whether the event is set, or was at any time since the construction.
+  /// Whether the event is set, or has been at any time since construction.
   bool isLetThrough();
 
   /// Sleeps until the word differs from what isLetThrough has seen, somebody wakes the waiters, a signal arrives, or
-  /// the moment of CLOCK_MONOTONIC has come. No cancellation point.
+  /// the moment of CLOCK_MONOTONIC has come. Not a cancellation point.
   void sleepUntil(const timespec& _moment) const;
 
  private:

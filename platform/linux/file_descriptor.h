@@ -5,7 +5,7 @@
 
 namespace platform {
 
-/// Owns a file descriptor. Closing leaves errno as it is, so that an error can be told after it.
+/// Owns a file descriptor. Closing leaves errno as it is, so that an error can be reported afterwards.
 class FileDescriptor {
  public:
   explicit FileDescriptor(int _file = -1) : file_(_file) {}

@@ -11,7 +11,7 @@
 
 namespace platform {
 
-/// What a handle can stand for. An object lives as long as a handle stands for it or a call uses it.
+/// What a handle can refer to. An object lives as long as a handle refers to it or a call uses it.
 class HandleTarget {
  public:
   HandleTarget() = default;
@@ -19,7 +19,7 @@ class HandleTarget {
   HandleTarget(const HandleTarget&) = delete;
   HandleTarget& operator=(const HandleTarget&) = delete;
 
-  /// Called before the handle is closed that a thread had opened and not closed when it was terminated.
+  /// Called before a handle is closed that a terminated thread had left open.
   virtual void outliveOwner() {}
 };
 
@@ -29,10 +29,10 @@ class HandleTable {
   /// The one table; never destroyed, since threads go on while the process exits.
   static HandleTable& instance();
 
-  /// Gives the object a handle. _owner is any address that removeOwnedBy is to be called with, or null.
+  /// Gives the object a handle. _owner is the address that removeOwnedBy will be called with, or null.
   Handle insert(std::shared_ptr<HandleTarget> _target, const void* _owner);
 
-  /// The object of a handle, null when it is not open or stands for an object of another class.
+  /// The object of a handle; null when the handle is not open or refers to an object of another class.
   template <class Target>
   std::shared_ptr<Target> find(Handle _handle) {
     return std::dynamic_pointer_cast<Target>(findAny(_handle));
@@ -40,14 +40,14 @@ class HandleTable {
   std::shared_ptr<HandleTarget> findAny(Handle _handle);
 
   bool remove(Handle _handle);
-  /// For a thread that was terminated: closes what it has left open.
+  /// For a terminated thread: closes what it has left open.
   void removeOwnedBy(const void* _owner);
 
   /// How many handles are open.
   std::size_t size();
 
-  /// For fork: keeps the table as it is meanwhile; in the child forgets all handles, without touching their objects,
-  /// which threads that the child does not have were perhaps using.
+  /// For fork: holds the table during it. The child forgets all handles without touching their objects, which threads
+  /// that it does not have may have been using.
   void lock() { mutex_.lock(); }
   void unlock() { mutex_.unlock(); }
   void forgetAll() noexcept { forgotten_.merge(entries_); }

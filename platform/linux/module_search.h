@@ -7,11 +7,11 @@
 namespace platform {
 
 /// The path of the file from which the code of this function was loaded: the shared library, or the program that has
-/// the objects linked into it. Empty when the system does not tell.
+/// the objects linked into it. Empty when the system does not say.
 std::string ownFile();
 
-/// The folders in which a module is looked for, in the order of the search: that of the running program, that of
-/// ownFile(), those of the loader and those of the shell. Some may be named twice, some may be missing.
+/// The folders that are searched for a module, in this order: that of the running program, that of ownFile(), those of
+/// the loader, those of the shell. Some may occur twice, some may not exist.
 std::vector<std::string> moduleFolders();
 
 /// The entries of a list of folders such as PATH, separated by any of the given characters. An empty entry is the

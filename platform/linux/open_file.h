@@ -5,11 +5,11 @@
 
 namespace platform {
 
-/// What a file serves for.
+/// What a file is for.
 enum class FileRole {
-  configuration,  ///< a new one may be read by everybody (0644 less the umask)
-  /// A log or a file of records: a new one may be read by the group (0640 less the umask). A symbolic link in its place
-  /// is followed only when its folder belongs to the user or to root and nobody else may write there.
+  configuration,  ///< everybody may read a new one (0644 less the umask)
+  /// A log or a file of records: the group may read a new one (0640 less the umask). A symbolic link in its place is
+  /// followed only if its folder belongs to the user or to root and nobody else may write there.
   log,
 };
 

@@ -13,18 +13,18 @@
 
 namespace platform {
 
-/// A thread that createThread has made. It blocks every signal. Its cancellation is deferred and disabled but in
+/// A thread made by createThread. It blocks every signal. Its cancellation is deferred, and disabled except in
 /// TerminationPoint::check.
 class ThreadObject : public HandleTarget {
  public:
   ThreadObject(ThreadRoutine _routine, void* _argument) : routine_(_routine), argument_(_argument) {}
   ~ThreadObject() override;
 
-  /// Starts the thread and waits until it has told its id.
+  /// Starts the thread and waits until its id is known.
   /// @return an errno value, 0 when it runs.
   static int start(const std::shared_ptr<ThreadObject>& _thread, std::uint32_t& _id);
 
-  /// The object of the calling thread, null for a thread that was made otherwise.
+  /// The object of the calling thread; null for a thread not made by createThread.
   static ThreadObject* current();
 
   std::uint32_t wait(std::uint32_t _milliseconds);
@@ -52,8 +52,8 @@ class ThreadObject : public HandleTarget {
   std::uint32_t* sleepsOn_ = nullptr;
 };
 
-/// Lives while the calling thread waits for an event: tells who terminates the thread which word it sleeps on. The word
-/// must outlive the object. Does nothing in a thread that createThread has not made.
+/// Lives while the calling thread waits for an event: shows whoever terminates the thread which word it sleeps on. The
+/// word must outlive the object. Does nothing in a thread not made by createThread.
 class TerminationPoint {
  public:
   explicit TerminationPoint(std::uint32_t* _word);

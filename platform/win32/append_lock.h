@@ -7,16 +7,16 @@
 
 namespace platform {
 
-/// Makes the queue in which the writers of a file stand for its lock: a mutex that the processes of a session share. A
-/// lock on a file can only be asked for again and again, so that of many writers some would never get it.
+/// Creates the queue in which the writers of a file wait for its lock: a mutex that the processes of a session share. A
+/// lock on a file can only be polled, so that among many writers some would never get it.
 /// @param _name identifies the file.
-/// @return to be closed by CloseHandle; null when the system refuses, then the lock is taken without a queue.
+/// @return to be closed by CloseHandle; null when the system refuses: the lock is then taken without a queue.
 HANDLE makeAppendQueue(const std::string& _name);
 
 /// Holds an exclusive lock on an open file against every other handle that takes it too, in any process. It covers one
-/// byte far beyond the end, so that nobody's reads or writes are hindered. The system drops it when a process dies. It
-/// is waited for at most 50 ms, the queue included: whoever does not get it goes on without it, since on Windows itself
-/// an append is atomic; only under Wine it is not.
+/// byte far beyond the end, so that it hinders nobody's reads or writes. The system drops it when a process dies. It is
+/// waited for at most 50 ms, including the queue: whoever does not get it goes on without it, since an append is atomic
+/// on Windows itself, though not under Wine.
 class AppendLock {
  public:
   /// @param _file open for reading or writing; must stay open while the object lives, like the queue.

@@ -20,7 +20,7 @@ using testsupport::suffix;
 
 constexpr unsigned int levelOn = 0;
 constexpr unsigned int levelOff = 4294967295U;
-static_assert(bl::level_on == on && bl::level_off == off, "applications pass the names, or the numbers");
+static_assert(bl::level_on == levelOn && bl::level_off == levelOff, "applications pass the names, or the numbers");
 
 class SetUp : public testing::Test {
  protected:

@@ -7,21 +7,21 @@
 
 namespace logtest {
 
-/// A class into which the program logs.
+/// A class to which the program logs.
 struct ClassLog {
   boost::logging::logger log;
   /// How many lines it took.
   int lines = 0;
 };
 
-/// The classes of a list, whose last entry need not be ended; empty entries are left out.
+/// The classes of a list, without empty entries. The last entry may lack its ";".
 std::vector<ClassLog> classLogsOf(const std::string& _classes);
 
-/// Logs a line into a class, which counts when the class is on.
-/// @param _stamps whether process, thread and location stand in front of it.
+/// Logs a line to a class; it counts if the class is on.
+/// @param _stamps whether process, thread and location precede it.
 void logLine(ClassLog& _class, const std::string& _text, bool _stamps);
 
-/// For the user: a line for each class that tells whether it is on and how many lines it took.
+/// For the user: a line per class that says whether it is on and how many lines it took.
 std::string describe(const std::vector<ClassLog>& _classes);
 
 }  // namespace logtest

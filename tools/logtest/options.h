@@ -14,23 +14,23 @@ struct Options {
   bool hasCa = false;
   std::string ca;
   bool writeToCout = false;
-  /// A class list; its last entry need not be ended.
+  /// A class list. The last entry may lack its ";".
   std::string classes = "Demo.App.error;Demo.App.info;Demo.Net.error;Demo.Net.info;";
-  /// Lines into each class.
+  /// Lines to each class.
   int lines = 3;
   /// Seconds of listening, instead of a number of lines.
   std::optional<double> listen;
   /// Name of an application that gets a log file of its own, and whether that is emptied.
   std::optional<std::string> app;
   bool overWrite = false;
-  /// Process, thread and location in front of each line.
+  /// Process, thread and location before each line.
   bool stamps = false;
 };
 
 enum class Parsed { run, done, wrong };
 
-/// Reads the command line. Writes what was asked for (the help) to the standard output, and what is wrong to the
-/// standard error stream.
+/// Reads the command line. Writes what was asked for (the help) to standard output, and what is wrong to standard
+/// error.
 /// @return run: the options are set; done: nothing is left to do; wrong: the command line is not usable.
 Parsed parseOptions(int _argc, const char* const* _argv, Options& _options);
 

@@ -10,18 +10,18 @@
 
 namespace logtest {
 
-/// Tells on the standard output where the logs lie and which classes are on.
-/// @param _facts those that the set-up left.
+/// Reports on standard output where the logs are and which classes are on.
+/// @param _facts what the set-up has met.
 void reportLogs(const Options& _options, const SetupFacts& _facts, const std::vector<ClassLog>& _classes);
 
-/// Tells on the standard error stream why the set-up failed, and where the library has recorded problems.
-/// @param _facts those that the set-up left.
+/// Reports on standard error why the set-up failed, and where the library has recorded problems.
+/// @param _facts what the set-up has met.
 void reportFailure(const SetupFacts& _facts);
 
-/// Tells on the standard error stream why the log file of an application could not be set up after the default logs.
+/// Reports on standard error why an application's own log file could not be set up after the default logs.
 void reportAppFailure(const std::string& _app, const SetupFacts& _facts);
 
-/// Tells the versions of the library and of this program on the standard output.
+/// Reports the versions of the library and of this program on standard output.
 void reportVersions();
 
 }  // namespace logtest

@@ -6,12 +6,11 @@
 
 namespace logtest {
 
-/// What a set-up of the default logs for a CA meets, in the order in which it matters. Looked up without changing
-/// anything.
+/// What a set-up of the default logs for a CA meets, in the order in which it matters. Finding it changes nothing.
 struct SetupFacts {
   std::string ca;
-  /// The configuration file of the CA, or, where that is missing, of the generic one. Empty: the system does not know
-  /// the folder, or the CA is empty.
+  /// The configuration file of the CA or, if that is missing, the generic one. Empty: the system does not know the
+  /// folder, or the CA is empty.
   std::string cfgFile;
   /// Whether it is the generic one because that of the CA is missing.
   bool fellBack = false;
@@ -26,8 +25,8 @@ struct SetupFacts {
   std::optional<std::string> errorRecords;
 };
 
-/// Nothing of it is asked through the library itself, whose trace would then show it.
-/// @param _ca not yet replaced by anything.
+/// Asks nothing through the library itself, whose trace would show it.
+/// @param _ca as the user gave it.
 SetupFacts gatherSetupFacts(const std::string& _ca);
 
 }  // namespace logtest

@@ -7,8 +7,8 @@
 
 namespace logtest {
 
-/// Why a set-up that met these facts failed: the first of them that makes one fail, in words, with the paths as the
-/// system wants them.
+/// Says why a set-up that met these facts failed: the first of them that makes it fail, in words, with the paths in
+/// the system's form.
 std::string reasonOfFailure(const SetupFacts& _facts);
 
 }  // namespace logtest

@@ -81,8 +81,8 @@ class ts_appender {
  public:
   /// Stores the arguments; the first message starts the writer.
   /// @param _wrapped the appender that the writer calls.
-  /// @param _sleepMs pause of the writer between two calls, in milliseconds. With 0 it sleeps for about a millisecond if
-  ///   more messages are expected shortly, else until the next one.
+  /// @param _sleepMs pause of the writer between two calls, in milliseconds. With 0 it sleeps for a millisecond or so
+  ///   if more messages are expected shortly, else until the next one.
   BOOST_LOGGING_API ts_appender(const appender& _wrapped, int _sleepMs);
 
   /// Stores the message. The very first call starts the writer and sleeps 100 ms; no later one waits.
