@@ -64,4 +64,22 @@ TEST_F(OutputFileStreamTest, DoesNotChangeItsPosition) {
   EXPECT_TRUE(stream_.fail());
 }
 
+TEST_F(OutputFileStreamTest, WritesSingleCharactersOnceItIsOpen) {
+  stream_.put('x');
+  EXPECT_TRUE(stream_.bad());
+  stream_.clear();
+  stream_.open(path_, OutputFileStream::Mode::truncate);
+  stream_.put('a').put('b');
+  EXPECT_TRUE(stream_.good());
+  EXPECT_EQ(testsupport::readFile(path_), "ab");
+}
+
+TEST_F(OutputFileStreamTest, TellsWhereItIsAndNoOtherPosition) {
+  stream_.open(path_, OutputFileStream::Mode::truncate);
+  stream_ << "text";
+  EXPECT_EQ(stream_.rdbuf()->pubseekoff(0, std::ios::cur, std::ios::out), 4);
+  EXPECT_EQ(stream_.rdbuf()->pubseekoff(1, std::ios::cur, std::ios::out), -1);
+  EXPECT_EQ(stream_.rdbuf()->pubseekoff(0, std::ios::end, std::ios::out), -1);
+}
+
 }  // namespace
