@@ -88,8 +88,8 @@ class LogRegistry {
   std::unordered_map<std::string_view, Log*, NameHash, NameEqual> logOf_;
   std::set<Log*, LogLess<FromBeginning>> byBeginning_;
   std::set<Log*, LogLess<FromEnding>> byEnding_;
-  /// The hashes of all names that a log is below of: a cheap no for the many that no log is below of. Names of very
-  /// many parts do not put theirs in, and have every answer be maybe.
+  /// The hashes of all names that have a log below them: a quick "no" for names with nothing below them. Names with
+  /// very many parts are left out; once there is one, every answer is "maybe".
   std::unordered_set<std::size_t> parents_;
   bool hasDeepNames_ = false;
 };

@@ -8,7 +8,7 @@
 
 namespace boost::logging::detail {
 
-// What the manager reports on the standard error stream, as nobody else can be told. Any thread.
+// What the manager reports on standard error, since there is nobody else to report it to. Any thread may call.
 
 /// Decides when something that happens often is reported: the first time at once, then at most once a minute with the
 /// number of times since. A value.

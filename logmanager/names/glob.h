@@ -7,8 +7,8 @@
 
 namespace boost::logging::detail {
 
-// A glob is a text in which "*" stands for any run of characters, including none; every other byte stands for itself.
-// Pure functions, safe from any thread.
+// A glob is a text in which "*" stands for any sequence of characters, including none; every other byte stands for
+// itself. Pure functions, safe from any thread.
 
 /// Whether the glob matches the whole text. Every "*" of the text is a character like any other, which only a "*" of
 /// the glob can match; so, with a glob as the text, the answer is whether the first matches all that the second does.

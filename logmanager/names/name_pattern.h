@@ -9,7 +9,7 @@
 
 namespace boost::logging::detail {
 
-/// Selects logs by name. With "*", which stands for any run of characters, the pattern must match the whole name;
+/// Selects logs by name. With "*", which stands for any sequence of characters, the pattern must match the whole name;
 /// without, it selects the log of that name and those below it ("App" selects "App" and "App.error", not "Apple"), or,
 /// when it is empty, only the log with the empty name. A view of its text.
 class NamePattern {

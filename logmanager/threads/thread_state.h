@@ -38,7 +38,7 @@ struct ThreadState {
   TimeText timeText;
 };
 
-/// To find it costs some instructions, so those who have it pass it on.
+/// The state of the calling thread. The look-up is not free: pass it on if you have it.
 ThreadState& threadState();
 
 /// Marks a thread as passing a message through callables, while it lives.

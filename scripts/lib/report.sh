@@ -75,7 +75,7 @@ run_tests() {
   fi
 }
 
-# run_suite STEP COMMAND...: runs a script that ends on a closing line of its own, and adds that line's numbers.
+# run_suite STEP COMMAND...: runs a script that ends with a closing line of its own, and adds that line's numbers.
 run_suite() {
   local step=$1 log="$LOGS/$1.log" line status=0 failed
   shift

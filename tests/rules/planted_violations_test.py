@@ -69,7 +69,8 @@ PLANTED = {
         {"trace/a.cpp": "\n" * 300, "trace/b.h": "\n" * 120,
          "trace/c.cpp": "// Longer than the budget: one table of one meaning\n" + "\n" * 400},
         {"trace/p.cpp": "\n" * 301, "trace/q.h": "\n" * 121, "tests/trace/r.cpp": "\n" * 301,
-         "trace/s.cpp": "// Longer than the budget: \n" + "\n" * 400}),
+         "trace/s.cpp": "// Longer than the budget: \n" + "\n" * 400,
+         "include/t.h": "// Longer than the budget: one contract of one library\n" + "\n" * 400}),
     "page_snippets": (
         {"examples/programs/a.cpp": "int main() {\n  first();\n  second();\n\n  third();\n}\n",
          "examples/b/CMakeLists.txt": "add_executable(a a.cpp)\n",
