@@ -7,8 +7,8 @@
 
 /// The store of the configuration: finds the files of a customer adaptation (CA), looks keys up in them, keeps the
 /// list of enabled log classes and records what went wrong with them. Nothing is cached: every lookup reads its file
-/// again. No operation throws on failure; the result reports it, and output arguments are untouched unless said otherwise.
-/// There is one object per process and no lock: any thread may call, only the first getInstance must not be
+/// again. No operation throws on failure; the result reports it, and output arguments are untouched unless said
+/// otherwise. There is one object per process and no lock: any thread may call, only the first getInstance must not be
 /// concurrent (it happens while the library is loaded).
 class CfgDataManager {
  public:

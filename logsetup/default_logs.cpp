@@ -65,7 +65,8 @@ void connectToAllLogs(CfgDataManager& _store, const std::string& _ca, bool _writ
   const std::string all = "*";
   deleteAppender(all, QMRK_APPENDERS);
   deleteModifier(all, QMRK_MODIFIERS);
-  if (_writeToCout) addAppender(all, threadSafeIfConfigured(&boost::logging::write_to_cout), QMRK_APPENDERS, callableIndex);
+  if (_writeToCout)
+    addAppender(all, threadSafeIfConfigured(&boost::logging::write_to_cout), QMRK_APPENDERS, callableIndex);
   const bool milliseconds = _store.getCfgFlag(MILLISECOND_RESOLUTION, _ca);
   const char* const stamp = milliseconds ? "$yyyy$MM$dd $hh:$mm:$ss.$mss " : "$yyyy$MM$dd $hh:$mm:$ss ";
   addModifier(all, boost::logging::prepend_time_ms(stamp), QMRK_MODIFIERS, callableIndex);

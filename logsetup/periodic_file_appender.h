@@ -10,8 +10,8 @@ namespace boost::logging {
 
 // NOLINTBEGIN(readability-identifier-naming): the log manager's namespace has names in snake case.
 
-/// Appends every message to one file, which is reopened, and thereby emptied, before the first message of each period. No
-/// backup is kept, unless the name function gives each period a name of its own.
+/// Appends every message to one file, which is reopened, and thereby emptied, before the first message of each period.
+/// No backup is kept, unless the name function gives each period a name of its own.
 class periodic_file_appender : public file_appender {
  public:
   /// @param _periodSeconds the first period begins with the construction, each later one with its first message.

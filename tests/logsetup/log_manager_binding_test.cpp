@@ -126,7 +126,8 @@ class HeldAppender {
 TEST_F(LogManagerBinding, DeliversMessagesInBatchesInThreadSafeMode) {
   HeldAppender held;
   setTsMode(true);
-  addAppender("Bind.a", threadSafeIfConfigured([&held](const std::string&, const std::string& _message) { held(_message); }), "T",
+  addAppender("Bind.a",
+              threadSafeIfConfigured([&held](const std::string&, const std::string& _message) { held(_message); }), "T",
               callableIndex);
   for (const char* message : {"1", "2", "3", "4"})
     log("Bind.a", message);
