@@ -56,7 +56,8 @@ TEST(TsAppender, StartsNoThreadWithoutAMessageAndThenDoesNotSleepAtItsEnd) {
   {
     // Whoever waited for it would wait for ever.
     const ts_appender appender(wrapped.appender(), hour);
-    EXPECT_EQ(testsupport::processResources().threads, before);
+    // Those of other tests may just be ending.
+    EXPECT_LE(testsupport::processResources().threads, before);
   }
   EXPECT_TRUE(wrapped.calls().empty());
 }
