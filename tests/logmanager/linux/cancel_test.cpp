@@ -111,9 +111,10 @@ TEST_F(Cancel, LetsTheRemovalOfAWriterThreadEnd) {
 
 TEST_F(Cancel, LetsAStatementEndThatMeetsAFileSizeLimit) {
   connect(bl::write_to_file(path_, false));
-  QMRK_LOG(log_) << "one";
   {
+    // Known when the file is opened, and reached by the first message.
     const testsupport::FileSizeLimit limit(4);
+    QMRK_LOG(log_) << "one";
     EXPECT_TRUE(logs());
   }
   EXPECT_EQ(testsupport::readFile(path_), "one\n");
