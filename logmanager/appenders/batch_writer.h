@@ -61,8 +61,7 @@ class BatchWriter {
   /// The body of the thread: delivers until the stop flag is set and nothing is left.
   void run();
 
-  /// For the last copy of the appender: sets the stop flag and, when there is a thread, sleeps one and a half
-  /// intervals.
+  /// For the last copy of the appender: sets the stop flag and, when there is a thread, sleeps 1.5 intervals.
   void stop();
 
   /// For the end of the process or of the library: sets the stop flag and waits until all is delivered, but not beyond
@@ -72,7 +71,8 @@ class BatchWriter {
   /// @param _threadIsGone asks whether the thread has ended, however it did.
   void finish(std::chrono::steady_clock::time_point _deadline, const std::function<bool()>& _threadIsGone);
 
-  /// Whether run() has nothing left to do.
+  /// Whether the stop flag is set, and whether run() has nothing left to do.
+  bool isStopped() const { return isStopped_.load(std::memory_order_relaxed); }
   bool hasEnded() const { return hasEnded_.load(std::memory_order_acquire); }
 
   /// Around a fork. The child begins without messages, which the parent delivers, and without the thread.

@@ -28,6 +28,8 @@ constexpr boost::chrono::milliseconds startDelay{100};
 
 /// How long the end of the process waits for all messages to be delivered.
 constexpr std::chrono::seconds exitTimeout{5};
+/// How long a thread waits for the writers whose place its own has taken: less than the end of the process does.
+constexpr std::chrono::seconds successionTimeout{4};
 /// The end of a thread that has nothing left to do takes an instant, or for ever while the system holds up the ends of
 /// threads, as Windows does when it unloads a library.
 constexpr boost::chrono::milliseconds joinTimeout{100};
@@ -51,6 +53,8 @@ class WriterThreads {
   void remove(const BatchWriter& _writer);
 
   /// Starts the thread of a writer that has none; where none is to be had, the writer delivers on its callers' threads.
+  /// The thread first lets those writers end that get no more messages, since what they hold was logged before: as a
+  /// rule the writer has taken the place of one of them.
   /// @return whether this call started it.
   bool start(BatchWriter& _writer);
 
@@ -61,14 +65,18 @@ class WriterThreads {
     std::unique_ptr<boost::thread> thread;
   };
 
+  using Writers = std::vector<std::shared_ptr<const BatchWriter>>;
+
   static void atExit();
   static void beforeFork();
   static void afterForkInParent();
   static void afterForkInChild();
   void setUp();
   bool tryStart(BatchWriter& _writer);
+  Writers leavingWriters() const;
   std::vector<WriterThread>::iterator placeOf(const BatchWriter& _writer);
   void joinEnded();
+  static void awaitEnds(const Writers& _leaving);
   static void join(const WriterThread& _one, std::chrono::steady_clock::time_point _deadline);
 
   std::mutex lock_;
@@ -119,11 +127,31 @@ bool WriterThreads::tryStart(BatchWriter& _writer) {
   if (isOver_ || place == threads_.end()) return false;
   try {
     const platform::AllSignalsBlocked blocked;
-    place->thread.reset(new boost::thread([&_writer] { _writer.run(); }));
+    place->thread.reset(new boost::thread([&_writer, leaving = leavingWriters()]() mutable {
+      awaitEnds(leaving);
+      leaving.clear();
+      _writer.run();
+    }));
     return true;
   } catch (...) {
     return false;
   }
+}
+
+void WriterThreads::awaitEnds(const Writers& _leaving) {
+  const auto deadline = steady_clock::now() + successionTimeout;
+  for (const auto& writer : _leaving) {
+    while (!writer->hasEnded() && steady_clock::now() < deadline)
+      boost::this_thread::sleep_for(boost::chrono::milliseconds(1));
+  }
+}
+
+WriterThreads::Writers WriterThreads::leavingWriters() const {
+  Writers leaving;
+  for (const WriterThread& one : threads_) {
+    if (one.thread != nullptr && one.writer->isStopped() && !one.writer->hasEnded()) leaving.push_back(one.writer);
+  }
+  return leaving;
 }
 
 std::vector<WriterThreads::WriterThread>::iterator WriterThreads::placeOf(const BatchWriter& _writer) {
