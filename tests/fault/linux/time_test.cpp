@@ -6,7 +6,6 @@
 #include <ctime>
 #include <string>
 
-#include "logmanager/dispatch.h"
 #include "logmanager/threads/thread_state.h"
 #include "tests/support/config_sandbox.h"
 
