@@ -100,9 +100,10 @@ TEST_F(MovedFile, IsRecreatedWithItsFolder) {
     const fs::path keep = folder.parent_path().string() + "-kept" + std::to_string(_move);
     fs::rename(folder, keep);
     EXPECT_TRUE(stress::comesTrue([&folder] { return fs::exists(folder); }));
-    for (const auto& entry : fs::directory_iterator(keep))
-      fs::rename(entry.path(),
-                 entry.path().filename() == log().filename() ? former(_move) : folder / entry.path().filename());
+    for (const auto& entry : fs::directory_iterator(keep)) {
+      const fs::path name = entry.path().filename();
+      fs::rename(entry.path(), name == log().filename() ? former(_move) : folder / name);
+    }
   });
 }
 
