@@ -5,12 +5,8 @@
 PACKAGES_BUILD=(g++ cmake ninja-build libboost-dev libboost-filesystem-dev libboost-thread-dev libcli11-dev
   nlohmann-json3-dev)
 PACKAGES_TEST=(git python3 pkg-config binutils procps libgtest-dev libgmock-dev libbenchmark-dev libfmt-dev valgrind
-<<<<<<< HEAD
   clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14 doxygen)
-=======
-  clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14)
 PACKAGES_COVERAGE=(gcovr)
->>>>>>> f6d1f1b (Count which lines and branches of the libraries the tests reach, by scripts/coverage, with limits)
 PACKAGES_WINDOWS=(g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64 wine wine64 googletest python3 dpkg-dev xz-utils
   zip unzip)
 
