@@ -10,7 +10,7 @@
 #include <utility>
 
 // Only where coverage is counted: writes the counts of this process, which its end by _exit would lose.
-extern "C" void __gcov_dump() __attribute__((weak));  // NOLINT(bugprone-reserved-identifier): the name is libgcov's
+extern "C" void __gcov_dump() __attribute__((weak));  // NOLINT(readability-identifier-naming): the name is libgcov's
 
 namespace testsupport {
 namespace {
