@@ -34,12 +34,16 @@ void deliver(Context& _context, std::string_view _message) noexcept {
   }
 }
 
-/// Where the messages of the log go to one writer thread, and no further: its lane with room, else null. May throw
-/// std::bad_alloc.
-Lane* laneWithRoom(Context& _context, std::size_t _size) {
+/// Where the messages of the log go to one writer thread, and no further: its lane with room, else null; also where
+/// there is no memory for it.
+Lane* laneWithRoom(Context& _context, std::size_t _size) noexcept {
   if (_context.callables == nullptr || _context.callables->writer == nullptr) return nullptr;
-  Lane& lane = _context.laneOf(_context.callables->writer->queue());
-  return lane.makeRoom(_size) ? &lane : nullptr;
+  try {
+    Lane& lane = _context.laneOf(_context.callables->writer->queue());
+    return lane.makeRoom(_size) ? &lane : nullptr;
+  } catch (...) {
+    return nullptr;
+  }
 }
 
 void writeToFile(const Callable& _appender, std::string_view _line, std::int64_t _now,

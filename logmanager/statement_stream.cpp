@@ -11,6 +11,7 @@
 #include <limits>
 #include <locale>
 #include <memory>
+#include <new>
 #include <string_view>
 #include <utility>
 
@@ -122,16 +123,18 @@ void log_stream::put_digits(unsigned long long _value) {
 
 StatementStream::StatementStream(Context& _context) : log_stream(nullptr), context_(_context), buffer_(*this) {
   putBack();
-  setMemory(usualSize);
+  memory_.reset(new char[usualSize]);
+  memorySize_ = usualSize;
 }
 
 void StatementStream::restart(log_stream*& _place) {
-  if (memorySize_ > largestKeptSize) setMemory(usualSize);
+  giveMemoryBack();
   lane_ = nullptr;
   restartAt(_place, memory_.get() + roomBefore, memory_.get() + memorySize_);
 }
 
 void StatementStream::restart(log_stream*& _place, Lane& _lane) {
+  giveMemoryBack();
   lane_ = &_lane;
   restartAt(_place, _lane.textBegin(), _lane.textEnd());
 }
@@ -175,9 +178,13 @@ void StatementStream::moveToOwnMemory(std::size_t _size) {
   lane_ = nullptr;
 }
 
-void StatementStream::setMemory(std::size_t _size) {
-  memory_.reset(new char[_size]);
-  memorySize_ = _size;
+// Where there is no memory for less of it, it stays.
+void StatementStream::giveMemoryBack() noexcept {
+  if (memorySize_ <= largestKeptSize) return;
+  std::unique_ptr<char[]> memory(new (std::nothrow) char[usualSize]);
+  if (memory == nullptr) return;
+  memory_.swap(memory);
+  memorySize_ = usualSize;
 }
 
 // The callback comes with the state that is copied, and is called for the copy as for every change of the locale.

@@ -86,7 +86,7 @@ class StatementStream : public log_stream {
   void restartAt(log_stream*& _place, char* _begin, char* _end);
   void makeRoom(std::size_t _size);
   void moveToOwnMemory(std::size_t _size);
-  void setMemory(std::size_t _size);
+  void giveMemoryBack() noexcept;
   // What is_plain does not ask for.
   bool isDecorated() const {
     return precision() != initialPrecision || fill() != ' ' || exceptions() != std::ios_base::goodbit ||

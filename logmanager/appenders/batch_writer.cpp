@@ -155,21 +155,26 @@ void BatchWriter::unlockAfterFork() {
   lock_->unlock();
 }
 
-// A thread of the parent does not exist here; what it was doing stays as it is.
-void BatchWriter::restartInChild() {
+// A thread of the parent does not exist here; what it was doing stays as it is. The thread that forked does, and may be
+// inside the wrapped appender.
+bool BatchWriter::restartInChild() {
   queue_.forgetAllInChild();
-  if (writer_ == Writer::running) writer_ = Writer::none;
+  const bool isHere = isDelivering_ && deliverer_ == boost::this_thread::get_id();
+  const bool goesOn = isHere && writer_ == Writer::running;
+  if (writer_ == Writer::running && !goesOn) writer_ = Writer::none;
   queue_.callForAttention(true);
   isWaiting_ = false;
-  isDelivering_ = false;
-  abandon(std::exchange(delivery_, std::make_unique<BatchDelivery>(queue_, wrapped_)));
+  isDelivering_ = isHere;
+  if (!goesOn) abandon(std::exchange(delivery_, std::make_unique<BatchDelivery>(queue_, wrapped_)));
   abandon(std::exchange(wake_, std::make_unique<boost::condition_variable>()));
   abandon(std::exchange(ended_, std::make_unique<boost::condition_variable>()));
   lock_->unlock();
+  return goesOn;
 }
 
 BatchDelivery::Result BatchWriter::deliverBatch(Lock& _lock, BatchDelivery& _delivery, bool _isLast) {
   isDelivering_ = true;
+  deliverer_ = boost::this_thread::get_id();
   _lock.unlock();
   const BatchDelivery::Result result = _delivery.deliver(_isLast);
   _lock.lock();

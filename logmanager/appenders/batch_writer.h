@@ -78,7 +78,8 @@ class BatchWriter {
   /// Around a fork. The child begins without messages, which the parent delivers, and without the thread.
   void lockForFork();
   void unlockAfterFork();
-  void restartInChild();
+  /// @return whether the thread is the one that forked, and so goes on in the child.
+  bool restartInChild();
 
  private:
   using Lock = boost::unique_lock<boost::mutex>;
@@ -107,6 +108,8 @@ class BatchWriter {
   /// Whether the thread has to be woken for a message.
   bool isWaiting_ = false;
   bool isDelivering_ = false;
+  /// Who does.
+  boost::thread::id deliverer_;
   /// Whether a message was left with whoever delivers.
   bool hasMore_ = false;
   bool isUnused_ = false;

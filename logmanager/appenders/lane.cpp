@@ -6,6 +6,7 @@
 #include <cstring>
 #include <memory>
 #include <new>
+#include <utility>
 
 namespace boost::logging::detail {
 namespace {
@@ -44,10 +45,13 @@ struct Lane::Ring {
   char* at(std::size_t _position) const { return memory + (_position & mask); }
   std::size_t toEnd(std::size_t _position) const { return capacity - (_position & mask); }
 
+  /// Whether it goes round its memory.
+  bool isRound() const { return mask + 1 == capacity; }
+
   const std::size_t capacity;
   const std::size_t mask;
-  /// Among the held bytes.
-  const bool isCounted;
+  /// Among the held bytes; the consumer's once the producer has entered it.
+  bool isCounted;
   char* const memory;
   std::atomic<Ring*> next{nullptr};
   alignas(64) std::atomic<std::size_t> written{0};
@@ -82,11 +86,20 @@ void Lane::publish(std::uint64_t _stamp, std::uint64_t _ticks, const LinePlan* _
   ring_->written.store(position_, std::memory_order_release);
 }
 
+bool Lane::makeMoreRoom(std::size_t _begun, std::size_t _textSize) {
+  return sizeInRing(_textSize) <= usualSize && findRoom(_begun, _textSize);
+}
+
+void Lane::leaveLongRing() {
+  if (ring_->capacity > usualSize) addRing(sizeInRing(0), nullptr, 0);
+}
+
 bool Lane::findRoom(std::size_t _begun, std::size_t _textSize) {
   const std::size_t needed = sizeInRing(_textSize);
   const char* const begun = room_ + sizeof(Record);
   measureRoom();
-  if (static_cast<std::size_t>(roomEnd_ - room_) < needed && !wrap(needed) && !addRing(needed)) return false;
+  if (static_cast<std::size_t>(roomEnd_ - room_) >= needed) return true;
+  if (!wrap(needed)) return addRing(needed, begun, _begun);
   // What moves to the beginning of the same ring may overlap there.
   if (_begun > 0) std::memmove(textBegin(), begun, _begun);
   return true;
@@ -107,7 +120,7 @@ void Lane::measureRoom() {
 
 // Goes on at the beginning of the ring's memory, where the room there is enough.
 bool Lane::wrap(std::size_t _needed) {
-  if (ring_->mask + 1 != ring_->capacity) return false;
+  if (!ring_->isRound()) return false;
   const std::size_t toEnd = ring_->toEnd(position_);
   const std::size_t used = position_ - ring_->consumed.load(std::memory_order_acquire);
   if (toEnd == ring_->capacity || ring_->capacity - used < toEnd + _needed) return false;
@@ -117,11 +130,13 @@ bool Lane::wrap(std::size_t _needed) {
   return true;
 }
 
-bool Lane::addRing(std::size_t _needed) {
+// The former ring may be gone as soon as the consumer can see the next one, so what was begun there moves before.
+bool Lane::addRing(std::size_t _needed, const char* _begun, std::size_t _begunSize) {
   Ring* const ring = takeRing(_needed);
   if (ring == nullptr) return false;
   Ring* const former = ring_;
   enterRing(ring);
+  if (_begunSize > 0) std::memcpy(textBegin(), _begun, _begunSize);
   former->next.store(ring, std::memory_order_release);
   return true;
 }
@@ -178,6 +193,8 @@ void Lane::consume() {
     recycle(done);
   }
   reading_->consumed.store(readPosition_, std::memory_order_release);
+  // The producer counts no ring that it has entered.
+  if (readPosition_ == reading_->written.load(std::memory_order_relaxed)) stopCounting(*reading_);
 }
 
 void Lane::rewind() {
@@ -193,9 +210,17 @@ void Lane::forgetAll() {
   reading_ = ring_;
   readPosition_ = ring_->written.load(std::memory_order_relaxed);
   readEnd_ = readPosition_;
+  // The bytes are forgotten all at once.
+  ring_->isCounted = false;
+}
+
+void Lane::stopCounting(Ring& _ring) {
+  if (!std::exchange(_ring.isCounted, false)) return;
+  held_.remove(_ring.capacity);
 }
 
 void Lane::recycle(Ring* _ring) {
+  stopCounting(*_ring);
   if (_ring->capacity == usualSize && spare_.load(std::memory_order_relaxed) == nullptr) {
     _ring->next.store(nullptr, std::memory_order_relaxed);
     _ring->written.store(0, std::memory_order_relaxed);
@@ -204,7 +229,6 @@ void Lane::recycle(Ring* _ring) {
     spare_.store(_ring, std::memory_order_release);
     return;
   }
-  if (_ring->isCounted) held_.remove(_ring->capacity);
   delete _ring;
 }
 

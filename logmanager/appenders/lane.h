@@ -10,7 +10,7 @@
 
 namespace boost::logging::detail {
 
-/// The bytes that all lanes of one writer have asked the system for, up to a limit. Any thread.
+/// The bytes of the rings in which messages of one writer wait, up to a limit. Any thread.
 class HeldBytes {
  public:
   explicit HeldBytes(std::size_t _limit) : limit_(_limit) {}
@@ -25,6 +25,8 @@ class HeldBytes {
   }
 
   void remove(std::size_t _size) { bytes_.fetch_sub(_size, std::memory_order_relaxed); }
+  /// For a forked child, where nothing waits.
+  void clear() { bytes_.store(0, std::memory_order_relaxed); }
   bool isHalfEmpty() const { return bytes_.load(std::memory_order_relaxed) <= limit_ / 2; }
 
  private:
@@ -33,7 +35,8 @@ class HeldBytes {
 };
 
 /// A way from one thread at a time to a writer thread: a ring of records, followed by further rings while the writer is
-/// behind. The producer builds the text of a message in the ring and never waits; the consumer reads behind it.
+/// behind. The producer builds the text of a message in the ring and never waits; the consumer reads behind it. Of the
+/// rings that are wholly read a lane keeps the one in use and a spare one; they do not count as held.
 ///
 /// Order of memory: what the producer has written is visible to the consumer once `written` is (release, acquire); room
 /// is free again for the producer once `consumed` is.
@@ -55,7 +58,11 @@ class Lane {
   }
 
   /// The same for a text of which so many bytes are in the room already; they move along.
-  bool makeMoreRoom(std::size_t _begun, std::size_t _textSize) { return findRoom(_begun, _textSize); }
+  /// @return false also for a text beyond the usual size of a ring: rings do not double.
+  bool makeMoreRoom(std::size_t _begun, std::size_t _textSize);
+
+  /// To be called when a long text was published: its ring is given back as soon as it is read.
+  void leaveLongRing();
 
   /// Where the text of the next record goes, and where its room ends; after makeRoom.
   char* textBegin() const { return room_ + sizeof(Record); }
@@ -93,11 +100,12 @@ class Lane {
   ~Lane();
   bool findRoom(std::size_t _begun, std::size_t _textSize);
   bool wrap(std::size_t _needed);
-  bool addRing(std::size_t _needed);
+  bool addRing(std::size_t _needed, const char* _begun, std::size_t _begunSize);
   void enterRing(Ring* _ring);
   void measureRoom();
   Ring* takeRing(std::size_t _needed);
   void recycle(Ring* _ring);
+  void stopCounting(Ring& _ring);
 
   HeldBytes& held_;
   std::atomic<int> users_{2};

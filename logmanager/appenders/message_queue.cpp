@@ -34,17 +34,20 @@ Lane* MessageQueue::addLane() {
 }
 
 void MessageQueue::push(std::string_view _line) noexcept {
+  bool isLeft = false;
   try {
     const boost::unique_lock<boost::mutex> lock(commonLock_);
     if (common_->makeRoom(_line.size())) {
       std::memcpy(common_->textBegin(), _line.data(), _line.size());
       publish(*common_, nullptr, nullptr, _line.size());
+      isLeft = true;
+      common_->leaveLongRing();
       return;
     }
   } catch (...) {
     // Dropped, as where the limit is reached.
   }
-  dropped_.fetch_add(1, std::memory_order_relaxed);
+  if (!isLeft) dropped_.fetch_add(1, std::memory_order_relaxed);
 }
 
 void MessageQueue::collect(Batch& _batch, bool _isLast) {
@@ -72,6 +75,7 @@ void MessageQueue::rewind() {
 void MessageQueue::forgetAllInChild() {
   for (Lane* lane = lanes_.load(std::memory_order_acquire); lane != nullptr; lane = lane->next)
     lane->forgetAll();
+  held_.clear();
   collected_ = stamps_.load(std::memory_order_relaxed);
   collectedNow_ = 0;
   droppedNow_ = 0;

@@ -222,8 +222,8 @@ void WriterThreads::afterForkInChild() {
   static auto* const ofParent = new std::vector<std::unique_ptr<boost::thread>>;
   WriterThreads& all = writerThreads();
   for (WriterThread& one : all.threads_) {
-    one.writer->restartInChild();
-    if (one.thread != nullptr) ofParent->push_back(std::move(one.thread));
+    const bool goesOn = one.writer->restartInChild();
+    if (one.thread != nullptr && !goesOn) ofParent->push_back(std::move(one.thread));
   }
   all.lock_.unlock();
 }

@@ -17,6 +17,18 @@ namespace {
 using boost::logging::ts_appender;
 using testsupport::Wrapped;
 
+/// A long text that its operator puts into the stream piece by piece.
+struct Pieces {
+  static constexpr int count = 200000;
+  static constexpr char piece[] = "0123456789";
+};
+
+std::ostream& operator<<(std::ostream& _stream, const Pieces& /*_pieces*/) {
+  for (int i = 0; i < Pieces::count; ++i)
+    _stream << Pieces::piece;
+  return _stream;
+}
+
 /// A log of its own whose only appender is a ts_appender, with the modifiers of the default logs.
 class ThreadSafeStatement : public testing::Test {
  protected:
@@ -45,6 +57,15 @@ TEST_F(ThreadSafeStatement, MakesTheSameLinesOfMessagesOfEveryLength) {
     log_.write(text);
     expected += "[" + name_ + "] " + std::to_string(i) + " " + text + " 1.5ff\n[" + name_ + "] " + text + "\n";
   }
+  EXPECT_TRUE(wrapped_.waitForText(expected.size()) == expected);
+}
+
+TEST_F(ThreadSafeStatement, DeliversALongMessageThatIsPutTogetherFromManyPieces) {
+  std::string expected = "[" + name_ + "] ";
+  for (int i = 0; i < Pieces::count; ++i)
+    expected += Pieces::piece;
+  QMRK_LOG(log_) << Pieces();
+  expected += "\n";
   EXPECT_TRUE(wrapped_.waitForText(expected.size()) == expected);
 }
 

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -186,6 +187,42 @@ TEST(MessageQueue, BeginsEmptyInAChild) {
   EXPECT_EQ(collected(queue), "");
   lane.put("of the child");
   EXPECT_EQ(collected(queue), "of the child");
+}
+
+/// Collects and delivers everything.
+std::size_t deliveredBytes(MessageQueue& _queue) {
+  std::size_t bytes = 0;
+  for (std::string text = collected(_queue); !text.empty(); text = collected(_queue)) {
+    bytes += text.size();
+    _queue.consume();
+  }
+  return bytes;
+}
+
+TEST(MessageQueue, CountsNoMemoryAsHeldInWhichNothingWaits) {
+  constexpr std::size_t limit = std::size_t{1024} * 1024;
+  MessageQueue queue(limit);
+  std::vector<std::unique_ptr<OwnedLane>> lanes;
+  for (int i = 0; i < 40; ++i) {
+    lanes.push_back(std::make_unique<OwnedLane>(queue));
+    for (int part = 0; part < 30; ++part)
+      lanes.back()->put(std::string(4000, 'x'));
+    EXPECT_EQ(deliveredBytes(queue), 30U * 4000U);
+  }
+  for (int i = 0; i < 4; ++i) {
+    queue.push(std::string(limit - 100000, 'y'));
+    EXPECT_EQ(deliveredBytes(queue), limit - 100000);
+  }
+}
+
+TEST(MessageQueue, BeginsInAForkedChildWithNothingHeld) {
+  constexpr std::size_t limit = std::size_t{1024} * 1024;
+  MessageQueue queue(limit);
+  queue.push(std::string(limit - 100000, 'x'));
+  queue.lockForFork();
+  queue.forgetAllInChild();
+  queue.push(std::string(limit - 100000, 'y'));
+  EXPECT_EQ(deliveredBytes(queue), limit - 100000);
 }
 
 }  // namespace
