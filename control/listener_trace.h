@@ -5,6 +5,7 @@
 #include <iostream>
 #include <locale>
 #include <sstream>
+#include <string>
 
 #include "trace/trace_flags.h"
 
@@ -14,6 +15,10 @@ namespace Quillmark_logging {
 // when the library was loaded. A line and its end are inserted in one piece: lines of several threads do not mix, and
 // neither the flags nor the locale that an application has set on the stream change how numbers look.
 
+/// Writes the line at once. A full disk, a pipe that nobody reads and a file size limit end neither the process nor the
+/// stream: the next line is tried again. What the stream throws is passed on.
+void writeTraceLine(std::ostream& _stream, const std::string& _line);
+
 template <class... Parts>
 void traceTo(std::ostream& _stream, const Parts&... _parts) {
   if (!loadTimeTrace()) return;
@@ -21,7 +26,7 @@ void traceTo(std::ostream& _stream, const Parts&... _parts) {
     std::ostringstream line;
     line.imbue(std::locale::classic());
     (line << ... << _parts) << '\n';
-    _stream << line.str() << std::flush;
+    writeTraceLine(_stream, line.str());
   } catch (const std::exception&) {
     return;
   }

@@ -126,7 +126,8 @@ Quillmark_logging::dword LogEventHandler::listen4EventThread(void* /*_argument*/
   const Quillmark_logging::handle event = createEvent(eventName);
   if (event == nullptr) {
     const platform::ErrorCode error = platform::lastError();
-    traceError("<!= LogEventHandler::Listen4EventThread() ERROR: Failed to create event \"", eventName,
+    // The name as it is now, which another thread may have set meanwhile.
+    traceError("<!= LogEventHandler::Listen4EventThread() ERROR: Failed to create event \"", load(logEventName_),
                "\", GetLastError=", error);
     return noEvent;
   }

@@ -102,7 +102,7 @@ ErrorCode AppendFile::reopen(const std::string& _path, bool _truncate) {
 AppendFile::AppendFile(std::intptr_t _file, Identity _identity) : file_(_file), identity_(_identity) {}
 
 AppendFile::~AppendFile() {
-  if (injectedFault(Call::closeFile) == noError) ::close(static_cast<int>(file_));
+  if (injectedFault(Call::closeFile) == noError) closeDescriptor(static_cast<int>(file_));
 }
 
 AppendFile::Result AppendFile::append(const char* _data, std::size_t _size) {

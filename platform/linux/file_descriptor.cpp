@@ -4,7 +4,14 @@
 #include <cerrno>
 #include <utility>
 
+#include "platform/cancellation.h"
+
 namespace platform {
+
+void closeDescriptor(int _file) {
+  const CancellationDelay delay;
+  ::close(_file);
+}
 
 FileDescriptor& FileDescriptor::operator=(FileDescriptor&& _other) noexcept {
   if (this != &_other) {
@@ -19,7 +26,7 @@ int FileDescriptor::release() { return std::exchange(file_, -1); }
 void FileDescriptor::reset() {
   if (file_ < 0) return;
   const int error = errno;
-  ::close(std::exchange(file_, -1));
+  closeDescriptor(std::exchange(file_, -1));
   errno = error;
 }
 

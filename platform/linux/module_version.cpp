@@ -8,6 +8,7 @@
 #include <string>
 
 #include "platform/fault.h"
+#include "platform/linux/file_descriptor.h"
 #include "platform/linux/module_search.h"
 #include "platform/linux/open_file.h"
 #include "platform/linux/version_note.h"
@@ -53,7 +54,7 @@ bool readModuleVersion(const char* _module, FixedVersion& _version) {
   const bool found = readVersionNote([file](std::uint64_t _offset, unsigned char* _buffer,
                                             std::size_t _size) { return readAt(file, _offset, _buffer, _size); },
                                      _version);
-  ::close(file);
+  closeDescriptor(file);
   return found;
 }
 

@@ -59,7 +59,7 @@ int aboveStandardStreams(int _file) {
   if (_file == -1 || _file > STDERR_FILENO) return _file;
   const int moved = ::fcntl(_file, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
   const int error = errno;
-  ::close(_file);
+  closeDescriptor(_file);
   errno = error;
   return moved;
 }

@@ -42,7 +42,7 @@ bool PositionedFile::open(const std::string& _path, Mode _mode) {
 
 bool PositionedFile::close() {
   if (!isOpen()) return false;
-  if (injectedFault(Call::closeFile) == noError) ::close(file_);
+  if (injectedFault(Call::closeFile) == noError) closeDescriptor(file_);
   file_ = -1;
   return true;
 }

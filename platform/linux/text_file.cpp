@@ -8,6 +8,7 @@
 #include <cerrno>
 
 #include "platform/fault.h"
+#include "platform/linux/file_descriptor.h"
 #include "platform/linux/file_write.h"
 #include "platform/linux/open_file.h"
 #include "platform/native_path.h"
@@ -18,7 +19,7 @@ namespace {
 constexpr std::size_t largestRead = 65536;
 
 void closeFile(int _file) {
-  if (_file != -1 && injectedFault(Call::closeFile) == noError) ::close(_file);
+  if (_file != -1 && injectedFault(Call::closeFile) == noError) closeDescriptor(_file);
 }
 
 std::int64_t sizeOf(int _file) {
@@ -43,7 +44,7 @@ TextReader::TextReader(const std::string& _path) {
   if (injectedFault(Call::openForReading) != noError) return;
   file_ = openFile(_path, O_RDONLY);
   if (file_ == -1 || sizeOf(file_) <= largestTextFile) return;
-  ::close(file_);
+  closeDescriptor(file_);
   file_ = -1;
 }
 
