@@ -60,10 +60,8 @@ class BatchWriter {
 
   /// The body of the thread: delivers until the stop flag is set and nothing is left.
   void run();
-
   /// For the last copy of the appender: sets the stop flag and, when there is a thread, sleeps 1.5 intervals.
   void stop();
-
   /// For the end of the process or of the library: sets the stop flag and waits until all is delivered, but not beyond
   /// the deadline. Where the thread is gone, as threads are when a Windows process ends, delivers here, unless the
   /// thread was inside an appender other than write_to_file, whose state nobody knows then. On the thread itself, which
@@ -108,7 +106,6 @@ class BatchWriter {
   /// Whether the thread has to be woken for a message.
   bool isWaiting_ = false;
   bool isDelivering_ = false;
-  /// Who does.
   boost::thread::id deliverer_;
   /// Whether a message was left with whoever delivers.
   bool hasMore_ = false;

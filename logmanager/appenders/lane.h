@@ -25,7 +25,6 @@ class HeldBytes {
   }
 
   void remove(std::size_t _size) { bytes_.fetch_sub(_size, std::memory_order_relaxed); }
-  /// For a forked child, where nothing waits.
   void clear() { bytes_.store(0, std::memory_order_relaxed); }
   bool isHalfEmpty() const { return bytes_.load(std::memory_order_relaxed) <= limit_ / 2; }
 
@@ -35,8 +34,8 @@ class HeldBytes {
 };
 
 /// A way from one thread at a time to a writer thread: a ring of records, followed by further rings while the writer is
-/// behind. The producer builds the text of a message in the ring and never waits; the consumer reads behind it. Of the
-/// rings that are wholly read a lane keeps the one in use and a spare one; they do not count as held.
+/// behind. The producer builds the text of a message in the ring and never waits; the consumer reads behind it. When
+/// all is read, a lane keeps the ring in use and a spare one, which do not count as held.
 ///
 /// Order of memory: what the producer has written is visible to the consumer once `written` is (release, acquire); room
 /// is free again for the producer once `consumed` is.
@@ -50,7 +49,6 @@ class Lane {
   Lane& operator=(const Lane&) = delete;
 
   // For the producer.
-
   /// Room for a record whose text is at least so long. May throw std::bad_alloc.
   /// @return false when the limit of held bytes is reached.
   bool makeRoom(std::size_t _textSize) {
@@ -61,9 +59,8 @@ class Lane {
   /// @return false also for a text beyond the usual size of a ring: rings do not double.
   bool makeMoreRoom(std::size_t _begun, std::size_t _textSize);
 
-  /// To be called when a long text was published: its ring is given back as soon as it is read.
+  /// After a long text was published: its ring is given back as soon as it is read.
   void leaveLongRing();
-
   /// Where the text of the next record goes, and where its room ends; after makeRoom.
   char* textBegin() const { return room_ + sizeof(Record); }
   char* textEnd() const { return roomEnd_; }
@@ -76,17 +73,13 @@ class Lane {
   bool isAbandoned() const { return users_.load(std::memory_order_acquire) == 1; }
 
   // For the consumer.
-
   /// The next record that was not passed yet; null when there is none.
   const Record* peek();
   void pass(const Record& _record);
-
   /// Gives the room of what was passed back to the producer.
   void consume();
-
   /// Goes back to what was not consumed.
   void rewind();
-
   /// In a forked child, where no other thread is: forgets everything that was published.
   void forgetAll();
 
@@ -115,12 +108,11 @@ class Lane {
   char* roomEnd_ = nullptr;
   Ring* ring_;
   std::size_t position_ = 0;
-
+  // The consumer's.
   alignas(64) Ring* firstRing_;
   Ring* reading_;
   std::size_t readPosition_ = 0;
   std::size_t readEnd_ = 0;
-
   /// A ring of the usual size that is not in use.
   alignas(64) std::atomic<Ring*> spare_{nullptr};
 };
