@@ -6,6 +6,8 @@
 #include <sys/syscall.h>
 
 #include <cstdint>
+#include <cstdio>
+#include <cstdlib>
 #include <ctime>
 #include <string>
 
@@ -63,6 +65,41 @@ TEST_F(TimeZone, OfTheSystemIsFollowedWithinAMinute) {
   replaceZone(9);
   platform::followTimeZone(farAhead + 60);
   EXPECT_EQ(hourOfTheMoment(), 17);
+}
+
+/// Puts another file in the place of the one that TZ names.
+void rename(const std::string& _from, const std::string& _to) { ASSERT_EQ(std::rename(_from.c_str(), _to.c_str()), 0); }
+
+TEST_F(TimeZone, ThatIsNamedByAFileIsFollowedWithinAMinute) {
+  const std::string path = folder_.path() + "/named";
+  for (const std::string& zone : {path, ":" + path}) {
+    testsupport::writeFile(path, zoneFile(0));
+    testsupport::setEnvironment("TZ", zone);
+    platform::followTimeZone(3 * farAhead);
+    EXPECT_EQ(hourOfTheMoment(), 8);
+    testsupport::writeFile(path + ".new", zoneFile(9));
+    rename(path + ".new", path);
+    platform::followTimeZone(3 * farAhead + 60);
+    EXPECT_EQ(hourOfTheMoment(), 17);
+    EXPECT_EQ(std::getenv("TZ"), zone);
+    // Another value of the variable counts at once, as ever.
+    testsupport::setEnvironment("TZ", "XXX-3");
+    ::tzset();
+    EXPECT_EQ(hourOfTheMoment(), 11);
+  }
+}
+
+TEST_F(TimeZone, ThatIsNamedByAFileOfTheSystemIsFollowedToo) {
+  testsupport::writeFile(folder_.path() + "/Zone", zoneFile(0));
+  testsupport::setEnvironment("TZDIR", folder_.path());
+  testsupport::setEnvironment("TZ", "Zone");
+  platform::followTimeZone(5 * farAhead);
+  EXPECT_EQ(hourOfTheMoment(), 8);
+  testsupport::writeFile(folder_.path() + "/Zone.new", zoneFile(2));
+  rename(folder_.path() + "/Zone.new", folder_.path() + "/Zone");
+  platform::followTimeZone(5 * farAhead + 60);
+  EXPECT_EQ(hourOfTheMoment(), 10);
+  testsupport::setEnvironment("TZDIR", "");
 }
 
 TEST_F(TimeZone, IsFollowedByTheLocalTime) {
