@@ -8,6 +8,7 @@
 #include "config/generic_cfg_text.h"
 #include "platform/access.h"
 #include "platform/native_path.h"
+#include "platform/process.h"
 #include "platform/text_file.h"
 #include "quillmark_logging_names.h"
 #include "trace/trace_line.h"
@@ -22,8 +23,7 @@ namespace {
 
 bool contains(const std::string& _name, const std::string& _filter) { return _name.find(_filter) != std::string::npos; }
 
-// A file that was begun only would be taken for a generic one that names no CA, at every start from now on.
-bool writeWhole(const std::string& _path, const std::string& _text) {
+bool writeOrRemove(const std::string& _path, const std::string& _text) {
   {
     platform::TextWriter file(_path, platform::TextWriter::Mode::truncate);
     if (!file.isOpen()) return false;
@@ -31,6 +31,20 @@ bool writeWhole(const std::string& _path, const std::string& _text) {
   }
   std::remove(platform::nativePath(_path).c_str());
   return false;
+}
+
+// A file that was begun only would be taken for a generic one that names no CA: at once by programs that start together
+// with this one, and at every start from now on if this one is ended here. So a new file gets its name when it is
+// whole.
+bool writeWhole(const std::string& _path, const std::string& _text) {
+  const fs::path path(platform::nativePath(_path));
+  boost::system::error_code error;
+  if (fs::symlink_status(path, error).type() != fs::file_not_found) return writeOrRemove(_path, _text);
+  const std::string begun = _path + "." + std::to_string(platform::processId());
+  if (!writeOrRemove(begun, _text)) return false;
+  fs::rename(platform::nativePath(begun), path, error);
+  if (error) std::remove(platform::nativePath(begun).c_str());
+  return !error;
 }
 
 }  // namespace

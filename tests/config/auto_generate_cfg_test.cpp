@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "config/cfg_data_manager.h"
+#include "platform/process.h"
 #include "tests/support/as_unprivileged_user.h"
 #include "tests/support/captured_console.h"
 #include "tests/support/fault_plan.h"
@@ -140,6 +141,17 @@ TEST_F(AutoGenerate, AFullDiskIsAFailureThatLeavesNoFile) {
                   .ends_with("<!=  AutoGenerateCfg::generateGenericCfgFile() ERROR: Failed to open file "
                              "\"<FOLDER>\\qmrk_logging_GE.cfg\"\r\n"));
   EXPECT_FALSE(exists(generated_));
+}
+
+TEST_F(AutoGenerate, AFileHasItsNameWhenItIsWhole) {
+  addFile("qmrk_logging_CA07.cfg");
+  generator_.setCfgPath(folder_.path());
+  bool isThere = true;
+  const testsupport::CallHook hook(Call::write, 1, [&] { isThere = exists(generated_); });
+  EXPECT_TRUE(generator_.generateGenericCfgFile());
+  EXPECT_FALSE(isThere);
+  EXPECT_TRUE(exists(generated_));
+  EXPECT_FALSE(exists(generated_ + "." + std::to_string(platform::processId())));
 }
 
 TEST_F(AutoGenerate, TraversesOnlyAFolder) {
