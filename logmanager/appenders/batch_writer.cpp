@@ -7,7 +7,9 @@
 #include <utility>
 #include <vector>
 
+#include "logmanager/appenders/failure_report.h"
 #include "logmanager/threads/process_lock.h"
+#include "platform/all_signals_blocked.h"
 
 namespace boost::logging::detail {
 namespace {
@@ -19,6 +21,11 @@ using std::chrono::steady_clock;
 /// How long the thread sleeps when more is to be expected: callers then need not wake it, which is what costs them
 /// most.
 constexpr int shortSleepUs = 1250;
+
+/// Of the messages that the wrapped appender logs itself while the last ones are delivered.
+constexpr int mostOwnRounds = 8;
+/// For what is left when the wrapped appender has called exit().
+constexpr boost::chrono::seconds longestDelivery{5};
 
 void sleepUninterrupted(microseconds _duration) {
   const boost::this_thread::disable_interruption uninterrupted;
@@ -49,7 +56,7 @@ bool BatchWriter::attend() {
     deliverRest(lock);
     return false;
   }
-  hasMore_ = true;
+  noteMore();
   if (!std::exchange(isWaiting_, false)) return false;
   queue_.callForAttention(false);
   wake_->notify_one();
@@ -141,8 +148,26 @@ void BatchWriter::takeOver() {
 void BatchWriter::finishOnThread(Lock& _lock) {
   writer_ = Writer::ended;
   isDelivering_ = false;
+  exiting_ = boost::this_thread::get_id();
   queue_.callForAttention(true);
   deliverRest(_lock);
+}
+
+// The wrapped appender may hold a lock around its call of exit() that it takes in every call.
+void BatchWriter::deliverOnAnotherThread(Lock& _lock) {
+  _lock.unlock();
+  const boost::this_thread::disable_interruption uninterrupted;
+  try {
+    const platform::AllSignalsBlocked blocked;
+    boost::thread thread([this] {
+      Lock lock(*lock_);
+      deliverRest(lock);
+    });
+    thread.try_join_for(longestDelivery);
+    thread.detach();
+  } catch (const boost::thread_resource_error&) {
+    // What is left is lost.
+  }
 }
 
 void BatchWriter::lockForFork() {
@@ -182,19 +207,34 @@ BatchDelivery::Result BatchWriter::deliverBatch(Lock& _lock, BatchDelivery& _del
   return result;
 }
 
-// A caller that leaves a message while this thread delivers finds it doing so, and goes.
+// A caller that leaves a message while this thread delivers finds it doing so, and goes. What the wrapped appender logs
+// itself, here, is delivered only so many times.
 void BatchWriter::deliverAll(Lock& _lock, BatchDelivery& _delivery) {
+  int ownRounds = 0;
   do {
     hasMore_ = false;
     while (deliverBatch(_lock, _delivery, true) != BatchDelivery::Result::nothing) {
+      if (!std::exchange(hasOwnMore_, false) || ++ownRounds < mostOwnRounds) continue;
+      if (ownRounds == mostOwnRounds) reportEndlessLogging("ts_appender");
+      break;
     }
   } while (hasMore_);
 }
 
+// Notes that a message was left with whoever delivers: with this thread itself while it is inside the wrapped appender.
+void BatchWriter::noteMore() {
+  const bool isOwn = isDelivering_ && deliverer_ == boost::this_thread::get_id();
+  (isOwn ? hasOwnMore_ : hasMore_) = true;
+}
+
 // What comes while another thread delivers, or while the wrapped appender itself logs, is delivered by that thread.
 void BatchWriter::deliverRest(Lock& _lock) {
-  hasMore_ = true;
+  noteMore();
   if (isDelivering_) return;
+  if (exiting_ == boost::this_thread::get_id()) {
+    deliverOnAnotherThread(_lock);
+    return;
+  }
   BatchDelivery delivery(queue_, wrapped_);
   deliverAll(_lock, delivery);
 }

@@ -45,19 +45,15 @@ class MessageGaps {
 class BatchWriter {
  public:
   BatchWriter(const appender& _wrapped, int _sleepMs);
-
   MessageQueue& queue() { return queue_; }
-
   /// For a caller that has left a message and was asked for attention: wakes the thread, or delivers where it has
   /// ended.
   /// @return true when a thread has to be started.
   bool attend();
-
   /// To be called just before the thread is started, and when it could not be.
   /// @return false when it was started before.
   bool noteThread();
   void noteNoThread();
-
   /// The body of the thread: delivers until the stop flag is set and nothing is left.
   void run();
   /// For the last copy of the appender: sets the stop flag and, when there is a thread, sleeps 1.5 intervals.
@@ -85,8 +81,10 @@ class BatchWriter {
 
   void takeOver();
   void finishOnThread(Lock& _lock);
+  void deliverOnAnotherThread(Lock& _lock);
   BatchDelivery::Result deliverBatch(Lock& _lock, BatchDelivery& _delivery, bool _isLast);
   void deliverAll(Lock& _lock, BatchDelivery& _delivery);
+  void noteMore();
   void deliverRest(Lock& _lock);
   void pause(Lock& _lock);
   void sleepShortly(Lock& _lock);
@@ -107,8 +105,10 @@ class BatchWriter {
   bool isWaiting_ = false;
   bool isDelivering_ = false;
   boost::thread::id deliverer_;
+  boost::thread::id exiting_;
   /// Whether a message was left with whoever delivers.
   bool hasMore_ = false;
+  bool hasOwnMore_ = false;
   bool isUnused_ = false;
   MessageGaps gaps_;
   /// Of the thread.

@@ -7,6 +7,7 @@
 #include <iostream>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <string>
 #include <thread>
 
@@ -117,6 +118,22 @@ int exitInside(const std::string& _file, char** _arguments) {
     std::this_thread::sleep_for(std::chrono::hours(1));
 }
 
+// The wrapped appender calls exit() with a lock that it takes in every call.
+int exitLocked(const std::string& _file, char** /*_arguments*/) {
+  static std::mutex lock;
+  const bl::write_to_file file(_file, false);
+  connect(bl::ts_appender(
+      [file](const std::string& _log, const std::string& _text) {
+        const std::lock_guard<std::mutex> inside(lock);
+        file(_log, _text);
+        if (_text.find("last") != std::string::npos) std::exit(9);
+      },
+      0));
+  bl::logger("App").write("last");
+  while (true)
+    std::this_thread::sleep_for(std::chrono::hours(1));
+}
+
 // The process ends while the writer thread destroys the wrapped appender, which takes its time and then logs itself.
 int slowEnd(const std::string& _file, char** /*_arguments*/) {
   struct Slow {
@@ -183,6 +200,7 @@ int main(int _count, char** _arguments) {
                                                                                     {"ts", &threadSafe},
                                                                                     {"ts-exit", &threadSafeExit},
                                                                                     {"exit-inside", &exitInside},
+                                                                                    {"exit-locked", &exitLocked},
                                                                                     {"slow-end", &slowEnd},
                                                                                     {"in-appender", &inAppender},
                                                                                     {"stuck", &stuck},

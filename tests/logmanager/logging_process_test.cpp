@@ -62,6 +62,11 @@ TEST_F(LoggingProcess, LosesOnlyWhatTheAppenderHoldsThatCallsExit) {
   EXPECT_EQ(text(), staticMade + numbers(5000) + staticDestroyed);
 }
 
+TEST_F(LoggingProcess, EndsEvenIfTheAppenderThatCallsExitHoldsALock) {
+  EXPECT_EQ(run({"exit-locked"}), 9);
+  EXPECT_EQ(text().substr(0, text().find("last")), staticMade);
+}
+
 TEST_F(LoggingProcess, LosesNothingWhenItEndsInTheMiddleOfAnAppenderOfItsOwn) {
   EXPECT_EQ(run({"in-appender"}), 0);
   EXPECT_EQ(text(), staticMade + numbers(100) + staticDestroyed);

@@ -42,6 +42,22 @@ TEST(BatchWriter, DoesNotEnterAForeignAppenderAgainInWhichItsThreadWasEnded) {
   EXPECT_EQ(calls.load(), 1);
 }
 
+TEST(BatchWriter, DeliversAMessageOfItsAppenderToItselfOnlySoManyTimesOnTheThreadOfACaller) {
+  int calls = 0;
+  boost::logging::detail::BatchWriter* self = nullptr;
+  const auto logAgain = [&calls, &self](const std::string&, const std::string&) {
+    ++calls;
+    self->queue().push("again\n");
+    self->attend();
+  };
+  boost::logging::detail::BatchWriter writer(logAgain, 0);
+  self = &writer;
+  writer.noteNoThread();
+  writer.queue().push("first\n");
+  EXPECT_FALSE(writer.attend());
+  EXPECT_EQ(calls, 8);
+}
+
 constexpr milliseconds soon{3};
 
 /// After so many messages at such a distance.
