@@ -90,8 +90,13 @@ bool Lane::makeMoreRoom(std::size_t _begun, std::size_t _textSize) {
   return sizeInRing(_textSize) <= usualSize && findRoom(_begun, _textSize);
 }
 
-void Lane::leaveLongRing() {
-  if (ring_->capacity > usualSize) addRing(sizeInRing(0), nullptr, 0);
+void Lane::leaveLongRing() noexcept {
+  if (ring_->capacity <= usualSize) return;
+  try {
+    addRing(sizeInRing(0), nullptr, 0);
+  } catch (...) {
+    // No memory: the next record goes on in the long one, or leaves it.
+  }
 }
 
 bool Lane::findRoom(std::size_t _begun, std::size_t _textSize) {

@@ -60,7 +60,7 @@ class Lane {
   bool makeMoreRoom(std::size_t _begun, std::size_t _textSize);
 
   /// After a long text was published: its ring is given back as soon as it is read.
-  void leaveLongRing();
+  void leaveLongRing() noexcept;
   /// Where the text of the next record goes, and where its room ends; after makeRoom.
   char* textBegin() const { return room_ + sizeof(Record); }
   char* textEnd() const { return roomEnd_; }

@@ -34,20 +34,18 @@ Lane* MessageQueue::addLane() {
 }
 
 void MessageQueue::push(std::string_view _line) noexcept {
-  bool isLeft = false;
   try {
     const boost::unique_lock<boost::mutex> lock(commonLock_);
     if (common_->makeRoom(_line.size())) {
       std::memcpy(common_->textBegin(), _line.data(), _line.size());
       publish(*common_, nullptr, nullptr, _line.size());
-      isLeft = true;
       common_->leaveLongRing();
       return;
     }
   } catch (...) {
     // Dropped, as where the limit is reached.
   }
-  if (!isLeft) dropped_.fetch_add(1, std::memory_order_relaxed);
+  dropped_.fetch_add(1, std::memory_order_relaxed);
 }
 
 void MessageQueue::collect(Batch& _batch, bool _isLast) {
