@@ -40,8 +40,8 @@ class MessageGaps {
 };
 
 /// Hands what callers leave in a queue to the wrapped appender: by a thread, which somebody else starts, as long as
-/// there is one, else on the thread of the caller. Functions may be called from any thread at once unless said
-/// otherwise.
+/// there is one, else on the thread of the caller. Any thread may call any function, unless said otherwise.
+// NOLINTNEXTLINE(clang-analyzer-optin.performance.Padding): the parts of the queue do not share cache lines
 class BatchWriter {
  public:
   BatchWriter(const appender& _wrapped, int _sleepMs);
