@@ -55,13 +55,13 @@ struct Lane::Ring {
   char* const memory;
   std::atomic<Ring*> next{nullptr};
   /// Of the first rings that forked children have forgotten, which nobody may free: where a leak checker finds them.
-  static constinit std::atomic<Ring*> forgotten;
+  static constinit std::atomic<Ring*> forgotten_;
   Ring* formerForgotten = nullptr;
   alignas(64) std::atomic<std::size_t> written{0};
   alignas(64) std::atomic<std::size_t> consumed{0};
 };
 
-constinit std::atomic<Lane::Ring*> Lane::Ring::forgotten{nullptr};
+constinit std::atomic<Lane::Ring*> Lane::Ring::forgotten_{nullptr};
 
 Lane* Lane::create(HeldBytes& _held) { return new Lane(_held); }
 
@@ -216,7 +216,7 @@ void Lane::rewind() {
 // The parent's consumer and producer may have been anywhere, also on the way to another ring: what came before the
 // producer's ring is left as it is.
 void Lane::forgetAll() {
-  if (firstRing_ != ring_) firstRing_->formerForgotten = Ring::forgotten.exchange(firstRing_);
+  if (firstRing_ != ring_) firstRing_->formerForgotten = Ring::forgotten_.exchange(firstRing_);
   firstRing_ = ring_;
   reading_ = ring_;
   readPosition_ = ring_->written.load(std::memory_order_relaxed);
