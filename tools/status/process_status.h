@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "diagnostics/status_page_values.h"
+
+namespace qmrkctl {
+
+// What a process shows of its logging on its status page (docs/status-page.md), in values of C++. Every text is valid
+// UTF-8; it may hold line ends and other control characters. Paths have backslashes. A moment is a time in nanoseconds
+// since 1970-01-01 00:00 UTC; a moment that never came is empty.
+
+namespace status = Quillmark_logging::status;
+
+using Moment = std::optional<std::int64_t>;
+
+/// A text of the page, whose room there is limited.
+struct PageText {
+  std::string text;
+  std::uint32_t wholeSize = 0;  ///< in bytes, before the process cut it
+  bool isCut = false;
+};
+
+struct ApplicationName {
+  std::string name;  ///< as it was given to initDefaultLogs
+  bool isUnregistered = false;
+};
+
+struct LogState {
+  std::string name;
+  bool isOn = false;
+};
+
+struct SetUpStatus {
+  status::Call call = status::Call::none;  ///< the last one that set up
+  Moment at;
+  status::Result result = status::Result::none;
+  status::Failure failure = status::Failure::none;
+  PageText error;  ///< why it failed, in words
+};
+
+struct ClassStatus {
+  std::uint64_t generation = 0;  ///< grows with each class list that is applied; 0: none was
+  Moment appliedAt;
+  std::uint64_t hash = 0;  ///< status::hashOf of the whole text
+  PageText text;           ///< of the class list that is applied, as it stands in the file
+  std::string ca;          ///< whose class list it is
+  PageText filter;
+  std::vector<LogState> logs;
+  std::uint32_t logsLeftOut = 0;
+  Moment updatedAt;  ///< the last attempt to apply a class list
+  status::Result updateResult = status::Result::none;
+  status::Failure updateFailure = status::Failure::none;
+  PageText updateError;
+  Moment ownChangeAt;  ///< the application's own switching since the list was applied
+  status::Call ownChange = status::Call::none;
+  PageText ownPattern;
+};
+
+struct ListenerStatus {
+  status::ListenerState state = status::ListenerState::none;
+  std::uint32_t threads = 0;  ///< how many listen
+  std::string event;
+  std::string ca;                ///< whose class list it follows
+  std::uint64_t generation = 0;  ///< of the last setting of the event that it has seen (Linux)
+  std::uint64_t wakes = 0;       ///< how often it was woken
+  Moment changedAt;              ///< since when the state holds
+  Moment failedAt;
+  std::uint32_t error = 0;  ///< a Windows code
+  PageText failure;
+};
+
+struct LogFileStatus {
+  PageText path;
+  status::FileKind kind = status::FileKind::none;
+  bool isFailing = false;
+  bool hasOwnThread = false;
+  std::uint64_t lost = 0;     ///< messages that could not be written
+  std::uint64_t dropped = 0;  ///< messages for which there was no room any more in front of the thread
+  Moment failedAt;
+  std::uint32_t error = 0;  ///< of the last failure, a Windows code
+  std::uint64_t held = 0;   ///< bytes that waited for the thread when the page was last written
+};
+
+struct ProcessStatus {
+  std::uint32_t pid = 0;        ///< as the process sees itself
+  std::uint64_t startTime = 0;  ///< in the system's unit; 0: unknown
+  std::uint32_t userId = 0;     ///< status::noUserId on Windows
+  std::string user;             ///< empty on Linux
+  PageText program;
+  std::string libraryVersion;
+  Moment writtenAt;
+  bool isThreadSafe = false;
+  bool traces = false;
+  std::vector<ApplicationName> applications;
+  std::uint32_t applicationsLeftOut = 0;
+  std::string caAsked;
+  std::string caInEffect;
+  status::CaSource caSource = status::CaSource::unknown;
+  std::uint32_t caChanges = 0;  ///< bits of status_page_values.h
+  PageText cfgPath;
+  PageText initPath;
+  PageText commonLogPath;
+  SetUpStatus setUp;
+  ClassStatus classes;
+  ListenerStatus listener;
+  std::vector<LogFileStatus> files;
+  std::uint32_t filesLeftOut = 0;
+};
+
+}  // namespace qmrkctl
