@@ -8,7 +8,8 @@ if(WIN32)
   set(CPACK_GENERATOR ZIP)
   set(CPACK_PACKAGE_FILE_NAME qmrk_log-${PROJECT_VERSION}-windows-x86_64)
   foreach(part IN ITEMS
-      boost:libboost1.74-dev cli11:libcli11-dev gcc:gcc-mingw-w64-base mingw-w64:mingw-w64-common)
+      boost:libboost1.74-dev cli11:libcli11-dev gcc:gcc-mingw-w64-base mingw-w64:mingw-w64-common
+      nlohmann-json:nlohmann-json3-dev zlib:libz-mingw-w64-dev)
     string(REGEX MATCH "^([^:]*):(.*)$" part ${part})
     set(name ${CMAKE_MATCH_1})
     set(copyright /usr/share/doc/${CMAKE_MATCH_2}/copyright)

@@ -16,6 +16,7 @@ for file in bin/qmrk_log.dll bin/boost_log-vc80-mt-1_33.dll bin/LogTest.exe bin/
   lib/libboost_log-vc80-mt-1_33.dll.a include/qmrk_log/quillmark_logging.h include/qmrk_log/boost/logging/logging.hpp \
   lib/cmake/qmrk_log/qmrk_log-config.cmake share/doc/qmrk_log/LICENSE share/doc/qmrk_log/licences/boost.txt \
   share/doc/qmrk_log/licences/cli11.txt share/doc/qmrk_log/licences/gcc.txt share/doc/qmrk_log/licences/mingw-w64.txt \
+  share/doc/qmrk_log/licences/nlohmann-json.txt share/doc/qmrk_log/licences/zlib.txt \
   share/doc/qmrk_log/examples/qmrk_logging_CA12.cfg; do
   [ -s "$tree/$file" ] || { echo "the archive has no $file"; (cd "$tree" && find . -type f); exit 1; }
 done

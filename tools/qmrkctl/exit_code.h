@@ -3,10 +3,16 @@
 
 namespace qmrkctl {
 
-/// The exit codes of every command.
-constexpr int exitDone = 0;
-constexpr int exitNoListener = 1;  ///< there was nobody, or nothing, to act on
-constexpr int exitUsage = 2;       ///< the command line is wrong; nothing was done
-constexpr int exitFailed = 3;      ///< the system refused
+// The exit codes of every command.
+
+constexpr int exitOk = 0;
+constexpr int exitNegative = 1;      ///< there are findings, or the answer is no
+constexpr int exitUsage = 2;         ///< the command line is wrong; nothing was done
+constexpr int exitNotFound = 3;      ///< what the command line names does not exist
+constexpr int exitNoPermission = 4;  ///< a message says which command would have the permission
+constexpr int exitPartial = 5;       ///< some of it was done, or some answered
+constexpr int exitTimeout = 6;       ///< nobody answered in time
+constexpr int exitInternal = 70;     ///< a fault of the tool, or its results cannot be written
+constexpr int exitInterrupted = 130;
 
 }  // namespace qmrkctl

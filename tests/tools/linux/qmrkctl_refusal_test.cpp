@@ -27,7 +27,7 @@ TEST_F(QmrkctlRefusal, OfANameThatCannotNameAnEventIsWrongUsage) {
 TEST_F(QmrkctlRefusal, OfTheSystemIsToldApartFromNobodyListening) {
   std::ofstream(platform::eventFolderPath()) << "squatted";
   const auto result = testsupport::runProgram(QMRKCTL, {"signal"});
-  EXPECT_EQ(result.exitCode, 3);
+  EXPECT_EQ(result.exitCode, 4);
   EXPECT_NE(result.errors.find("cannot be set (error 5)"), std::string::npos) << result.errors;
 }
 

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#include "tools/qmrkctl/commands.h"
+
+#include <string>
+
+namespace qmrkctl {
+namespace {
+
+ColorMode colorMode(const std::string& _name) {
+  if (_name == "always") return ColorMode::always;
+  return _name == "never" ? ColorMode::never : ColorMode::automatic;
+}
+
+}  // namespace
+
+void addOptions(CLI::App& _program, Options& _options) {
+  _program.add_option("--ca", _options.ca, "Customer adaptation, instead of the default one")->type_name("CA");
+  CLI::Option* const user =
+      _program.add_option("--user", _options.user, "As that user sees it, or his processes")->type_name("USER");
+  CLI::Option* const all = _program.add_flag("--all-users", _options.allUsers, "The processes of every user");
+  CLI::Option* const pid = _program.add_option("--pid", _options.pid, "That process")->type_name("PID");
+  CLI::Option* const app = _program.add_option("--app", _options.app, "The processes of that application");
+  app->type_name("NAME");
+  user->excludes(all, pid);
+  all->excludes(pid);
+  pid->excludes(app);
+  _program.add_flag("--json", _options.json, "The result as one object of JSON");
+  _program
+      .add_option_function<std::string>(
+          "--color", [&_options](const std::string& _mode) { _options.color = colorMode(_mode); },
+          "Colours: auto (on a terminal, unless NO_COLOR is set), always, never")
+      ->check(CLI::IsMember({"auto", "always", "never"}))
+      ->type_name("WHEN");
+  CLI::Option* const quiet = _program.add_flag_callback(
+      "-q,--quiet", [&_options] { _options.verbosity = Verbosity::quiet; }, "No result in text, only the exit code");
+  _program
+      .add_flag_callback(
+          "-v,--verbose", [&_options] { _options.verbosity = Verbosity::verbose; }, "More of the details")
+      ->excludes(quiet);
+}
+
+void addCommands(CLI::App& _program, Choice& _choice) {
+  constexpr AddCommand all[] = {addSignalCommand};
+  for (const AddCommand add : all)
+    add(_program, _choice);
+  _program.require_subcommand(1);
+  for (CLI::App* const command : _program.get_subcommands({}))
+    command->fallthrough();
+}
+
+}  // namespace qmrkctl

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+#include "tools/qmrkctl/command.h"
+
+namespace qmrkctl {
+
+/// Adds the options that every command has.
+void addOptions(CLI::App& _program, Options& _options);
+
+/// Adds all commands. Whatever needs their definitions, like completion, builds the program by these two functions.
+void addCommands(CLI::App& _program, Choice& _choice);
+
+// Each is in the file of its name.
+void addSignalCommand(CLI::App& _program, Choice& _choice);
+
+}  // namespace qmrkctl
