@@ -39,6 +39,14 @@ PLANTED = {
          "logmanager/include/boost/logging/y.hpp": '#include "platform/clock.h"\n',
          "include/quillmark_logging.h": '#include "trace/trace.h"\n',
          "config/z.cpp": '#include "scanner.h"\n'}),
+    "include_circles": (
+        {"trace/a.h": '#include "trace/b.h"\n#include "trace/c.h"\n', "trace/b.h": '#include "trace/c.h"\n',
+         "trace/c.h": "#include <string>\n", "trace/a.cpp": '#include "trace/a.h"\n'},
+        {"config/p.h": '#include "config/p.h"\n',
+         "include/q.h": '#include "r.h"\n', "include/r.h": '#include "q.h"\n',
+         "logmanager/include/boost/logging/s.hpp": '#  include <boost/logging/detail/t.hpp>\n',
+         "logmanager/include/boost/logging/detail/t.hpp": '#include "logmanager/u.h"\n',
+         "logmanager/u.h": '#include "boost/logging/s.hpp"\n'}),
     "platform_conditionals": (
         {"platform/win32/a.cpp": "#ifdef _WIN32\n#include <windows.h>\n#endif\n",
          "include/quillmark_logging_export.h": "#if defined(_WIN32)\n#endif\n",
