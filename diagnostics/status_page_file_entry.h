@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <array>
 #include <cstdint>
 
 #include "diagnostics/status_page_layout.h"
@@ -21,8 +20,5 @@ constexpr Field fileFailedAt{"failed_at", Kind::number, 24, 8};
 constexpr Field fileHeld{"held", Kind::number, 32, 8};
 constexpr Field fileError{"error", Kind::number, 40, 4};
 constexpr Field filePath{"path", Kind::text, 48, 656};
-
-inline constexpr std::array allFileFields{fileKind,     fileState, fileLost,  fileDropped,
-                                   fileFailedAt, fileHeld,  fileError, filePath};
 
 }  // namespace Quillmark_logging::status

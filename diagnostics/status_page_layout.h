@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -72,6 +71,7 @@ constexpr Field listenerFailedAt{"listener_failed_at", Kind::number, 168, 8};
 // ---- Files ----
 constexpr Field filesUsed{"files_used", Kind::number, 176, 4};
 constexpr Field filesLeftOut{"files_left_out", Kind::number, 180, 4};
+constexpr Field pidNamespace{"pid_namespace", Kind::number, 184, 8};
 // ---- Texts and lists ----
 constexpr Field user{"user", Kind::text, 192, 128};
 constexpr Field libraryVersion{"library_version", Kind::text, 320, 64};
@@ -93,27 +93,5 @@ constexpr Field classText{"class_text", Kind::text, 9'600, 12'288};
 constexpr Field filter{"filter", Kind::text, 21'888, 8'192};
 constexpr Field logs{"logs", Kind::list, 30'080, 24'192};
 constexpr Field files{"files", Kind::files, 54'272, 11'264};
-
-/// Every field, in the order of the page.
-inline constexpr std::array allFields{
-    magicField,      version,       size,
-    sequence,        writtenAt,     pid,
-    userId,          startTime,     modes,
-    caSource,        caChanges,     setUpCall,
-    setUpAt,         setUpResult,   setUpFailure,
-    classGeneration, classesAt,     classHash,
-    updateAt,        updateResult,  updateFailure,
-    ownChangeAt,     ownChange,     listenerState,
-    listenerThreads, listenerError, listenerGeneration,
-    listenerWakes,   listenerAt,    listenerFailedAt,
-    filesUsed,       filesLeftOut,  user,
-    libraryVersion,  caAsked,       caInEffect,
-    classCa,         listenerCa,    listenerEvent,
-    listenerFailure, setUpError,    updateError,
-    ownPattern,      program,       cfgPath,
-    initPath,        commonLogPath, applications,
-    classText,       filter,        logs,
-    files,
-};
 
 }  // namespace Quillmark_logging::status

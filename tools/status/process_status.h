@@ -87,10 +87,11 @@ struct LogFileStatus {
 };
 
 struct ProcessStatus {
-  std::uint32_t pid = 0;        ///< as the process sees itself
-  std::uint64_t startTime = 0;  ///< in the system's unit; 0: unknown
-  std::uint32_t userId = 0;     ///< status::noUserId on Windows
-  std::string user;             ///< empty on Linux
+  std::uint32_t pid = 0;           ///< as the process sees itself
+  std::uint64_t startTime = 0;     ///< in the system's unit; 0: unknown
+  std::uint64_t pidNamespace = 0;  ///< 0: unknown
+  std::uint32_t userId = 0;        ///< status::noUserId on Windows
+  std::string user;                ///< empty on Linux
   PageText program;
   std::string libraryVersion;
   Moment writtenAt;

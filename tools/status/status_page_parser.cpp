@@ -85,6 +85,7 @@ bool isPage(std::string_view _bytes) {
 void parseProcess(const Fields& _fields, ProcessStatus& _process) {
   _process.pid = _fields.number(status::pid);
   _process.startTime = _fields.wide(status::startTime);
+  _process.pidNamespace = _fields.wide(status::pidNamespace);
   _process.userId = _fields.number(status::userId);
   _process.user = _fields.text(status::user).text;
   _process.program = _fields.text(status::program);

@@ -27,6 +27,8 @@ class SleepingChild {
   /// SIGKILL; returns when the child has ended.
   void kill();
 
+  pid_t process() const { return process_; }
+
  private:
   pid_t process_;
 };

@@ -6,8 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "diagnostics/status_page_file_entry.h"
-#include "diagnostics/status_page_layout.h"
+#include "tests/tools/status/all_fields.h"
 
 namespace {
 
