@@ -6,8 +6,8 @@
 
 #include <CLI/CLI.hpp>
 
-#include "tools/qmrkctl/common_options.h"
 #include "tools/qmrkctl/command_report.h"
+#include "tools/qmrkctl/common_options.h"
 
 namespace qmrkctl {
 

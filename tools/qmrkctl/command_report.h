@@ -5,9 +5,9 @@
 #include <string_view>
 #include <vector>
 
+#include "tools/qmrkctl/common_options.h"
 #include "tools/qmrkctl/finding.h"
 #include "tools/qmrkctl/json.h"
-#include "tools/qmrkctl/common_options.h"
 
 namespace qmrkctl {
 

@@ -11,6 +11,14 @@ ColorMode colorMode(const std::string& _name) {
   return _name == "never" ? ColorMode::never : ColorMode::automatic;
 }
 
+// The options of a command may stand behind the commands below it, too.
+void handDownOptions(CLI::App& _command) {
+  for (CLI::App* const below : _command.get_subcommands({})) {
+    below->fallthrough();
+    handDownOptions(*below);
+  }
+}
+
 }  // namespace
 
 void addOptions(CLI::App& _program, Options& _options) {
@@ -40,12 +48,11 @@ void addOptions(CLI::App& _program, Options& _options) {
 }
 
 void addCommands(CLI::App& _program, Choice& _choice) {
-  constexpr AddCommand all[] = {addSignalCommand};
+  constexpr AddCommand all[] = {addCompletionCommand, addSchemaCommand, addSignalCommand};
   for (const AddCommand add : all)
     add(_program, _choice);
   _program.require_subcommand(1);
-  for (CLI::App* const command : _program.get_subcommands({}))
-    command->fallthrough();
+  handDownOptions(_program);
 }
 
 }  // namespace qmrkctl

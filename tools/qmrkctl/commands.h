@@ -14,6 +14,8 @@ void addOptions(CLI::App& _program, Options& _options);
 void addCommands(CLI::App& _program, Choice& _choice);
 
 // Each is in the file of its name.
+void addCompletionCommand(CLI::App& _program, Choice& _choice);
+void addSchemaCommand(CLI::App& _program, Choice& _choice);
 void addSignalCommand(CLI::App& _program, Choice& _choice);
 
 }  // namespace qmrkctl
