@@ -36,7 +36,7 @@ int inChild(const std::function<int()>& _function) {
   });
 }
 
-TEST(ProcessLock, ThatAThreadOfTheParentHoldsIsFreeInTheChild) {
+TEST(ProcessLock, IsFreeInTheChildOfAParentWhoseThreadHoldsIt) {
   ProcessLock lock;
   ParkedThread holder([&lock](ParkedThread& _thread) {
     lock.lock();
@@ -55,7 +55,7 @@ TEST(ProcessLock, ThatAThreadOfTheParentHoldsIsFreeInTheChild) {
   EXPECT_EQ(inChild([&lock] { return lock.lockOrMark() && !lock.lockOrMark() ? 0 : 1; }), 0);
 }
 
-TEST(ProcessLock, ThatTheForkingThreadHoldsWithAMarkIsHeldInTheChildOfTheChildToo) {
+TEST(ProcessLock, StaysHeldInAGrandchildWhenTheForkingThreadHoldsItWithAMark) {
   ProcessLock lock;
   lock.lock();
   const InsideMark mark(bl::detail::threadState(), lock);
@@ -81,7 +81,7 @@ class BusyFork : public testing::Test {
   bl::default_log_manager& manager_ = bl::get_default_log_manager();
 };
 
-TEST_F(BusyFork, AChildLogsToAnAppenderThatAThreadOfTheParentIsInside) {
+TEST_F(BusyFork, LetsAChildLogToAnAppenderThatTheParentIsInside) {
   int calls = 0;
   ParkedThread inside([&](ParkedThread& _thread) {
     bl::add_appender(
@@ -105,7 +105,7 @@ TEST_F(BusyFork, AChildLogsToAnAppenderThatAThreadOfTheParentIsInside) {
 }
 
 /// Logs through an appender that forks; each process leaves the appender and logs once more.
-TEST_F(BusyFork, AnAppenderMayForkAndWhatWasHandedOverToItIsPassedOnByTheParentOnly) {
+TEST_F(BusyFork, LetsAnAppenderForkAndOnlyTheParentDeliverWhatWasHandedOver) {
   const bl::logger forking("F.forking");
   std::vector<std::string> got;
   int child = -1;
@@ -131,7 +131,7 @@ TEST_F(BusyFork, AnAppenderMayForkAndWhatWasHandedOverToItIsPassedOnByTheParentO
   EXPECT_EQ(got, (std::vector<std::string>{"fork", "inner", "handed over", "after"}));
 }
 
-TEST_F(BusyFork, AChildWritesToAStandardOutputThatAThreadOfTheParentWritesTo) {
+TEST_F(BusyFork, LetsAChildWriteToAStandardOutputInUse) {
   struct ParkingBuffer : std::stringbuf {
     explicit ParkingBuffer(ParkedThread& _thread) : thread(_thread) {}
     int sync() override {
@@ -158,7 +158,7 @@ TEST_F(BusyFork, AChildWritesToAStandardOutputThatAThreadOfTheParentWritesTo) {
   std::cout.rdbuf(former);
 }
 
-TEST_F(BusyFork, AChildFreesWhatStatementsOfTheParentHold) {
+TEST_F(BusyFork, LetsAChildFreeWhatStatementsOfTheParentHold) {
   ParkedThread modifying([&](ParkedThread& _thread) {
     bl::add_modifier(
         manager_, "F.held", [&_thread](const std::string&, std::string&) { _thread.park(); }, "M", 100);
@@ -172,7 +172,7 @@ TEST_F(BusyFork, AChildFreesWhatStatementsOfTheParentHold) {
             0);
 }
 
-TEST_F(BusyFork, AChildAppendsToAFileThatAThreadOfTheParentOpens) {
+TEST_F(BusyFork, LetsAChildAppendToAFileThatTheParentIsOpening) {
   const testsupport::TemporaryFolder folder;
   const std::string path = folder.file("app.log");
   const bl::write_to_file appender(path, true);

@@ -68,13 +68,13 @@ class Cancel : public testing::Test {
   const bl::logger log_{"Cancel"};
 };
 
-TEST_F(Cancel, LetsAStatementToAFileEnd) {
+TEST_F(Cancel, LetsAStatementFinishToAFile) {
   connect(bl::write_to_file(path_, false));
   EXPECT_TRUE(logs());
   EXPECT_EQ(testsupport::readFile(path_), "whole\n");
 }
 
-TEST_F(Cancel, LetsAStatementToAForeignAppenderEnd) {
+TEST_F(Cancel, LetsAStatementFinishToAForeignAppender) {
   const bl::write_to_file file(path_, false);
   connect([file](const std::string& _log, const std::string& _text) {
     ::pthread_testcancel();
@@ -84,32 +84,32 @@ TEST_F(Cancel, LetsAStatementToAForeignAppenderEnd) {
   EXPECT_EQ(testsupport::readFile(path_), "whole\n");
 }
 
-TEST_F(Cancel, LetsAStatementToTheConsoleEnd) {
+TEST_F(Cancel, LetsAStatementFinishToTheConsole) {
   connect(&bl::write_to_cout);
   EXPECT_TRUE(logs());
 }
 
-TEST_F(Cancel, LetsTheStatementEndThatStartsAWriterThread) {
+TEST_F(Cancel, LetsAStatementFinishThatStartsAWriterThread) {
   connect(bl::ts_appender(bl::write_to_file(path_, false), 0));
   EXPECT_TRUE(logs());
   while (testsupport::readFile(path_) != "whole\n")
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
 }
 
-TEST_F(Cancel, LetsAnEarlyMessageBeKept) {
+TEST_F(Cancel, KeepsAnEarlyMessage) {
   EXPECT_TRUE(logs());
   connect(bl::write_to_file(path_, false));
   EXPECT_EQ(testsupport::readFile(path_), "whole\n");
 }
 
-TEST_F(Cancel, LetsTheRemovalOfAWriterThreadEnd) {
+TEST_F(Cancel, LetsTheRemovalOfAWriterThreadFinish) {
   connect(bl::ts_appender(bl::write_to_file(path_, false), 1));
   QMRK_LOG(log_) << "one";
   EXPECT_TRUE(finishesBeforeTheCancellation([] { bl::del_appender(manager(), "Cancel", "A"); }));
   EXPECT_EQ(testsupport::readFile(path_), "one\n");
 }
 
-TEST_F(Cancel, LetsAStatementEndThatMeetsAFileSizeLimit) {
+TEST_F(Cancel, LetsAStatementFinishAtAFileSizeLimit) {
   connect(bl::write_to_file(path_, false));
   {
     // Known when the file is opened, and reached by the first message.
@@ -120,7 +120,7 @@ TEST_F(Cancel, LetsAStatementEndThatMeetsAFileSizeLimit) {
   EXPECT_EQ(testsupport::readFile(path_), "one\n");
 }
 
-TEST_F(Cancel, LetsTheReportOfALostMessageEndThatNobodyReads) {
+TEST_F(Cancel, LetsTheReportOfALostMessageFinishWithoutAReader) {
   connect(bl::write_to_file(path_, false));
   QMRK_LOG(log_) << "one";
   int ends[2];
@@ -136,7 +136,7 @@ TEST_F(Cancel, LetsTheReportOfALostMessageEndThatNobodyReads) {
   EXPECT_TRUE(isFinished);
 }
 
-TEST_F(Cancel, LetsAMessageWaitForTheEndOfTheFlush) {
+TEST_F(Cancel, LetsAMessageWaitUntilTheFlushEnds) {
   std::thread waiting;
   bool isFinished = false;
   int messages = 0;

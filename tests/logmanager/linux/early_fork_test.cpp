@@ -35,7 +35,7 @@ void collect(const std::string& _logs, Messages& _messages, const std::function<
       "A", 100);
 }
 
-TEST(EarlyFork, AChildBeginsWithNothingKept) {
+TEST(EarlyFork, GivesTheChildNoneOfTheKeptMessages) {
   EXPECT_EQ(inChild([] {
               Messages got;
               const bl::logger log("EF1");
@@ -53,7 +53,7 @@ TEST(EarlyFork, AChildBeginsWithNothingKept) {
             0);
 }
 
-TEST(EarlyFork, AChildLogsThoughAThreadOfTheParentFlushes) {
+TEST(EarlyFork, LetsAChildLogWhileTheParentFlushes) {
   EXPECT_EQ(inChild([] {
               Messages got;
               const bl::logger log("EF2");
@@ -75,7 +75,7 @@ TEST(EarlyFork, AChildLogsThoughAThreadOfTheParentFlushes) {
             0);
 }
 
-TEST(EarlyFork, WhatAFlushHasLeftWhenAnAppenderForksIsDeliveredByTheParentOnly) {
+TEST(EarlyFork, LeavesTheRestOfAFlushToTheParentWhenAnAppenderForks) {
   EXPECT_EQ(inChild([] {
               Messages got;
               pid_t child = -1;

@@ -21,7 +21,7 @@ using testsupport::removeAll;
 
 constexpr char lostTwo[] = "2 messages were lost: this file could not be written, error ";
 
-TEST(FileTrouble, AFullDiskLeavesOneFragmentThatIsEndedWhenThereIsRoom) {
+TEST(FileTrouble, LeavesOneFragmentOnAFullDiskAndEndsItOnceThereIsRoom) {
   testsupport::mountSharedMemory("size=16k");
   const std::string path = "\\dev\\shm\\full.log";
   const std::string filler = "\\dev\\shm\\filler";
@@ -39,7 +39,7 @@ TEST(FileTrouble, AFullDiskLeavesOneFragmentThatIsEndedWhenThereIsRoom) {
   testsupport::unmountSharedMemory();
 }
 
-TEST(FileTrouble, AFullDiskCountsEveryMessageThatTheThreadSafeModeLost) {
+TEST(FileTrouble, CountsEveryMessageThatThreadSafeModeLosesOnAFullDisk) {
   testsupport::mountSharedMemory("size=16k");
   const std::string path = "\\dev\\shm\\full.log";
   const std::string filler = "\\dev\\shm\\filler";
@@ -65,7 +65,7 @@ TEST(FileTrouble, AFullDiskCountsEveryMessageThatTheThreadSafeModeLost) {
   testsupport::unmountSharedMemory();
 }
 
-TEST(FileTrouble, AFileSizeLimitDoesNotEndTheProcessAndIsToldWhenItIsLifted) {
+TEST(FileTrouble, ReportsAFileSizeLimitOnceItIsLifted) {
   const testsupport::TemporaryFolder folder;
   const std::string path = folder.file("limited.log");
   const write_to_file appender(path, false);
@@ -80,7 +80,7 @@ TEST(FileTrouble, AFileSizeLimitDoesNotEndTheProcessAndIsToldWhenItIsLifted) {
   EXPECT_EQ(readFile(path), std::string("0123456789\n012345678\n") + lostTwo + "27\nafter\n");
 }
 
-TEST(FileTrouble, TheFragmentOfAnotherIsEndedBeforeTheLossIsTold) {
+TEST(FileTrouble, EndsTheFragmentOfAnotherProcessBeforeItsOwnReport) {
   const testsupport::TemporaryFolder folder;
   const std::string path = folder.file("limited.log");
   const write_to_file one(path, false);
@@ -96,7 +96,7 @@ TEST(FileTrouble, TheFragmentOfAnotherIsEndedBeforeTheLossIsTold) {
   EXPECT_EQ(readFile(path), "one\nother\n01\n1 message was lost: this file could not be written, error 27\nafter\n");
 }
 
-TEST(FileTrouble, AReplacedFileIsContinuedNotEmptied) {
+TEST(FileTrouble, ContinuesAReplacedFileWithoutEmptyingIt) {
   const testsupport::TemporaryFolder folder;
   const std::string path = folder.file("app.log");
   const write_to_file appender(path, true);

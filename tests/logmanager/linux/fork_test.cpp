@@ -16,7 +16,7 @@ namespace {
 namespace bl = boost::logging;
 using testsupport::inForkedChild;
 
-TEST(Fork, AChildMayLogThroughTheManager) {
+TEST(Fork, LetsAChildLog) {
   const testsupport::TemporaryFolder folder;
   const std::string path = folder.file("fork.log");
   bl::flush_log_cache();
@@ -67,7 +67,7 @@ class ForkingAppender {
   std::thread::id owner_;
 };
 
-TEST(Fork, InsideAnAppenderOfAWriterThreadStartsNoSecondOneInTheChild) {
+TEST(Fork, StartsNoSecondWriterThreadInsideAnAppenderOfTheFirst) {
   // Lives as long as the log manager.
   static auto* const forking = new ForkingAppender;
   bl::flush_log_cache();

@@ -90,20 +90,20 @@ class ForkUnderLoad : public testing::Test {
 };
 
 // Before the others, whose process has flushed.
-TEST_F(ForkUnderLoad, OfThreadsWhoseMessagesAreKept) {
+TEST_F(ForkUnderLoad, SucceedsWhileMessagesAreKept) {
   const LoggingThreads threads("Early");
   expectChildrenToLogAndEnd("Early");
 }
 
-TEST_F(ForkUnderLoad, OfThreadsThatLogToAFile) { run(bl::write_to_file(folder_.file("app.log"), false)); }
+TEST_F(ForkUnderLoad, SucceedsWhileThreadsLogToAFile) { run(bl::write_to_file(folder_.file("app.log"), false)); }
 
-TEST_F(ForkUnderLoad, OfThreadsThatLogToAnAppenderThatOneMayEnterAtATime) {
+TEST_F(ForkUnderLoad, SucceedsWhileThreadsLogToAnAppenderOfTheApplication) {
   long calls = 0;
   run([&calls](const std::string&, const std::string&) { ++calls; });
   EXPECT_GT(calls, 0);
 }
 
-TEST_F(ForkUnderLoad, OfThreadsThatLogToTheStandardOutput) {
+TEST_F(ForkUnderLoad, SucceedsWhileThreadsLogToTheStandardOutput) {
   std::ostringstream text;
   std::streambuf* const former = std::cout.rdbuf(text.rdbuf());
   run(&bl::write_to_cout);
@@ -111,11 +111,11 @@ TEST_F(ForkUnderLoad, OfThreadsThatLogToTheStandardOutput) {
   EXPECT_FALSE(text.str().empty());
 }
 
-TEST_F(ForkUnderLoad, OfThreadsThatLogThroughAWriterThread) {
+TEST_F(ForkUnderLoad, SucceedsWhileThreadsLogThroughAWriterThread) {
   run(bl::ts_appender(bl::write_to_file(folder_.file("app.log"), false), 0));
 }
 
-TEST(ForkWithWriterThread, ParentAndChildEachDeliverTheirOwnMessagesOnce) {
+TEST(ForkWithWriterThread, LetsParentAndChildDeliverTheirOwnMessagesOnce) {
   const testsupport::TemporaryFolder folder;
   const std::string path = folder.file("fork.log");
   std::optional<bl::ts_appender> appender(std::in_place, bl::write_to_file(path, false), 200);

@@ -58,7 +58,7 @@ using boost::logging::detail::HeldBytes;
 using boost::logging::detail::Lane;
 using boost::logging::detail::Record;
 
-TEST(LaneGrowth, KeepsATextThatHasBegunWhenTheConsumerIsJustBehind) {
+TEST(LaneGrowth, KeepsAnUnfinishedTextWhenTheConsumerIsJustBehind) {
   HeldBytes held(std::size_t{1024} * 1024);
   Lane* const lane = Lane::create(held);
   ASSERT_TRUE(lane->makeRoom(3000));

@@ -38,7 +38,7 @@ TEST(MessageCost, IsOneSystemCall) {
   EXPECT_LT(many.size() - few.size(), 120U);
 }
 
-TEST(MessageCost, OfALogThatIsOffIsNone) {
+TEST(MessageCost, IsNothingWhenTheLogIsOff) {
   bl::enable_logs(bl::get_default_log_manager(), "Off", 4294967295U);
   const bl::logger log("Off");
   EXPECT_TRUE(testsupport::systemCallsOf([&log] {
@@ -48,7 +48,7 @@ TEST(MessageCost, OfALogThatIsOffIsNone) {
 }
 
 // A sleep is a call of the system, whichever it is.
-TEST(MessageCost, OfATsAppenderWhoseWriterIsBusyIsNoSleep) {
+TEST(MessageCost, IncludesNoSleepWhileTheWriterIsBusy) {
   const std::vector<long> calls = testsupport::systemCallsOf([] {
     static std::atomic<bool> isBusy{false};
     const auto* const appender = new bl::ts_appender(

@@ -22,7 +22,7 @@ bool becomeAUserWithoutThreads() {
          ::setrlimit(RLIMIT_NPROC, &none) == 0;
 }
 
-TEST(NoThread, ToBeHadMakesCallersDeliverAndTheProcessEndWell) {
+TEST(NoThread, LetsCallersDeliverAndTheProcessEndNormally) {
   const testsupport::TemporaryFolder folder;
   ASSERT_EQ(::chmod(folder.path().c_str(), 0777), 0);
   const std::string path = folder.file("app.log");

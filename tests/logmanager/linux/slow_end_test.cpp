@@ -9,7 +9,7 @@
 namespace {
 
 // On Windows the system ends the thread before.
-TEST(SlowEnd, OfAnAppenderIsWaitedForAtTheEndOfTheProcess) {
+TEST(SlowEnd, DelaysTheEndOfTheProcessUntilTheAppenderIsDone) {
   const testsupport::TemporaryFolder folder;
   const std::string path = folder.file("app.log");
   EXPECT_EQ(testsupport::runProgram(LOGGING_APPLICATION, {"slow-end", path}).exitCode, 0);
