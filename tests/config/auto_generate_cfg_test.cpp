@@ -53,7 +53,7 @@ TEST_F(AutoGenerate, RedirectsToTheFirstCaInNameOrder) {
                                         "REDIRECT_CA_NR=CA07\n"));
 }
 
-TEST_F(AutoGenerate, TheGeneratedFileCanBeLookedUp) {
+TEST_F(AutoGenerate, WritesAFileThatTheStoreReads) {
   addFile("qmrk_logging_CA07.cfg");
   generator_.setCfgPath(folder_.path());
   EXPECT_TRUE(generator_.generateGenericCfgFile());
@@ -65,7 +65,7 @@ TEST_F(AutoGenerate, TheGeneratedFileCanBeLookedUp) {
   EXPECT_EQ(value, "CA07");
 }
 
-TEST_F(AutoGenerate, FindsTheCaAmongTheNamesThatWereReadFirst) {
+TEST_F(AutoGenerate, KeepsTheNamesOfItsFirstListing) {
   addFile("qmrk_logging_CA12.cfg");
   EXPECT_TRUE(generator_.traverseDirectory(folder_.path(), "CA12"));
   addFile("qmrk_logging_CA07.cfg");
@@ -82,7 +82,7 @@ TEST_F(AutoGenerate, WritesNothingWhenThereIsOnlyAGenericFile) {
   EXPECT_TRUE(traceMatches("config_generate_no_ca.txt"));
 }
 
-TEST_F(AutoGenerate, SkipsAFolderThatIsNamedLikeAFile) {
+TEST_F(AutoGenerate, SkipsAFolderWithTheNameOfACfgFile) {
   makeFolders(folder_.file("qmrk_logging_CA99.cfg"));
   generator_.setCfgPath(folder_.path());
   EXPECT_FALSE(generator_.getCA());
@@ -90,12 +90,12 @@ TEST_F(AutoGenerate, SkipsAFolderThatIsNamedLikeAFile) {
   EXPECT_FALSE(exists(generated_));
 }
 
-TEST_F(AutoGenerate, AnEmptyFolderHoldsNoCa) {
+TEST_F(AutoGenerate, FindsNoCaInAnEmptyFolder) {
   generator_.setCfgPath(folder_.path());
   EXPECT_FALSE(generator_.getCA());
 }
 
-TEST_F(AutoGenerate, WritesNothingWithoutAFolder) {
+TEST_F(AutoGenerate, WritesNothingBeforeAFolderIsSet) {
   EXPECT_FALSE(generator_.generateGenericCfgFile());
   EXPECT_EQ(console_.text(),
             "==>  AutoGenerateCfg::generateGenericCfgFile()\r\n"
@@ -103,13 +103,13 @@ TEST_F(AutoGenerate, WritesNothingWithoutAFolder) {
             "\"qmrk_logging_GE.cfg\", path is not set/valid.\r\n");
 }
 
-TEST_F(AutoGenerate, AFolderThatIsMissingCountsNevertheless) {
+TEST_F(AutoGenerate, KeepsAMissingFolderAndFailsInIt) {
   EXPECT_FALSE(generator_.setCfgPath(folder_.file("missing")));
   EXPECT_FALSE(generator_.generateGenericCfgFile());
   EXPECT_TRUE(traceMatches("config_generate_missing_folder.txt"));
 }
 
-TEST_F(AutoGenerate, AFolderThatMayNotBeWrittenCountsNevertheless) {
+TEST_F(AutoGenerate, KeepsAReadOnlyFolderAndFailsInIt) {
   addFile("qmrk_logging_CA07.cfg");
   testsupport::denyWriting(folder_.path());
   {
@@ -121,7 +121,7 @@ TEST_F(AutoGenerate, AFolderThatMayNotBeWrittenCountsNevertheless) {
   EXPECT_TRUE(traceMatches("config_generate_denied.txt"));
 }
 
-TEST_F(AutoGenerate, AFileThatCannotBeOpenedIsAFailure) {
+TEST_F(AutoGenerate, FailsWhenItCannotOpenTheFile) {
   addFile("qmrk_logging_CA07.cfg");
   makeFolders(generated_);
   generator_.setCfgPath(folder_.path());
@@ -132,7 +132,7 @@ TEST_F(AutoGenerate, AFileThatCannotBeOpenedIsAFailure) {
             std::string::npos);
 }
 
-TEST_F(AutoGenerate, AFullDiskIsAFailureThatLeavesNoFile) {
+TEST_F(AutoGenerate, FailsOnAFullDiskAndLeavesNoFile) {
   addFile("qmrk_logging_CA07.cfg");
   generator_.setCfgPath(folder_.path());
   const FaultPlan failure(Call::write, 1, platform::errorDiskFull);
@@ -143,7 +143,7 @@ TEST_F(AutoGenerate, AFullDiskIsAFailureThatLeavesNoFile) {
   EXPECT_FALSE(exists(generated_));
 }
 
-TEST_F(AutoGenerate, AFileHasItsNameWhenItIsWhole) {
+TEST_F(AutoGenerate, GivesTheFileItsNameWhenTheFileIsComplete) {
   addFile("qmrk_logging_CA07.cfg");
   generator_.setCfgPath(folder_.path());
   bool isThere = true;
@@ -154,7 +154,7 @@ TEST_F(AutoGenerate, AFileHasItsNameWhenItIsWhole) {
   EXPECT_FALSE(exists(generated_ + "." + std::to_string(platform::processId())));
 }
 
-TEST_F(AutoGenerate, TraversesOnlyAFolder) {
+TEST_F(AutoGenerate, RefusesToTraverseAFileOrAMissingPath) {
   addFile("f");
   EXPECT_FALSE(generator_.traverseDirectory(folder_.file("f"), ""));
   EXPECT_FALSE(generator_.traverseDirectory(folder_.file("missing"), "x"));
@@ -165,7 +165,7 @@ TEST_F(AutoGenerate, TraversesOnlyAFolder) {
             "<!= AutoGenerateCfg::traverseDirectory() ERROR: \"<FOLDER>\\missing\" not found.\r\n");
 }
 
-TEST_F(AutoGenerate, AFolderThatMayNotBeListedIsTracedWithTheErrorsDescription) {
+TEST_F(AutoGenerate, TracesTheErrorOfAFolderThatItCannotList) {
   makeFolders(folder_.file("closed"));
   testsupport::denyAccess(folder_.file("closed"));
   {
@@ -189,7 +189,7 @@ TEST_F(AutoGenerate, ListsFilesAndFoldersAndCountsThem) {
   EXPECT_TRUE(traceMatches("config_listing.txt"));
 }
 
-TEST_F(AutoGenerate, ListsOnlyWhatHoldsTheFilter) {
+TEST_F(AutoGenerate, ListsOnlyNamesThatContainTheFilter) {
   addFile("b.cfg");
   addFile("a.txt");
   EXPECT_TRUE(generator_.showDirContent(folder_.path(), ".cfg"));
@@ -198,7 +198,7 @@ TEST_F(AutoGenerate, ListsOnlyWhatHoldsTheFilter) {
                              "<== AutoGenerateCfg::showDirContent()\r\n"));
 }
 
-TEST_F(AutoGenerate, KeepsWhatAFilterHasHiddenForTheNextListing) {
+TEST_F(AutoGenerate, ShowsInTheNextListingWhatAFilterHid) {
   addFile("b.cfg");
   addFile("a.txt");
   EXPECT_TRUE(generator_.showDirContent(folder_.path(), ".cfg"));
@@ -208,7 +208,7 @@ TEST_F(AutoGenerate, KeepsWhatAFilterHasHiddenForTheNextListing) {
                              "<== AutoGenerateCfg::showDirContent()\r\n"));
 }
 
-TEST_F(AutoGenerate, ListsWhatWasFoundFirstWhateverFolderIsNamedLater) {
+TEST_F(AutoGenerate, ListsTheFirstFolderWhateverFolderIsNamedLater) {
   addFile("a.txt");
   EXPECT_TRUE(generator_.traverseDirectory(folder_.path(), "a"));
   addFile("b.txt");
@@ -218,7 +218,7 @@ TEST_F(AutoGenerate, ListsWhatWasFoundFirstWhateverFolderIsNamedLater) {
                              "<== AutoGenerateCfg::showDirContent()\r\n"));
 }
 
-TEST_F(AutoGenerate, AListingThatFailsNamesTheConfigurationFolder) {
+TEST_F(AutoGenerate, NamesTheConfigurationFolderWhenAListingFails) {
   generator_.setCfgPath("set");
   EXPECT_FALSE(generator_.showDirContent(folder_.file("missing"), ""));
   EXPECT_TRUE(traceMatches("config_listing_failed.txt"));

@@ -9,7 +9,7 @@ using Quillmark_logging::cfgFileName;
 
 namespace {
 
-TEST(CfgFileName, HasTheCaInThePlaceOfTheFirstThreeCharactersFromAnXOn) {
+TEST(CfgFileName, ReplacesThreeCharactersFromTheFirstXWithTheCa) {
   EXPECT_EQ(cfgFileName("qmrk_logging_XXX.cfg", "CA12"), "qmrk_logging_CA12.cfg");
   EXPECT_EQ(cfgFileName("qmrk_logging_XXX.cfg", ""), "qmrk_logging_.cfg");
   EXPECT_EQ(cfgFileName("aXbcX", "CA"), "aCAX");

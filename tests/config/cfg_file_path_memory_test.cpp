@@ -8,7 +8,7 @@
 namespace {
 
 // Every request for memory fails once, until there are no more.
-TEST(CfgFilePathMemory, AnExceptionAnywhereIsAFalseResultAndDoesNotReachTheCaller) {
+TEST(CfgFilePathMemory, ReturnsFalseWhicheverAllocationFails) {
   const testsupport::ConfigSandbox sandbox;
   sandbox.writeCfg("GE", "REDIRECT_CA_NR=CA12\n");
   CfgDataManager* const manager = CfgDataManager::getInstance(false);

@@ -31,16 +31,16 @@ class CfgFilePath : public testing::Test {
   testsupport::ConfigSandbox sandbox_;
 };
 
-TEST_F(CfgFilePath, OfAConfigurationFileLiesInTheSharedProgramFiles) {
+TEST_F(CfgFilePath, FindsCfgFilesInTheSharedProgramFiles) {
   EXPECT_EQ(pathOf("CA12", true),
             sandbox_.commonProgramFiles() + R"(\Orvane Shared\qmrk\logging\cfg\qmrk_logging_CA12.cfg)");
 }
 
-TEST_F(CfgFilePath, OfAClassesFileLiesInTheSharedApplicationData) {
+TEST_F(CfgFilePath, FindsInitFilesInTheSharedApplicationData) {
   EXPECT_EQ(pathOf("CA12", false), sandbox_.commonAppData() + R"(\Orvane\qmrk\logging\qmrk_logging_CA12.init)");
 }
 
-TEST_F(CfgFilePath, HasTheCaInUpperCase) {
+TEST_F(CfgFilePath, WritesTheCaInUpperCase) {
   EXPECT_EQ(pathOf("ca12", true), sandbox_.cfgPath("CA12"));
   EXPECT_EQ(pathOf("Ca12", false), sandbox_.initPath("CA12"));
 }
@@ -50,25 +50,25 @@ TEST_F(CfgFilePath, TakesTheCaUnchecked) {
   EXPECT_EQ(pathOf("XXX", true), sandbox_.cfgPath("XXX"));
 }
 
-TEST_F(CfgFilePath, OfTheGenericCaIsRedirected) {
+TEST_F(CfgFilePath, FollowsTheRedirectionOfTheGenericCa) {
   sandbox_.writeCfg("GE", "CA_NR=GE\nREDIRECT_CA_NR=CA12\n");
   EXPECT_EQ(pathOf("GE", true), sandbox_.cfgPath("CA12"));
   EXPECT_EQ(pathOf("GE", false), sandbox_.initPath("CA12"));
   EXPECT_EQ(pathOf("ge", true), sandbox_.cfgPath("CA12"));
 }
 
-TEST_F(CfgFilePath, OfTheGenericCaWithoutRedirectionIsTheGenericCfgFileForBothKinds) {
+TEST_F(CfgFilePath, NamesTheGenericCfgFileForBothKindsWithoutARedirection) {
   sandbox_.writeCfg("GE", "CA_NR=GE\n");
   EXPECT_EQ(pathOf("GE", true), sandbox_.cfgPath("GE"));
   EXPECT_EQ(pathOf("GE", false), sandbox_.cfgPath("GE"));
 }
 
-TEST_F(CfgFilePath, OfTheGenericCaWithoutAFileIsTheGenericCfgFileForBothKinds) {
+TEST_F(CfgFilePath, NamesTheGenericCfgFileForBothKindsWhenItIsMissing) {
   EXPECT_EQ(pathOf("GE", true), sandbox_.cfgPath("GE"));
   EXPECT_EQ(pathOf("GE", false), sandbox_.cfgPath("GE"));
 }
 
-TEST_F(CfgFilePath, OfTheGenericCaWhoseFileMayNotBeReadIsTheGenericCfgFile) {
+TEST_F(CfgFilePath, NamesTheGenericCfgFileWhenItIsUnreadable) {
   sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA12\n");
   testsupport::denyAccess(sandbox_.cfgPath("GE"));
   const testsupport::AsUnprivilegedUser user;
@@ -89,26 +89,26 @@ TEST_F(CfgFilePath, TakesARedirectionWithSeparatorsAsItStands) {
   }
 }
 
-TEST_F(CfgFilePath, IsRedirectedOnceOnly) {
+TEST_F(CfgFilePath, FollowsOneRedirectionOnly) {
   sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA12\n");
   sandbox_.writeCfg("CA12", "REDIRECT_CA_NR=CA13\n");
   EXPECT_EQ(pathOf("GE", true), sandbox_.cfgPath("CA12"));
   EXPECT_EQ(pathOf("CA12", true), sandbox_.cfgPath("CA12"));
 }
 
-TEST_F(CfgFilePath, RedirectedToItselfStaysTheSame) {
+TEST_F(CfgFilePath, AcceptsARedirectionToItself) {
   sandbox_.writeCfg("GE", "REDIRECT_CA_NR=GE\n");
   EXPECT_EQ(pathOf("GE", true), sandbox_.cfgPath("GE"));
   EXPECT_EQ(pathOf("GE", false), sandbox_.initPath("GE"));
 }
 
-TEST_F(CfgFilePath, EveryCfgInARedirectedClassesPathBecomesInit) {
+TEST_F(CfgFilePath, ReplacesEveryCfgByInitInARedirectedInitPath) {
   sandbox_.writeCfg("GE", "REDIRECT_CA_NR=a.cfg\n");
   EXPECT_EQ(pathOf("GE", true), sandbox_.cfgPath("a.cfg"));
   EXPECT_EQ(pathOf("GE", false), sandbox_.initPath("a.init"));
 }
 
-TEST_F(CfgFilePath, OfAnEmptyCaIsTheBaseFolderAndAFailure) {
+TEST_F(CfgFilePath, FailsForAnEmptyCaAndGivesTheBaseFolder) {
   std::string path;
   EXPECT_FALSE(CfgDataManager::getInstance(false)->getQmrkCfgFilePath(path, "", true));
   EXPECT_EQ(path, sandbox_.commonProgramFiles());
@@ -116,20 +116,20 @@ TEST_F(CfgFilePath, OfAnEmptyCaIsTheBaseFolderAndAFailure) {
   EXPECT_EQ(path, sandbox_.commonAppData());
 }
 
-TEST_F(CfgFilePath, IsUnchangedWhenTheSystemDoesNotKnowTheFolder) {
+TEST_F(CfgFilePath, LeavesThePathUntouchedWhenTheSystemNamesNoFolder) {
   const FaultPlan failure(Call::shellFolder, 1, platform::errorPathNotFound);
   std::string path = "preset";
   EXPECT_FALSE(CfgDataManager::getInstance(false)->getQmrkCfgFilePath(path, "CA12", true));
   EXPECT_EQ(path, "preset");
 }
 
-TEST_F(CfgFilePath, LooksForTheRedirectionInTheGenericClassesFileWhenTheCfgFolderIsUnknown) {
+TEST_F(CfgFilePath, ReadsTheRedirectionFromTheGenericInitFileWhenTheCfgFolderIsUnknown) {
   sandbox_.writeInit("GE", "REDIRECT_CA_NR=CA12\n");
   const FaultPlan failure(Call::shellFolder, 2, platform::errorPathNotFound);
   EXPECT_EQ(pathOf("GE", false), sandbox_.initPath("CA12"));
 }
 
-TEST_F(CfgFilePath, MayBeTheStringThatNamesTheCa) {
+TEST_F(CfgFilePath, AcceptsOneStringForPathAndCa) {
   std::string text = "ca12";
   EXPECT_TRUE(CfgDataManager::getInstance(false)->getQmrkCfgFilePath(text, text, true));
   EXPECT_EQ(text, sandbox_.cfgPath("CA12"));
@@ -142,7 +142,7 @@ TEST_F(CfgFilePath, TracesARedirectedCfgFile) {
   EXPECT_TRUE(traceMatches("ge", true, "config_path_redirected_cfg.txt"));
 }
 
-TEST_F(CfgFilePath, TracesARedirectedClassesFile) {
+TEST_F(CfgFilePath, TracesARedirectedInitFile) {
   sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA12\n");
   EXPECT_TRUE(traceMatches("GE", false, "config_path_redirected_init.txt"));
 }

@@ -29,13 +29,13 @@ TEST(CfgParser, AnEqualsSignOrAColonSeparates) {
   EXPECT_THAT(pairsOf("KEY:value\n"), ElementsAre("KEY|value"));
 }
 
-TEST(CfgParser, BlanksAroundTheSeparatorAreKept) { EXPECT_THAT(pairsOf("KEY = value\n"), ElementsAre("KEY | value")); }
+TEST(CfgParser, KeepsBlanksAroundTheSeparator) { EXPECT_THAT(pairsOf("KEY = value\n"), ElementsAre("KEY | value")); }
 
-TEST(CfgParser, ATabIsEightBlanks) {
+TEST(CfgParser, ExpandsATabToEightBlanks) {
   EXPECT_THAT(pairsOf("K\tY=a\tb\t\n"), ElementsAre("K        Y|a        b        "));
 }
 
-TEST(CfgParser, OnlyTheFirstSeparatorOfAKeyCounts) {
+TEST(CfgParser, SplitsAtTheFirstSeparatorOnly) {
   EXPECT_THAT(pairsOf("KEY=a=b\nURL=x:y\nA:b=c\n"), ElementsAre("KEY|a=b", "URL|x:y", "A|b=c"));
 }
 
@@ -52,16 +52,16 @@ TEST(CfgParser, TwoSlashesElsewhereBelongToTheText) {
   EXPECT_THAT(pairsOf("P=x://y\nQ=a//b\nR=/ /c\n"), ElementsAre("P|x://y", "Q|a//b", "R|/ /c"));
 }
 
-TEST(CfgParser, TwoSlashesAtTheVeryStartAreNoComment) {
+TEST(CfgParser, TwoSlashesStartNoCommentOnTheFirstLine) {
   EXPECT_THAT(pairsOf("//K=1\n"), ElementsAre("//K|1"));
   // So long that it has memory of its own, before which the address sanitizer sees a read.
   const std::string key = "//" + std::string(1000, 'K');
   EXPECT_THAT(pairsOf(key + "=1\n"), ElementsAre(key + "|1"));
 }
 
-TEST(CfgParser, AHashAtTheVeryStartIsAComment) { EXPECT_THAT(pairsOf("#K=1\nA=2\n"), ElementsAre("A|2")); }
+TEST(CfgParser, AHashStartsACommentOnTheFirstLine) { EXPECT_THAT(pairsOf("#K=1\nA=2\n"), ElementsAre("A|2")); }
 
-TEST(CfgParser, ALastLineWithoutALineFeedIsDropped) {
+TEST(CfgParser, DropsALastLineWithoutALineFeed) {
   EXPECT_THAT(pairsOf("A=1\nB=2"), ElementsAre("A|1"));
   EXPECT_THAT(pairsOf("A=1\nB"), ElementsAre("A|1"));
 }
@@ -76,17 +76,17 @@ TEST(CfgParser, AnEmptyValueSwallowsTheNextLine) { EXPECT_THAT(pairsOf("A=\nB=2\
 
 TEST(CfgParser, AnEmptyKeySwallowsTheRest) { EXPECT_THAT(pairsOf("=1\nB=2\n"), IsEmpty()); }
 
-TEST(CfgParser, AValueOfBlanksIsAPair) { EXPECT_THAT(pairsOf("A=  \nB=2\n"), ElementsAre("A|  ", "B|2")); }
+TEST(CfgParser, AcceptsAValueOfBlanks) { EXPECT_THAT(pairsOf("A=  \nB=2\n"), ElementsAre("A|  ", "B|2")); }
 
 TEST(CfgParser, ALineWithoutASeparatorJoinsTheNextKey) {
   EXPECT_THAT(pairsOf("junk\nKEY=1\n"), ElementsAre("junkKEY|1"));
 }
 
-TEST(CfgParser, RepeatedKeysAreAllGivenInOrder) {
+TEST(CfgParser, GivesEveryPairOfARepeatedKeyInOrder) {
   EXPECT_THAT(pairsOf("K=1\nL=2\nK=3\n"), ElementsAre("K|1", "L|2", "K|3"));
 }
 
-TEST(CfgParser, ATextOfCommentsOnlyHoldsNothing) {
+TEST(CfgParser, FindsNothingInATextOfComments) {
   EXPECT_THAT(pairsOf("# a\n// b\n  # c\n"), IsEmpty());
   EXPECT_THAT(pairsOf(""), IsEmpty());
 }

@@ -35,61 +35,61 @@ class CfgValue : public testing::Test {
   CfgDataManager* store_ = CfgDataManager::getInstance(false);
 };
 
-TEST_F(CfgValue, TrailingBlanksAndTabsAreCutOff) {
+TEST_F(CfgValue, LosesTrailingBlanksAndTabs) {
   EXPECT_EQ(valueIn("KEY=value   \n", "KEY"), "value");
   EXPECT_EQ(valueIn("KEY=value\t\n", "KEY"), "value");
   EXPECT_EQ(valueIn("KEY=a\tb\n", "KEY"), "a        b");
 }
 
-TEST_F(CfgValue, BlanksAroundTheSeparatorBelongToKeyAndValue) {
+TEST_F(CfgValue, KeepsBlanksAroundTheSeparatorInKeyAndValue) {
   EXPECT_EQ(valueIn("KEY = value\n", "KEY "), " value");
   EXPECT_EQ(valueIn("KEY = value\n", "KEY"), "(none)");
 }
 
-TEST_F(CfgValue, CommentsAreCutOff) {
+TEST_F(CfgValue, LosesAComment) {
   EXPECT_EQ(valueIn("KEY=value # note\n", "KEY"), "value");
   EXPECT_EQ(valueIn("KEY=value // note\n", "KEY"), "value");
 }
 
-TEST_F(CfgValue, OfBlanksOnlyIsFoundAndEmpty) { EXPECT_EQ(valueIn("KEY=   \n", "KEY"), ""); }
+TEST_F(CfgValue, ComesOutEmptyWhenItConsistsOfBlanks) { EXPECT_EQ(valueIn("KEY=   \n", "KEY"), ""); }
 
-TEST_F(CfgValue, OfARepeatedKeyIsTheLaterOne) { EXPECT_EQ(valueIn("KEY=1\nKEY=2\n", "KEY"), "2"); }
+TEST_F(CfgValue, ComesFromTheLastOfRepeatedKeys) { EXPECT_EQ(valueIn("KEY=1\nKEY=2\n", "KEY"), "2"); }
 
-TEST_F(CfgValue, AnEmptyOneSwallowsTheNextLine) {
+TEST_F(CfgValue, SwallowsTheNextLineWhenItIsEmpty) {
   EXPECT_EQ(valueIn("A=\nB=2\n", "A"), "\nB=2");
   EXPECT_EQ(valueIn("A=\nB=2\n", "B"), "(none)");
 }
 
-TEST_F(CfgValue, KeysAreCaseSensitive) {
+TEST_F(CfgValue, RespectsTheLetterCaseOfKeys) {
   EXPECT_EQ(valueIn("CA_NR=GE\n", "ca_nr"), "(none)");
   EXPECT_EQ(valueIn("CA_NR=GE\n", "CA_NR"), "GE");
 }
 
-TEST_F(CfgValue, NothingIsFoundInAFileWithoutPairs) {
+TEST_F(CfgValue, FailsInAFileWithoutPairs) {
   EXPECT_EQ(valueIn("", "KEY"), "(none)");
   EXPECT_EQ(valueIn("# KEY=1\n// KEY=2\n", "KEY"), "(none)");
   EXPECT_EQ(valueIn("KEY=1", "KEY"), "(none)");
 }
 
-TEST_F(CfgValue, CrLfLineEndsBehaveLikeLf) {
+TEST_F(CfgValue, ReadsCrLfAsLf) {
   EXPECT_EQ(valueIn("A=1\r\nB=x \r\n# note\r\n// note\r\nC=3\r\n", "A"), "1");
   EXPECT_EQ(valueIn("A=1\r\nB=x \r\n", "B"), "x");
   EXPECT_EQ(valueIn("A=1\r\n# note\r\n// note\r\nC=3\r\n", "C"), "3");
   EXPECT_EQ(valueIn("A=\r\nB=2\r\n", "A"), "\nB=2");
 }
 
-TEST_F(CfgValue, ALongFileIsReadWhole) {
+TEST_F(CfgValue, ReadsALongFileWhole) {
   EXPECT_EQ(valueIn("# " + std::string(200000, 'x') + "\nKEY=" + std::string(100000, 'y') + "\n", "KEY"),
             std::string(100000, 'y'));
 }
 
-TEST_F(CfgValue, IsUntouchedWhenTheFileIsMissing) {
+TEST_F(CfgValue, StaysUntouchedWhenTheFileIsMissing) {
   std::string value = "preset";
   EXPECT_FALSE(store_->getCfgValue(sandbox_.cfgPath("CA77"), "KEY", value));
   EXPECT_EQ(value, "preset");
 }
 
-TEST_F(CfgValue, IsUntouchedWhenTheFileMayNotBeRead) {
+TEST_F(CfgValue, StaysUntouchedWhenTheFileIsUnreadable) {
   sandbox_.writeCfg("CA12", "KEY=1\n");
   testsupport::denyAccess(sandbox_.cfgPath("CA12"));
   std::string value = "preset";
@@ -98,12 +98,12 @@ TEST_F(CfgValue, IsUntouchedWhenTheFileMayNotBeRead) {
   EXPECT_EQ(value, "preset");
 }
 
-TEST_F(CfgValue, ComesFromTheFileAsItIsNow) {
+TEST_F(CfgValue, FollowsAnEditOfTheFile) {
   EXPECT_EQ(valueIn("KEY=1\n", "KEY"), "1");
   EXPECT_EQ(valueIn("KEY=2\n", "KEY"), "2");
 }
 
-TEST_F(CfgValue, TheMapIsAddedToAndNotCleared) {
+TEST_F(CfgValue, AddsToTheMapOfTheCaller) {
   CfgDataManager::CfgMap map = {{"A", "old"}, {"B", "kept"}};
   std::string text = "A=new\n";
   EXPECT_TRUE(store_->cfgDataStrToMap(map, text));
@@ -112,7 +112,7 @@ TEST_F(CfgValue, TheMapIsAddedToAndNotCleared) {
   EXPECT_TRUE(store_->cfgDataStrToMap(map, empty));
 }
 
-TEST_F(CfgValue, TheTextsTabsAreExpandedInPlace) {
+TEST_F(CfgValue, ExpandsTabsInTheTextOfTheCaller) {
   CfgDataManager::CfgMap map;
   std::string text = "A=\t1\n";
   store_->cfgDataStrToMap(map, text);
@@ -130,13 +130,13 @@ TEST_F(CfgValue, RemoveTrailingSpacesCutsBlanksOnly) {
   EXPECT_FALSE(store_->removeTrailingSpaces(blanks));
 }
 
-TEST_F(CfgValue, AFlagIsOnForTrueInAnyLetterCase) {
+TEST_F(CfgValue, SwitchesAFlagOnByTrueInAnyLetterCase) {
   EXPECT_TRUE(flagOf("FLAG=TRUE"));
   EXPECT_TRUE(flagOf("FLAG=true"));
   EXPECT_TRUE(flagOf("FLAG=True  "));
 }
 
-TEST_F(CfgValue, AFlagIsOffForEverythingElse) {
+TEST_F(CfgValue, SwitchesAFlagOffByAnythingElse) {
   EXPECT_FALSE(flagOf("FLAG=1"));
   EXPECT_FALSE(flagOf("FLAG=yes"));
   EXPECT_FALSE(flagOf("FLAG= TRUE"));
@@ -147,7 +147,7 @@ TEST_F(CfgValue, AFlagIsOffForEverythingElse) {
   EXPECT_FALSE(store_->getCfgFlag("FLAG", ""));
 }
 
-TEST_F(CfgValue, UpperCaseIsMadeByteByByte) {
+TEST_F(CfgValue, ConvertsToUpperCaseByteByByte) {
   EXPECT_EQ(store_->toUpperCopy("ca12_\xE4x"), "CA12_\xE4X");
   std::string text = "True";
   store_->toUpper(text);
@@ -156,14 +156,14 @@ TEST_F(CfgValue, UpperCaseIsMadeByteByByte) {
 
 // ---- The lookup by CA ----
 
-TEST_F(CfgValue, IsFoundByTheNameOfTheCa) {
+TEST_F(CfgValue, AcceptsACaInAnyLetterCase) {
   sandbox_.writeCfg("CA12", "KEY=1\n");
   std::string value = "preset";
   EXPECT_TRUE(Quillmark_logging::getCfgValue("KEY", value, "ca12"));
   EXPECT_EQ(value, "1");
 }
 
-TEST_F(CfgValue, IsUntouchedWhenTheCaHasNoPath) {
+TEST_F(CfgValue, StaysUntouchedWhenTheCaHasNoPath) {
   std::string value = "preset";
   EXPECT_FALSE(Quillmark_logging::getCfgValue("KEY", value, ""));
   EXPECT_EQ(value, "preset");
@@ -181,26 +181,26 @@ class CfgValueTrace : public CfgValue {
   }
 };
 
-TEST_F(CfgValueTrace, OfAFoundKey) {
+TEST_F(CfgValueTrace, ShowsAKeyThatIsFound) {
   sandbox_.writeCfg("CA12", "# settings\r\nA=\t1\r\nKEY=value  \r\nKEY=later\r\n");
   EXPECT_TRUE(lookupMatches("ca12", "config_lookup_found.txt"));
 }
 
-TEST_F(CfgValueTrace, OfAMissingKey) {
+TEST_F(CfgValueTrace, ShowsAMissingKey) {
   sandbox_.writeCfg("CA12", "A=1\n");
   EXPECT_TRUE(lookupMatches("CA12", "config_lookup_missing_key.txt"));
 }
 
-TEST_F(CfgValueTrace, OfAnEmptyFile) {
+TEST_F(CfgValueTrace, ShowsAnEmptyFile) {
   sandbox_.writeCfg("CA12", "");
   EXPECT_TRUE(lookupMatches("CA12", "config_lookup_empty_file.txt"));
 }
 
-TEST_F(CfgValueTrace, OfAMissingFile) { EXPECT_TRUE(lookupMatches("CA12", "config_lookup_missing_file.txt")); }
+TEST_F(CfgValueTrace, ShowsAMissingFile) { EXPECT_TRUE(lookupMatches("CA12", "config_lookup_missing_file.txt")); }
 
-TEST_F(CfgValueTrace, OfAnEmptyCa) { EXPECT_TRUE(lookupMatches("", "config_lookup_empty_ca.txt")); }
+TEST_F(CfgValueTrace, ShowsAnEmptyCa) { EXPECT_TRUE(lookupMatches("", "config_lookup_empty_ca.txt")); }
 
-TEST_F(CfgValueTrace, OfAFlagIsThatOfTheLookup) {
+TEST_F(CfgValueTrace, ShowsTheLookupOfAFlag) {
   sandbox_.writeCfg("CA12", "FLAG=true\n");
   const TracedConsole console;
   EXPECT_TRUE(CfgDataManager::getInstance(true)->getCfgFlag("FLAG", "CA12"));
@@ -219,7 +219,7 @@ TEST_F(CfgValueTrace, FollowsTheFlagOfTheLatestGetInstance) {
             "==> CfgDataManager::getInstance()\r\n<== CfgDataManager::getInstance() Instance returned.\r\n");
 }
 
-TEST_F(CfgValueTrace, OfAFreeFunctionIsNotTheTraceOfTheStore) {
+TEST_F(CfgValueTrace, FollowsItsOwnSwitchInAFreeFunction) {
   sandbox_.writeCfg("CA12", "KEY=1\n");
   const TracedConsole console;
   Quillmark_logging::setLoadTimeTrace(false);

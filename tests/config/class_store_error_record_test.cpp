@@ -31,12 +31,12 @@ class ErrorRecord : public testing::Test {
   CfgDataManager* store_ = CfgDataManager::getInstance(false);
 };
 
-TEST_F(ErrorRecord, ARecordEndsInABlankUnlessACallerIsNamed) {
+TEST_F(ErrorRecord, EndsWithABlankUnlessItNamesACaller) {
   EXPECT_EQ(errorRecordText("ca12", "Text.", ""), "Text. [ca12] ");
   EXPECT_EQ(errorRecordText("CA12", "Text.", "App"), "Text. [CA12] [Called by App]");
 }
 
-TEST_F(ErrorRecord, RecordsAreAppendedBelowTheLogRootOfTheCa) {
+TEST_F(ErrorRecord, AppendsToTheFileBelowTheLogRootOfTheCa) {
   sandbox_.writeCfg("CA12", "COMMON_LOG_FILE_ROOT=Own\\Logs\n");
   makeFolders(sandbox_.appData() + "\\Own\\Logs");
   EXPECT_TRUE(store_->writeErrorRecord("CA12", "One.", ""));
@@ -45,12 +45,12 @@ TEST_F(ErrorRecord, RecordsAreAppendedBelowTheLogRootOfTheCa) {
             (Records{"One. [CA12] ", "Two. [CA12] [Called by App]"}));
 }
 
-TEST_F(ErrorRecord, ARecordIsNotWrittenWithoutTheFolder) {
+TEST_F(ErrorRecord, FailsWhenTheFolderIsMissing) {
   EXPECT_FALSE(store_->writeErrorRecord("CA12", "Text.", ""));
   EXPECT_FALSE(testsupport::exists(sandbox_.logFolder()));
 }
 
-TEST_F(ErrorRecord, ARecordIsNotWrittenToAReadOnlyFile) {
+TEST_F(ErrorRecord, FailsWhenTheFileIsReadOnly) {
   makeFolders(sandbox_.logFolder());
   testsupport::writeFile(infoFile(), "");
   testsupport::denyWriting(infoFile());
@@ -61,19 +61,19 @@ TEST_F(ErrorRecord, ARecordIsNotWrittenToAReadOnlyFile) {
   EXPECT_EQ(readFile(infoFile()), "");
 }
 
-TEST_F(ErrorRecord, ARecordIsNotWrittenWhenTheDiskIsFull) {
+TEST_F(ErrorRecord, FailsWhenTheDiskIsFull) {
   makeFolders(sandbox_.logFolder());
   const FaultPlan failure(Call::write, 1, platform::errorDiskFull);
   EXPECT_FALSE(store_->writeErrorRecord("CA12", "Text.", ""));
 }
 
-TEST_F(ErrorRecord, TheLogRootHasADefault) {
+TEST_F(ErrorRecord, UsesADefaultLogRoot) {
   std::string root;
   EXPECT_TRUE(store_->getLogRootPath(root, "CA12"));
   EXPECT_EQ(root, sandbox_.appData() + R"(\Orvane\Quillmark\Logging)");
 }
 
-TEST_F(ErrorRecord, TheLogRootAlwaysGetsABackslash) {
+TEST_F(ErrorRecord, PutsABackslashBeforeEveryLogRoot) {
   std::string root;
   sandbox_.writeCfg("CA12", "COMMON_LOG_FILE_ROOT=\\Logs\n");
   EXPECT_TRUE(store_->getLogRootPath(root, "CA12"));
@@ -83,7 +83,7 @@ TEST_F(ErrorRecord, TheLogRootAlwaysGetsABackslash) {
   EXPECT_EQ(root, sandbox_.appData() + "\\");
 }
 
-TEST_F(ErrorRecord, TheLogRootIsUnchangedWhenTheSystemDoesNotKnowTheFolder) {
+TEST_F(ErrorRecord, LeavesTheLogRootUntouchedWhenTheSystemNamesNoFolder) {
   const FaultPlan failure(Call::shellFolder, 1, platform::errorPathNotFound);
   std::string root = "preset";
   EXPECT_FALSE(store_->getLogRootPath(root, "CA12"));
@@ -91,7 +91,7 @@ TEST_F(ErrorRecord, TheLogRootIsUnchangedWhenTheSystemDoesNotKnowTheFolder) {
 }
 
 // Each of the two switches is on where the other one is off.
-TEST_F(ErrorRecord, TheLogRootIsTracedByTheSwitchOfTheStore) {
+TEST_F(ErrorRecord, TracesTheLogRootByTheSwitchOfTheStore) {
   const testsupport::CapturedConsole console;
   std::string root;
   EXPECT_TRUE(CfgDataManager::getInstance(true)->getLogRootPath(root, "CA12"));
@@ -105,13 +105,13 @@ TEST_F(ErrorRecord, TheLogRootIsTracedByTheSwitchOfTheStore) {
   EXPECT_EQ(console.text(), before);
 }
 
-TEST_F(ErrorRecord, TheLogRootNeedsACa) {
+TEST_F(ErrorRecord, NeedsACaForTheLogRoot) {
   std::string root = "preset";
   EXPECT_FALSE(store_->getLogRootPath(root, ""));
   EXPECT_EQ(root, sandbox_.appData());
 }
 
-TEST_F(ErrorRecord, TheLogRootMayBeTheStringThatNamesTheCa) {
+TEST_F(ErrorRecord, AcceptsOneStringForLogRootAndCa) {
   sandbox_.writeCfg("CA12", "COMMON_LOG_FILE_ROOT=Own\n");
   std::string text = "CA12";
   EXPECT_TRUE(store_->getLogRootPath(text, text));

@@ -56,56 +56,56 @@ class ClassStore : public testing::Test {
   std::string classes_;
 };
 
-TEST_F(ClassStore, GivesTheWholeTextOfTheFile) {
+TEST_F(ClassStore, ReadsTheWholeFile) {
   sandbox_.writeInit("CA12", "A;\n B;\n\n");
   EXPECT_TRUE(store_->getEnabledLogClasses("ca12", classes_));
   EXPECT_EQ(classes_, "A;\n B;\n\n");
 }
 
-TEST_F(ClassStore, GivesCrLfAsLf) {
+TEST_F(ClassStore, ReadsCrLfAsLf) {
   sandbox_.writeInit("CA12", "A;\r\nB;\rC");
   EXPECT_TRUE(store_->getEnabledLogClasses("CA12", classes_));
   EXPECT_EQ(classes_, "A;\nB;\rC");
 }
 
-TEST_F(ClassStore, AppendsToWhatTheCallerHas) {
+TEST_F(ClassStore, AppendsToTheTextOfTheCaller) {
   sandbox_.writeInit("CA12", "B;");
   classes_ = "A;";
   EXPECT_TRUE(store_->getEnabledLogClasses("CA12", classes_));
   EXPECT_EQ(classes_, "A;B;");
 }
 
-TEST_F(ClassStore, AnEmptyFileIsAnEmptyListAndNoFailure) {
+TEST_F(ClassStore, ReadsAnEmptyFileAsAnEmptyList) {
   sandbox_.writeInit("CA12", "");
   EXPECT_TRUE(store_->getEnabledLogClasses("CA12", classes_));
   EXPECT_EQ(classes_, "");
 }
 
-TEST_F(ClassStore, OfTheGenericCaWithoutRedirectionIsTheTextOfItsCfgFile) {
+TEST_F(ClassStore, ReadsTheCfgFileOfTheGenericCaWithoutARedirection) {
   sandbox_.writeCfg("GE", "CA_NR=GE\n");
   sandbox_.writeInit("GE", "A;");
   EXPECT_TRUE(store_->getEnabledLogClasses("ge", classes_));
   EXPECT_EQ(classes_, "CA_NR=GE\n");
 }
 
-TEST_F(ClassStore, AMissingFileLeavesARecord) {
+TEST_F(ClassStore, RecordsAMissingFile) {
   makeFolders(sandbox_.logFolder());
   EXPECT_FALSE(store_->getEnabledLogClasses("ca12", classes_));
   EXPECT_EQ(classes_, "");
   EXPECT_EQ(recordsIn(infoFile()), Records{"Failed to open file " + sandbox_.initPath("CA12") + " [ca12] "});
 }
 
-TEST_F(ClassStore, AMissingFileLeavesNoRecordWithoutALogFolder) {
+TEST_F(ClassStore, RecordsNothingWithoutALogFolder) {
   EXPECT_FALSE(store_->getEnabledLogClasses("CA12", classes_));
   EXPECT_FALSE(testsupport::exists(sandbox_.logFolder()));
 }
 
-TEST_F(ClassStore, AFolderInThePlaceOfTheFileIsAFailure) {
+TEST_F(ClassStore, FailsOnAFolderInPlaceOfTheFile) {
   makeFolders(sandbox_.initPath("CA12"));
   EXPECT_FALSE(store_->getEnabledLogClasses("CA12", classes_));
 }
 
-TEST_F(ClassStore, AFileThatIsTooLargeLeavesARecord) {
+TEST_F(ClassStore, RecordsAFileThatIsTooLarge) {
   makeFolders(sandbox_.logFolder());
   sandbox_.writeInit("CA12", "A;");
   std::filesystem::resize_file(testsupport::systemPath(sandbox_.initPath("CA12")), platform::largestTextFile + 1);
@@ -114,7 +114,7 @@ TEST_F(ClassStore, AFileThatIsTooLargeLeavesARecord) {
   EXPECT_EQ(recordsIn(infoFile()), Records{"Failed to open file " + sandbox_.initPath("CA12") + " [CA12] "});
 }
 
-TEST_F(ClassStore, AnUnreadableFileLeavesARecord) {
+TEST_F(ClassStore, RecordsAnUnreadableFile) {
   makeInfoFileForEveryone();
   sandbox_.writeInit("CA12", "A;");
   testsupport::denyAccess(sandbox_.initPath("CA12"));
@@ -125,7 +125,7 @@ TEST_F(ClassStore, AnUnreadableFileLeavesARecord) {
   EXPECT_EQ(recordsIn(infoFile()), Records{"Failed to open file " + sandbox_.initPath("CA12") + " [CA12] "});
 }
 
-TEST_F(ClassStore, AFileThatIsDeniedOnceItIsOpenLeavesARecordOfThat) {
+TEST_F(ClassStore, RecordsThatAnOpenFileIsDenied) {
   makeFolders(sandbox_.logFolder());
   sandbox_.writeInit("CA12", "A;");
   const FaultPlan failure(Call::accessTest, 1, platform::errorAccessDenied);
@@ -135,14 +135,14 @@ TEST_F(ClassStore, AFileThatIsDeniedOnceItIsOpenLeavesARecordOfThat) {
             Records{"The file " + sandbox_.initPath("CA12") + " doesn't have READ permission. [CA12] "});
 }
 
-TEST_F(ClassStore, AnUnknownFolderLeavesARecordOfThat) {
+TEST_F(ClassStore, RecordsAnUnknownFolder) {
   makeFolders(sandbox_.logFolder());
   const FaultPlan failure(Call::shellFolder, 1, platform::errorPathNotFound);
   EXPECT_FALSE(store_->getEnabledLogClasses("CA12", classes_));
   EXPECT_EQ(recordsIn(infoFile()), Records{"Failed to get path to the enabled log class/es file. [CA12] "});
 }
 
-TEST_F(ClassStore, AnEmptyCaLeavesNoRecordSinceItHasNoLogFolder) {
+TEST_F(ClassStore, RecordsNothingForAnEmptyCa) {
   makeFolders(sandbox_.logFolder());
   EXPECT_FALSE(store_->getEnabledLogClasses("", classes_));
   EXPECT_FALSE(hasRecords());
@@ -150,13 +150,13 @@ TEST_F(ClassStore, AnEmptyCaLeavesNoRecordSinceItHasNoLogFolder) {
 
 // ---- Setting ----
 
-TEST_F(ClassStore, IsReplacedByTheTextAsItIs) {
+TEST_F(ClassStore, ReplacesTheFileByTheTextAsItIs) {
   sandbox_.writeInit("CA12", "old content;");
   EXPECT_TRUE(store_->setEnabledLogClasses("ca12", "A;B;"));
   EXPECT_EQ(readFile(sandbox_.initPath("CA12")), "A;B;");
 }
 
-TEST_F(ClassStore, IsWrittenInTextMode) {
+TEST_F(ClassStore, WritesNativeLineEnds) {
   EXPECT_TRUE(store_->setEnabledLogClasses("CA12", "A;\nB;\n"));
   EXPECT_EQ(readFile(sandbox_.initPath("CA12")), testsupport::nativeLineEnds("A;\nB;\n"));
 }
@@ -169,14 +169,14 @@ TEST_F(ClassStore, RefusesAnEmptyListAndLeavesTheFileUnchanged) {
   EXPECT_FALSE(hasRecords());
 }
 
-TEST_F(ClassStore, SettingWithoutAPathLeavesNoRecord) {
+TEST_F(ClassStore, RecordsNothingWhenItHasNoPathToWriteTo) {
   makeFolders(sandbox_.logFolder());
   const FaultPlan failure(Call::shellFolder, 1, platform::errorPathNotFound);
   EXPECT_FALSE(store_->setEnabledLogClasses("CA12", "A;"));
   EXPECT_FALSE(hasRecords());
 }
 
-TEST_F(ClassStore, SettingAReadOnlyFileLeavesARecord) {
+TEST_F(ClassStore, RecordsThatTheFileIsReadOnly) {
   makeInfoFileForEveryone();
   sandbox_.writeInit("CA12", "A;");
   testsupport::denyWriting(sandbox_.initPath("CA12"));
@@ -189,14 +189,14 @@ TEST_F(ClassStore, SettingAReadOnlyFileLeavesARecord) {
                                            ".The doesn't have WRITE permission. [CA12] "});
 }
 
-TEST_F(ClassStore, SettingAWritableFileThatCannotBeOpenedLeavesAShorterRecord) {
+TEST_F(ClassStore, LeavesAShorterRecordWhenItCannotOpenAWritableFile) {
   makeFolders(sandbox_.logFolder());
   makeFolders(sandbox_.initPath("CA12"));
   EXPECT_FALSE(store_->setEnabledLogClasses("CA12", "B;"));
   EXPECT_EQ(recordsIn(infoFile()), Records{"Failed to open file " + sandbox_.initPath("CA12") + " [CA12] "});
 }
 
-TEST_F(ClassStore, SettingLeavesARecordWhenTheDiskIsFull) {
+TEST_F(ClassStore, RecordsThatTheDiskIsFull) {
   makeFolders(sandbox_.logFolder());
   const FaultPlan failure(Call::write, 1, platform::errorDiskFull);
   EXPECT_FALSE(store_->setEnabledLogClasses("CA12", "A;"));
@@ -229,12 +229,12 @@ TEST_F(ClassStore, TracesANewList) { EXPECT_TRUE(setTraceMatches("CA12", "A;B;",
 
 TEST_F(ClassStore, TracesARefusedList) { EXPECT_TRUE(setTraceMatches("CA12", "", "config_classes_set_empty.txt")); }
 
-TEST_F(ClassStore, TracesAListForWhichThereIsNoRoomLikeOneThatCannotBeStored) {
+TEST_F(ClassStore, TracesAFullDiskLikeAFileThatItCannotOpen) {
   const FaultPlan failure(Call::write, 1, platform::errorDiskFull);
   EXPECT_TRUE(setTraceMatches("CA12", "A;", "config_classes_set_failed.txt"));
 }
 
-TEST_F(ClassStore, TracesAListThatCannotBeStored) {
+TEST_F(ClassStore, TracesAFileThatItCannotOpen) {
   makeFolders(sandbox_.initPath("CA12"));
   EXPECT_TRUE(setTraceMatches("CA12", "A;", "config_classes_set_failed.txt"));
 }

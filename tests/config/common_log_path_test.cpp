@@ -33,7 +33,7 @@ class CommonLogPath : public testing::Test {
   testsupport::ConfigSandbox sandbox_;
 };
 
-TEST_F(CommonLogPath, IsTheConfiguredRootBelowTheUsersApplicationData) {
+TEST_F(CommonLogPath, JoinsTheUsersApplicationDataAndTheConfiguredRoot) {
   EXPECT_EQ(pathFor("COMMON_LOG_FILE_ROOT=Own\\Logs\n"), sandbox_.appData() + "\\Own\\Logs");
 }
 
@@ -41,39 +41,39 @@ TEST_F(CommonLogPath, KeepsABackslashAtEitherEndOfTheRoot) {
   EXPECT_EQ(pathFor("COMMON_LOG_FILE_ROOT=\\Logs\\\n"), sandbox_.appData() + "\\\\Logs\\");
 }
 
-TEST_F(CommonLogPath, OfAnEmptyRootEndsInABackslash) {
+TEST_F(CommonLogPath, EndsWithABackslashWhenTheRootIsEmpty) {
   EXPECT_EQ(pathFor("COMMON_LOG_FILE_ROOT=  \n"), sandbox_.appData() + "\\");
 }
 
-TEST_F(CommonLogPath, HasADefaultRoot) {
+TEST_F(CommonLogPath, UsesADefaultRoot) {
   EXPECT_EQ(pathFor("CA_NR=CA12\n"), sandbox_.appData() + R"(\Orvane\Quillmark\Logging)");
 }
 
-TEST_F(CommonLogPath, IsTheDefaultForACaWithoutAFile) {
+TEST_F(CommonLogPath, UsesTheDefaultForACaWithoutAFile) {
   std::string path;
   EXPECT_TRUE(getCommonLogFilePath(path, "CA77"));
   EXPECT_EQ(path, sandbox_.logFolder());
 }
 
-TEST_F(CommonLogPath, IsNeitherTestedNorCreated) {
+TEST_F(CommonLogPath, CreatesNoFolder) {
   pathFor("");
   EXPECT_TRUE(sandbox_.newInAppData().empty());
 }
 
-TEST_F(CommonLogPath, IsUnchangedWhenTheSystemDoesNotKnowTheFolder) {
+TEST_F(CommonLogPath, StaysUntouchedWhenTheSystemNamesNoFolder) {
   const FaultPlan failure(Call::shellFolder, 1, platform::errorPathNotFound);
   std::string path = "preset";
   EXPECT_FALSE(getCommonLogFilePath(path, "CA12"));
   EXPECT_EQ(path, "preset");
 }
 
-TEST_F(CommonLogPath, IsTheApplicationDataFolderWhenTheCaHasNoFile) {
+TEST_F(CommonLogPath, FailsForAnEmptyCaAndGivesTheApplicationDataFolder) {
   std::string path = "preset";
   EXPECT_FALSE(getCommonLogFilePath(path, ""));
   EXPECT_EQ(path, sandbox_.appData());
 }
 
-TEST_F(CommonLogPath, MayBeTheStringThatNamesTheCa) {
+TEST_F(CommonLogPath, AcceptsOneStringForPathAndCa) {
   sandbox_.writeCfg("CA12", "COMMON_LOG_FILE_ROOT=Own\n");
   std::string text = "CA12";
   EXPECT_TRUE(getCommonLogFilePath(text, text));

@@ -65,7 +65,7 @@ class ConfigurationCheck : public testing::Test {
   std::string trace_;
 };
 
-TEST_F(ConfigurationCheck, AReadableFileOfTheCaIsFine) {
+TEST_F(ConfigurationCheck, AcceptsAReadableFile) {
   sandbox_.writeCfg("CA12", "CA_NR=CA12\n");
   EXPECT_TRUE(checkTraced("CA12"));
   EXPECT_EQ(ca_, "CA12");
@@ -73,7 +73,7 @@ TEST_F(ConfigurationCheck, AReadableFileOfTheCaIsFine) {
   EXPECT_TRUE(traceMatches("config_check_fine.txt"));
 }
 
-TEST_F(ConfigurationCheck, AMissingFileFallsBackToTheGenericOneAndIsRecorded) {
+TEST_F(ConfigurationCheck, FallsBackToTheGenericFileAndRecordsTheMissingOne) {
   sandbox_.writeCfg("GE", "CA_NR=GE\n");
   EXPECT_TRUE(checkTraced("CA12"));
   EXPECT_EQ(ca_, "GE");
@@ -81,20 +81,20 @@ TEST_F(ConfigurationCheck, AMissingFileFallsBackToTheGenericOneAndIsRecorded) {
   EXPECT_TRUE(traceMatches("config_check_generic.txt"));
 }
 
-TEST_F(ConfigurationCheck, ARecordNamesTheCaInTheLetterCaseInWhichItWasPassed) {
+TEST_F(ConfigurationCheck, RecordsTheCaInTheLetterCaseOfTheCaller) {
   sandbox_.writeCfg("GE", "CA_NR=GE\n");
   EXPECT_TRUE(check("ca12"));
   EXPECT_EQ(records(), Records{"Invalid of missing configuration file for ca12." + std::string(redirecting)});
 }
 
-TEST_F(ConfigurationCheck, TheFolderOfTheGenericFileEndsAtABackslashOnly) {
+TEST_F(ConfigurationCheck, CutsTheFolderOfTheGenericFileAtABackslashOnly) {
   sandbox_.writeCfg("GE", "REDIRECT_CA_NR=x/y\n");
   sandbox_.writeCfg("CA07", "CA_NR=CA07\n");
   EXPECT_TRUE(check("GE"));
   EXPECT_NE(testsupport::readFile(sandbox_.cfgPath("GE")).find("REDIRECT_CA_NR=CA07"), std::string::npos);
 }
 
-TEST_F(ConfigurationCheck, AMissingFileFallsBackToTheRedirectedCa) {
+TEST_F(ConfigurationCheck, FallsBackToTheRedirectedCa) {
   sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA07\n");
   sandbox_.writeCfg("CA07", "CA_NR=CA07\n");
   EXPECT_TRUE(checkTraced("CA12"));
@@ -102,7 +102,7 @@ TEST_F(ConfigurationCheck, AMissingFileFallsBackToTheRedirectedCa) {
   EXPECT_TRUE(traceMatches("config_check_redirected.txt"));
 }
 
-TEST_F(ConfigurationCheck, AGenericFileIsGeneratedWhenItIsMissingToo) {
+TEST_F(ConfigurationCheck, GeneratesAMissingGenericFile) {
   sandbox_.writeCfg("CA07", "QMRK_TRACE=TRUE\n");
   EXPECT_TRUE(checkTraced("CA12"));
   EXPECT_EQ(ca_, "GE");
@@ -111,7 +111,7 @@ TEST_F(ConfigurationCheck, AGenericFileIsGeneratedWhenItIsMissingToo) {
   EXPECT_TRUE(traceMatches("config_check_generated.txt"));
 }
 
-TEST_F(ConfigurationCheck, AGenericFileThatRedirectsNowhereIsGeneratedAnew) {
+TEST_F(ConfigurationCheck, RegeneratesAGenericFileThatRedirectsNowhere) {
   sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA99\n");
   sandbox_.writeCfg("CA07", "CA_NR=CA07\n");
   EXPECT_TRUE(check("GE"));
@@ -124,7 +124,7 @@ TEST_F(ConfigurationCheck, AGenericFileThatRedirectsNowhereIsGeneratedAnew) {
   EXPECT_FALSE(exists(sandbox_.cfgPath("CA99")));
 }
 
-TEST_F(ConfigurationCheck, TheTraceOfTheFreeFunctionsFollowsAGeneratedFileAndTheLoadTimeValueDoesNot) {
+TEST_F(ConfigurationCheck, UpdatesTheTraceOfTheFreeFunctionsButNotTheLoadTimeValue) {
   sandbox_.writeCfg("CA07", "QMRK_TRACE=true\n");
   EXPECT_TRUE(check("CA12"));
   EXPECT_TRUE(Quillmark_logging::freeFunctionTrace());
@@ -132,7 +132,7 @@ TEST_F(ConfigurationCheck, TheTraceOfTheFreeFunctionsFollowsAGeneratedFileAndThe
   Quillmark_logging::setFreeFunctionTrace(false);
 }
 
-TEST_F(ConfigurationCheck, TheTraceOfTheFreeFunctionsEndsWithAGeneratedFileThatLacksTheKey) {
+TEST_F(ConfigurationCheck, EndsTheTraceOfTheFreeFunctionsWhenTheGeneratedFileLacksTheKey) {
   sandbox_.writeCfg("CA07", "CA_NR=CA07\n");
   const TracedConsole console;
   EXPECT_TRUE(check("CA12"));
@@ -144,7 +144,7 @@ TEST_F(ConfigurationCheck, TheTraceOfTheFreeFunctionsEndsWithAGeneratedFileThatL
   EXPECT_EQ(console.text(), before);
 }
 
-TEST_F(ConfigurationCheck, TheGenerationIsTracedByTheLoadTimeValueAlone) {
+TEST_F(ConfigurationCheck, TracesTheGenerationByTheLoadTimeValueAlone) {
   sandbox_.writeCfg("CA07", "QMRK_TRACE=TRUE\n");
   {
     const testsupport::CapturedConsole console;
@@ -166,14 +166,14 @@ TEST_F(ConfigurationCheck, TheGenerationIsTracedByTheLoadTimeValueAlone) {
   Quillmark_logging::setFreeFunctionTrace(false);
 }
 
-TEST_F(ConfigurationCheck, FailsWhenNoFileCanBeGeneratedForLackOfACa) {
+TEST_F(ConfigurationCheck, FailsWhenItFindsNoCaToRedirectTo) {
   EXPECT_FALSE(checkTraced("CA12"));
   EXPECT_EQ(ca_, "GE");
   EXPECT_FALSE(exists(sandbox_.cfgPath("GE")));
   EXPECT_TRUE(traceMatches("config_check_not_generated.txt"));
 }
 
-TEST_F(ConfigurationCheck, FailsWhenTheConfigurationFolderMayNotBeWritten) {
+TEST_F(ConfigurationCheck, FailsWhenTheConfigurationFolderIsReadOnly) {
   sandbox_.writeCfg("CA07", "CA_NR=CA07\n");
   testsupport::denyWriting(sandbox_.cfgFolder());
   {
@@ -191,7 +191,7 @@ TEST_F(ConfigurationCheck, FailsWhenTheConfigurationFolderIsMissing) {
 }
 
 // Its size alone counts: nothing of it takes room on the disk.
-TEST_F(ConfigurationCheck, AFileThatIsTooLargeIsTracedAndRecordedLikeOneThatMayNotBeRead) {
+TEST_F(ConfigurationCheck, TracesAndRecordsATooLargeFileLikeAnUnreadableOne) {
   sandbox_.writeCfg("CA12", "CA_NR=CA12\n");
   const auto file = testsupport::systemPath(sandbox_.cfgPath("CA12"));
   std::filesystem::resize_file(file, platform::largestTextFile);
@@ -203,7 +203,7 @@ TEST_F(ConfigurationCheck, AFileThatIsTooLargeIsTracedAndRecordedLikeOneThatMayN
   EXPECT_TRUE(traceMatches("config_check_unreadable.txt"));
 }
 
-TEST_F(ConfigurationCheck, AFileThatMayNotBeReadIsRecordedAndFails) {
+TEST_F(ConfigurationCheck, FailsAndRecordsWhenTheFileIsUnreadable) {
   sandbox_.writeCfg("CA12", "CA_NR=CA12\n");
   {
     const testsupport::WithoutReadPermission denied(sandbox_.cfgPath("CA12"));
@@ -215,7 +215,7 @@ TEST_F(ConfigurationCheck, AFileThatMayNotBeReadIsRecordedAndFails) {
   EXPECT_TRUE(traceMatches("config_check_unreadable.txt"));
 }
 
-TEST_F(ConfigurationCheck, AGenericFileThatMayNotBeReadIsRecordedAndFails) {
+TEST_F(ConfigurationCheck, FailsAndRecordsWhenTheGenericFileIsUnreadable) {
   sandbox_.writeCfg("GE", "CA_NR=GE\n");
   {
     const testsupport::WithoutReadPermission denied(sandbox_.cfgPath("GE"));
@@ -227,14 +227,14 @@ TEST_F(ConfigurationCheck, AGenericFileThatMayNotBeReadIsRecordedAndFails) {
                                     " does not have read permission. [Called by App]"}));
 }
 
-TEST_F(ConfigurationCheck, AnEmptyCallerIsRecordedAsInternal) {
+TEST_F(ConfigurationCheck, RecordsAnEmptyCallerAsInternal) {
   sandbox_.writeCfg("GE", "CA_NR=GE\n");
   EXPECT_TRUE(check("CA12", ""));
   ASSERT_EQ(records().size(), 1U);
   EXPECT_TRUE(records()[0].ends_with("instead. [Called by <Internal>]"));
 }
 
-TEST_F(ConfigurationCheck, FailsForAnEmptyCaWithoutARecord) {
+TEST_F(ConfigurationCheck, FailsWithoutARecordForAnEmptyCa) {
   EXPECT_FALSE(checkTraced(""));
   EXPECT_EQ(records(), Records{});
   EXPECT_TRUE(traceMatches("config_check_no_ca.txt"));
@@ -248,7 +248,7 @@ TEST_F(ConfigurationCheck, FailsAndKeepsTheCaWhenTheGenericPathIsUnknown) {
   EXPECT_EQ(failure.calls(), 4);
 }
 
-TEST_F(ConfigurationCheck, ARecordThatCannotBeWrittenChangesNothing) {
+TEST_F(ConfigurationCheck, SucceedsEvenIfItCannotWriteTheRecord) {
   sandbox_.writeCfg("GE", "COMMON_LOG_FILE_ROOT=closed\n");
   testsupport::makeFolders(sandbox_.appData() + "\\closed");
   testsupport::denyWriting(sandbox_.appData() + "\\closed");

@@ -30,7 +30,7 @@ class LargeFile : public ::testing::Test {
   CfgDataManager* store_ = CfgDataManager::getInstance(false);
 };
 
-TEST_F(LargeFile, OfAConfigurationIsReadOnceForALookupAndTakesNoMoreThanThreeTimesItsSize) {
+TEST_F(LargeFile, CostsALookupOneReadAndThreeTimesItsSizeAtMost) {
   const std::string text = manyEntries("KEY", "=value", "  \n");
   sandbox_.writeCfg("CA12", text);
   const std::string path = sandbox_.cfgPath("CA12");
@@ -46,7 +46,7 @@ TEST_F(LargeFile, OfAConfigurationIsReadOnceForALookupAndTakesNoMoreThanThreeTim
   RecordProperty("microseconds", static_cast<int>((testsupport::processorTime() - before).count()));
 }
 
-TEST_F(LargeFile, OfClassesIsReadOnceAndTakesNoMoreThanThreeTimesItsSize) {
+TEST_F(LargeFile, CostsAClassListOneReadAndThreeTimesItsSizeAtMost) {
   const std::string text = manyEntries("Class.", "", ";\r\n");
   sandbox_.writeInit("CA12", text);
   const testsupport::FaultPlan reads(platform::Call::openForReading, 1000, platform::errorAccessDenied);

@@ -33,14 +33,14 @@ class LoadTimeSwitches : public testing::Test {
   ConfigSandbox sandbox_;
 };
 
-TEST_F(LoadTimeSwitches, AreAllOffWithoutAGenericConfiguration) {
+TEST_F(LoadTimeSwitches, StayOffWithoutAGenericConfiguration) {
   readLoadTimeSwitches();
   EXPECT_FALSE(loadTimeTrace());
   EXPECT_FALSE(freeFunctionTrace());
   EXPECT_FALSE(tsMode());
 }
 
-TEST_F(LoadTimeSwitches, EachFollowsItsKey) {
+TEST_F(LoadTimeSwitches, FollowTheirKeys) {
   sandbox_.writeCfg("GE", "QMRK_TRACE=true\n");
   readLoadTimeSwitches();
   EXPECT_TRUE(loadTimeTrace());
@@ -53,7 +53,7 @@ TEST_F(LoadTimeSwitches, EachFollowsItsKey) {
   EXPECT_TRUE(tsMode());
 }
 
-TEST_F(LoadTimeSwitches, AreThoseOfTheCaToWhichTheGenericOneRedirects) {
+TEST_F(LoadTimeSwitches, FollowTheRedirectionOfTheGenericCa) {
   sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA12\nQMRK_TRACE=TRUE\n");
   sandbox_.writeCfg("CA12", "TS_APPENDERS=TRUE\n");
   readLoadTimeSwitches();
@@ -61,7 +61,7 @@ TEST_F(LoadTimeSwitches, AreThoseOfTheCaToWhichTheGenericOneRedirects) {
   EXPECT_TRUE(tsMode());
 }
 
-TEST_F(LoadTimeSwitches, AreReadWithoutATraceWhateverWasOnBefore) {
+TEST_F(LoadTimeSwitches, TraceNothingWhileTheyAreRead) {
   sandbox_.writeCfg("GE", "QMRK_TRACE=TRUE\n");
   const testsupport::CapturedConsole console;
   setLoadTimeTrace(true);
@@ -70,7 +70,7 @@ TEST_F(LoadTimeSwitches, AreReadWithoutATraceWhateverWasOnBefore) {
   EXPECT_EQ(console.text(), "");
 }
 
-TEST_F(LoadTimeSwitches, AreReadWhenTheLibraryIsLoaded) {
+TEST_F(LoadTimeSwitches, ComeIntoForceWhenTheLibraryIsLoaded) {
   EXPECT_EQ(switchesOfANewProcess(), "off");
   for (const char* const value : {"TRUE", "true", "True"}) {
     sandbox_.writeCfg("GE", "QMRK_TRACE=" + std::string(value) + "\n");

@@ -23,31 +23,31 @@ using testsupport::matchesGolden;
 using testsupport::recordsIn;
 using Records = std::vector<std::string>;
 
-TEST(ErrorInfoText, OfAnInvalidConfigurationNamesTheCa) {
+TEST(ErrorInfoText, NamesTheCaOfAnInvalidConfiguration) {
   EXPECT_EQ(errorInfoText(1, "ca12", "App", " Message."),
             "Invalid of missing configuration file for ca12. Message. [Called by App]");
   EXPECT_EQ(errorInfoText(1, "CA12", "App", "Message."),
             "Invalid of missing configuration file for CA12.Message. [Called by App]");
 }
 
-TEST(ErrorInfoText, OfAnInvalidGenericConfigurationSpeaksOfTheRedirection) {
+TEST(ErrorInfoText, MentionsTheRedirectionForTheGenericCa) {
   EXPECT_EQ(errorInfoText(1, "GE", "App", "Message."),
             "Invalid of missing configuration file for GE. (could also be the REDIRECT_CA_NR variable that's pointing "
             "at an invalid or missing configuration file). Message. [Called by App]");
   EXPECT_EQ(errorInfoText(1, "ge", "App", ""), "Invalid of missing configuration file for ge. [Called by App]");
 }
 
-TEST(ErrorInfoText, OfFaultyPermissionsNamesNoCa) {
+TEST(ErrorInfoText, NamesNoCaForFaultyPermissions) {
   EXPECT_EQ(errorInfoText(2, "CA12", "App", "Message."), "Faulty file permissions. Message. [Called by App]");
 }
 
-TEST(ErrorInfoText, OfEveryOtherKindIsUnspecified) {
+TEST(ErrorInfoText, CallsEveryOtherKindUnspecified) {
   for (const int kind : {0, 3, -1, 4711}) {
     EXPECT_EQ(errorInfoText(kind, "GE", "App", "Message."), "Unspecified error. Message. [Called by App]");
   }
 }
 
-TEST(ErrorInfoText, AnEmptyCallerIsInternal) {
+TEST(ErrorInfoText, CallsAnEmptyCallerInternal) {
   EXPECT_EQ(errorInfoText(2, "CA12", "", ""), "Faulty file permissions.  [Called by <Internal>]");
 }
 
@@ -71,14 +71,14 @@ class ErrorInfo : public testing::Test {
   std::string trace_;
 };
 
-TEST_F(ErrorInfo, MakesItsFolderAndIsAppendedTo) {
+TEST_F(ErrorInfo, CreatesItsFolderAndAppends) {
   EXPECT_TRUE(write());
   EXPECT_TRUE(writeQmrkErrorInfo(2, "CA12", "", "x"));
   EXPECT_EQ(recordsIn(infoFile_), (Records{"Unspecified error. Message. [Called by App]",
                                            "Faulty file permissions. x [Called by <Internal>]"}));
 }
 
-TEST_F(ErrorInfo, LiesInTheLogFolderOfTheGenericCaWhateverTheCa) {
+TEST_F(ErrorInfo, GoesToTheLogFolderOfTheGenericCaWhateverTheCa) {
   sandbox_.writeCfg("GE", "COMMON_LOG_FILE_ROOT=Generic\n");
   sandbox_.writeCfg("CA12", "COMMON_LOG_FILE_ROOT=Own\n");
   EXPECT_TRUE(write());
@@ -86,7 +86,7 @@ TEST_F(ErrorInfo, LiesInTheLogFolderOfTheGenericCaWhateverTheCa) {
   EXPECT_EQ(recordsIn(sandbox_.appData() + "\\Generic\\qmrk.info").size(), 1U);
 }
 
-TEST_F(ErrorInfo, IsNotWrittenWhenTheSystemDoesNotKnowTheFolder) {
+TEST_F(ErrorInfo, FailsWhenTheSystemNamesNoFolder) {
   const FaultPlan failure(Call::shellFolder, 1, platform::errorPathNotFound);
   EXPECT_FALSE(write());
 }
@@ -97,7 +97,7 @@ TEST_F(ErrorInfo, TracesTheFirstRecord) {
   EXPECT_TRUE(traceMatches("config_error_info.txt"));
 }
 
-TEST_F(ErrorInfo, TracesAFolderThatCannotBeMade) {
+TEST_F(ErrorInfo, TracesAFolderThatItCannotCreate) {
   makeFolders(sandbox_.appData() + "\\closed");
   testsupport::denyWriting(sandbox_.appData() + "\\closed");
   sandbox_.writeCfg("GE", "COMMON_LOG_FILE_ROOT=closed\\a\n");
@@ -113,7 +113,7 @@ TEST_F(ErrorInfo, TracesAFolderThatCannotBeMade) {
       << trace;
 }
 
-TEST_F(ErrorInfo, TracesAFileThatMayNotBeWritten) {
+TEST_F(ErrorInfo, TracesAReadOnlyFile) {
   makeFolders(sandbox_.logFolder());
   testsupport::writeFile(infoFile_, "");
   testsupport::denyWriting(infoFile_);
@@ -128,7 +128,7 @@ TEST_F(ErrorInfo, TracesAFileThatMayNotBeWritten) {
       << trace;
 }
 
-TEST_F(ErrorInfo, IsNotWrittenWhenTheDiskIsFull) {
+TEST_F(ErrorInfo, FailsWhenTheDiskIsFull) {
   const FaultPlan failure(Call::write, 1, platform::errorDiskFull);
   EXPECT_FALSE(writeTraced());
   const std::string trace = sandbox_.masked(trace_);

@@ -13,8 +13,8 @@ TEST(TextReplacement, ReplacesEveryOccurrence) {
   EXPECT_EQ(replaceAll("", "x", "y"), "");
 }
 
-TEST(TextReplacement, DoesNotSearchWhatItPutIn) { EXPECT_EQ(replaceAll("aa", "a", "aa"), "aaaa"); }
+TEST(TextReplacement, DoesNotSearchWhatItInserted) { EXPECT_EQ(replaceAll("aa", "a", "aa"), "aaaa"); }
 
-TEST(TextReplacement, TakesOccurrencesFromTheLeftWithoutOverlap) { EXPECT_EQ(replaceAll("aaa", "aa", "b"), "ba"); }
+TEST(TextReplacement, ReplacesFromTheLeftWithoutOverlap) { EXPECT_EQ(replaceAll("aaa", "aa", "b"), "ba"); }
 
 }  // namespace

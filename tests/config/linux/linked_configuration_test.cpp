@@ -11,7 +11,7 @@
 
 namespace {
 
-TEST(LinkedConfiguration, LinkToAFolderIsNotTakenForAFileOfACa) {
+TEST(LinkedConfiguration, DoesNotTakeALinkToAFolderForACfgFile) {
   const testsupport::TemporaryFolder folder;
   testsupport::makeFolders(folder.file("elsewhere"));
   std::filesystem::create_directory_symlink("elsewhere", platform::nativePath(folder.file("qmrk_logging_CA99.cfg")));
@@ -20,7 +20,7 @@ TEST(LinkedConfiguration, LinkToAFolderIsNotTakenForAFileOfACa) {
   EXPECT_FALSE(generator.getCA());
 }
 
-TEST(LinkedConfiguration, LinkToAFileIsTakenForTheFile) {
+TEST(LinkedConfiguration, TakesALinkToAFileForTheFile) {
   const testsupport::TemporaryFolder folder;
   testsupport::writeFile(folder.file("elsewhere"), "");
   std::filesystem::create_symlink("elsewhere", platform::nativePath(folder.file("qmrk_logging_CA99.cfg")));
@@ -30,7 +30,7 @@ TEST(LinkedConfiguration, LinkToAFileIsTakenForTheFile) {
 }
 
 // Every marker of the generic CA in a path is replaced, also in the folders above the file.
-TEST(LinkedConfiguration, RedirectionReplacesEveryMarkerOfThePath) {
+TEST(LinkedConfiguration, ReplacesEveryMarkerInARedirectedPath) {
   const testsupport::ConfigSandbox sandbox;
   const testsupport::TemporaryFolder folder;
   const std::string base = folder.path() + "/a_GE.b_GE.c";
