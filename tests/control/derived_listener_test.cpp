@@ -23,7 +23,7 @@ class Overriding : public LogEventHandler {
   void* argument_ = this;
 };
 
-TEST_F(DerivedListener, GivesTheThreadItsBodyAndItsExitCode) {
+TEST_F(DerivedListener, ProvidesTheBodyAndTheExitCodeOfTheThread) {
   const auto handler = withoutThread<Overriding>();
   ASSERT_TRUE(handler->createWorkerThread());
   ASSERT_EQ(waitForThread(handler->getThreadHandle(), 30'000), waitObject);
@@ -45,7 +45,7 @@ class Complete : public LogEventHandler {
   Quillmark_logging::dword answer_;
 };
 
-TEST_F(DerivedListener, StartsItsThreadWhenItIsComplete) {
+TEST_F(DerivedListener, MayStartItsThreadAsTheLastStepOfItsConstructor) {
   const Complete handler;
   EXPECT_EQ(handler.createdBefore(), 0);
   EXPECT_EQ(handler.isCreated(), 1);
@@ -64,7 +64,7 @@ class Throwing : public LogEventHandler {
   Quillmark_logging::dword listen4EventThread(void* /*_argument*/) override { throw std::runtime_error("no more"); }
 };
 
-TEST_F(DerivedListener, EndsWithAllBitsSetWhenItsBodyThrows) {
+TEST_F(DerivedListener, EndsWithAllBitsSetWhenTheBodyThrows) {
   const Throwing handler;
   ASSERT_EQ(waitForThread(handler.getThreadHandle(), 30'000), waitObject);
   EXPECT_EQ(exitCodeOf(handler.getThreadHandle()), 0xFFFFFFFF);

@@ -8,7 +8,7 @@ namespace {
 class ListenerMemory : public testsupport::Listener {};
 
 // The memory runs out in the thread of the listener, at the moment at which it opens the class list, its last file.
-TEST_F(ListenerMemory, ThatRunsOutInAnUpdateLeavesTheListenerListening) {
+TEST_F(ListenerMemory, MayRunOutInAnUpdateWithoutEndingTheListener) {
   const boost::logging::logger one("Listener.one");
   const boost::logging::logger two("Listener.two");
   int readsOfOneUpdate = 0;

@@ -29,7 +29,7 @@ Fields fieldsOf(const LogEventHandler& _handler) {
   return fields;
 }
 
-TEST_F(LogEventHandlerTest, IsCreatedWithAThreadAndTheDefaultName) {
+TEST_F(LogEventHandlerTest, StartsAThreadAndUsesTheDefaultName) {
   LogEventHandler handler;
   EXPECT_NE(handler.getThreadId(), 0U);
   EXPECT_NE(handler.getThreadHandle(), nullptr);
@@ -74,7 +74,7 @@ TEST_F(LogEventHandlerTest, StartsNoSecondThread) {
   EXPECT_EQ(counter.calls(), 0);
 }
 
-TEST_F(LogEventHandlerTest, MayStartItsThreadLaterWhenTheSystemHasRefused) {
+TEST_F(LogEventHandlerTest, CanStartItsThreadLaterWhenTheSystemRefused) {
   const auto handler = withoutThread();
   EXPECT_EQ(handler->isCreated(), 0);
   EXPECT_EQ(handler->getThreadHandle(), nullptr);
@@ -87,7 +87,7 @@ TEST_F(LogEventHandlerTest, MayStartItsThreadLaterWhenTheSystemHasRefused) {
   stop(*handler);
 }
 
-TEST_F(LogEventHandlerTest, WaitsItsTimeOutAndTerminatesAThreadThatWaits) {
+TEST_F(LogEventHandlerTest, TerminatesAWaitingThreadAfterItsTimeOut) {
   auto handler = std::make_unique<LogEventHandler>();
   ASSERT_TRUE(waitUntilListening(*handler));
   const Handle thread = duplicateHandle(handler->getThreadHandle());
@@ -99,7 +99,7 @@ TEST_F(LogEventHandlerTest, WaitsItsTimeOutAndTerminatesAThreadThatWaits) {
   EXPECT_TRUE(closeHandle(thread));
 }
 
-TEST_F(LogEventHandlerTest, EndsWithExitCodeZeroAfterTheNextSettingWhenToldToStop) {
+TEST_F(LogEventHandlerTest, EndsWithExitCodeZeroAtTheNextSettingOnceItShouldStop) {
   LogEventHandler handler;
   ASSERT_TRUE(waitUntilListening(handler));
   handler.setListenForEventState(false);
@@ -112,7 +112,7 @@ TEST_F(LogEventHandlerTest, EndsWithExitCodeZeroAfterTheNextSettingWhenToldToSto
   EXPECT_EQ(cout_.count("LogEventHandler::resetEvent() returns true"), 1);
 }
 
-TEST_F(LogEventHandlerTest, EndsWithAllBitsSetWhenTheEventCannotBeCreated) {
+TEST_F(LogEventHandlerTest, EndsWithAllBitsSetWhenItCannotCreateTheEvent) {
   const FaultPlan plan(Call::openEvent, 1, errorDiskFull);
   LogEventHandler handler;
   EXPECT_EQ(waitForThread(handler.getThreadHandle(), 30'000), waitObject);
@@ -124,7 +124,7 @@ TEST_F(LogEventHandlerTest, EndsWithAllBitsSetWhenTheEventCannotBeCreated) {
             "GetLastError=112\n");
 }
 
-TEST_F(LogEventHandlerTest, GoesOnAtOnceAfterAWaitThatFails) {
+TEST_F(LogEventHandlerTest, WaitsAgainAtOnceWhenAWaitFails) {
   const FaultPlan plan(Call::waitEvent, 1, errorAccessDenied, 3);
   LogEventHandler handler;
   ASSERT_TRUE(cout_.waitFor("WAIT_FAILED (4294967295)", 3));
@@ -133,7 +133,7 @@ TEST_F(LogEventHandlerTest, GoesOnAtOnceAfterAWaitThatFails) {
   EXPECT_EQ(exitCodeOf(handler.getThreadHandle()), 0U);
 }
 
-TEST_F(LogEventHandlerTest, ReportsAResetThatFails) {
+TEST_F(LogEventHandlerTest, TracesAFailedReset) {
   LogEventHandler handler;
   ASSERT_TRUE(waitUntilListening(handler));
   {
@@ -143,7 +143,7 @@ TEST_F(LogEventHandlerTest, ReportsAResetThatFails) {
   EXPECT_EQ(cout_.count("<== LogEventHandler::resetEvent() returns false\n"), 1);
 }
 
-TEST_F(LogEventHandlerTest, SharesItsThreadWithACopyAndOnlyTheFirstCloses) {
+TEST_F(LogEventHandlerTest, SharesItsThreadWithACopyAndClosesTheHandleOnce) {
   auto handler = std::make_unique<LogEventHandler>();
   ASSERT_TRUE(waitUntilListening(*handler));
   const FaultPlan counter(Call::createThread, 1000, errorAccessDenied);
@@ -162,7 +162,7 @@ TEST_F(LogEventHandlerTest, SharesItsThreadWithACopyAndOnlyTheFirstCloses) {
   EXPECT_EQ(cout_.count("==> LogEventHandler::~LogEventHandler() timeout_=1000\n"), 2);
 }
 
-TEST_F(LogEventHandlerTest, TakesOverEveryFieldInAnAssignment) {
+TEST_F(LogEventHandlerTest, AssignsEveryField) {
   const auto handler = std::make_unique<LogEventHandler>();
   ASSERT_TRUE(waitUntilListening(*handler));
   const auto other = withoutThread();
@@ -189,7 +189,7 @@ TEST_F(LogEventHandlerTest, StoresThePointerToANameAndUsesItForTheNextThread) {
   stop(*handler);
 }
 
-TEST_F(LogEventHandlerTest, IgnoresANameThatIsSetWhileItsThreadRuns) {
+TEST_F(LogEventHandlerTest, IgnoresANewNameWhileItsThreadRuns) {
   LogEventHandler handler;
   ASSERT_TRUE(waitUntilListening(handler));
   handler.setLogEventName("QMRK_OTHER_EVENT");
@@ -200,7 +200,7 @@ TEST_F(LogEventHandlerTest, IgnoresANameThatIsSetWhileItsThreadRuns) {
 }
 
 // The address is all that may be looked at: the characters are gone.
-TEST_F(LogEventHandlerTest, StoresNoMoreThanAnAddressFromAString) {
+TEST_F(LogEventHandlerTest, StoresOnlyTheAddressOfAString) {
   const auto handler = withoutThread();
   const char* const before = handler->getLogEventName();
   handler->setLogEventName(std::string("QMRK_OTHER_EVENT"));
@@ -209,7 +209,7 @@ TEST_F(LogEventHandlerTest, StoresNoMoreThanAnAddressFromAString) {
 }
 
 // The application's stream throws at every line, in the constructor and in the thread.
-TEST_F(LogEventHandlerTest, ListensAlthoughNoLineCanBeWritten) {
+TEST_F(LogEventHandlerTest, ListensEvenIfItCannotWriteALine) {
   std::cout.setstate(std::ios::badbit);
   const auto former = std::cout.exceptions();
   EXPECT_THROW(std::cout.exceptions(std::ios::badbit), std::ios::failure);
@@ -231,11 +231,11 @@ struct Revealing : LogEventHandler {
   using LogEventHandler::listen4EventThread;
 };
 
-TEST_F(LogEventHandlerTest, HasTheBodyOfItsThreadAfterTheDestructorAmongItsVirtualOperations) {
+TEST_F(LogEventHandlerTest, KeepsTheBodyOfItsThreadAfterTheDestructorInTheVirtualTable) {
   EXPECT_EQ(testsupport::virtualSlot(&Revealing::listen4EventThread), 2U);
 }
 
-TEST_F(LogEventHandlerTest, IsSilentWhileTheTraceIsOff) {
+TEST_F(LogEventHandlerTest, PrintsNothingWhileTheTraceIsOff) {
   Quillmark_logging::setLoadTimeTrace(false);
   {
     LogEventHandler handler;

@@ -35,7 +35,7 @@ template struct Reveal<CreateEvent, &LogEventHandler::createEvent>;
 class LogEventHandlerTrace : public testsupport::Listener {};
 
 // Only the line that ends the constructor may come anywhere among those of the thread.
-TEST_F(LogEventHandlerTrace, OfAWholeLifeIsAsApproved) {
+TEST_F(LogEventHandlerTrace, ShowsAWholeLife) {
   {
     LogEventHandler handler;
     ASSERT_TRUE(waitUntilListening(handler));
@@ -49,7 +49,7 @@ TEST_F(LogEventHandlerTrace, OfAWholeLifeIsAsApproved) {
   EXPECT_EQ(cerr_.text(), "");
 }
 
-TEST_F(LogEventHandlerTrace, OfATerminatedThreadEndsWithItsWait) {
+TEST_F(LogEventHandlerTrace, EndsWithTheWaitOfATerminatedThread) {
   {
     LogEventHandler handler;
     ASSERT_TRUE(waitUntilListening(handler));
@@ -59,7 +59,7 @@ TEST_F(LogEventHandlerTrace, OfATerminatedThreadEndsWithItsWait) {
   EXPECT_TRUE(testsupport::matchesGolden(masked(rest), "control/listener_terminated.txt"));
 }
 
-TEST_F(LogEventHandlerTrace, SaysThatAnEventDidAlreadyExist) {
+TEST_F(LogEventHandlerTrace, SaysThatAnEventAlreadyExisted) {
   const Handle event = createEvent("QMRK_LOG_EVENT");
   LogEventHandler handler;
   ASSERT_TRUE(waitUntilListening(handler));
@@ -71,7 +71,7 @@ TEST_F(LogEventHandlerTrace, SaysThatAnEventDidAlreadyExist) {
   EXPECT_TRUE(closeHandle(event));
 }
 
-TEST_F(LogEventHandlerTrace, OfAThirdListenerSaysThatTheEventOfTerminatedThreadsDidAlreadyExist) {
+TEST_F(LogEventHandlerTrace, SaysThatTheEventOfTerminatedThreadsAlreadyExisted) {
   for (int listeners = 1; listeners <= 2; ++listeners) {
     LogEventHandler handler;
     ASSERT_TRUE(cout_.waitFor("eventHandle=", listeners));
@@ -90,7 +90,7 @@ TEST_F(LogEventHandlerTrace, WritesNumbersInDecimalWhateverTheFlagsOfTheStream) 
   EXPECT_EQ(cout_.count("==> LogEventHandler::~LogEventHandler() timeout_=1000\n"), 1);
 }
 
-TEST_F(LogEventHandlerTrace, HasNoSeparatorsOfThousandsInAnyLocale) {
+TEST_F(LogEventHandlerTrace, WritesNumbersWithoutSeparatorsInAnyLocale) {
   struct Grouping : std::numpunct<char> {
     char do_thousands_sep() const override { return '.'; }
     std::string do_grouping() const override { return "\3"; }
@@ -101,7 +101,7 @@ TEST_F(LogEventHandlerTrace, HasNoSeparatorsOfThousandsInAnyLocale) {
   EXPECT_EQ(cout_.count("==> LogEventHandler::~LogEventHandler() timeout_=1000\n"), 1);
 }
 
-TEST_F(LogEventHandlerTrace, ReportsANullHandleThatIsToBeClosed) {
+TEST_F(LogEventHandlerTrace, WarnsOfClosingANullHandle) {
   const auto handler = withoutThread();
   const std::string before = cout_.text();
   EXPECT_FALSE(((*handler).*memberOf(CloseHandle{}))(nullptr));
@@ -111,7 +111,7 @@ TEST_F(LogEventHandlerTrace, ReportsANullHandleThatIsToBeClosed) {
   EXPECT_EQ(cerr_.text(), "");
 }
 
-TEST_F(LogEventHandlerTrace, NamesTheOwnEventWhenAnEmptyNameIsAskedFor) {
+TEST_F(LogEventHandlerTrace, NamesTheStoredEventForAnEmptyName) {
   const auto handler = withoutThread();
   handler->setLogEventName("QMRK_OTHER_EVENT");
   const Handle event = ((*handler).*memberOf(CreateEvent{}))("");

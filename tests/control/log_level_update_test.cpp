@@ -20,7 +20,7 @@ class LogLevelUpdate : public testsupport::Listener {
   boost::logging::logger two_{"Listener.two"};
 };
 
-TEST_F(LogLevelUpdate, IsMadeOnceForASettingFromAnotherProcessAndLeavesTheEventReset) {
+TEST_F(LogLevelUpdate, HappensOncePerSettingByAnotherProcessAndResetsTheEvent) {
   ASSERT_TRUE(Quillmark_logging::updateLogLevels());
   ASSERT_TRUE(one_.is_enabled());
   ASSERT_FALSE(two_.is_enabled());
@@ -43,7 +43,7 @@ TEST_F(LogLevelUpdate, IsMadeOnceForASettingFromAnotherProcessAndLeavesTheEventR
   stop(handler);
 }
 
-TEST_F(LogLevelUpdate, IsNotMadeForAWaitThatEndsOtherwise) {
+TEST_F(LogLevelUpdate, DoesNotHappenWhenAWaitEndsOtherwise) {
   for (const std::uint32_t result : {waitTimeout, waitAbandoned, waitFailed}) {
     const testsupport::FaultPlan reads(Call::openForReading, 1000, errorAccessDenied);
     const testsupport::FaultPlan wait(Call::waitEvent, 1, result);
@@ -55,7 +55,7 @@ TEST_F(LogLevelUpdate, IsNotMadeForAWaitThatEndsOtherwise) {
   }
 }
 
-TEST_F(LogLevelUpdate, IsMadeForEverySetting) {
+TEST_F(LogLevelUpdate, HappensAtEverySetting) {
   LogEventHandler handler;
   ASSERT_TRUE(waitUntilListening(handler));
   for (int round = 1; round <= 20; ++round) {
@@ -69,7 +69,7 @@ TEST_F(LogLevelUpdate, IsMadeForEverySetting) {
   stop(handler);
 }
 
-TEST_F(LogLevelUpdate, ThatFailsLeavesTheListenerListening) {
+TEST_F(LogLevelUpdate, LeavesTheListenerListeningWhenItFails) {
   ASSERT_TRUE(Quillmark_logging::updateLogLevels());
   LogEventHandler handler;
   ASSERT_TRUE(waitUntilListening(handler));
@@ -82,7 +82,7 @@ TEST_F(LogLevelUpdate, ThatFailsLeavesTheListenerListening) {
   EXPECT_TRUE(two_.is_enabled());
 }
 
-TEST_F(LogLevelUpdate, ReachesEveryProcessThatListens) {
+TEST_F(LogLevelUpdate, ReachesEveryListeningProcess) {
   CompanionProcess first({QMRK_LISTENER_ACTOR});
   std::string line;
   while (line.find("eventHandle=") == std::string::npos) {
@@ -105,7 +105,7 @@ TEST_F(LogLevelUpdate, ReachesEveryProcessThatListens) {
 }
 
 // Each of them ends on a thread of its own, since each takes the time-out.
-TEST_F(LogLevelUpdate, LeavesNothingBehindInTwoHundredListeners) {
+TEST_F(LogLevelUpdate, LeavesNothingBehindAfterTwoHundredListeners) {
   const auto round = [this](int _number, int _expected) {
     std::vector<std::unique_ptr<LogEventHandler>> handlers;
     for (int handler = 0; handler < _number; ++handler) {

@@ -7,7 +7,7 @@ namespace {
 
 using Quillmark_logging::waitResultLine;
 
-TEST(WaitResultLine, NamesTheResultsThatHaveAName) {
+TEST(WaitResultLine, NamesTheKnownResults) {
   EXPECT_EQ(waitResultLine(0), "--- LogEventHandler::Listen4EventThread() WAIT_OBJECT_0 (0)");
   EXPECT_EQ(waitResultLine(128), "--- LogEventHandler::Listen4EventThread() WAIT_ABANDONED (128)");
   EXPECT_EQ(waitResultLine(258), "--- LogEventHandler::Listen4EventThread() WAIT_TIMEOUT (258)");

@@ -20,11 +20,11 @@ std::string versionOf(const platform::FixedVersion& _version) {
   return module.fileVersionString();
 }
 
-TEST(ModuleVersion, IsNotInitializedBeforeItIsLoaded) {
+TEST(ModuleVersion, SaysNotInitializedBeforeItIsLoaded) {
   EXPECT_EQ(ModuleVersion().fileVersionString(), "Not initialized");
 }
 
-TEST(ModuleVersion, WritesZerosAndNeverDropsThem) {
+TEST(ModuleVersion, WritesEveryZero) {
   EXPECT_EQ(versionOf({0x00010000, 0, 0, 0}), "1.0.0.0");
   EXPECT_EQ(versionOf({0, 0, 0, 0}), "0.0.0.0");
 }
@@ -38,13 +38,13 @@ TEST(ModuleVersion, NeverShowsTheProductVersion) {
   EXPECT_EQ(versionOf({0x00020001, 0x00000007, 0x00090009, 0x00090009}), "2.1.0.7");
 }
 
-TEST(ModuleVersion, AMissingModuleIsNotLoaded) {
+TEST(ModuleVersion, DoesNotLoadAMissingModule) {
   ModuleVersion module;
   EXPECT_FALSE(module.load("no such module.exe"));
   EXPECT_EQ(module.fileVersionString(), "Not initialized");
 }
 
-TEST(ModuleVersion, AModuleWithoutAVersionIsNotLoaded) {
+TEST(ModuleVersion, DoesNotLoadAModuleWithoutAVersion) {
   const testsupport::TemporaryFolder folder;
   const testsupport::ModuleFolder search(folder.path());
   testsupport::writeUnstampedModule(folder.path(), "LogTest.exe");

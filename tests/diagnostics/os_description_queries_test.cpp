@@ -30,14 +30,14 @@ TEST(OsDescriptionQueries, TakesTheLow16BitsOfTheBuild) {
   EXPECT_EQ(described(ntVersion(6, 1, "", 0xF0000A28)), " (Build 2600)\r");
 }
 
-TEST(OsDescriptionQueries, CallsServicePack6OfNt4PatchedWhenTheHotfixIsThere) {
+TEST(OsDescriptionQueries, CallsServicePack6OfNt4PatchedWhenItFindsTheHotfix) {
   FakeSystem system(ntVersion(4, 0, "sERVICE pACK 6", 1381));
   system.withKey(hotfix);
   EXPECT_EQ(described(system), "Microsoft Windows NT Service Pack 6a (Build 1381)\r");
   EXPECT_EQ(system.console(), "");
 }
 
-TEST(OsDescriptionQueries, PrintsServicePack6OfNt4WhenTheHotfixIsMissing) {
+TEST(OsDescriptionQueries, PrintsServicePack6OfNt4WithoutTheHotfix) {
   FakeSystem system(ntVersion(4, 0, "Service pack 6", 0x10565));
   EXPECT_EQ(described(system), "Microsoft Windows NT Service pack 6 (Build 1381)\r");
   EXPECT_EQ(system.console(), "Service pack 6 (Build 1381)\n");
@@ -82,7 +82,7 @@ TEST(OsDescriptionQueries, AsksTheRegistryForTheEditionWhenOnlyTheBasicQueryWork
   }
 }
 
-TEST(OsDescriptionQueries, PrintsThePointBetweenTheNumbersThatItsTextLeavesOut) {
+TEST(OsDescriptionQueries, PrintsTheDotThatItsTextLeavesOut) {
   FakeSystem system(ntVersion(5, 10, "", 7));
   system.withoutExtendedQuery().withProductType(RegistryResult::done, "WINNT");
   EXPECT_EQ(described(system), "Workstation 510 (Build 7)\r");
@@ -96,7 +96,7 @@ TEST(OsDescriptionQueries, PrintsTheVersionBeforeTheServicePack) {
   EXPECT_EQ(system.console(), "4.0 Service Pack 6 (Build 1381)\n");
 }
 
-TEST(OsDescriptionQueries, NeedsNoRegistryForTheFamiliesBeforeNt) {
+TEST(OsDescriptionQueries, NeedsNoRegistryForFamiliesBeforeNt) {
   FakeSystem win32s(version(0, 3, 1, ""));
   EXPECT_EQ(described(win32s.withoutExtendedQuery()), "Microsoft Win32s\n");
   FakeSystem ninetyEight(version(1, 4, 10, " A"));
@@ -114,7 +114,7 @@ TEST(OsDescriptionQueries, FailsWithoutAnyVersionQuery) {
   EXPECT_EQ(system.asked(), (std::vector<std::string>{"extended", "basic"}));
 }
 
-TEST(OsDescriptionQueries, FailsWhenTheRegistryDoesNotTellTheProductType) {
+TEST(OsDescriptionQueries, FailsWhenTheRegistryLacksTheProductType) {
   for (const RegistryResult result : {RegistryResult::noKey, RegistryResult::noValue}) {
     FakeSystem system(ntVersion(4, 0, "", 1381));
     system.withoutExtendedQuery().withKey(productOptions).withProductType(result, "");
@@ -124,7 +124,7 @@ TEST(OsDescriptionQueries, FailsWhenTheRegistryDoesNotTellTheProductType) {
   }
 }
 
-TEST(OsDescriptionQueries, IsAppended) {
+TEST(OsDescriptionQueries, AppendsToTheTextOfTheCaller) {
   FakeSystem system(version(0, 3, 11, ""));
   std::string text = "before ";
   EXPECT_TRUE(describeSystem(system, text));

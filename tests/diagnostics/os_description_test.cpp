@@ -54,7 +54,7 @@ TEST(OsDescription, NamesTheWindows95Family) {
   }
 }
 
-TEST(OsDescription, SaysNothingOfAnUnknownFamily) {
+TEST(OsDescription, SaysNothingAboutAnUnknownFamily) {
   EXPECT_EQ(described(version(3, 5, 1, "SP")), "");
   EXPECT_EQ(described(version(0xFFFFFFFFU, 5, 1, "SP")), "");
 }
@@ -85,19 +85,19 @@ TEST(OsDescription, NamesAnNtVersion) {
   }
 }
 
-TEST(OsDescription, OfACompleteTextReadsAsKnownSystemsDo) {
+TEST(OsDescription, DescribesAWholeSystem) {
   VersionBlock xp = ntVersion(5, 1, "Service Pack 2", 2600);
   xp.productType = 1;
   EXPECT_EQ(described(xp), "Microsoft Windows XP Professional Service Pack 2 (Build 2600)\r");
 }
 
-TEST(OsDescription, OfAVersionNewerThan52HasNoProductName) {
+TEST(OsDescription, HasNoProductNameForVersionsAfter52) {
   VersionBlock seven = ntVersion(6, 1, "Service Pack 1", 7601);
   seven.productType = 1;
   EXPECT_EQ(described(seven), "Professional Service Pack 1 (Build 7601)\r");
 }
 
-TEST(OsDescription, WithoutServicePackEndsInABlankTheBuildAndACarriageReturn) {
+TEST(OsDescription, KeepsTheBlankOfAMissingServicePack) {
   VersionBlock xp = ntVersion(5, 1, "", 2600);
   xp.productType = 1;
   EXPECT_EQ(described(xp), "Microsoft Windows XP Professional  (Build 2600)\r");
@@ -105,7 +105,7 @@ TEST(OsDescription, WithoutServicePackEndsInABlankTheBuildAndACarriageReturn) {
 
 // ---- Editions by the extended block ----
 
-TEST(OsDescription, TellsTheEditionOfAWorkstation) {
+TEST(OsDescription, NamesTheEditionOfAWorkstation) {
   struct Row {
     unsigned int major;
     unsigned int minor;
@@ -131,7 +131,7 @@ TEST(OsDescription, TellsTheEditionOfAWorkstation) {
   }
 }
 
-TEST(OsDescription, TellsTheEditionOfAServer) {
+TEST(OsDescription, NamesTheEditionOfAServer) {
   struct Row {
     unsigned int major;
     unsigned int minor;

@@ -52,7 +52,7 @@ class OsInfo : public testing::Test {
   FakeSystem system_ = FakeSystem(windowsXp());
 };
 
-TEST_F(OsInfo, IsOneLineAndAnEmptyOneAtTheEndOfTheCommonLog) {
+TEST_F(OsInfo, AppendsALineAndAnEmptyOneToTheCommonLog) {
   writeFile(logFile(), "first line\n");
   const TracedConsole console;
   EXPECT_TRUE(writeOSInfo("CA12", system_));
@@ -69,7 +69,7 @@ TEST_F(OsInfo, CreatesTheCommonLog) {
   EXPECT_EQ(readFile(logFile()), nativeLineEnds(once + once));
 }
 
-TEST_F(OsInfo, IsNotWrittenWithoutTheKeyOfTheFileName) {
+TEST_F(OsInfo, WritesNothingWithoutTheKeyOfTheFileName) {
   sandbox_.writeCfg("CA12", "COMMON_LOG_FILE_ROOT=Logs\n");
   const TracedConsole console;
   EXPECT_FALSE(writeOSInfo("CA12", system_));
@@ -77,13 +77,13 @@ TEST_F(OsInfo, IsNotWrittenWithoutTheKeyOfTheFileName) {
   EXPECT_TRUE(testsupport::namesIn(folder()).empty());
 }
 
-TEST_F(OsInfo, IsNotWrittenWithoutAFolderOfTheCa) {
+TEST_F(OsInfo, WritesNothingForAnEmptyCa) {
   const TracedConsole console;
   EXPECT_FALSE(writeOSInfo("", system_));
   EXPECT_EQ(ownLines(console.text()), "==> Quillmark_logging::writeOSInfo() _ca=\r\n");
 }
 
-TEST_F(OsInfo, IsNotWrittenIntoAMissingFolder) {
+TEST_F(OsInfo, FailsInAMissingFolder) {
   testsupport::removeAll(folder());
   const TracedConsole console;
   EXPECT_FALSE(writeOSInfo("CA12", system_));
@@ -93,7 +93,7 @@ TEST_F(OsInfo, IsNotWrittenIntoAMissingFolder) {
   EXPECT_TRUE(system_.asked().empty());
 }
 
-TEST_F(OsInfo, IsNotWrittenIntoADeniedFile) {
+TEST_F(OsInfo, FailsOnAReadOnlyFile) {
   writeFile(logFile(), "kept\n");
   testsupport::denyWriting(logFile());
   const TracedConsole console;
@@ -117,7 +117,7 @@ TEST_F(OsInfo, DiscardsAnIncompleteDescription) {
             "<!= Quillmark_logging::writeOSInfo() ERROR: Failed to get OS information.\r\n");
 }
 
-TEST_F(OsInfo, DoesNotClaimToHaveWrittenWhatDidNotFit) {
+TEST_F(OsInfo, FailsOnAFullDisk) {
   const testsupport::FaultPlan fullDisk(platform::Call::write, 1, platform::errorDiskFull);
   const TracedConsole console;
   EXPECT_FALSE(writeOSInfo("CA12", system_));
@@ -126,7 +126,7 @@ TEST_F(OsInfo, DoesNotClaimToHaveWrittenWhatDidNotFit) {
             "<!= Quillmark_logging::writeOSInfo() ERROR: Failed to open file <APPDATA>\\Logs\\common.log\r\n");
 }
 
-TEST_F(OsInfo, OfTheRunningSystemIsWhatThePlatformTells) {
+TEST_F(OsInfo, DescribesTheRunningSystemIfThePlatformCan) {
   std::string text;
   platform::VersionBlock block;
   const bool known = platform::queryVersion(platform::VersionQuery::extended, block) ||

@@ -34,14 +34,14 @@ std::string traceOf(Call _call) {
   return console.text();
 }
 
-TEST(Stamps, TheProcessIdIsBareOrInBracketsWithABlankAfterThem) {
+TEST(Stamps, ShowTheProcessIdBareOrInBracketsAndABlank) {
   const std::string digits = std::to_string(platform::processId());
   EXPECT_EQ(Quillmark_logging::getProcessId(false), digits);
   EXPECT_EQ(Quillmark_logging::getProcessId(true), "[" + digits + "] ");
   EXPECT_EQ(Quillmark_logging::getFormattedProcessId(), "[" + digits + "] ");
 }
 
-TEST(Stamps, TheThreadIdIsThatOfTheThreadThatCalls) {
+TEST(Stamps, ShowTheIdOfTheCallingThread) {
   const std::string here = Quillmark_logging::getThreadId(false);
   EXPECT_EQ(here, std::to_string(platform::threadId()));
   EXPECT_EQ(Quillmark_logging::getThreadId(true), "[" + here + "] ");
@@ -56,12 +56,12 @@ TEST(Stamps, TheThreadIdIsThatOfTheThreadThatCalls) {
   EXPECT_NE(there, here);
 }
 
-TEST(Stamps, IdsAreWrittenInDecimal) {
+TEST(Stamps, WriteIdsInDecimal) {
   EXPECT_EQ(idStamp("getThreadId", 0x10U, false), "16");
   EXPECT_EQ(idStamp("getThreadId", 4294967295U, true), "[4294967295] ");
 }
 
-TEST(Stamps, IdsHaveNoSeparatorsOfThousandsInAnyLocale) {
+TEST(Stamps, WriteNoSeparatorsOfThousandsInAnyLocale) {
   struct Grouping : std::numpunct<char> {
     char do_thousands_sep() const override { return '.'; }
     std::string do_grouping() const override { return "\3"; }
@@ -72,25 +72,25 @@ TEST(Stamps, IdsHaveNoSeparatorsOfThousandsInAnyLocale) {
   std::locale::global(before);
 }
 
-TEST(Stamps, TheLocationHoldsFunctionBaseNameAndLine) {
+TEST(Stamps, ShowFunctionBaseNameAndLineOfALocation) {
   EXPECT_EQ(location("C:\\src\\app\\main.cpp", 42, "Foo::bar"), "[Foo::bar main.cpp:42] ");
 }
 
-TEST(Stamps, AFileWithoutABackslashIsUsedWhole) {
+TEST(Stamps, UseAFileWithoutABackslashWhole) {
   EXPECT_EQ(location("main.cpp", 1, "fn"), "[fn main.cpp:1] ");
   EXPECT_EQ(location("src/app/main.cpp", 1, "fn"), "[fn src/app/main.cpp:1] ");
   EXPECT_EQ(location("C:\\src/app/main.cpp", 1, "fn"), "[fn src/app/main.cpp:1] ");
   EXPECT_EQ(location("", 1, ""), "[ :1] ");
 }
 
-TEST(Stamps, AFileThatEndsInABackslashHasAnEmptyBaseName) { EXPECT_EQ(location("C:\\src\\", 7, "fn"), "[fn :7] "); }
+TEST(Stamps, FindNoBaseNameAfterAFinalBackslash) { EXPECT_EQ(location("C:\\src\\", 7, "fn"), "[fn :7] "); }
 
-TEST(Stamps, LineZeroIsZeroAndANegativeLineHasAMinusSign) {
+TEST(Stamps, AcceptLineZeroAndNegativeLines) {
   EXPECT_EQ(location("main.cpp", 0, "fn"), "[fn main.cpp:0] ");
   EXPECT_EQ(location("main.cpp", -12, "fn"), "[fn main.cpp:-12] ");
 }
 
-TEST(Stamps, AnIdThatCannotBeWrittenIsMinusOneAndTracedWithoutAnExitLine) {
+TEST(Stamps, ShowMinusOneForAnIdThatHasNoText) {
   for (const char* function : {"getProcessId", "getThreadId"}) {
     std::string stamp;
     EXPECT_EQ(traceOf([&] { stamp = idStamp(function, Unwritable{}, true); }),
@@ -102,7 +102,7 @@ TEST(Stamps, AnIdThatCannotBeWrittenIsMinusOneAndTracedWithoutAnExitLine) {
   }
 }
 
-TEST(Stamps, ALocationThatCannotBeWrittenIsLocErrorAndTracedWithoutAnExitLine) {
+TEST(Stamps, ShowLocErrorForALocationThatHasNoText) {
   std::string stamp;
   EXPECT_EQ(traceOf([&] { stamp = locationStamp("main.cpp", Unwritable{}, "fn"); }),
             "==> Quillmark_logging::location()\r\n"
@@ -126,7 +126,7 @@ TEST(Stamps, TraceTheirEntryAndResult) {
             "<== Quillmark_logging::location() [fn b.cpp:3] \r\n");
 }
 
-TEST(Stamps, TheFormattedFunctionsTraceALineOfTheirOwnFirst) {
+TEST(Stamps, TraceALineOfTheFormattedFunctionsFirst) {
   const std::string process = std::to_string(platform::processId());
   const std::string thread = std::to_string(platform::threadId());
   EXPECT_EQ(traceOf([] { Quillmark_logging::getFormattedProcessId(); }),

@@ -42,14 +42,14 @@ class VersionInformation : public testing::Test {
   testsupport::ModuleFolder search_;
 };
 
-TEST_F(VersionInformation, TheGettersGiveTheFileVersions) {
+TEST_F(VersionInformation, GivesTheFileVersions) {
   writeLibrary();
   writeLogTest();
   EXPECT_EQ(getQuillmarkLoggingVersion(), "2.1.0.7");
   EXPECT_EQ(getLogTestVersion(), "1.0.0.3");
 }
 
-TEST_F(VersionInformation, TheBlockNamesBothModulesAndTheirVersions) {
+TEST_F(VersionInformation, PrintsBothModulesAndTheirVersions) {
   writeLibrary();
   writeLogTest();
   EXPECT_EQ(printed(),
@@ -60,21 +60,21 @@ TEST_F(VersionInformation, TheBlockNamesBothModulesAndTheirVersions) {
             "\n");
 }
 
-TEST_F(VersionInformation, WithoutLogTestItsVersionIsNotAvailableAndNothingIsPrinted) {
+TEST_F(VersionInformation, PrintsNothingWithoutLogTest) {
   writeLibrary();
   EXPECT_EQ(getLogTestVersion(), "N/A");
   EXPECT_EQ(getQuillmarkLoggingVersion(), "2.1.0.7");
   EXPECT_EQ(printed(), "");
 }
 
-TEST_F(VersionInformation, WithoutAVersionOfTheLibraryNothingIsPrinted) {
+TEST_F(VersionInformation, PrintsNothingWithoutAVersionOfTheLibrary) {
   writeLogTest();
   EXPECT_EQ(getQuillmarkLoggingVersion(), "N/A");
   EXPECT_EQ(getLogTestVersion(), "1.0.0.3");
   EXPECT_EQ(printed(), "");
 }
 
-TEST_F(VersionInformation, PrintingLeavesBlankFillAndLeftAdjustmentOnTheStream) {
+TEST_F(VersionInformation, LeavesBlankFillAndLeftAdjustmentOnTheStream) {
   writeLibrary();
   writeLogTest();
   const char fill = std::cout.fill('*');
@@ -87,14 +87,14 @@ TEST_F(VersionInformation, PrintingLeavesBlankFillAndLeftAdjustmentOnTheStream) 
   std::cout.fill(fill);
 }
 
-TEST_F(VersionInformation, WhenNothingIsPrintedTheStreamStaysAsItWas) {
+TEST_F(VersionInformation, LeavesTheStreamAloneWhenItPrintsNothing) {
   const char fill = std::cout.fill('*');
   printed();
   EXPECT_EQ(std::cout.fill(), '*');
   std::cout.fill(fill);
 }
 
-TEST_F(VersionInformation, TheGettersTraceWhatTheyFound) {
+TEST_F(VersionInformation, TracesTheVersionsThatItFinds) {
   writeLibrary();
   writeLogTest();
   const testsupport::CapturedConsole console;
@@ -109,7 +109,7 @@ TEST_F(VersionInformation, TheGettersTraceWhatTheyFound) {
             "<== Quillmark_logging::getLogTestVersion() Fetched version:1.0.0.3\r\n");
 }
 
-TEST_F(VersionInformation, TheGettersTraceTheirFailures) {
+TEST_F(VersionInformation, TracesItsFailures) {
   const testsupport::CapturedConsole console;
   Quillmark_logging::setFreeFunctionTrace(true);
   getQuillmarkLoggingVersion();

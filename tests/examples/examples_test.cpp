@@ -22,11 +22,11 @@ CfgDataManager::CfgMap keysOf(const std::string& _name) {
   return keys;
 }
 
-TEST(Examples, GenericFileRedirectsToCa12) {
+TEST(Examples, RedirectTheGenericCaToCa12) {
   EXPECT_THAT(keysOf("qmrk_logging_GE.cfg"), ElementsAre(Pair("CA_NR", "GE"), Pair("REDIRECT_CA_NR", "CA12")));
 }
 
-TEST(Examples, FileOfCa12HoldsEveryKeyAndNothingElse) {
+TEST(Examples, SetEveryKeyAndNothingElseForCa12) {
   EXPECT_THAT(
       keysOf("qmrk_logging_CA12.cfg"),
       ElementsAre(Pair("CA_NR", "CA12"), Pair("COMMON_LOG_FILE_FILTER", "Demo.App;Demo.Net;"),
@@ -39,7 +39,7 @@ TEST(Examples, FileOfCa12HoldsEveryKeyAndNothingElse) {
                   Pair("TS_APPENDERS", "FALSE")));
 }
 
-TEST(Examples, ClassListOfCa12HoldsClassesOnly) {
+TEST(Examples, ListClassesOnlyForCa12) {
   const std::string list = testsupport::readFile(std::string(QMRK_EXAMPLES_DIR) + "/qmrk_logging_CA12.init");
   EXPECT_EQ(list, "Demo.App;Demo.Net.error;\n");
 }

@@ -7,9 +7,9 @@
 
 namespace {
 
-TEST(HeaderVersion, IsTheVersionOfTheProject) { EXPECT_STREQ(QMRK_LOG_VERSION_STRING, QMRK_PROJECT_VERSION); }
+TEST(HeaderVersion, MatchesTheProject) { EXPECT_STREQ(QMRK_LOG_VERSION_STRING, QMRK_PROJECT_VERSION); }
 
-TEST(HeaderVersion, IsTheVersionOfTheManifest) { EXPECT_STREQ(QMRK_LOG_VERSION_STRING, QMRK_MANIFEST_VERSION); }
+TEST(HeaderVersion, MatchesTheManifest) { EXPECT_STREQ(QMRK_LOG_VERSION_STRING, QMRK_MANIFEST_VERSION); }
 
 TEST(HeaderVersion, HasTheSameNumbersAsItsText) {
   const auto number = [](int _number) { return std::to_string(_number); };

@@ -13,7 +13,7 @@
 
 namespace {
 
-class ExitWithListener : public ::testing::Test {
+class ProcessExit : public ::testing::Test {
  protected:
   static void SetUpTestSuite() { testsupport::usePrivateEvents(); }
 
@@ -30,13 +30,13 @@ class ExitWithListener : public ::testing::Test {
   const testsupport::ConfigSandbox sandbox_;
 };
 
-TEST_F(ExitWithListener, ThatNobodyDestroysIsClean) {
+TEST_F(ProcessExit, SucceedsWithAnAbandonedListener) {
   const testsupport::ChildResult result = run("abandoned");
   EXPECT_EQ(result.exitCode, 0) << result.errors;
   EXPECT_EQ(result.output, "");
 }
 
-TEST_F(ExitWithListener, ThatIsDestroyedAtTheEndIsCleanAndTracesItsWholeLife) {
+TEST_F(ProcessExit, DestroysAStaticListenerAndTracesItsWholeLife) {
   sandbox_.writeCfg("GE", "QMRK_TRACE=TRUE\n");
   const testsupport::ChildResult result = run("static");
   EXPECT_EQ(result.exitCode, 0) << result.errors;

@@ -25,7 +25,7 @@ class HeldUpdate {
   const testsupport::CallHook hook_{platform::Call::openForReading, 1, [this] { mayGoOn_.get_future().wait(); }};
 };
 
-TEST_F(ListenerEnd, WaitsForAnUpdateInItsMiddle) {
+TEST_F(ListenerEnd, WaitsForAnUpdateThatIsUnderWay) {
   const boost::logging::logger late("Listener.late");
   ASSERT_TRUE(Quillmark_logging::updateLogLevels());
   ASSERT_FALSE(late.is_enabled());
@@ -51,7 +51,7 @@ TEST_F(ListenerEnd, WaitsForAnUpdateInItsMiddle) {
   EXPECT_TRUE(closeHandle(thread));
 }
 
-TEST_F(ListenerEnd, AbsorbsASettingDuringTheUpdateByTheResetAfterIt) {
+TEST_F(ListenerEnd, LosesASettingDuringTheUpdateToTheResetAfterIt) {
   ASSERT_TRUE(Quillmark_logging::updateLogLevels());
   LogEventHandler handler;
   ASSERT_TRUE(waitUntilListening(handler));
@@ -67,7 +67,7 @@ TEST_F(ListenerEnd, AbsorbsASettingDuringTheUpdateByTheResetAfterIt) {
 }
 
 // As a daemon does that forks twice and ends with the listener of its grandparent.
-TEST_F(ListenerEnd, ComesAtOnceInAForkedChildOfAForkedChild) {
+TEST_F(ListenerEnd, ComesAtOnceInAForkedGrandchild) {
   auto handler = std::make_unique<LogEventHandler>();
   ASSERT_TRUE(waitUntilListening(*handler));
   const auto end = [&handler] {
@@ -80,7 +80,7 @@ TEST_F(ListenerEnd, ComesAtOnceInAForkedChildOfAForkedChild) {
   stop(*handler);
 }
 
-TEST_F(ListenerEnd, ComesAtOnceInAFullSharedMemory) {
+TEST_F(ListenerEnd, ComesAtOnceWhenSharedMemoryIsFull) {
   testsupport::mountSharedMemory("nr_inodes=1");
   {
     LogEventHandler handler;

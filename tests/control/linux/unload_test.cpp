@@ -14,14 +14,14 @@ testsupport::ChildResult load(const std::string& _action, const std::string& _li
   return testsupport::runProgram(QMRK_PLUGIN_LOADER, {_action, _library});
 }
 
-TEST(Unload, LeavesEachLibraryLoaded) {
+TEST(Unload, KeepsEachLibraryLoaded) {
   for (const char* library : {QMRK_LIBRARY, QMRK_LOG_MANAGER}) {
     const testsupport::ChildResult result = load("alone", library);
     EXPECT_EQ(result.exitCode, 0) << library << " " << result.errors;
   }
 }
 
-TEST(Unload, OfAPluginDeliversEverythingAtTheEndOfTheProcess) {
+TEST(Unload, LosesNothingThatAPluginLogged) {
   const testsupport::ConfigSandbox sandbox;
   sandbox.writeCfg("GE", "REDIRECT_CA_NR=CA12\nTS_APPENDERS=TRUE\n");
   sandbox.writeCfg("CA12",
@@ -40,7 +40,7 @@ TEST(Unload, OfAPluginDeliversEverythingAtTheEndOfTheProcess) {
   }
 }
 
-TEST(Unload, OfAPluginLeavesItsListenerAtWork) {
+TEST(Unload, LeavesTheListenerOfAPluginAtWork) {
   testsupport::usePrivateEvents();
   const testsupport::ConfigSandbox sandbox;
   sandbox.writeCfg("GE", "REDIRECT_CA_NR=CA12\n");

@@ -37,17 +37,17 @@ class BuiltVersions : public testing::Test {
   testsupport::TemporaryFolder folder_;
 };
 
-TEST_F(BuiltVersions, AreThoseOfTheProject) {
+TEST_F(BuiltVersions, MatchTheProject) {
   EXPECT_EQ(probe(folderOf(QMRK_LOG_LIBRARY) + ":" + folderOf(LOG_MANAGER_LIBRARY) + ":" + folderOf(LOG_TEST)),
             QMRK_VERSION " " QMRK_VERSION);
 }
 
-TEST_F(BuiltVersions, TheLibraryThatIsLoadedIsReadWhereNoneLiesOnTheSearchPath) {
+TEST_F(BuiltVersions, ComeFromTheLoadedLibraryWhenTheSearchPathHasNone) {
   installLibraries();
   EXPECT_EQ(probe(folder_.path()), QMRK_VERSION " N/A");
 }
 
-TEST_F(BuiltVersions, ALibraryOnTheSearchPathIsReadBeforeTheOneThatIsLoaded) {
+TEST_F(BuiltVersions, ComeFromTheSearchPathBeforeTheLoadedLibrary) {
   installLibraries();
   const testsupport::TemporaryFolder other;
   testsupport::writeStampedModule(other.path(), "qmrk_log.dll", {9U << 16 | 8, 7U << 16 | 6, 0, 0});
