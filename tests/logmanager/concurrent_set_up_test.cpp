@@ -52,7 +52,7 @@ class BusyThreads {
   std::vector<std::thread> threads_;
 };
 
-TEST(ConcurrentSetUp, LevelsMayBeAppliedAgainWhileEightThreadsLog) {
+TEST(ConcurrentSetUp, AppliesLevelsAgainWhileEightThreadsLog) {
   bl::flush_log_cache();
   bl::default_log_manager& manager = bl::get_default_log_manager();
   std::atomic<long> messages{0};
@@ -81,7 +81,7 @@ TEST(ConcurrentSetUp, LevelsMayBeAppliedAgainWhileEightThreadsLog) {
 }
 
 /// One call removes two modifiers of one name: a message gets both of them or none.
-TEST(ConcurrentSetUp, AStatementSeesTheOldOrTheNewCallablesNeverAMix) {
+TEST(ConcurrentSetUp, ShowsAStatementTheOldOrTheNewCallablesNeverAMix) {
   bl::flush_log_cache();
   bl::default_log_manager& manager = bl::get_default_log_manager();
   std::atomic<int> whole{0};
@@ -108,7 +108,7 @@ TEST(ConcurrentSetUp, AStatementSeesTheOldOrTheNewCallablesNeverAMix) {
   bl::del_appender(manager, "*", "A");
 }
 
-TEST(ConcurrentSetUp, AStatementDoesNotWaitForASetUpCall) {
+TEST(ConcurrentSetUp, NeverMakesAStatementWait) {
   bl::flush_log_cache();
   bl::default_log_manager& manager = bl::get_default_log_manager();
   const bl::logger log("P3");
@@ -133,7 +133,7 @@ TEST(ConcurrentSetUp, AStatementDoesNotWaitForASetUpCall) {
   EXPECT_EQ(manager.size().retired, 0U);
 }
 
-TEST(ConcurrentSetUp, ReplacedCallablesAreFreedWhileThreadsLog) {
+TEST(ConcurrentSetUp, FreesReplacedCallablesWhileThreadsLog) {
   bl::flush_log_cache();
   bl::default_log_manager& manager = bl::get_default_log_manager();
   std::size_t mostRetired = 0;
@@ -153,7 +153,7 @@ TEST(ConcurrentSetUp, ReplacedCallablesAreFreedWhileThreadsLog) {
   EXPECT_LE(manager.size().retired, 0U);
 }
 
-TEST(ConcurrentSetUp, LogsMayBeCreatedByManyThreadsAtOnce) {
+TEST(ConcurrentSetUp, LetsManyThreadsCreateLogsAtOnce) {
   bl::default_log_manager& manager = bl::get_default_log_manager();
   std::set<const void*> logs[threadCount];
   std::vector<std::thread> threads;

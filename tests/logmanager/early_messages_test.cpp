@@ -40,7 +40,7 @@ class ConnectedLog {
   Log log_;
 };
 
-TEST(EarlyMessages, AreDeliveredByTheFlushInOrderAndThenNoLongerKept) {
+TEST(EarlyMessages, ArriveInOrderAtTheFlush) {
   const Recorder recorder;
   ConnectedLog one("one", recorder.appender());
   ConnectedLog other("other", recorder.appender());
@@ -56,7 +56,7 @@ TEST(EarlyMessages, AreDeliveredByTheFlushInOrderAndThenNoLongerKept) {
   EXPECT_EQ(recorder.messages().size(), 3U);
 }
 
-TEST(EarlyMessages, OfALogThatIsOffAtTheFlushAreNotDelivered) {
+TEST(EarlyMessages, DisappearWhenTheirLogIsOffAtTheFlush) {
   const Recorder recorder;
   ConnectedLog log("l", recorder.appender());
   EarlyMessages early;
@@ -66,7 +66,7 @@ TEST(EarlyMessages, OfALogThatIsOffAtTheFlushAreNotDelivered) {
   EXPECT_TRUE(recorder.messages().empty());
 }
 
-TEST(EarlyMessages, AreToldFirstWhenSomeWereDropped) {
+TEST(EarlyMessages, ComeAfterTheNumberOfDroppedOnes) {
   const Recorder recorder;
   ConnectedLog one("one", recorder.appender());
   ConnectedLog other("other", recorder.appender());
@@ -81,7 +81,7 @@ TEST(EarlyMessages, AreToldFirstWhenSomeWereDropped) {
               ElementsAre("other|2 messages were dropped before the log cache was flushed", "other|a", "one|" + half));
 }
 
-TEST(EarlyMessages, AreToldToTheLogOfTheLatestWhenAllWereDropped) {
+TEST(EarlyMessages, LeaveTheirNumberInTheLogOfTheLatestWhenAllWereDropped) {
   const Recorder recorder;
   ConnectedLog one("one", recorder.appender());
   ConnectedLog other("other", recorder.appender());
@@ -109,7 +109,7 @@ TEST(EarlyMessages, KeepTheirTime) {
   EXPECT_LE(times[0], after);
 }
 
-TEST(EarlyMessages, LoggedByAnAppenderDuringTheFlushAreNotKept) {
+TEST(EarlyMessages, GoStraightThroughWhenAnAppenderLogsDuringTheFlush) {
   EarlyMessages early;
   std::vector<std::string> got;
   ConnectedLog* self = nullptr;
@@ -125,7 +125,7 @@ TEST(EarlyMessages, LoggedByAnAppenderDuringTheFlushAreNotKept) {
   EXPECT_FALSE(isKept);
 }
 
-TEST(EarlyMessages, OfOtherThreadsDuringTheFlushComeAfterThoseBefore) {
+TEST(EarlyMessages, OfOtherThreadsDuringTheFlushFollowTheEarlierOnes) {
   EarlyMessages early;
   const Recorder recorder;
   ConnectedLog* self = nullptr;
@@ -168,7 +168,7 @@ class LoggingThread {
   std::thread thread_;
 };
 
-TEST(EarlyMessages, OfOtherThreadsHoldTheFlushUpForTwoRoundsAndThenWaitForIt) {
+TEST(EarlyMessages, OfOtherThreadsDelayTheFlushByTwoRoundsAndThenWait) {
   EarlyMessages early;
   std::vector<std::string> got;
   std::unique_ptr<LoggingThread> waiting;
@@ -225,7 +225,7 @@ TEST(EarlyMessages, OfAThreadForWhichTheFlushItselfWaitsGoOn) {
   EXPECT_EQ(count, 3);
 }
 
-TEST(EarlyMessages, ForWhichThereIsNoRoomDuringTheFlushWaitInsteadOfDroppingOthers) {
+TEST(EarlyMessages, WaitForRoomDuringTheFlushInsteadOfDroppingOthers) {
   EarlyMessages early;
   std::vector<std::string> got;
   std::unique_ptr<LoggingThread> waiting;
@@ -245,7 +245,7 @@ TEST(EarlyMessages, ForWhichThereIsNoRoomDuringTheFlushWaitInsteadOfDroppingOthe
   EXPECT_FALSE(waiting->join());
 }
 
-TEST(EarlyMessages, AreNotKeptWhenTheFlushEndsBetweenTheTwoLooks) {
+TEST(EarlyMessages, GoStraightThroughWhenTheFlushEndsBetweenTheTwoLooks) {
   const Recorder recorder;
   ConnectedLog log("l", recorder.appender());
   EarlyMessages early;

@@ -23,7 +23,7 @@ void throwingNumber(const std::string& /*_log*/, std::string& _message) {
 }
 
 // The first exception of the process is told at once, so this test comes first.
-TEST(Exceptions, AreToldOnTheStandardErrorStreamOnceAMinute) {
+TEST(Exceptions, AppearOnStandardErrorOncePerMinute) {
   bl::flush_log_cache();
   bl::add_appender(bl::get_default_log_manager(), "E2", &throwing, "bad one", 1);
   testing::internal::CaptureStderr();
@@ -33,7 +33,7 @@ TEST(Exceptions, AreToldOnTheStandardErrorStreamOnceAMinute) {
             "boost::logging: 1 exception in appenders and modifiers; the last: \"bad one\", log \"E2\": broken\n");
 }
 
-TEST(Exceptions, NeverReachTheStatementAndDoNotKeepTheMessageFromTheOthers) {
+TEST(Exceptions, ReachNeitherTheStatementNorTheOtherAppenders) {
   bl::default_log_manager& manager = bl::get_default_log_manager();
   bl::flush_log_cache();
   const testsupport::Recorder recorder;
@@ -48,7 +48,7 @@ TEST(Exceptions, NeverReachTheStatementAndDoNotKeepTheMessageFromTheOthers) {
   EXPECT_EQ(exceptionCount() - before, 4U);
 }
 
-TEST(OncePerMinute, TellsTheFirstTimeAtOnceAndThenTheNumberSinceOnceAMinute) {
+TEST(OncePerMinute, ReportsTheFirstTimeAtOnceAndLaterTheNumberSince) {
   OncePerMinute report;
   EXPECT_EQ(report.happened(0), 1U);
   EXPECT_EQ(report.happened(1), 0U);
@@ -58,7 +58,7 @@ TEST(OncePerMinute, TellsTheFirstTimeAtOnceAndThenTheNumberSinceOnceAMinute) {
   EXPECT_EQ(report.happened(500000), 2U);
 }
 
-TEST(EndlessLogging, OfAnAppenderThatLogsToItselfIsCutAndReported) {
+TEST(EndlessLogging, EndsWithAReportWhenAnAppenderLogsToItself) {
   bl::flush_log_cache();
   const bl::logger log("E3");
   int calls = 0;

@@ -48,7 +48,7 @@ class Format : public testing::Test {
   const boost::logging::logger log_{"Format"};
 };
 
-TEST_F(Format, LogsWhatTheFormatMakesOfTheArguments) {
+TEST_F(Format, LogsTheFormattedArguments) {
   QMRK_LOGF(log_, "plain {{}}");
   QMRK_LOGF(log_, "size {}", 42);
   QMRK_LOGF(log_, "{1:>5}|{0:#x}|{2}", 255, "abc", std::string("def"));
@@ -57,7 +57,7 @@ TEST_F(Format, LogsWhatTheFormatMakesOfTheArguments) {
             (Messages{"Format|plain {}", "Format|size 42", "Format|  abc|0xff|def", "Format|at (1, 2)"}));
 }
 
-TEST_F(Format, TakesTextsOfAnySize) {
+TEST_F(Format, AcceptsTextsOfAnySize) {
   const std::string large(100000, 'x');
   QMRK_LOGF(log_, "{}", large);
   QMRK_LOGF(log_, "");
@@ -80,7 +80,7 @@ TEST_F(Format, LogsNothingWhenAFormatterThrows) {
   EXPECT_EQ(recorder_.messages(), Messages{"Format|after"});
 }
 
-TEST_F(Format, IsOneStatementInABranchWithoutBraces) {
+TEST_F(Format, CountsAsOneStatementInABranchWithoutBraces) {
   for (const bool branch : {true, false}) {
     // NOLINTBEGIN(readability-braces-around-statements): its subject
     if (branch)

@@ -37,7 +37,7 @@ void oneRound(default_log_manager& _manager) {
     bl::enable_logs(_manager, name, levelOn);
 }
 
-TEST(Growth, TenThousandRoundsLeaveTheMemoryOfOneRound) {
+TEST(ManyRounds, LeaveTheMemoryOfOneRound) {
   default_log_manager manager;
   for (int i = 0; i < 20; ++i)
     manager.log("App.quiet" + std::to_string(i) + ".info");
@@ -88,9 +88,9 @@ void expectCostOfOneRound(Round _round) {
   EXPECT_LT(creationTime(manager, "App.after."), 5 * before + 1000);
 }
 
-TEST(Growth, TenThousandRoundsLeaveTheCostOfCreatingALog) { expectCostOfOneRound(&oneRound); }
+TEST(ManyRounds, LeaveTheCostOfCreatingALog) { expectCostOfOneRound(&oneRound); }
 
-TEST(Growth, RemovalsThatTakeAwayOnlyTogetherLeaveTheCostOfOneRound) { expectCostOfOneRound(&overlappingRound); }
+TEST(ManyRounds, LeaveTheCostOfOneRoundEvenIfRemovalsWorkOnlyTogether) { expectCostOfOneRound(&overlappingRound); }
 
 /// Calls at random on few patterns and names, always the same ones for a seed.
 class RandomRound {
@@ -141,7 +141,7 @@ std::size_t mostCallables(default_log_manager& _manager) {
 }
 
 // A round that leaves more appenders connected each time grows what the manager has to keep. All others must not.
-TEST(Growth, NoRoundsGrowTheRulesButThoseThatGrowTheCallablesOfALog) {
+TEST(ManyRounds, AddRulesOnlyWithTheCallablesOfALog) {
   constexpr int few = 20;
   constexpr int many = 300;
   int steady = 0;

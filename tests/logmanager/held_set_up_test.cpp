@@ -44,7 +44,7 @@ bool logsBeside(const bl::logger& _log, HeldAllocation& _held) {
 }
 
 // The lock of the manager is held at some of the allocations that a set-up call makes.
-TEST(HeldSetUp, DoesNotHoldUpAStatementWhereverItIs) {
+TEST(HeldSetUp, HoldsNoStatementUpWhereverItStops) {
   bl::flush_log_cache();
   const bl::logger log("Held.log");
   int places = 0;
@@ -92,7 +92,7 @@ bool logsInsideAChange(const bl::logger& _log, int _place, std::atomic<int>& _de
   return held.isHeld;
 }
 
-TEST(HeldSetUp, LosesAndDamagesNoMessageWhereverAChangeIs) {
+TEST(HeldSetUp, LosesNoMessageWhereverAChangeStops) {
   bl::flush_log_cache();
   const bl::logger log("Held.other");
   std::atomic<int> delivered{0};
@@ -151,7 +151,7 @@ bool flushesAcrossAChange(int _place, const bl::appender& _former, const bl::app
   return held.isHeld;
 }
 
-TEST(HeldFlush, KeepsAMessageFromTheNewCallablesOfALogThatGoesOff) {
+TEST(HeldFlush, GivesNoMessageToTheNewCallablesOfALogThatGoesOff) {
   const testsupport::Recorder former;
   const testsupport::Recorder next;
   int places = 0;

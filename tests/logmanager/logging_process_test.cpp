@@ -37,12 +37,12 @@ class LoggingProcess : public testing::Test {
   const std::string path_ = folder_.file("app.log");
 };
 
-TEST_F(LoggingProcess, WhatStaticObjectsAndMainLogBeforeAndAfterTheSetUpArrivesInOrder) {
+TEST_F(LoggingProcess, KeepsTheOrderOfStaticObjectsMainAndTheSetUp) {
   EXPECT_EQ(run({"plain"}), 0);
   EXPECT_EQ(text(), std::string(staticMade) + "before set-up\nafter set-up\n" + staticDestroyed);
 }
 
-TEST_F(LoggingProcess, LosesNoMessageInWhoseMiddleTheSetUpIsMade) {
+TEST_F(LoggingProcess, LosesNoMessageThatTheSetUpInterrupts) {
   EXPECT_EQ(run({"within"}), 0);
   EXPECT_EQ(text(), std::string(staticMade) + "set up: 1\n" + staticDestroyed);
 }
@@ -57,30 +57,30 @@ TEST_F(LoggingProcess, LosesNothingWhenItCallsExitInThreadSafeMode) {
   EXPECT_EQ(text(), staticMade + numbers(5000) + staticDestroyed);
 }
 
-TEST_F(LoggingProcess, LosesOnlyWhatTheAppenderHoldsThatCallsExit) {
+TEST_F(LoggingProcess, LosesOnlyWhatAnAppenderThatCallsExitHolds) {
   EXPECT_EQ(run({"exit-inside", "5000"}), 9);
   EXPECT_EQ(text(), staticMade + numbers(5000) + staticDestroyed);
 }
 
-TEST_F(LoggingProcess, EndsEvenIfTheAppenderThatCallsExitHoldsALock) {
+TEST_F(LoggingProcess, EndsEvenIfAnAppenderCallsExitWithALockHeld) {
   EXPECT_EQ(run({"exit-locked"}), 9);
   EXPECT_EQ(text().substr(0, text().find("last")), staticMade);
 }
 
-TEST_F(LoggingProcess, LosesNothingWhenItEndsInTheMiddleOfAnAppenderOfItsOwn) {
+TEST_F(LoggingProcess, LosesNothingWhenItEndsInsideItsOwnAppender) {
   EXPECT_EQ(run({"in-appender"}), 0);
   EXPECT_EQ(text(), staticMade + numbers(100) + staticDestroyed);
 }
 
 // What waits for the hour that is asked for here runs into the time-out of the test.
-TEST_F(LoggingProcess, DoesNotWaitAtItsEndForALongInterval) {
+TEST_F(LoggingProcess, DoesNotWaitForALongIntervalAtItsEnd) {
   EXPECT_EQ(run({"ts", "1000", "3600000"}), 0);
   EXPECT_EQ(text(), staticMade + numbers(1000) + staticDestroyed);
 }
 
 TEST_F(LoggingProcess, EndsEvenIfAnAppenderNeverReturns) { EXPECT_EQ(run({"stuck"}), 0); }
 
-TEST_F(LoggingProcess, SixteenOfThemAppendWholeLinesToOneFile) {
+TEST_F(LoggingProcess, SharesOneFileWithFifteenOthersLineByLine) {
   if (testsupport::cannotRunUnderWine(
           "its append is not atomic, and with sixteen writers on a busy machine one may wait "
           "for the lock longer than 50 ms")) {

@@ -47,7 +47,7 @@ TEST(MessageCache, DropsTheOldestWhenTheTextsExceedTheLimit) {
   EXPECT_EQ(cache.dropped(), 4U);
 }
 
-TEST(MessageCache, DropsAMessageThatIsLongerThanTheLimitAndAllBeforeIt) {
+TEST(MessageCache, DropsAMessageBeyondTheLimitAndAllBeforeIt) {
   const Log log("l");
   MessageCache cache(3);
   cache.add(log, 0, "ab");

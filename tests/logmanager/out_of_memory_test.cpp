@@ -53,7 +53,7 @@ void setUpTwoCallables(default_log_manager& _manager) {
   bl::enable_logs(_manager, "App", levelOff);
 }
 
-TEST(OutOfMemory, WhileALogIsCreatedLeavesNoLogWithoutItsCallables) {
+TEST(OutOfMemory, LeavesNoLogWithoutItsCallables) {
   default_log_manager manager;
   setUpTwoCallables(manager);
   Outcome outcome{true, false};
@@ -103,7 +103,7 @@ std::vector<std::string> stateOf(default_log_manager& _manager, const std::strin
   return state;
 }
 
-TEST(OutOfMemory, WhileAChangeIsAppliedLeavesEverythingAsItWas) {
+TEST(OutOfMemory, LeavesEverythingUnchangedDuringAChange) {
   Outcome outcome{true, false};
   int allocation = 0;
   for (; outcome.hasFailed; ++allocation) {
@@ -128,7 +128,7 @@ TEST(OutOfMemory, WhileAChangeIsAppliedLeavesEverythingAsItWas) {
   EXPECT_GT(allocation, 20);
 }
 
-TEST(OutOfMemory, WhileACallIsNotedLeavesTheCallsBeforeIt) {
+TEST(OutOfMemory, ForgetsNoEarlierCallOfAChange) {
   Outcome outcome{true, false};
   for (int allocation = 0; outcome.hasFailed; ++allocation) {
     default_log_manager manager;

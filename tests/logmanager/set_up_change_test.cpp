@@ -41,7 +41,7 @@ class SetUpChange : public testing::Test {
   Recorder recorder_;
 };
 
-TEST_F(SetUpChange, HoldsItsCallsBackUntilItIsApplied) {
+TEST_F(SetUpChange, HoldsItsCallsBackUntilApply) {
   const bl::logger log("H1.log");
   set_up_change change(manager_);
   bl::add_appender(manager_, "H1", recorder_.appender(), "A", 100);
@@ -55,7 +55,7 @@ TEST_F(SetUpChange, HoldsItsCallsBackUntilItIsApplied) {
   EXPECT_FALSE(bl::logger("H1.off").is_enabled());
 }
 
-TEST_F(SetUpChange, ForgetsWhatWasNotApplied) {
+TEST_F(SetUpChange, ForgetsCallsThatWereNotApplied) {
   const bl::logger log("H2.log");
   {
     const set_up_change change(manager_);
@@ -67,7 +67,7 @@ TEST_F(SetUpChange, ForgetsWhatWasNotApplied) {
   EXPECT_THAT(recorder_.messages(), IsEmpty());
 }
 
-TEST_F(SetUpChange, NotesAgainAfterItWasApplied) {
+TEST_F(SetUpChange, NotesCallsAgainAfterApply) {
   const bl::logger log("H3.log");
   set_up_change change(manager_);
   bl::enable_logs(manager_, "H3", levelOff);
@@ -78,7 +78,7 @@ TEST_F(SetUpChange, NotesAgainAfterItWasApplied) {
   EXPECT_TRUE(log.is_enabled());
 }
 
-TEST_F(SetUpChange, LeavesTheCallsOfAnInnerOneToTheOuterOne) {
+TEST_F(SetUpChange, LeavesTheCallsOfAnInnerChangeToTheOuterOne) {
   const bl::logger applied("H4.applied");
   const bl::logger forgotten("H4.forgotten");
   set_up_change outer(manager_);
@@ -109,7 +109,7 @@ TEST_F(SetUpChange, LeavesTheCallsOfOtherThreadsAndOtherManagersAlone) {
   EXPECT_TRUE(bl::logger("H5").is_enabled());
 }
 
-TEST_F(SetUpChange, IsAppliedAsAWholeBesideThatOfAnotherThread) {
+TEST_F(SetUpChange, TakesEffectAsAWholeBesideThatOfAnotherThread) {
   const bl::logger log("H6.log");
   bl::add_appender(manager_, "H6", recorder_.appender(), "A", 100);
   const auto note = [this](const std::string& _mark, bool _isOn) {
@@ -157,7 +157,7 @@ std::ostream& operator<<(std::ostream& _out, const Trigger& _trigger) {
 }
 
 // The statement began when the log was on and ends when it has new callables: they are not for it.
-TEST_F(SetUpChange, KeepsAMessageFromTheNewCallablesOfALogThatGoesOff) {
+TEST_F(SetUpChange, GivesNoMessageToTheNewCallablesOfALogThatGoesOff) {
   const bl::logger log("H8.log");
   const Recorder former;
   bl::add_appender(manager_, "H8", former.appender(), "A", 100);
@@ -188,7 +188,7 @@ void logWhileItGoesOff(const bl::logger& _log, const bl::appender& _next) {
   QMRK_LOG(_log) << "on";
 }
 
-TEST_F(SetUpChange, KeepsAStatementThatFoundALogOnFromTheCallablesWithWhichItGoesOff) {
+TEST_F(SetUpChange, GivesNoLateStatementToTheCallablesOfALogThatWentOff) {
   const testsupport::TemporaryFolder folder;
   const std::string paths[] = {folder.file("plain.log"), folder.file("thread_safe.log")};
   logWhileItGoesOff(bl::logger("H11"), recorder_.appender());
@@ -201,7 +201,7 @@ TEST_F(SetUpChange, KeepsAStatementThatFoundALogOnFromTheCallablesWithWhichItGoe
   EXPECT_EQ(testsupport::readFile(paths[1]), "on");
 }
 
-TEST_F(SetUpChange, SetsUpLogsThatAreCreatedWhileItIsAlive) {
+TEST_F(SetUpChange, SetsUpLogsCreatedMeanwhile) {
   set_up_change change(manager_);
   bl::add_appender(manager_, "H9", recorder_.appender(), "A", 100);
   bl::enable_logs(manager_, "H9.off", levelOff);
@@ -227,7 +227,7 @@ class AddsAtItsEnd {
   const Recorder& recorder_;
 };
 
-TEST_F(SetUpChange, MayHoldCallablesWhoseDestructorsMakeSetUpCalls) {
+TEST_F(SetUpChange, AcceptsCallablesWhoseDestructorsMakeSetUpCalls) {
   const bl::logger log("H10.log");
   const auto addWithEnd = [this] {
     const auto end = std::make_shared<AddsAtItsEnd>(manager_, recorder_);

@@ -217,7 +217,7 @@ class RandomCalls {
   std::mt19937 random_;
 };
 
-TEST(SetUpModel, LogsCreatedAtAnyMomentEndInTheStateOfALogThatSawAllCalls) {
+TEST(SetUpModel, GivesLogsCreatedAtAnyMomentTheSameState) {
   for (unsigned int seed = 0; seed < 200; ++seed) {
     SCOPED_TRACE(seed);
     Twins twins;
@@ -229,7 +229,7 @@ TEST(SetUpModel, LogsCreatedAtAnyMomentEndInTheStateOfALogThatSawAllCalls) {
   }
 }
 
-TEST(SetUpModel, CallsInsideAChangeTakeEffectWhenItIsAppliedAndNeverWhenItIsNot) {
+TEST(SetUpModel, AppliesTheCallsOfAChangeOnApplyOnly) {
   for (unsigned int seed = 0; seed < 200; ++seed) {
     SCOPED_TRACE(seed);
     Twins twins;

@@ -37,14 +37,14 @@ class SetUp : public testing::Test {
   Recorder recorder_;
 };
 
-TEST_F(SetUp, ConnectsToTheSelectedLogsAndToNoOthers) {
+TEST_F(SetUp, ConnectsToTheSelectedLogsOnly) {
   bl::add_appender(manager_, "C1.App", recorder_.appender(), "A", 100);
   EXPECT_THAT(logged("C1.App", "m"), ElementsAre("C1.App|m"));
   EXPECT_THAT(logged("C1.App.error", "m"), ElementsAre("C1.App.error|m"));
   EXPECT_THAT(logged("C1.Apple", "m"), IsEmpty());
 }
 
-TEST_F(SetUp, RunsLowerIndexFirstAndEqualIndexInTheOrderOfAdding) {
+TEST_F(SetUp, RunsLowerIndexesFirstAndEqualOnesInTheOrderOfAdding) {
   bl::add_modifier(manager_, "C2", suffix("3"), "M", 100);
   bl::add_modifier(manager_, "C2", suffix("1"), "M", -5);
   bl::add_modifier(manager_, "C2", suffix("4"), "N", 100);
@@ -54,7 +54,7 @@ TEST_F(SetUp, RunsLowerIndexFirstAndEqualIndexInTheOrderOfAdding) {
   EXPECT_THAT(logged("C2", ""), ElementsAre("C2|12345"));
 }
 
-TEST_F(SetUp, MakesTheDefaultLineOfThreeModifiersOfEqualIndex) {
+TEST_F(SetUp, BuildsTheDefaultLineFromThreeModifiersOfEqualIndex) {
   bl::add_modifier(manager_, "C3.error", bl::prepend_time_ms("$yyyy$MM$dd $hh:$mm:$ss.$mss "), "M", 100);
   bl::add_modifier(manager_, "C3.error", &bl::prepend_prefix, "M", 100);
   bl::add_modifier(manager_, "C3.error", &bl::append_enter, "M", 100);
@@ -86,16 +86,16 @@ TEST_F(SetUp, RemovesModifiersByName) {
   EXPECT_THAT(logged("C5", ""), ElementsAre("C5|2"));
 }
 
-TEST_F(SetUp, DeletingANameThatWasNeverAddedIsHarmless) {
+TEST_F(SetUp, IgnoresTheRemovalOfAnUnknownName) {
   bl::add_appender(manager_, "C6", recorder_.appender(), "A", 100);
   bl::del_appender(manager_, "*", "never");
   bl::del_modifier(manager_, "C6", "A");
   EXPECT_EQ(logged("C6", "m").size(), 1U);
 }
 
-TEST_F(SetUp, ALogThatNoCallSelectedIsOn) { EXPECT_TRUE(bl::logger("C7.never.selected").is_enabled()); }
+TEST_F(SetUp, LeavesALogOnThatNoCallSelects) { EXPECT_TRUE(bl::logger("C7.never.selected").is_enabled()); }
 
-TEST_F(SetUp, TheLatestEnableCallDecides) {
+TEST_F(SetUp, FollowsTheLatestEnableCall) {
   const bl::logger log("C8.a");
   bl::enable_logs(manager_, "C8", levelOff);
   EXPECT_FALSE(log.is_enabled());
@@ -108,7 +108,7 @@ TEST_F(SetUp, TheLatestEnableCallDecides) {
   EXPECT_TRUE(log.is_enabled());
 }
 
-TEST_F(SetUp, AMessageOfALogThatIsOffIsDropped) {
+TEST_F(SetUp, DropsMessagesOfALogThatIsOff) {
   bl::add_appender(manager_, "C9", recorder_.appender(), "A", 100);
   bl::enable_logs(manager_, "C9", levelOff);
   EXPECT_THAT(logged("C9", "m"), IsEmpty());
@@ -123,7 +123,7 @@ TEST_F(SetUp, IgnoresAnEmptyFunction) {
   EXPECT_THAT(logged("C10", "m"), ElementsAre("C10|m"));
 }
 
-TEST_F(SetUp, TheLogOfTheEmptyNameIsSelectedByTheEmptyPatternAndByStar) {
+TEST_F(SetUp, SelectsTheEmptyNameByTheEmptyPatternAndByAStar) {
   bl::add_appender(manager_, "", recorder_.appender(), "A", 100);
   EXPECT_THAT(logged("", "m"), ElementsAre("|m"));
   EXPECT_THAT(logged("C11", "m"), IsEmpty());
@@ -131,7 +131,7 @@ TEST_F(SetUp, TheLogOfTheEmptyNameIsSelectedByTheEmptyPatternAndByStar) {
   EXPECT_THAT(logged("", "m"), IsEmpty());
 }
 
-TEST_F(SetUp, GivesAHandleThatIsCopyableAndKnowsItsName) {
+TEST_F(SetUp, CopiesAHandleThatKnowsItsName) {
   const bl::logger log("C12.copy");
   const bl::logger copy = log;  // NOLINT(performance-unnecessary-copy-initialization): its subject
   bl::enable_logs(manager_, "C12", levelOff);
@@ -149,7 +149,7 @@ TEST_F(SetUp, DestroysARemovedCallable) {
   EXPECT_EQ(used.use_count(), 1);
 }
 
-TEST_F(SetUp, CallsOfACallableMayItselfSetUp) {
+TEST_F(SetUp, LetsACallableMakeSetUpCalls) {
   const auto removeItself = [this](const std::string&, const std::string&) {
     bl::del_appender(manager_, "C14", "once");
     bl::add_appender(manager_, "C14", recorder_.appender(), "A", 100);

@@ -95,7 +95,7 @@ class StatementStream : public testing::Test {
   const boost::logging::logger log_{"StatementStream"};
 };
 
-TEST_F(StatementStream, HonoursEachChangeThatATemplateForAnyStreamMakes) {
+TEST_F(StatementStream, HonoursEachChangeThatAGenericInserterMakes) {
   for (const Change& change : formatChanges) {
     SCOPED_TRACE(change.what);
     std::ostringstream expected;

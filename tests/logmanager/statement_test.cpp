@@ -109,7 +109,7 @@ class Statement : public testing::Test {
   const boost::logging::logger log_{"Statement"};
 };
 
-TEST_F(Statement, LogsWhatAStreamMakesOfTheValues) {
+TEST_F(Statement, LogsValuesAsAStreamFormatsThem) {
   const std::string text = "string";
   const char* const pointer = "pointer";
   char array[] = "array";
@@ -160,14 +160,14 @@ TEST_F(Statement, LogsNumbersOfEveryLengthAsAStreamDoes) {
   }
 }
 
-TEST_F(Statement, TakesManipulatorsAndOwnOperators) {
+TEST_F(Statement, AcceptsManipulatorsAndOperatorsOfTheApplication) {
   QMRK_LOG(log_) << std::setw(5) << std::setfill('0') << 42 << std::hex << 255 << std::uppercase << 255 << std::endl;
   QMRK_LOG(log_) << "at " << Point{10, 11} << ' ' << 12;
   QMRK_LOG(log_) << Metres() << ", " << std::vector<int>{1, 2};
   EXPECT_THAT(texts(), ElementsAre("00042ffFF\n", "at (a,b) c", "metres, 2 values"));
 }
 
-TEST_F(Statement, BeginsEachStatementInTheInitialFormattingState) {
+TEST_F(Statement, StartsInTheInitialFormattingState) {
   for (int i = 0; i < 2; ++i) {
     QMRK_LOG(log_) << 10 << ' ' << 1.0 / 3 << ' ' << true << marked;
     QMRK_LOG(log_) << std::hex << std::showbase << std::boolalpha << std::setprecision(3) << std::setfill('*')
@@ -176,14 +176,14 @@ TEST_F(Statement, BeginsEachStatementInTheInitialFormattingState) {
   EXPECT_THAT(texts(), ElementsAre("10 0.333333 1mark0", "", "10 0.333333 1mark0", ""));
 }
 
-TEST_F(Statement, KeepsWhatATemplateForAnyStreamChangesUntilItsEndAndNoLonger) {
+TEST_F(Statement, KeepsChangesOfAGenericInserterUntilItsEnd) {
   QMRK_LOG(log_) << Hexadecimal{255} << ' ' << 255 << ' ' << -1 << ' ' << short{-1};
   QMRK_LOG(log_) << 255 << ' ' << Hexadecimal{10};
   QMRK_LOG(log_) << 16;
   EXPECT_THAT(texts(), ElementsAre("0xff ff ffffffff ffff", "255 0xa", "16"));
 }
 
-TEST_F(Statement, HonoursWidthLocaleAndPrecisionThatATemplateForAnyStreamLeaves) {
+TEST_F(Statement, HonoursWidthLocaleAndPrecisionThatAGenericInserterLeaves) {
   std::ostringstream expected;
   expected << Decorated() << "text" << 1234567 << ' ' << true << 1.0 / 3;
   for (int i = 0; i < 2; ++i) {
@@ -223,7 +223,7 @@ TEST_F(Statement, EvaluatesNothingWhenTheLogIsOff) {
   EXPECT_THAT(texts(), ElementsAre("1"));
 }
 
-TEST_F(Statement, IsOneStatementInABranchWithoutBraces) {
+TEST_F(Statement, CountsAsOneStatementInABranchWithoutBraces) {
   for (const bool condition : {true, false}) {
     // NOLINTBEGIN(readability-braces-around-statements): that is the point
     if (condition)
@@ -262,7 +262,7 @@ TEST_F(Statement, WorksWhileAnExceptionUnwindsTheStack) {
 
 std::ostream& position(std::ostream& _stream) { return _stream << " at " << _stream.tellp(); }
 
-TEST_F(Statement, TakesLongMessagesAndTellsThePosition) {
+TEST_F(Statement, AcceptsLongMessagesAndKnowsThePosition) {
   const std::string text(1000000, 'x');
   QMRK_LOG(log_) << text << std::string(1000, 'y');
   QMRK_LOG(log_) << "12345" << position;
@@ -276,7 +276,7 @@ struct Constants {
   unsigned int field : 4;
 };
 
-TEST_F(Statement, TakesBitFieldsAndConstantsWithoutDefinition) {
+TEST_F(Statement, AcceptsBitFieldsAndConstantsWithoutDefinition) {
   Constants constants{};
   constants.field = 9;
   QMRK_LOG(log_) << Constants::withoutDefinition << constants.field;

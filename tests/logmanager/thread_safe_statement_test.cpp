@@ -49,7 +49,7 @@ class ThreadSafeStatement : public testing::Test {
   const boost::logging::logger log_{name_};
 };
 
-TEST_F(ThreadSafeStatement, MakesTheSameLinesOfMessagesOfEveryLength) {
+TEST_F(ThreadSafeStatement, WritesTheSameLinesForMessagesOfEveryLength) {
   std::string expected;
   for (int i = 0; i < 3000; ++i) {
     const std::string text(static_cast<std::size_t>(i % 7 == 0 ? i * 11 : i % 300), 'x');
@@ -60,7 +60,7 @@ TEST_F(ThreadSafeStatement, MakesTheSameLinesOfMessagesOfEveryLength) {
   EXPECT_TRUE(wrapped_.waitForText(expected.size()) == expected);
 }
 
-TEST_F(ThreadSafeStatement, DeliversALongMessageThatIsPutTogetherFromManyPieces) {
+TEST_F(ThreadSafeStatement, DeliversALongMessageOfManyPieces) {
   std::string expected = "[" + name_ + "] ";
   for (int i = 0; i < Pieces::count; ++i)
     expected += Pieces::piece;
@@ -69,7 +69,7 @@ TEST_F(ThreadSafeStatement, DeliversALongMessageThatIsPutTogetherFromManyPieces)
   EXPECT_TRUE(wrapped_.waitForText(expected.size()) == expected);
 }
 
-TEST_F(ThreadSafeStatement, KeepsTheMessageOfAnOuterStatementApartFromThatOfAnInnerOne) {
+TEST_F(ThreadSafeStatement, SeparatesTheMessagesOfNestedStatements) {
   const auto inner = [this] {
     QMRK_LOG(log_) << "inner";
     return 1;
@@ -87,7 +87,7 @@ TEST_F(ThreadSafeStatement, DeliversNothingOfAStatementThatThrows) {
   EXPECT_EQ(wrapped_.waitForText(line.size()), line);
 }
 
-TEST_F(ThreadSafeStatement, SendsAMessageThatBeganBeforeAChangeOfTheSetUpThroughTheNewOne) {
+TEST_F(ThreadSafeStatement, SendsAMessageBegunBeforeAChangeThroughTheNewSetUp) {
   Wrapped other;
   const auto change = [this, &other] {
     boost::logging::default_log_manager& manager = boost::logging::get_default_log_manager();

@@ -60,7 +60,7 @@ class NthWrite : public testing::Test {
   std::string text_;
 };
 
-TEST_F(NthWrite, ThatFailsCostsThePlainFileThatMessageOnly) {
+TEST_F(NthWrite, CostsThePlainFileOneMessageWhenItFails) {
   for (const int error : {ENOSPC, EIO, EDQUOT, EFBIG, EAGAIN}) {
     for (int nth = 1; nth < lineCount; ++nth) {
       const Tally tally = tallyOf(plain, nth, {Kind::fails, error});
@@ -72,7 +72,7 @@ TEST_F(NthWrite, ThatFailsCostsThePlainFileThatMessageOnly) {
   stress::report(runs_, " failed writes, of each one line lost and reported");
 }
 
-TEST_F(NthWrite, ThatIsInterruptedCostsNothing) {
+TEST_F(NthWrite, CostsNothingWhenASignalInterruptsIt) {
   for (int nth = 1; nth <= lineCount; ++nth) {
     EXPECT_EQ(tallyOf(plain, nth, {Kind::fails, EINTR}).lost, 0) << nth;
     EXPECT_EQ(tallyOf(rolling, nth, {Kind::fails, EINTR}).lost, 0) << nth;
@@ -80,7 +80,7 @@ TEST_F(NthWrite, ThatIsInterruptedCostsNothing) {
   stress::report(runs_, " interrupted writes, nothing lost");
 }
 
-TEST_F(NthWrite, ThatIsShortLeavesOneFragmentInThePlainFile) {
+TEST_F(NthWrite, LeavesOneFragmentInThePlainFileWhenItIsShort) {
   for (int size = 1; size < fillerSize + 10; ++size) {
     const Tally tally = tallyOf(plain, 2, {Kind::isShort, size});
     EXPECT_EQ(tally.lost, 1) << size;
@@ -90,7 +90,7 @@ TEST_F(NthWrite, ThatIsShortLeavesOneFragmentInThePlainFile) {
   stress::report(runs_, " short writes, each with one fragment on a line of its own");
 }
 
-TEST_F(NthWrite, ThatIsShortIsContinuedInTheRollingFile) {
+TEST_F(NthWrite, GoesOnInTheRollingFileWhenItIsShort) {
   for (int size = 1; size < fillerSize + 10; ++size) {
     const Tally tally = tallyOf(rolling, 2, {Kind::isShort, size});
     EXPECT_EQ(tally.lost + tally.torn + tally.duplicated + tally.glued + tally.disordered, 0) << size << " " << tally;
@@ -98,7 +98,7 @@ TEST_F(NthWrite, ThatIsShortIsContinuedInTheRollingFile) {
   stress::report(runs_, " short writes, nothing lost");
 }
 
-TEST_F(NthWrite, ThatFailsEndsTheRollingFileWithoutAFragment) {
+TEST_F(NthWrite, EndsTheRollingFileWithoutAFragmentWhenItFails) {
   for (const int error : {ENOSPC, EIO, EFBIG}) {
     for (int nth = 1; nth <= lineCount; ++nth) {
       const Tally tally = tallyOf(rolling, nth, {Kind::fails, error});

@@ -104,7 +104,7 @@ TEST_F(Roll, LosesNothingWhereverTheProcessIsKilled) {
   stress::report(before + after, " kills, nothing acknowledged lost");
 }
 
-TEST_F(Roll, LosesNothingThatWasWrittenWhicheverCallIsRefused) {
+TEST_F(Roll, LosesNothingWrittenWhicheverCallFails) {
   int refused = 0;
   for (const int error : {EACCES, EROFS, ENOSPC, EIO})
     refused += strikeAll({Kind::fails, error});

@@ -102,7 +102,7 @@ class WholeLife : public testing::Test {
   const testsupport::CapturedStream cerr_{std::cerr};
 };
 
-TEST_F(WholeLife, GoesOnWhicheverRequestForMemoryFails) {
+TEST_F(WholeLife, SurvivesAnyFailedAllocation) {
   using testsupport::ScarceMemory;
   const int requests = letEachFail([this](int _nth) {
     return liveWith<ScarceMemory>([](const ScarceMemory& _memory) { return _memory.hasFailed(); }, _nth);
@@ -112,7 +112,7 @@ TEST_F(WholeLife, GoesOnWhicheverRequestForMemoryFails) {
   stress::report(requests, " requests failed in turn, ", harmed_, " of them failed a call of the application");
 }
 
-TEST_F(WholeLife, GoesOnWhicheverCallOfTheSystemFails) {
+TEST_F(WholeLife, SurvivesAnyFailedSystemCall) {
   using testsupport::FaultPlan;
   int calls = 0;
   for (int call = 0; call <= static_cast<int>(platform::Call::moduleVersion); ++call) {
@@ -126,7 +126,7 @@ TEST_F(WholeLife, GoesOnWhicheverCallOfTheSystemFails) {
   stress::report(calls, " calls failed in turn, ", harmed_, " of them failed a call of the application");
 }
 
-TEST_F(WholeLife, GoesOnWithoutDescriptors) {
+TEST_F(WholeLife, SurvivesWithoutDescriptors) {
   // Below the limit there are no, one, two ... numbers that may be had.
   const auto limitOf = [](int _more) { return static_cast<rlim_t>(openFiles() - 3 + _more); };
   constexpr int most = 12;
@@ -140,7 +140,7 @@ TEST_F(WholeLife, GoesOnWithoutDescriptors) {
   stress::report(most + 1, " limits, ", harmed_, " of them failed a call of the application");
 }
 
-TEST_F(WholeLife, GoesOnWhereNothingMayBeWritten) {
+TEST_F(WholeLife, SurvivesWithoutWritePermission) {
   EXPECT_EQ(fault::liveOnce(), 0);
   EXPECT_TRUE(fault::isWell(commonLog_));
   for (const std::string& folder : {sandbox_.logFolder(), sandbox_.logFolder() + "\\Application logs"})

@@ -76,7 +76,7 @@ TEST(AppenderGate, LetsAnAppenderLogToItself) {
 }
 
 /// Two appenders, each of which logs to the other while it is entered.
-TEST(AppenderGate, DoesNotLetAppendersThatLogThroughEachOtherWaitForEver) {
+TEST(AppenderGate, LetsAppendersLogThroughEachOtherWithoutADeadlock) {
   bl::flush_log_cache();
   bl::default_log_manager& manager = bl::get_default_log_manager();
   const bl::logger logs[] = {bl::logger("G3.a"), bl::logger("G3.b")};
@@ -110,7 +110,7 @@ void addParked(testsupport::ParkedThread& _thread, const std::string& _logs, con
       "A", 100);
 }
 
-TEST(AppenderGate, LetsAThreadThatIsInsideAnotherAppenderInWhenNobodyElseIs) {
+TEST(AppenderGate, LetsAThreadInsideAnotherAppenderIntoAnEmptyOne) {
   bl::flush_log_cache();
   const bl::logger inner("G7.inner");
   std::vector<std::string> got;
@@ -129,7 +129,7 @@ TEST(AppenderGate, LetsAThreadThatIsInsideAnotherAppenderInWhenNobodyElseIs) {
   bl::del_appender(bl::get_default_log_manager(), "*", "A");
 }
 
-TEST(AppenderGate, DeliversAHandedOverMessageWithItsDepth) {
+TEST(AppenderGate, KeepsTheDepthOfAHandedOverMessage) {
   bl::flush_log_cache();
   const bl::logger closed("G4.closed");
   const bl::logger open("G4.open");
@@ -158,7 +158,7 @@ TEST(AppenderGate, DeliversAHandedOverMessageWithItsDepth) {
   bl::del_appender(bl::get_default_log_manager(), "*", "A");
 }
 
-TEST(AppenderGate, SeesAMessageThatIsHandedOverWhileTheThreadInsideLeaves) {
+TEST(AppenderGate, DeliversAMessageHandedOverWhileTheThreadInsideLeaves) {
   bl::flush_log_cache();
   const bl::logger closed("G6.closed");
   std::vector<std::string> got;
@@ -186,7 +186,7 @@ TEST(AppenderGate, SeesAMessageThatIsHandedOverWhileTheThreadInsideLeaves) {
   bl::del_appender(bl::get_default_log_manager(), "*", "A");
 }
 
-TEST(AppenderGate, DeliversAHandedOverMessageBeforeTheThreadThatWaitsOutsideComesIn) {
+TEST(AppenderGate, DeliversHandedOverMessagesBeforeItAdmitsTheNextThread) {
   bl::flush_log_cache();
   const bl::logger closed("G8.closed");
   std::vector<std::string> got;
@@ -213,7 +213,7 @@ TEST(AppenderGate, DeliversAHandedOverMessageBeforeTheThreadThatWaitsOutsideCome
   bl::del_appender(bl::get_default_log_manager(), "*", "A");
 }
 
-TEST(AppenderGate, DropsTheNewestOfTooMuchThatIsHandedOverAndReportsIt) {
+TEST(AppenderGate, DropsAndReportsTheNewestWhenTooMuchIsHandedOver) {
   bl::flush_log_cache();
   const bl::logger closed("G5.closed");
   std::vector<std::size_t> sizes;
@@ -240,7 +240,7 @@ TEST(AppenderGate, DropsTheNewestOfTooMuchThatIsHandedOverAndReportsIt) {
   bl::del_appender(bl::get_default_log_manager(), "*", "A");
 }
 
-TEST(AppenderGate, IsNotPutBeforeTheManagersOwnAppenders) {
+TEST(AppenderGate, LeavesTheManagersOwnAppendersAlone) {
   EXPECT_NE(bl::detail::makeAppender([](const std::string&, const std::string&) {}, "A", 0)->gate, nullptr);
   EXPECT_EQ(bl::detail::makeAppender(&bl::write_to_cout, "A", 0)->gate, nullptr);
   EXPECT_EQ(bl::detail::makeAppender(bl::write_to_file("x", false), "A", 0)->gate, nullptr);

@@ -18,7 +18,7 @@ using boost::logging::detail::MessageGaps;
 using std::chrono::milliseconds;
 using testsupport::ParkedWriter;
 
-TEST(BatchWriter, DeliversOnceWhatAThreadWasAboutToAppendWhenItWasEnded) {
+TEST(BatchWriter, DeliversOnceWhatAnEndedThreadWasAboutToAppend) {
   const testsupport::TemporaryFolder folder;
   const std::string path = folder.file("ended.log");
   const write_to_file file(path, false);
@@ -29,7 +29,7 @@ TEST(BatchWriter, DeliversOnceWhatAThreadWasAboutToAppendWhenItWasEnded) {
   EXPECT_EQ(testsupport::replaced(testsupport::readFile(path), "\r\n", "\n"), "parked\nlater\n");
 }
 
-TEST(BatchWriter, DoesNotEnterAForeignAppenderAgainInWhichItsThreadWasEnded) {
+TEST(BatchWriter, DoesNotReenterAForeignAppenderThatItsThreadDiedIn) {
   std::atomic<int> calls{0};
   ParkedWriter* parked = nullptr;
   ParkedWriter writer([&calls, &parked](const std::string&, const std::string&) {
@@ -42,7 +42,7 @@ TEST(BatchWriter, DoesNotEnterAForeignAppenderAgainInWhichItsThreadWasEnded) {
   EXPECT_EQ(calls.load(), 1);
 }
 
-TEST(BatchWriter, DeliversAMessageOfItsAppenderToItselfOnlySoManyTimesOnTheThreadOfACaller) {
+TEST(BatchWriter, StopsAnAppenderThatLogsToItselfOnTheThreadOfACaller) {
   int calls = 0;
   boost::logging::detail::BatchWriter* self = nullptr;
   const auto logAgain = [&calls, &self](const std::string&, const std::string&) {
@@ -70,22 +70,22 @@ MessageGaps gapsAfter(int _count, milliseconds _distance, MessageGaps::Time& _no
   return gaps;
 }
 
-TEST(MessageGaps, ExpectNothingAtFirst) {
+TEST(MessageGaps, ExpectNoMessageAtFirst) {
   MessageGaps::Time now{};
   EXPECT_FALSE(gapsAfter(0, milliseconds(0), now).isOneExpectedWithin(soon, now + milliseconds(1)));
 }
 
-TEST(MessageGaps, ExpectTheNextOfAQuickSequence) {
+TEST(MessageGaps, ExpectTheNextMessageOfAQuickSequence) {
   MessageGaps::Time now{};
   EXPECT_TRUE(gapsAfter(8, milliseconds(1), now).isOneExpectedWithin(soon, now + milliseconds(1)));
 }
 
-TEST(MessageGaps, ExpectNothingBetweenMessagesThatAreFarApart) {
+TEST(MessageGaps, ExpectNoMessageBetweenRareOnes) {
   MessageGaps::Time now{};
   EXPECT_FALSE(gapsAfter(100, milliseconds(10), now).isOneExpectedWithin(soon, now));
 }
 
-TEST(MessageGaps, ExpectNothingLongAfterAQuickSequence) {
+TEST(MessageGaps, ExpectNoMessageLongAfterAQuickSequence) {
   MessageGaps::Time now{};
   EXPECT_FALSE(gapsAfter(100, milliseconds(1), now).isOneExpectedWithin(soon, now + milliseconds(3)));
 }

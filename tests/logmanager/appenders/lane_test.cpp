@@ -49,7 +49,7 @@ std::string textOf(int _number) {
   return std::string(static_cast<std::size_t>(_number * 37 % 700), 'a') + std::to_string(_number);
 }
 
-TEST_F(LaneTest, GivesRecordsInTheOrderOfPublishing) {
+TEST_F(LaneTest, YieldsRecordsInTheOrderOfPublishing) {
   EXPECT_EQ(take(), "none");
   put("first");
   put("");
@@ -60,7 +60,7 @@ TEST_F(LaneTest, GivesRecordsInTheOrderOfPublishing) {
   EXPECT_EQ(take(), "none");
 }
 
-TEST_F(LaneTest, GoesRoundItsMemoryForEverWhenTheConsumerKeepsUp) {
+TEST_F(LaneTest, ReusesItsMemoryWhileTheConsumerKeepsUp) {
   for (int i = 0; i < 5000; ++i) {
     ASSERT_TRUE(put(textOf(i)));
     ASSERT_EQ(take(), textOf(i));
@@ -69,7 +69,7 @@ TEST_F(LaneTest, GoesRoundItsMemoryForEverWhenTheConsumerKeepsUp) {
   EXPECT_TRUE(held_.add(mebi)) << "no ring was added";
 }
 
-TEST_F(LaneTest, GrowsWhileTheConsumerIsBehindAndGivesTheMemoryBack) {
+TEST_F(LaneTest, GrowsWhileTheConsumerLagsAndReleasesTheMemoryAfterwards) {
   for (int i = 0; i < 1000; ++i)
     ASSERT_TRUE(put(textOf(i)));
   EXPECT_FALSE(held_.add(mebi));
@@ -100,7 +100,7 @@ TEST_F(LaneTest, MovesATextThatOutgrowsItsRoom) {
   EXPECT_EQ(take(), text);
 }
 
-TEST_F(LaneTest, MovesABegunTextToTheFreeBeginningOfTheRing) {
+TEST_F(LaneTest, MovesAnUnfinishedTextToTheFreeBeginningOfTheRing) {
   for (int i = 0; i < 3; ++i)
     put(std::string(1000, 'x'));
   for (int i = 0; i < 3; ++i)
@@ -115,7 +115,7 @@ TEST_F(LaneTest, MovesABegunTextToTheFreeBeginningOfTheRing) {
   EXPECT_TRUE(held_.add(mebi)) << "no ring was added";
 }
 
-TEST_F(LaneTest, RefusesWhatWouldPassTheLimitAndGoesOnAfterwards) {
+TEST_F(LaneTest, RefusesWhatExceedsTheLimitAndRecovers) {
   const std::string text(60000, 'x');
   int count = 0;
   while (put(text))
@@ -130,7 +130,7 @@ TEST_F(LaneTest, RefusesWhatWouldPassTheLimitAndGoesOnAfterwards) {
   EXPECT_EQ(take(), text);
 }
 
-TEST_F(LaneTest, GivesAgainWhatWasNotConsumed) {
+TEST_F(LaneTest, YieldsAgainWhatWasNotConsumed) {
   for (int i = 0; i < 300; ++i)
     put(textOf(i));
   for (int i = 0; i < 10; ++i)
@@ -143,7 +143,7 @@ TEST_F(LaneTest, GivesAgainWhatWasNotConsumed) {
     ASSERT_EQ(take(), textOf(i));
 }
 
-TEST_F(LaneTest, ForgetsEverythingPublishedInAChild) {
+TEST_F(LaneTest, ForgetsInAChildWhatTheParentPublished) {
   for (int i = 0; i < 300; ++i)
     put(textOf(i));
   take();
@@ -154,7 +154,7 @@ TEST_F(LaneTest, ForgetsEverythingPublishedInAChild) {
   lane_->consume();
 }
 
-TEST_F(LaneTest, TellsTheProducerThatTheConsumerHasGone) {
+TEST_F(LaneTest, TellsTheProducerThatTheConsumerIsGone) {
   Lane* const other = Lane::create(held_);
   EXPECT_FALSE(other->isAbandoned());
   other->release();
@@ -162,7 +162,7 @@ TEST_F(LaneTest, TellsTheProducerThatTheConsumerHasGone) {
   other->release();
 }
 
-TEST_F(LaneTest, CarriesTheTextsOfOneThreadToAnother) {
+TEST_F(LaneTest, CarriesTextsFromOneThreadToAnother) {
   constexpr int count = 20000;
   std::thread producer([this] {
     for (int i = 0; i < count;) {

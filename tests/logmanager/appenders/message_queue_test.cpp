@@ -47,7 +47,7 @@ std::string collected(MessageQueue& _queue, bool _isLast = false) {
   return batch.text;
 }
 
-TEST(MessageQueue, GivesTheMessagesOfAllLanesInTheOrderOfTheirNumbers) {
+TEST(MessageQueue, MergesAllLanesInTheOrderOfTheNumbers) {
   MessageQueue queue;
   OwnedLane one(queue);
   OwnedLane other(queue);
@@ -62,7 +62,7 @@ TEST(MessageQueue, GivesTheMessagesOfAllLanesInTheOrderOfTheirNumbers) {
   EXPECT_EQ(collected(queue), "");
 }
 
-TEST(MessageQueue, LeavesANumberThatWasTakenAfterItsLookForTheNextPass) {
+TEST(MessageQueue, LeavesNumbersTakenAfterItsLookToTheNextPass) {
   MessageQueue queue;
   OwnedLane lane(queue);
   lane.put("1");
@@ -75,7 +75,7 @@ TEST(MessageQueue, LeavesANumberThatWasTakenAfterItsLookForTheNextPass) {
   EXPECT_EQ(collected(queue), "2");
 }
 
-TEST(MessageQueue, TellsWhereEachMessageEnds) {
+TEST(MessageQueue, MarksTheEndOfEachMessage) {
   MessageQueue queue;
   queue.push("one\n");
   queue.push("three\n");
@@ -84,7 +84,7 @@ TEST(MessageQueue, TellsWhereEachMessageEnds) {
   EXPECT_THAT(batch.ends, ElementsAre(4, 10));
 }
 
-TEST(MessageQueue, MakesTheLineOfAMessageByItsPlan) {
+TEST(MessageQueue, FormatsEachMessageByItsPlan) {
   LinePlan plan;
   plan.add(boost::logging::prepend_time_ms("$yyyy "));
   plan.add(&boost::logging::prepend_prefix);
@@ -98,7 +98,7 @@ TEST(MessageQueue, MakesTheLineOfAMessageByItsPlan) {
   EXPECT_EQ(collected(queue), front + "text\n" + front + "next\n");
 }
 
-TEST(MessageQueue, GivesAMessageTheTimeOfItsLogging) {
+TEST(MessageQueue, StampsAMessageWithTheTimeOfItsStatement) {
   LinePlan plan;
   plan.add(boost::logging::prepend_time_ms("$hh$mm$ss$mss "));
   const std::string name = "App";
@@ -143,7 +143,7 @@ TEST(MessageQueue, EndsABatchThatIsLargeEnough) {
   EXPECT_TRUE(queue.isDrained());
 }
 
-TEST(MessageQueue, DropsTheNewestBeyondItsLimitAndTellsHowManyOnceThereIsRoom) {
+TEST(MessageQueue, DropsTheNewestBeyondItsLimitAndReportsTheNumberOnceThereIsRoom) {
   constexpr std::size_t limit = std::size_t{1024} * 1024;
   MessageQueue queue(limit);
   const std::string text(1000, 'x');
@@ -167,7 +167,7 @@ TEST(MessageQueue, DropsTheNewestBeyondItsLimitAndTellsHowManyOnceThereIsRoom) {
   EXPECT_EQ(collected(queue, true), "");
 }
 
-TEST(MessageQueue, TellsAtTheEndWhatItDroppedWithoutRoom) {
+TEST(MessageQueue, ReportsAtTheEndWhatItDropped) {
   MessageQueue queue(8192);
   for (int i = 0; i < 10; ++i)
     queue.push(std::string(3000, 'x'));
@@ -176,7 +176,7 @@ TEST(MessageQueue, TellsAtTheEndWhatItDroppedWithoutRoom) {
   EXPECT_THAT(collected(queue, true), testing::HasSubstr("dropped"));
 }
 
-TEST(MessageQueue, BeginsEmptyInAChild) {
+TEST(MessageQueue, StartsEmptyInAChild) {
   MessageQueue queue;
   OwnedLane lane(queue);
   lane.put("of the parent");
@@ -199,7 +199,7 @@ std::size_t deliveredBytes(MessageQueue& _queue) {
   return bytes;
 }
 
-TEST(MessageQueue, CountsNoMemoryAsHeldInWhichNothingWaits) {
+TEST(MessageQueue, CountsOnlyMemoryInWhichMessagesWait) {
   constexpr std::size_t limit = std::size_t{1024} * 1024;
   MessageQueue queue(limit);
   std::vector<std::unique_ptr<OwnedLane>> lanes;
@@ -215,7 +215,7 @@ TEST(MessageQueue, CountsNoMemoryAsHeldInWhichNothingWaits) {
   }
 }
 
-TEST(MessageQueue, BeginsInAForkedChildWithNothingHeld) {
+TEST(MessageQueue, HoldsNothingInAForkedChild) {
   constexpr std::size_t limit = std::size_t{1024} * 1024;
   MessageQueue queue(limit);
   queue.push(std::string(limit - 100000, 'x'));

@@ -13,7 +13,7 @@ namespace {
 
 using boost::logging::ts_appender;
 
-TEST(TsSuccession, DeliversNothingBeforeWhatTheFormerOneStillHolds) {
+TEST(TsSuccession, DeliversAfterWhatThePredecessorStillHolds) {
   testsupport::Wrapped file;
   testsupport::Parking parking;
   const boost::logging::appender write = file.appender();

@@ -50,7 +50,7 @@ TEST(TsAppender, SleepsAHundredMillisecondsInTheFirstCall) {
   EXPECT_EQ(wrapped.waitForText(1), "1");
 }
 
-TEST(TsAppender, StartsNoThreadWithoutAMessageAndThenDoesNotSleepAtItsEnd) {
+TEST(TsAppender, NeitherStartsAThreadNorSleepsWithoutAMessage) {
   Wrapped wrapped;
   const std::size_t before = testsupport::processResources().threads;
   {
@@ -75,7 +75,7 @@ TEST(TsAppender, DeliversMessagesInBatchesWithAnEmptyLogName) {
   EXPECT_THAT(wrapped.calls(), ElementsAre("|first\n", "|second\nthird\n"));
 }
 
-TEST(TsAppender, CallersDoNotWaitForTheWrappedAppender) {
+TEST(TsAppender, DoesNotLetCallersWaitForTheWrappedAppender) {
   Wrapped wrapped;
   const ts_appender appender(wrapped.appender(), 0);
   wrapped.holdUp(true);
@@ -97,7 +97,7 @@ TEST(TsAppender, IgnoresWhatTheWrappedAppenderThrows) {
   EXPECT_EQ(wrapped.waitForText(2), "12");
 }
 
-TEST(TsAppender, ReportsWhatTheWrappedAppenderThrowsWithTheMessagesThatItLost) {
+TEST(TsAppender, ReportsHowManyMessagesAThrowingAppenderLost) {
   const std::uint64_t before = boost::logging::detail::exceptionCount();
   Wrapped wrapped;
   const ts_appender appender(throwingAfter(wrapped), 0);
@@ -108,7 +108,7 @@ TEST(TsAppender, ReportsWhatTheWrappedAppenderThrowsWithTheMessagesThatItLost) {
   EXPECT_EQ(boost::logging::detail::exceptionCount(), before + 1);
 }
 
-TEST(TsAppender, HoldsNoMoreThanItsLimitAndTellsWhatItDropped) {
+TEST(TsAppender, HoldsNoMoreThanItsLimitAndReportsWhatItDropped) {
   constexpr std::size_t limit = std::size_t{64} * 1024 * 1024;
   constexpr int count = 90;
   const std::string mebi(std::size_t{1024} * 1024, 'x');
@@ -129,7 +129,7 @@ TEST(TsAppender, HoldsNoMoreThanItsLimitAndTellsWhatItDropped) {
   EXPECT_EQ(static_cast<std::size_t>(std::count(all.begin(), all.end(), 'x')), delivered);
 }
 
-TEST(TsAppender, WaitsTheIntervalBetweenBatches) {
+TEST(TsAppender, WaitsOneIntervalBetweenBatches) {
   Wrapped wrapped;
   const ts_appender appender(wrapped.appender(), 300);
   appender("App", "1");
@@ -143,7 +143,7 @@ TEST(TsAppender, WaitsTheIntervalBetweenBatches) {
   EXPECT_THAT(wrapped.calls(), ElementsAre("|1", "|23"));
 }
 
-TEST(TsAppender, TheEndOfTheLastCopySleepsOneAndAHalfIntervalsAndNothingIsLost) {
+TEST(TsAppender, SleepsOneAndAHalfIntervalsAtTheEndOfTheLastCopyAndLosesNothing) {
   Wrapped wrapped;
   std::optional<ts_appender> appender(std::in_place, wrapped.appender(), 200);
   (*appender)("App", "1");
@@ -156,7 +156,7 @@ TEST(TsAppender, TheEndOfTheLastCopySleepsOneAndAHalfIntervalsAndNothingIsLost) 
 }
 
 // Where the end of such a copy slept, the test would take hours. The last one is left to the end of the process.
-TEST(TsAppender, TheEndOfACopyThatIsNotTheLastDoesNotSleep) {
+TEST(TsAppender, DoesNotSleepAtTheEndOfACopyThatIsNotTheLast) {
   static auto* const wrapped = new Wrapped;
   static const auto* const last = new ts_appender(wrapped->appender(), hour);
   std::optional<ts_appender> copy(*last);
@@ -165,7 +165,7 @@ TEST(TsAppender, TheEndOfACopyThatIsNotTheLastDoesNotSleep) {
   EXPECT_EQ(wrapped->waitForText(1), "1");
 }
 
-TEST(TsAppender, TheEndOfTheLastCopySleepsHalfAMillisecondMoreForAnOddInterval) {
+TEST(TsAppender, SleepsHalfAMillisecondMoreForAnOddInterval) {
   Wrapped wrapped;
   std::optional<ts_appender> appender(std::in_place, wrapped.appender(), 1);
   (*appender)("App", "1");
@@ -175,7 +175,7 @@ TEST(TsAppender, TheEndOfTheLastCopySleepsHalfAMillisecondMoreForAnOddInterval) 
   EXPECT_GE(Clock::now() - begin, std::chrono::microseconds(1500));
 }
 
-TEST(TsAppender, DeliversAfterTheLastCopyWhatWasHeldUp) {
+TEST(TsAppender, DeliversWhatIsHeldUpAfterTheEndOfTheLastCopy) {
   auto wrapped = std::make_shared<Wrapped>();
   {
     const ts_appender appender(wrapped->appender(), 0);
@@ -200,7 +200,7 @@ TEST(TsAppender, DestroysTheWrappedAppenderAfterTheLastCopy) {
   EXPECT_EQ(used.use_count(), 1);
 }
 
-TEST(TsAppender, TakesMessagesOfManyThreads) {
+TEST(TsAppender, AcceptsMessagesFromManyThreads) {
   Wrapped wrapped;
   const ts_appender appender(wrapped.appender(), 0);
   std::vector<std::thread> threads;

@@ -56,7 +56,7 @@ TEST_F(WriteToFile, ContinuesAnExistingFile) {
   EXPECT_EQ(text(), "before\ntext\n");
 }
 
-TEST_F(WriteToFile, EmptiesTheFileOnceWhenItIsToOverwrite) {
+TEST_F(WriteToFile, EmptiesTheFileOnceWhenAskedToOverwrite) {
   writeFile(path_, "before\n");
   const write_to_file appender(path_, true);
   EXPECT_EQ(text(), "before\n");
@@ -69,13 +69,13 @@ TEST_F(WriteToFile, EmptiesTheFileOnceWhenItIsToOverwrite) {
   EXPECT_EQ(text(), "other\n3\n");
 }
 
-TEST_F(WriteToFile, TakesBothSeparators) {
+TEST_F(WriteToFile, AcceptsBothSeparators) {
   write_to_file(platform::nativePath(path_), false)("App", "1\n");
   write_to_file(path_, false)("App", "2\n");
   EXPECT_EQ(text(), "1\n2\n");
 }
 
-TEST_F(WriteToFile, CopiesShareOneOpenFile) {
+TEST_F(WriteToFile, SharesOneOpenFileAmongCopies) {
   const write_to_file appender(path_, false);
   const write_to_file copy = appender;
   const FaultPlan opens(Call::openForAppending, 1000, 5);
@@ -85,7 +85,7 @@ TEST_F(WriteToFile, CopiesShareOneOpenFile) {
   EXPECT_EQ(text(), "1\n2\n");
 }
 
-TEST_F(WriteToFile, MakesARemovedFileAnewWithinASecond) {
+TEST_F(WriteToFile, RecreatesARemovedFileWithinASecond) {
   const write_to_file appender(path_, false);
   writeAt(appender, 0, "1\n");
   removeAll(path_);
@@ -93,7 +93,7 @@ TEST_F(WriteToFile, MakesARemovedFileAnewWithinASecond) {
   EXPECT_EQ(text(), "2\n");
 }
 
-TEST_F(WriteToFile, MakesARemovedFolderAnewWithinASecond) {
+TEST_F(WriteToFile, RecreatesARemovedFolderWithinASecond) {
   const std::string deepPath = folder_.file("a\\b\\c.log");
   const write_to_file appender(deepPath, false);
   writeAt(appender, 0, "1\n");
@@ -102,7 +102,7 @@ TEST_F(WriteToFile, MakesARemovedFolderAnewWithinASecond) {
   EXPECT_EQ(testsupport::replaced(readFile(deepPath), "\r\n", "\n"), "2\n");
 }
 
-TEST_F(WriteToFile, MakesARenamedFileAnewWithinASecond) {
+TEST_F(WriteToFile, RecreatesARenamedFileWithinASecond) {
   const write_to_file appender(path_, true);
   writeAt(appender, 0, "1\n");
   std::filesystem::rename(testsupport::systemPath(path_), testsupport::systemPath(path_ + ".1"));
@@ -111,7 +111,7 @@ TEST_F(WriteToFile, MakesARenamedFileAnewWithinASecond) {
   EXPECT_EQ(text(), "2\n");
 }
 
-TEST_F(WriteToFile, WaitsForAFolderInItsPlaceToGo) {
+TEST_F(WriteToFile, WaitsUntilAFolderInItsPlaceIsGone) {
   testsupport::makeFolders(path_);
   const write_to_file appender(path_, false);
   appender("App", "1\n");
@@ -122,7 +122,7 @@ TEST_F(WriteToFile, WaitsForAFolderInItsPlaceToGo) {
   EXPECT_EQ(text().substr(text().find('\n')), "\n3\n");
 }
 
-TEST_F(WriteToFile, LooksForTheFileAgainAfterTheClockWasSetBack) {
+TEST_F(WriteToFile, ChecksTheFileAgainAfterTheClockGoesBack) {
   const write_to_file appender(path_, false);
   writeAt(appender, 0, "1\n");
   removeAll(path_);
@@ -130,7 +130,7 @@ TEST_F(WriteToFile, LooksForTheFileAgainAfterTheClockWasSetBack) {
   EXPECT_EQ(text(), "2\n");
 }
 
-TEST_F(WriteToFile, DoesNotLookForTheFileAtEveryMessage) {
+TEST_F(WriteToFile, DoesNotCheckTheFileAtEveryMessage) {
   const write_to_file appender(path_, false);
   writeAt(appender, 0, "1\n");
   const FaultPlan looks(Call::statusQuery, 1000, 5);
@@ -139,7 +139,7 @@ TEST_F(WriteToFile, DoesNotLookForTheFileAtEveryMessage) {
   EXPECT_EQ(looks.calls(), 0);
 }
 
-TEST_F(WriteToFile, EndsAFragmentThatAKilledProcessLeft) {
+TEST_F(WriteToFile, EndsAFragmentLeftByAKilledProcess) {
   writeFile(path_, "whole\nfragm");
   const write_to_file appender(path_, false);
   appender("App", "1\n");
@@ -147,7 +147,7 @@ TEST_F(WriteToFile, EndsAFragmentThatAKilledProcessLeft) {
   EXPECT_EQ(text(), "whole\nfragm\n1\n2\n");
 }
 
-TEST_F(WriteToFile, TellsInOneLineWhatAFailedWriteLost) {
+TEST_F(WriteToFile, ReportsInOneLineWhatAFailedWriteLost) {
   const write_to_file appender(path_, false);
   appender("App", "1\n");
   {
@@ -160,7 +160,7 @@ TEST_F(WriteToFile, TellsInOneLineWhatAFailedWriteLost) {
   EXPECT_EQ(text(), "1\n3 messages were lost: this file could not be written, error 112\n5\n6\n");
 }
 
-TEST_F(WriteToFile, ReportsWhatCannotBeWrittenOnTheStandardErrorStreamOnceAMinuteForEachFile) {
+TEST_F(WriteToFile, ReportsLostMessagesOnStandardErrorOncePerMinuteAndFile) {
   const std::string otherPath = folder_.file("other.log");
   testing::internal::CaptureStderr();
   {
@@ -178,7 +178,7 @@ TEST_F(WriteToFile, ReportsWhatCannotBeWrittenOnTheStandardErrorStreamOnceAMinut
                 "boost::logging: 1 message could not be written to " + otherPath + ", error 112\n");
 }
 
-TEST_F(WriteToFile, ReportsAFileThatCannotBeOpenedOnTheStandardErrorStream) {
+TEST_F(WriteToFile, ReportsAnUnopenableFileOnStandardError) {
   testing::internal::CaptureStderr();
   const FaultPlan opening(Call::openForAppending, 1, platform::errorAccessDenied);
   write_to_file(path_, false)("App", "message\n");
@@ -186,7 +186,7 @@ TEST_F(WriteToFile, ReportsAFileThatCannotBeOpenedOnTheStandardErrorStream) {
             "boost::logging: 1 message could not be written to " + path_ + ", error 5\n");
 }
 
-TEST_F(WriteToFile, TriesAFailedOpenAgainWithTheNextMessage) {
+TEST_F(WriteToFile, RetriesAFailedOpenWithTheNextMessage) {
   const write_to_file appender(path_, false);
   {
     const FaultPlan plan(Call::openForAppending, 1, platform::errorAccessDenied);
@@ -197,7 +197,7 @@ TEST_F(WriteToFile, TriesAFailedOpenAgainWithTheNextMessage) {
   EXPECT_EQ(text(), lostOne + std::string("5\n2\n"));
 }
 
-TEST_F(WriteToFile, CannotWriteWhereTheUserMayNotButCanAsSoonAsHeMay) {
+TEST_F(WriteToFile, WritesAsSoonAsTheUserMayWrite) {
   testsupport::makeFolders(folder_.file("closed"));
   testsupport::denyWriting(folder_.file("closed"));
   const std::string closedPath = folder_.file("closed\\c.log");

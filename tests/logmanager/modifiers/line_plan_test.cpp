@@ -52,7 +52,7 @@ std::string oneByOne(const Modifiers& _modifiers, std::string _message) {
   return _message;
 }
 
-TEST(LinePlan, MakesTheLineThatTheModifiersMakeOneByOne) {
+TEST(LinePlan, AgreesWithTheModifiersOneByOne) {
   const bl::detail::MessageScope scope(bl::detail::threadState(), 1795255200123);
   std::string line = "what it held before, which may be longer than the line";
   for (const Modifiers& modifiers : allRows(5)) {
@@ -65,7 +65,7 @@ TEST(LinePlan, MakesTheLineThatTheModifiersMakeOneByOne) {
   }
 }
 
-TEST(LinePlan, IsMadeOfTheModifiersOfTheDefaultLogsButNotOfOthers) {
+TEST(LinePlan, CoversTheModifiersOfTheDefaultLogsAndNoOthers) {
   const auto usable = [](const std::vector<bl::modifier>& _modifiers) {
     Modifiers modifiers;
     for (const bl::modifier& modifier : _modifiers)

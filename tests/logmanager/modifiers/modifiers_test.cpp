@@ -41,12 +41,12 @@ TEST(PrependPrefix, PutsTheNameOfTheLogInBracketsBeforeTheMessage) {
   EXPECT_EQ(modified(&bl::prepend_prefix, "", ""), "[] ");
 }
 
-TEST(AppendEnter, EndsTheMessageWithALineEnd) {
+TEST(AppendEnter, AppendsALineFeed) {
   EXPECT_EQ(modified(&bl::append_enter, "App", "text"), "text\n");
   EXPECT_EQ(modified(&bl::append_enter, "App", "text\n"), "text\n\n");
 }
 
-TEST(PrependTime, IsTheTimeOfTheMessageInWhateverOrderTheTimesCome) {
+TEST(PrependTime, UsesTheTimeOfTheMessageInAnyOrder) {
   const bl::modifier modifier = bl::prepend_time_ms("$yyyy$MM$dd $hh:$mm:$ss.$mss ");
   const std::vector<std::int64_t> times{1795255200123, 1795255200124, 1795255200999, 1795255201000, 1795255200123, 1,
                                         1795255261007, 951782400000,  1009843199999};
@@ -55,7 +55,7 @@ TEST(PrependTime, IsTheTimeOfTheMessageInWhateverOrderTheTimesCome) {
   }
 }
 
-TEST(PrependTime, IsNowOutsideOfAMessage) {
+TEST(PrependTime, UsesTheCurrentTimeOutsideOfAMessage) {
   const bl::modifier modifier = bl::prepend_time_ms("$yyyy$MM$dd $hh:$mm:$ss.$mss ");
   const std::string before = expectedStamp(platform::wallClockMilliseconds());
   const std::string stamp = modified(modifier, "", "");
@@ -72,12 +72,12 @@ TEST(PrependTime, KeepsFormatsApart) {
   EXPECT_EQ(modified(bl::prepend_time_ms(""), "", "text"), "text");
 }
 
-TEST(PrependTime, TakesAFormatOfAnyLength) {
+TEST(PrependTime, AcceptsAFormatOfAnyLength) {
   const std::string filler(200, '-');
   EXPECT_EQ(stampOf(bl::prepend_time_ms(filler + "$mss"), 1042), filler + "042");
 }
 
-TEST(PrependTime, AgreesWithAnotherOneOnTheTimeOfAMessage) {
+TEST(PrependTime, AgreesWithOtherStampsOfTheMessage) {
   std::string first;
   std::string message;
   const bl::detail::MessageScope scope(bl::detail::threadState(), 0);

@@ -27,7 +27,7 @@ std::set<std::string> matchedTexts(const std::string& _glob, const std::vector<s
   return matched;
 }
 
-TEST(Glob, MatchesAnotherOneAndMeetsItAsTheTextsThatTheyMatchSay) {
+TEST(Glob, MatchesAndMeetsAnotherAsTheirTextsDo) {
   const std::vector<std::string> texts = allTexts("ac.", 6);
   const std::vector<std::string> globs = allTexts("a.*", 3);
   std::vector<std::set<std::string>> matched;
@@ -46,7 +46,7 @@ TEST(Glob, MatchesAnotherOneAndMeetsItAsTheTextsThatTheyMatchSay) {
 }
 
 /// What the rules of callables rest on: several globs match all that another one does only if one of them does.
-TEST(Glob, IsCoveredByTwoOthersOnlyIfByOneOfThem) {
+TEST(Glob, LosesToTwoOthersOnlyIfOneOfThemCoversIt) {
   const std::vector<std::string> texts = allTexts("ac.", 6);
   const std::vector<std::string> globs = allTexts("a.*", 3);
   for (const std::string& glob : globs) {

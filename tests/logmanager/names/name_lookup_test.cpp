@@ -27,7 +27,7 @@ std::string randomText(std::mt19937& _random, const std::string& _characters) {
   return text;
 }
 
-TEST(LogRegistry, FindsByPatternTheLogsThatThePatternSelects) {
+TEST(LogRegistry, FindsTheLogsThatAPatternSelects) {
   std::mt19937 random(1);
   LogRegistry registry;
   std::set<std::string> names;
@@ -49,7 +49,7 @@ TEST(LogRegistry, FindsByPatternTheLogsThatThePatternSelects) {
   }
 }
 
-TEST(LogRegistry, FindsByNameWhatWasCreated) {
+TEST(LogRegistry, FindsALogByItsName) {
   LogRegistry registry;
   EXPECT_EQ(registry.find(""), nullptr);
   Log& log = registry.create("", true, nullptr);
@@ -57,7 +57,7 @@ TEST(LogRegistry, FindsByNameWhatWasCreated) {
   EXPECT_EQ(registry.find("a"), nullptr);
 }
 
-TEST(LogRegistry, TakesNamesOfManyDots) {
+TEST(LogRegistry, AcceptsNamesWithManyDots) {
   LogRegistry registry;
   const std::string name(100000, '.');
   registry.create(name, true, nullptr);
@@ -85,7 +85,7 @@ std::set<std::string> those(const std::set<std::string>& _globs, Predicate _pred
   return those;
 }
 
-TEST(GlobIndex, FindsTheGlobsThatMatchAreMatchedOrMeet) {
+TEST(GlobIndex, FindsGlobsThatMatchOrMeet) {
   std::mt19937 random(2);
   GlobIndex<std::string> index;
   std::set<std::string> globs;
@@ -116,7 +116,7 @@ TEST(GlobIndex, FindsTheGlobsThatMatchAreMatchedOrMeet) {
   EXPECT_EQ(index.size(), globs.size());
 }
 
-TEST(GlobIndex, EndsASearchWithTheFirstThatPasses) {
+TEST(GlobIndex, EndsASearchAtTheFirstMatch) {
   GlobIndex<int> index;
   for (const char* const glob : {"a*", "*", "ab", "*b"})
     index.at(glob) = 1;

@@ -15,7 +15,7 @@ using testsupport::allTexts;
 using testsupport::naiveMatch;
 using testsupport::naiveSelects;
 
-TEST(NamePattern, SelectsWhatTheDefinitionSaysForAllSmallPatternsAndNames) {
+TEST(NamePattern, AgreesWithTheDefinitionForAllSmallPatternsAndNames) {
   const std::vector<std::string> names = allTexts("ab.", 5);
   for (const std::string& text : allTexts("ab.*", 5)) {
     const NamePattern pattern(text);
@@ -25,7 +25,7 @@ TEST(NamePattern, SelectsWhatTheDefinitionSaysForAllSmallPatternsAndNames) {
   }
 }
 
-TEST(NamePattern, WithoutStarSelectsTheLogAndThoseBelowIt) {
+TEST(NamePattern, SelectsTheLogAndThoseBelowItWithoutAStar) {
   EXPECT_TRUE(NamePattern("App").selects("App"));
   EXPECT_TRUE(NamePattern("App").selects("App.error"));
   EXPECT_TRUE(NamePattern("App").selects("App."));
@@ -34,13 +34,13 @@ TEST(NamePattern, WithoutStarSelectsTheLogAndThoseBelowIt) {
   EXPECT_FALSE(NamePattern("App.error").selects("App"));
 }
 
-TEST(NamePattern, WithStarDoesNotSelectWhatLiesBelow) {
+TEST(NamePattern, SelectsNothingBelowAMatchWithAStar) {
   EXPECT_TRUE(NamePattern("A*p").selects("App"));
   EXPECT_FALSE(NamePattern("A*p").selects("App.error"));
   EXPECT_TRUE(NamePattern("*").selects(""));
 }
 
-TEST(NamePattern, ThatIsEmptySelectsOnlyTheEmptyName) {
+TEST(NamePattern, SelectsOnlyTheEmptyNameWhenItIsEmpty) {
   EXPECT_TRUE(NamePattern("").selects(""));
   EXPECT_FALSE(NamePattern("").selects(".a"));
   EXPECT_FALSE(NamePattern("").selects("a"));
@@ -52,7 +52,7 @@ TEST(NamePattern, ComparesBytes) {
   EXPECT_TRUE(NamePattern(std::string("a\0b", 3)).selects(std::string("a\0b", 3)));
 }
 
-TEST(NamePattern, TakesAStarInANameAsACharacter) {
+TEST(NamePattern, TreatsAStarInANameAsACharacter) {
   EXPECT_TRUE(NamePattern("a*").selects("a*b"));
   EXPECT_FALSE(NamePattern("ab").selects("a*"));
 }

@@ -34,7 +34,7 @@ class ReplacedAfterLoad {
   std::function<const int*()> replace_;
 };
 
-TEST(ReaderSlot, HoldsTheNewObjectWhenTheOldOneIsReplacedBeforeItIsShown) {
+TEST(ReaderSlot, HoldsTheNewObjectAfterAReplacementBeforeItShowsTheOldOne) {
   const int former = 1;
   const int current = 2;
   ReaderSlot slot;
@@ -51,7 +51,7 @@ TEST(ReaderSlot, HoldsTheNewObjectWhenTheOldOneIsReplacedBeforeItIsShown) {
   EXPECT_TRUE(slot.mayHold(&current));
 }
 
-TEST(ReaderSlot, HoldsTheNewObjectWhenTheOldOneIsReplacedBeforeATakenSlotShowsIt) {
+TEST(ReaderSlot, HoldsTheNewObjectAfterAReplacementBeforeATakenSlotShowsTheOldOne) {
   const int former = 1;
   const int current = 2;
   ReaderSlot slot;
@@ -66,7 +66,7 @@ TEST(ReaderSlot, HoldsTheNewObjectWhenTheOldOneIsReplacedBeforeATakenSlotShowsIt
   EXPECT_TRUE(slot.mayHold(&current));
 }
 
-TEST(ReaderSlot, KeepsTheOldObjectThatItShowsBeforeItIsReplaced) {
+TEST(ReaderSlot, KeepsTheOldObjectThatItShowsDuringAReplacement) {
   const int former = 1;
   const int current = 2;
   ReaderSlot slot;
@@ -84,7 +84,7 @@ TEST(ReaderSlot, KeepsTheOldObjectThatItShowsBeforeItIsReplaced) {
   EXPECT_FALSE(slot.mayHold(&former));
 }
 
-TEST(ReaderSlot, ThatIsTakenIsNotTakenAgain) {
+TEST(ReaderSlot, CannotBeTakenTwice) {
   const int object = 1;
   const std::atomic<const int*> published{&object};
   ReaderSlot slot;
