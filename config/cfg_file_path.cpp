@@ -2,33 +2,22 @@
 #include <exception>
 
 #include "config/cfg_data_manager.h"
-#include "config/cfg_file_name.h"
-#include "config/text_replacement.h"
+#include "config/cfg_path_rules.h"
 #include "platform/shell_folder.h"
 #include "quillmark_logging_names.h"
 #include "trace/trace_line.h"
 
 using Quillmark_logging::boolName;
-using Quillmark_logging::cfgFileName;
-using Quillmark_logging::replaceAll;
+using Quillmark_logging::CfgFileKind;
+using Quillmark_logging::cfgFilePath;
+using Quillmark_logging::redirectedPath;
 using Quillmark_logging::traceLineIf;
 
 namespace {
 
-// How the generic CA stands in a file name.
-constexpr char genericMarker[] = "_GE.";
-
-// What differs between the kinds of files.
-struct FileKind {
-  platform::ShellFolder base;
-  const char* folder;
-  const char* name;
-};
-
-constexpr FileKind cfgKind = {platform::ShellFolder::commonProgramFiles, Quillmark_logging::CFG_FOLDER,
-                              Quillmark_logging::CFG_FILE_NAME};
-constexpr FileKind initKind = {platform::ShellFolder::commonAppData, Quillmark_logging::INIT_FOLDER,
-                               Quillmark_logging::INIT_FILE_NAME};
+platform::ShellFolder baseOf(CfgFileKind _kind) {
+  return _kind == CfgFileKind::cfg ? platform::ShellFolder::commonProgramFiles : platform::ShellFolder::commonAppData;
+}
 
 }  // namespace
 
@@ -37,8 +26,8 @@ bool CfgDataManager::getQmrkCfgFilePath(std::string& _path, const std::string& _
               boolName(_cfg));
   try {
     const std::string ca = toUpperCopy(_ca);
-    const FileKind& kind = _cfg ? cfgKind : initKind;
-    if (!platform::shellFolder(kind.base, _path)) {
+    const CfgFileKind kind = _cfg ? CfgFileKind::cfg : CfgFileKind::init;
+    if (!platform::shellFolder(baseOf(kind), _path)) {
       traceLineIf(tracing(), "<!= CfgDataManager::getQmrkCfgFilePath() SHGetFolderpath() failed!\r\n");
       return false;
     }
@@ -46,7 +35,7 @@ bool CfgDataManager::getQmrkCfgFilePath(std::string& _path, const std::string& _
       traceLineIf(tracing(), "<!= CfgDataManager::getQmrkCfgFilePath() No valid CA number was passed as argument.\r\n");
       return false;
     }
-    _path += kind.folder + cfgFileName(kind.name, ca);
+    _path = cfgFilePath(kind, _path, ca);
     if (ca == Quillmark_logging::GENERIC_CA) redirectGeneric(_path, _cfg);
   } catch (const std::exception&) {
     return false;
@@ -58,8 +47,8 @@ bool CfgDataManager::getQmrkCfgFilePath(std::string& _path, const std::string& _
 void CfgDataManager::redirectGeneric(std::string& _path, bool _cfg) {
   const std::string genericPath = _path;
   std::string base;
-  if (!_cfg && platform::shellFolder(cfgKind.base, base)) {
-    _path = base + cfgKind.folder + Quillmark_logging::GENERIC_CFG_FILE_NAME;
+  if (!_cfg && platform::shellFolder(baseOf(CfgFileKind::cfg), base)) {
+    _path = Quillmark_logging::genericCfgPath(base);
   }
   std::string redirectCa;
   if (!getCfgValue(_path, Quillmark_logging::REDIRECT_CA_NR, redirectCa)) {
@@ -67,9 +56,7 @@ void CfgDataManager::redirectGeneric(std::string& _path, bool _cfg) {
     traceLineIf(tracing(), "<!= CfgDataManager::getQmrkCfgFilePath() Redirection failed...\r\n");
     return;
   }
-  if (!_cfg) _path = genericPath;
-  _path = replaceAll(_path, genericMarker, "_" + redirectCa + ".");
-  if (!_cfg) _path = replaceAll(_path, ".cfg", ".init");
+  _path = redirectedPath(_cfg ? CfgFileKind::cfg : CfgFileKind::init, genericPath, redirectCa);
   traceLineIf(tracing(), "--- CfgDataManager::getQmrkCfgFilePath() Called with CA GE, redirecting from %s to %s\r\n",
               genericPath.c_str(), _path.c_str());
 }

@@ -6,8 +6,6 @@
 namespace Quillmark_logging {
 namespace {
 
-using TakePair = std::function<void(std::string_view, std::string_view)>;
-
 constexpr char eightBlanks[] = "        ";
 
 // "//" counts only after a blank or a line end, so that "x://y" can be a value; nothing stands before the first
@@ -22,20 +20,23 @@ bool startsComment(std::string_view _text, std::size_t _position) {
 // What is between two stores: a key, then its value.
 class PairScanner {
  public:
-  explicit PairScanner(const TakePair& _take) : takePair_(_take) {}
+  explicit PairScanner(const TakeCfgPair& _take) : takePair_(_take) {}
 
   // Whether nothing is pending, so that a pair may begin.
   bool isEmpty() const { return !inValue_ && key_.empty(); }
 
-  // Takes the next character that belongs to no comment.
-  void take(char _c) {
+  // Takes the next character that belongs to no comment, and its position.
+  void take(char _c, std::size_t _position) {
     if (endsPair(_c)) {
+      place_.end = _position;
       store();
     } else if (inValue_) {
       append(value_, _c);
     } else if (_c == '=' || _c == ':') {
+      place_.value = _position + 1;
       inValue_ = true;
     } else if (_c != '\n') {
+      if (key_.empty()) place_.key = _position;
       append(key_, _c);
     }
   }
@@ -47,20 +48,22 @@ class PairScanner {
   static void append(std::string& _text, char _c) { _c == '\t' ? _text += eightBlanks : _text += _c; }
 
   void store() {
-    takePair_(key_, value_);
+    takePair_(key_, value_, place_);
     key_.clear();
     value_.clear();
     inValue_ = false;
   }
 
-  const TakePair& takePair_;
+  const TakeCfgPair& takePair_;
   std::string key_;
   std::string value_;
+  CfgPairPlace place_;
   bool inValue_ = false;
 };
 
 // Takes a line that holds nothing but a key, a separator and a value, as most do; false when it holds anything else.
-bool takePlainLine(std::string_view _line, const TakePair& _take) {
+// @param _begin position of the line in the text.
+bool takePlainLine(std::string_view _line, std::size_t _begin, const TakeCfgPair& _take) {
   std::size_t separator = std::string_view::npos;
   for (std::size_t i = 0; i < _line.size(); ++i) {
     const char c = _line[i];
@@ -68,7 +71,8 @@ bool takePlainLine(std::string_view _line, const TakePair& _take) {
     if (separator == std::string_view::npos && (c == '=' || c == ':')) separator = i;
   }
   if (separator == std::string_view::npos || separator == 0 || separator + 1 == _line.size()) return false;
-  _take(_line.substr(0, separator), _line.substr(separator + 1));
+  _take(_line.substr(0, separator), _line.substr(separator + 1),
+        {_begin, _begin + separator + 1, _begin + _line.size()});
   return true;
 }
 
@@ -78,27 +82,27 @@ void expandTabs(std::string& _text) {
   if (_text.find('\t') != std::string::npos) _text = replaceAll(_text, "\t", eightBlanks);
 }
 
-void forEachCfgPair(std::string_view _text, const TakePair& _take) {
+void forEachCfgPair(std::string_view _text, const TakeCfgPair& _take) {
   PairScanner scanner(_take);
   for (std::size_t i = 0; i < _text.size(); ++i) {
     if (scanner.isEmpty()) {
       const std::size_t lineEnd = _text.find('\n', i);
       // What has no end is dropped, whatever it is.
       if (lineEnd == std::string_view::npos) return;
-      if (takePlainLine(_text.substr(i, lineEnd - i), _take)) {
+      if (takePlainLine(_text.substr(i, lineEnd - i), i, _take)) {
         i = lineEnd;
         continue;
       }
     }
     if (startsComment(_text, i)) i = _text.find('\n', i);
     if (i == std::string_view::npos) return;
-    scanner.take(_text[i]);
+    scanner.take(_text[i], i);
   }
 }
 
 std::vector<CfgPair> scanCfgText(std::string_view _text) {
   std::vector<CfgPair> pairs;
-  forEachCfgPair(_text, [&pairs](std::string_view _key, std::string_view _value) {
+  forEachCfgPair(_text, [&pairs](std::string_view _key, std::string_view _value, const CfgPairPlace&) {
     pairs.push_back({std::string(_key), std::string(_value)});
   });
   return pairs;

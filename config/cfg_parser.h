@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -14,16 +15,26 @@ struct CfgPair {
   std::string value;
 };
 
+/// Where a pair stands: positions in the text.
+struct CfgPairPlace {
+  std::size_t key = 0;    ///< of the first character of the key
+  std::size_t value = 0;  ///< behind the separator
+  std::size_t end = 0;    ///< of the line feed that ends the pair
+};
+
+/// Takes (key, value, place); what it is handed lives for the call only.
+using TakeCfgPair = std::function<void(std::string_view, std::string_view, const CfgPairPlace&)>;
+
 /// Replaces every tab by eight blanks, as is done before a text is scanned.
 void expandTabs(std::string& _text);
 
-/// Calls _take(key, value) for each pair of a configuration text, in order, repeated keys included; the value still has
-/// the blanks at its end, and what is handed over lives for the call only. "KEY=value" and "KEY:value" make a pair,
+/// Calls _take for each pair of a configuration text, in order, repeated keys included; the value still has
+/// the blanks at its end. "KEY=value" and "KEY:value" make a pair,
 /// which ends at the first line feed after the value has begun. A comment runs from "#", or from "//" after a blank, a
 /// tab or a line end, to the end of its line. A tab elsewhere counts as eight blanks. What is pending at the end of the
 /// text is dropped. The time grows with the text alone, and nothing is copied but a pair with a comment, a slash or a
 /// tab in it.
-void forEachCfgPair(std::string_view _text, const std::function<void(std::string_view, std::string_view)>& _take);
+void forEachCfgPair(std::string_view _text, const TakeCfgPair& _take);
 
 /// The same pairs all at once.
 std::vector<CfgPair> scanCfgText(std::string_view _text);

@@ -9,6 +9,7 @@
 #include "platform/text_file.h"
 #include "trace/trace_line.h"
 
+using Quillmark_logging::CfgPairPlace;
 using Quillmark_logging::expandTabs;
 using Quillmark_logging::forEachCfgPair;
 using Quillmark_logging::traceLineIf;
@@ -21,7 +22,7 @@ int length(const std::string& _s) { return static_cast<int>(_s.length()); }
 bool findValue(std::string_view _text, const std::string& _key, std::string& _value) {
   bool isFound = false;
   std::string found;
-  forEachCfgPair(_text, [&](std::string_view _pairKey, std::string_view _pairValue) {
+  forEachCfgPair(_text, [&](std::string_view _pairKey, std::string_view _pairValue, const CfgPairPlace&) {
     if (_pairKey != _key) return;
     found = _pairValue.substr(0, _pairValue.find_last_not_of(' ') + 1);
     isFound = true;
@@ -44,7 +45,7 @@ bool CfgDataManager::removeTrailingSpaces(std::string& _s) {
 bool CfgDataManager::cfgDataStrToMap(CfgMap& _cMap, std::string& _str) {
   traceLineIf(tracing(), "==> CfgDataManager::cfgDataStrToMap() _str.length()=%d\r\n", length(_str));
   expandTabs(_str);
-  forEachCfgPair(_str, [this, &_cMap](std::string_view _key, std::string_view _value) {
+  forEachCfgPair(_str, [this, &_cMap](std::string_view _key, std::string_view _value, const CfgPairPlace&) {
     const std::string key(_key);
     std::string value(_value);
     if (value.back() == ' ') removeTrailingSpaces(value);

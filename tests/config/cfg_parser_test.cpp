@@ -7,7 +7,9 @@
 #include "tests/config/cfg_oracle.h"
 
 using Quillmark_logging::CfgPair;
+using Quillmark_logging::CfgPairPlace;
 using Quillmark_logging::expandTabs;
+using Quillmark_logging::forEachCfgPair;
 using Quillmark_logging::scanCfgText;
 
 namespace {
@@ -22,6 +24,26 @@ std::vector<std::string> pairsOf(const std::string& _text) {
     pairs.push_back(pair.key + "|" + pair.value);
   }
   return pairs;
+}
+
+// "key@value@end" of each pair: its positions.
+std::vector<std::string> placesOf(const std::string& _text) {
+  std::vector<std::string> places;
+  forEachCfgPair(_text, [&places](std::string_view, std::string_view, const CfgPairPlace& _place) {
+    places.push_back(std::to_string(_place.key) + "@" + std::to_string(_place.value) + "@" +
+                     std::to_string(_place.end));
+  });
+  return places;
+}
+
+TEST(CfgParser, TellsWhereAPairStands) {
+  EXPECT_THAT(placesOf("A=1\n\nKEY:value\n"), ElementsAre("0@2@3", "5@9@14"));
+  EXPECT_THAT(placesOf("# c\nA=1 # n\n// d\nB\t=2\n"), ElementsAre("4@6@11", "17@20@21"));
+}
+
+TEST(CfgParser, TellsWhereAPairOfSeveralLinesBegins) {
+  EXPECT_THAT(placesOf("junk\nKEY=1\n"), ElementsAre("0@9@10"));
+  EXPECT_THAT(placesOf("A=\nB=2\nC=3\n"), ElementsAre("0@2@6", "7@9@10"));
 }
 
 TEST(CfgParser, AnEqualsSignOrAColonSeparates) {
