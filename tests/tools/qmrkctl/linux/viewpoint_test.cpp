@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#include "tools/qmrkctl/viewpoint.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "tests/support/config_sandbox.h"
+#include "tests/support/temporary_folder.h"
+
+namespace {
+
+using namespace qmrkctl;
+namespace fs = std::filesystem;
+
+Viewpoint nobody() { return viewpointOfUser("65534").value(); }
+
+TEST(ViewpointTest, OfTheRunningUserHasThisEnvironment) {
+  const testsupport::ConfigSandbox sandbox;
+  std::string path;
+  EXPECT_TRUE(baseFolder(ownViewpoint(), platform::ShellFolder::userAppData, path));
+  EXPECT_EQ(path, sandbox.appData());
+}
+
+TEST(ViewpointTest, OfAUserHasHisHomeAndTheFoldersOfTheMachine) {
+  const testsupport::ConfigSandbox sandbox;
+  const Viewpoint root = viewpointOfUser("root").value();
+  std::string path;
+  EXPECT_TRUE(baseFolder(root, platform::ShellFolder::userAppData, path));
+  EXPECT_EQ(path, "/root/.local/share");
+  EXPECT_TRUE(baseFolder(root, platform::ShellFolder::commonProgramFiles, path));
+  EXPECT_EQ(path, sandbox.commonProgramFiles());
+}
+
+TEST(ViewpointTest, DoesNotExistForAUserOrProcessThatDoesNot) {
+  EXPECT_FALSE(viewpointOfUser("no such user"));
+  EXPECT_FALSE(viewpointOfUser(""));
+  EXPECT_FALSE(viewpointOfProcess(0x7FFFFFFF));
+}
+
+TEST(ViewpointTest, OfAProcessHasItsUserAndItsFileSystem) {
+  const Viewpoint self = viewpointOfProcess(::getpid()).value();
+  EXPECT_EQ(self.account.uid, ::geteuid());
+  EXPECT_EQ(self.root, "");
+  EXPECT_FALSE(self.environment.empty());
+}
+
+TEST(ViewpointTest, JudgesRightsByTheIdsOfTheUser) {
+  const testsupport::TemporaryFolder folder;
+  const std::string file = folder.path() + "/f";
+  testsupport::writeFile(file, "x");
+  fs::permissions(file, fs::perms(0600));
+  EXPECT_TRUE(mayRead(ownViewpoint(), file));
+  const toolsystem::PathRights rights = rightsOn(nobody(), file);
+  EXPECT_TRUE(rights.exists);
+  EXPECT_FALSE(rights.isReadable);
+  EXPECT_FALSE(rights.isWritable);
+  fs::permissions(file, fs::perms(0644));
+  EXPECT_TRUE(mayRead(nobody(), file));
+  EXPECT_FALSE(mayWrite(nobody(), file));
+}
+
+TEST(ViewpointTest, FindsNothingInAFolderThatTheUserMayNotEnter) {
+  const testsupport::TemporaryFolder folder;
+  fs::create_directory(folder.path() + "/d");
+  testsupport::writeFile(folder.path() + "/d/f", "x");
+  fs::permissions(folder.path() + "/d", fs::perms(0700));
+  EXPECT_FALSE(rightsOn(nobody(), folder.path() + "/d/f").exists);
+  EXPECT_TRUE(rightsOn(ownViewpoint(), folder.path() + "/d/f").exists);
+}
+
+TEST(ViewpointTest, SeesWhatStandsAtAPath) {
+  using toolsystem::PathKind;
+  const testsupport::TemporaryFolder folder;
+  const std::string base = folder.path() + "/";
+  testsupport::writeFile(base + "f", "12345");
+  fs::create_symlink("nowhere", base + "dangling");
+  fs::create_symlink("f", base + "link");
+  EXPECT_EQ(factsOf(ownViewpoint(), base + "f").size, 5);
+  EXPECT_EQ(factsOf(ownViewpoint(), base + "gone").kind, PathKind::missing);
+  EXPECT_EQ(factsOf(ownViewpoint(), base).kind, PathKind::folder);
+  EXPECT_EQ(factsOf(ownViewpoint(), base + "dangling").kind, PathKind::danglingLink);
+  EXPECT_EQ(factsOf(ownViewpoint(), base + "link").kind, PathKind::file);
+  EXPECT_TRUE(factsOf(ownViewpoint(), base + "link").isLink);
+}
+
+}  // namespace

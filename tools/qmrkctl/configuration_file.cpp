@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+#include "tools/qmrkctl/configuration_file.h"
+
+#include <fstream>
+#include <map>
+#include <sstream>
+
+#include "config/cfg_parser.h"
+#include "platform/text_file.h"
+
+namespace qmrkctl {
+namespace {
+
+std::string fileBytes(const std::string& _path) {
+  std::ifstream file(_path, std::ios::binary);
+  std::ostringstream bytes;
+  bytes << file.rdbuf();
+  return bytes.str();
+}
+
+void markReplaced(std::vector<Setting>& _settings) {
+  std::map<std::string_view, Setting*> latest;
+  for (Setting& setting : _settings) {
+    Setting*& former = latest[setting.key];
+    if (former != nullptr) former->isReplaced = true;
+    former = &setting;
+  }
+}
+
+}  // namespace
+
+bool ConfigurationFile::isUsable() const {
+  return rights.exists && rights.isReadable && facts.kind == toolsystem::PathKind::file &&
+         facts.size <= platform::largestTextFile;
+}
+
+const Setting* ConfigurationFile::setting(std::string_view _key) const {
+  for (const Setting& each : settings) {
+    if (each.key == _key && !each.isReplaced) return &each;
+  }
+  return nullptr;
+}
+
+std::vector<Setting> settingsOf(const std::string& _file, std::string_view _text) {
+  const TextPlaces places(_text);
+  std::vector<Setting> settings;
+  const auto take = [&](std::string_view _key, std::string_view _value, const Quillmark_logging::CfgPairPlace& _place) {
+    const std::string_view value = _value.substr(0, _value.find_last_not_of(' ') + 1);
+    settings.push_back({std::string(_key), std::string(value), _file, places.of(_place.key), places.of(_place.value),
+                        _place.key, _place.value, _place.end, false});
+  };
+  Quillmark_logging::forEachCfgPair(_text, take);
+  markReplaced(settings);
+  return settings;
+}
+
+ConfigurationFile readConfigurationFile(const Viewpoint& _viewpoint, const std::string& _path,
+                                        const std::string& _rule) {
+  ConfigurationFile file;
+  file.path = _path;
+  file.rule = _rule;
+  if (_path.empty()) return file;
+  file.facts = factsOf(_viewpoint, _path);
+  file.rights = rightsOn(_viewpoint, _path);
+  if (file.facts.kind != toolsystem::PathKind::file) return file;
+  platform::TextReader reader(reachedPath(_viewpoint, _path));
+  file.isRead = reader.readAll(file.text);
+  if (!file.isRead) return file;
+  file.bytes = fileBytes(reachedPath(_viewpoint, _path));
+  if (_path.ends_with(".cfg")) file.settings = settingsOf(_path, file.text);
+  return file;
+}
+
+}  // namespace qmrkctl

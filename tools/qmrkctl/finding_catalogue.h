@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "tools/qmrkctl/finding.h"
+
+namespace qmrkctl {
+
+/// What is known about a code, for "explain" and for findings that have nothing more to say.
+struct FindingKind {
+  std::string_view code;
+  Severity severity;
+  std::string_view meaning;  ///< a heading: what is wrong
+  std::string_view effect;   ///< what the library then does
+  std::string_view fix;
+  std::string_view example;  ///< how it looks
+};
+
+/// All codes, in their order. Hundreds: 1 bytes, 2 finding and redirection, 3 keys and values, 4 class lists, 5 folders
+/// and rights, 6 processes, 7 environment and session.
+std::span<const FindingKind> findingCatalogue();
+
+/// The kind of a code; null when there is none.
+const FindingKind* findingKind(std::string_view _code);
+
+// The codes of each hundred, beside the check that finds them.
+std::span<const FindingKind> byteKinds();
+
+/// Where a finding is.
+struct FindingPlace {
+  std::string file;
+  int line = 0;
+  int column = 0;
+};
+
+/// A finding of a code of the catalogue, with its severity; effect and fix are the catalogue's where they are empty.
+/// The code must exist.
+Finding findingOf(std::string_view _code, const FindingPlace& _place, const std::string& _text,
+                  const std::string& _fix = "", const std::string& _effect = "");
+
+}  // namespace qmrkctl

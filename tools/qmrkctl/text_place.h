@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+#include <vector>
+
+namespace qmrkctl {
+
+/// A place in a text, as people count: both from 1, the column in bytes.
+struct TextPlace {
+  int line = 1;
+  int column = 1;
+};
+
+/// Finds places in one text.
+class TextPlaces {
+ public:
+  /// @param _text is not kept.
+  explicit TextPlaces(std::string_view _text);
+
+  /// The place of a position; one behind the end is the end.
+  TextPlace of(std::size_t _position) const;
+
+ private:
+  std::vector<std::size_t> lineBegins_;
+};
+
+}  // namespace qmrkctl

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#include "tools/qmrkctl/viewpoint.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/native_path.h"
+
+namespace qmrkctl {
+namespace {
+
+// Of these a service engineer knows that they hold for the machine; the others are the matter of each session.
+constexpr const char* machineVariables[] = {"QMRK_COMMON_PROGRAM_FILES", "QMRK_COMMON_APPDATA"};
+
+Viewpoint withoutSession(toolsystem::Account _account) {
+  Viewpoint viewpoint{std::move(_account), {}, ""};
+  const toolsystem::Environment own = toolsystem::ownEnvironment();
+  for (const char* const name : machineVariables) {
+    const auto variable = own.find(name);
+    if (variable != own.end()) viewpoint.environment.insert(*variable);
+  }
+  if (!viewpoint.account.home.empty()) viewpoint.environment["HOME"] = viewpoint.account.home;
+  return viewpoint;
+}
+
+}  // namespace
+
+Viewpoint ownViewpoint() { return {toolsystem::ownAccount(), toolsystem::ownEnvironment(), ""}; }
+
+std::optional<Viewpoint> viewpointOfUser(const std::string& _user) {
+  std::optional<toolsystem::Account> account = toolsystem::accountOfUser(_user);
+  if (!account) return std::nullopt;
+  return withoutSession(std::move(*account));
+}
+
+std::optional<Viewpoint> viewpointOfProcess(int _pid) {
+  std::optional<toolsystem::Account> account = toolsystem::accountOfProcess(_pid);
+  if (!account) return std::nullopt;
+  Viewpoint viewpoint = withoutSession(std::move(*account));
+  if (std::optional<toolsystem::Environment> environment = toolsystem::environmentOfProcess(_pid)) {
+    viewpoint.environment = std::move(*environment);
+  }
+  viewpoint.root = toolsystem::fileSystemOfProcess(_pid);
+  return viewpoint;
+}
+
+bool baseFolder(const Viewpoint& _viewpoint, platform::ShellFolder _folder, std::string& _path) {
+  return toolsystem::baseFolder(_folder, _viewpoint.environment, _viewpoint.account.home, _path);
+}
+
+std::string reachedPath(const Viewpoint& _viewpoint, const std::string& _path) {
+  return _viewpoint.root + platform::nativePath(_path);
+}
+
+toolsystem::PathFacts factsOf(const Viewpoint& _viewpoint, const std::string& _path) {
+  return toolsystem::factsOf(reachedPath(_viewpoint, _path));
+}
+
+std::vector<toolsystem::PathRights> rightsOn(const Viewpoint& _viewpoint, const std::vector<std::string>& _paths) {
+  std::vector<std::string> paths;
+  std::transform(_paths.begin(), _paths.end(), std::back_inserter(paths), platform::nativePath);
+  return toolsystem::rightsOn(paths, _viewpoint.account, _viewpoint.root);
+}
+
+toolsystem::PathRights rightsOn(const Viewpoint& _viewpoint, const std::string& _path) {
+  return rightsOn(_viewpoint, std::vector<std::string>{_path}).front();
+}
+
+bool mayRead(const Viewpoint& _viewpoint, const std::string& _path) { return rightsOn(_viewpoint, _path).isReadable; }
+
+bool mayWrite(const Viewpoint& _viewpoint, const std::string& _path) { return rightsOn(_viewpoint, _path).isWritable; }
+
+}  // namespace qmrkctl

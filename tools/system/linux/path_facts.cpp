@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#include "tools/system/path_facts.h"
+
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+
+#include "tools/system/account.h"
+
+namespace toolsystem {
+namespace {
+
+PathKind kindOf(mode_t _mode) {
+  if (S_ISREG(_mode)) return PathKind::file;
+  if (S_ISDIR(_mode)) return PathKind::folder;
+  if (S_ISFIFO(_mode)) return PathKind::pipe;
+  return S_ISSOCK(_mode) ? PathKind::socket : PathKind::device;
+}
+
+}  // namespace
+
+PathFacts factsOf(const std::string& _path) {
+  PathFacts facts;
+  struct stat status {};
+  if (::lstat(_path.c_str(), &status) != 0) return facts;
+  facts.isLink = S_ISLNK(status.st_mode);
+  const bool leadsSomewhere = ::stat(_path.c_str(), &status) == 0;
+  facts.kind = leadsSomewhere ? kindOf(status.st_mode) : PathKind::danglingLink;
+  facts.size = status.st_size;
+  facts.owner = status.st_uid;
+  const std::optional<Account> owner = accountOfUser(std::to_string(status.st_uid));
+  facts.ownerName = owner ? owner->name : std::to_string(status.st_uid);
+  facts.othersMayWrite = leadsSomewhere && (status.st_mode & (S_IWGRP | S_IWOTH)) != 0;
+  return facts;
+}
+
+std::optional<std::uint64_t> freeBytes(const std::string& _path) {
+  struct statvfs status {};
+  if (::statvfs(_path.c_str(), &status) != 0) return std::nullopt;
+  return static_cast<std::uint64_t>(status.f_bavail) * status.f_frsize;
+}
+
+}  // namespace toolsystem
