@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace qmrkctl {
+
+/// Makes lines of bytes that come in pieces. A line that is too long to show is cut, so that a file without line ends
+/// costs no memory.
+class LineSplitter {
+ public:
+  static constexpr std::size_t longestLine = std::size_t{64} * 1024;
+
+  /// Calls _onLine(const std::string&) for each line that is complete now, without its line end (LF or CR LF).
+  template <typename OnLine>
+  void feed(std::string_view _bytes, OnLine _onLine) {
+    for (std::size_t end = _bytes.find('\n'); end != std::string_view::npos; end = _bytes.find('\n')) {
+      append(_bytes.substr(0, end));
+      _onLine(takeLine());
+      _bytes.remove_prefix(end + 1);
+    }
+    append(_bytes);
+  }
+
+  /// Whether bytes of a line are there whose end has not come.
+  bool hasFragment() const { return !line_.empty() || cut_ > 0; }
+
+  /// These bytes as a line.
+  std::string takeLine();
+
+ private:
+  void append(std::string_view _bytes);
+
+  std::string line_;
+  std::size_t cut_ = 0;
+};
+
+}  // namespace qmrkctl
