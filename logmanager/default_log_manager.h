@@ -33,6 +33,13 @@ class default_log_manager {
 
   detail::EarlyMessages& earlyMessages() { return earlyMessages_; }
 
+  /// Calls _visit(const Log&) for each log, with the manager locked.
+  template <typename Visit>
+  void forEachLog(Visit _visit) const {
+    const std::lock_guard<std::mutex> lock(lock_);
+    logs_.forEach(_visit);
+  }
+
   /// Around a fork: the child finds the manager whole, although other threads change it.
   void lockForFork();
   void unlockAfterFork();

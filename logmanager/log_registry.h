@@ -41,6 +41,13 @@ class LogRegistry {
     }
   }
 
+  /// Calls _visit(const Log&) for each, in the order of creation.
+  template <typename Visit>
+  void forEach(Visit _visit) const {
+    for (const Log& log : logs_)
+      _visit(log);
+  }
+
   std::size_t size() const { return logs_.size(); }
 
  private:

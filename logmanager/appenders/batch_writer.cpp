@@ -41,8 +41,9 @@ void abandon(std::unique_ptr<T> _object) {
 
 }  // namespace
 
-BatchWriter::BatchWriter(const appender& _wrapped, int _sleepMs)
-    : wrapped_(_wrapped),
+BatchWriter::BatchWriter(const appender& _wrapped, int _sleepMs, const std::string& _file)
+    : noted_(_file, queue_),
+      wrapped_(_wrapped),
       sleepMs_(std::max(_sleepMs, 0)),
       lock_(new boost::mutex),
       delivery_(new BatchDelivery(queue_, wrapped_)),

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <algorithm>
 #include <atomic>
 #include <boost/thread/condition_variable.hpp>
 #include <boost/thread/mutex.hpp>
@@ -9,42 +8,23 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <string>
 
 #include "boost/logging/callables.hpp"
 #include "logmanager/appenders/batch_delivery.h"
+#include "logmanager/appenders/file_notes.h"
+#include "logmanager/appenders/message_gaps.h"
 #include "logmanager/appenders/message_queue.h"
 
 namespace boost::logging::detail {
-
-/// Learns from the times between messages whether the next one is to be expected shortly. A value.
-class MessageGaps {
- public:
-  using Duration = std::chrono::steady_clock::duration;
-  using Time = std::chrono::steady_clock::time_point;
-
-  /// To be called when messages were found, not more often than they are looked for.
-  void noteArrival(Time _now) {
-    average_ = (average_ + std::min<Duration>(_now - latest_, longest)) / 2;
-    latest_ = _now;
-  }
-
-  /// Whether a message is to be expected within the duration: they came at such a rate, and have not stopped to.
-  bool isOneExpectedWithin(Duration _duration, Time _now) const {
-    return average_ < _duration && _now - latest_ < _duration;
-  }
-
- private:
-  static constexpr std::chrono::milliseconds longest{50};
-  Duration average_ = longest;
-  Time latest_;
-};
 
 /// Hands what callers leave in a queue to the wrapped appender: by a thread, which somebody else starts, as long as
 /// there is one, else on the thread of the caller. Any thread may call any function, unless said otherwise.
 // NOLINTNEXTLINE(clang-analyzer-optin.performance.Padding): the parts of the queue do not share cache lines
 class BatchWriter {
  public:
-  BatchWriter(const appender& _wrapped, int _sleepMs);
+  /// @param _file the file that the wrapped appender writes to; empty when nobody has to know.
+  BatchWriter(const appender& _wrapped, int _sleepMs, const std::string& _file = std::string());
   MessageQueue& queue() { return queue_; }
   /// For a caller that has left a message and was asked for attention: wakes the thread, or delivers where it has
   /// ended.
@@ -91,6 +71,7 @@ class BatchWriter {
   void waitForMessage(Lock& _lock);
 
   MessageQueue queue_;
+  const NotedQueue noted_;
   /// Emptied by the thread when it ends and nobody has the appender any more.
   appender wrapped_;
   const int sleepMs_;

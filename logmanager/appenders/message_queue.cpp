@@ -5,6 +5,8 @@
 #include <cstring>
 #include <utility>
 
+#include "logmanager/appenders/file_notes.h"
+
 namespace boost::logging::detail {
 namespace {
 
@@ -45,7 +47,7 @@ void MessageQueue::push(std::string_view _line) noexcept {
   } catch (...) {
     // Dropped, as where the limit is reached.
   }
-  dropped_.fetch_add(1, std::memory_order_relaxed);
+  if (dropped_.fetch_add(1, std::memory_order_relaxed) == 0) noteDropping();
 }
 
 void MessageQueue::collect(Batch& _batch, bool _isLast) {
@@ -67,6 +69,7 @@ void MessageQueue::rewind() {
   for (Lane* lane = lanes_.load(std::memory_order_acquire); lane != nullptr; lane = lane->next)
     lane->rewind();
   collected_ -= std::exchange(collectedNow_, 0);
+  toldDropped_.fetch_sub(droppedNow_, std::memory_order_relaxed);
   dropped_.fetch_add(std::exchange(droppedNow_, 0), std::memory_order_relaxed);
 }
 
@@ -78,6 +81,7 @@ void MessageQueue::forgetAllInChild() {
   collectedNow_ = 0;
   droppedNow_ = 0;
   dropped_.store(0, std::memory_order_relaxed);
+  toldDropped_.store(0, std::memory_order_relaxed);
   commonLock_.unlock();
 }
 
@@ -130,10 +134,12 @@ bool MessageQueue::takeRun(Head& _head, std::uint64_t _limit, Batch& _batch) {
 
 void MessageQueue::tellDropped(Batch& _batch) {
   const std::uint64_t count = dropped_.exchange(0, std::memory_order_relaxed);
+  toldDropped_.fetch_add(count, std::memory_order_relaxed);
   droppedNow_ += count;
   _batch.text += std::to_string(count) + (count == 1 ? " message was" : " messages were") +
                  " dropped: too much was waiting for this appender\n";
   _batch.ends.push_back(_batch.text.size());
+  noteDropping();
 }
 
 }  // namespace boost::logging::detail

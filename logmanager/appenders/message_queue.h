@@ -66,12 +66,16 @@ class MessageQueue {
   /// What was collected and not consumed will be collected again.
   void rewind();
 
-  /// Callers call from now on, or do so no more.
+  /// Callers call from now on, or no more.
   void callForAttention(bool _calls) { needsAttention_.store(_calls, std::memory_order_seq_cst); }
 
   /// Whether every message that has a number was collected. Asked after callForAttention: one that has none yet will
   /// see the call.
   bool isDrained() const { return stamps_.load(std::memory_order_seq_cst) == collected_; }
+
+  /// How many messages were dropped so far, and how many bytes wait. For people, on any thread.
+  std::uint64_t droppedCount() const { return toldDropped_ + dropped_; }
+  std::size_t heldBytes() const { return held_.bytes(); }
 
   // Around a fork; the child begins empty.
 
@@ -100,6 +104,7 @@ class MessageQueue {
 
   alignas(64) std::atomic<Lane*> lanes_{nullptr};
   std::atomic<std::uint64_t> dropped_{0};
+  std::atomic<std::uint64_t> toldDropped_{0};
   /// For finished lines, which any thread may leave.
   boost::mutex commonLock_;
   Lane* common_;

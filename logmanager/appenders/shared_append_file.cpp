@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "logmanager/appenders/failure_report.h"
+#include "logmanager/appenders/file_notes.h"
 #include "logmanager/threads/thread_state.h"
 #include "platform/cancellation.h"
 
@@ -77,29 +78,38 @@ void SharedAppendFile::noteFailure(const Messages& _messages, const AppendFile::
     needsRepair_.store(true, std::memory_order_release);
   }
   reportLoss(path_, lost, _result.error);
+  noteLoss(path_, lost, _result.error);
 }
 
 void SharedAppendFile::repairAndAppend(const Messages& _messages) {
   AppendFile::Result result{0, platform::noError};
   std::uint64_t lost = 0;
+  bool isRecovered = false;
   {
     const Locked locked(*this);
     result.error = openWhenGone();
     if (result.error == platform::noError) {
       // The piece may be another process's.
       if (trouble_.lost > 0 && !trouble_.isFragment) trouble_.isFragment = !file_->endsInLineFeed();
+      const bool wasFailing = trouble_.lost > 0;
       const std::string told = trouble_.text();
       const std::string text = told + std::string(_messages.text);
       result = file_->append(text.data(), text.size());
       if (result.written >= told.size()) trouble_.lost = 0;
       if (result.written > 0) trouble_.isFragment = text[result.written - 1] != '\n';
       lost = trouble_.noteResult(told.size(), _messages, result);
+      isRecovered = wasFailing && result.error == platform::noError;
     } else {
       lost = trouble_.noteResult(0, _messages, result);
     }
     if (trouble_.lost == 0) needsRepair_.store(false, std::memory_order_release);
   }
-  if (result.error != platform::noError) reportLoss(path_, lost, result.error);
+  if (result.error != platform::noError) {
+    reportLoss(path_, lost, result.error);
+    noteLoss(path_, lost, result.error);
+  } else if (isRecovered) {
+    noteRecovery(path_);
+  }
 }
 
 platform::ErrorCode SharedAppendFile::openWhenGone() {

@@ -28,6 +28,8 @@ class SharedAppendFile {
   /// The file that a write_to_file appends to; null for any other appender.
   static SharedAppendFile* of(const appender& _appender);
 
+  const std::string& path() const { return path_; }
+
   /// Texts that are appended together.
   struct Messages {
     std::string_view text;

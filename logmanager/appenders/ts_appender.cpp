@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "boost/logging/detail/program_end.hpp"
+#include "logmanager/appenders/shared_append_file.h"
 #include "platform/all_signals_blocked.h"
 #include "platform/cancellation.h"
 #include "platform/fork_handlers.h"
@@ -91,6 +92,11 @@ class WriterThreads {
 WriterThreads& writerThreads() {
   static auto* const all = new WriterThreads;
   return *all;
+}
+
+std::string fileOf(const appender& _wrapped, const std::string& _file) {
+  const SharedAppendFile* const file = SharedAppendFile::of(_wrapped);
+  return file != nullptr ? file->path() : _file;
 }
 
 bool isGone(boost::thread& _thread) {
@@ -243,8 +249,8 @@ BatchHandle* BatchHandle::of(const appender& _appender) {
   return toThread != nullptr ? toThread->handle_.get() : nullptr;
 }
 
-BatchHandle::BatchHandle(const appender& _wrapped, int _sleepMs)
-    : writer_(std::make_shared<BatchWriter>(_wrapped, _sleepMs)) {
+BatchHandle::BatchHandle(const appender& _wrapped, int _sleepMs, const std::string& _file)
+    : writer_(std::make_shared<BatchWriter>(_wrapped, _sleepMs, fileOf(_wrapped, _file))) {
   writerThreads().add(writer_);
 }
 
@@ -263,8 +269,10 @@ void BatchHandle::attend() {
 
 }  // namespace detail
 
-ts_appender::ts_appender(const appender& _wrapped, int _sleepMs)
-    : handle_(new detail::BatchHandle(_wrapped, _sleepMs)) {}
+ts_appender::ts_appender(const appender& _wrapped, int _sleepMs) : ts_appender(_wrapped, _sleepMs, std::string()) {}
+
+ts_appender::ts_appender(const appender& _wrapped, int _sleepMs, const std::string& _fileName)
+    : handle_(new detail::BatchHandle(_wrapped, _sleepMs, _fileName)) {}
 
 void ts_appender::operator()(const std::string& /*_logName*/, const std::string& _message) const {
   handle_->append(_message);

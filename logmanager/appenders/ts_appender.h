@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <string_view>
 
 #include "logmanager/appenders/batch_writer.h"
@@ -11,7 +12,8 @@ namespace boost::logging::detail {
 /// What the copies of a ts_appender share; its end is the end of the last copy.
 class BatchHandle {
  public:
-  BatchHandle(const appender& _wrapped, int _sleepMs);
+  /// As for BatchWriter; a write_to_file knows its file itself.
+  BatchHandle(const appender& _wrapped, int _sleepMs, const std::string& _file);
   ~BatchHandle();
   BatchHandle(const BatchHandle&) = delete;
   BatchHandle& operator=(const BatchHandle&) = delete;

@@ -29,9 +29,8 @@ class TimeStamp;
 /// bl::add_appender(bl::get_default_log_manager(), "*.error", toStandardError, "errors on screen", 200);
 /// @endcode
 ///
-/// An appender that was added once is never entered by two threads at the same time, unless it is write_to_cout, a
-/// write_to_file or a ts_appender. An exception does not reach the logging statement: it is counted, and reported on
-/// standard error at most once a minute.
+/// An appender that was added once is never entered by two threads at once, unless it is write_to_cout, a write_to_file
+/// or a ts_appender. Its exceptions are counted, and reported on standard error at most once a minute.
 using appender = boost::function<void(const std::string& /*log_name*/, const std::string& /*message*/)>;
 
 /// Changes a message in place. Its arguments are the name of the log and the message.
@@ -48,8 +47,7 @@ using appender = boost::function<void(const std::string& /*log_name*/, const std
 using modifier = boost::function<void(const std::string& /*log_name*/, std::string& /*message*/)>;
 
 /// Appender: writes the message to the standard output (std::cout) and flushes it. Messages of several threads stay
-/// whole. An output that fails, such as a closed pipe or a full disk, does not end the process; the next message tries
-/// again. The name of the log is ignored.
+/// whole. An output that fails, such as a closed pipe or a full disk, ends nothing; the next message tries again.
 BOOST_LOGGING_API void write_to_cout(const std::string& _logName, const std::string& _message);
 
 /// Appender: writes each message to a file by one append of the system, so that several threads and processes can share
@@ -80,10 +78,13 @@ class write_to_file {
 class ts_appender {
  public:
   /// Stores the arguments; the first message starts the writer.
-  /// @param _wrapped the appender that the writer calls.
-  /// @param _sleepMs pause of the writer between two calls, in milliseconds. With 0 it sleeps for a millisecond or so
-  ///   if more messages are expected shortly, else until the next one.
+  /// @param _wrapped is called by the writer.
+  /// @param _sleepMs milliseconds between two calls. With 0 one or so if more messages are expected shortly, else
+  ///   until the next one.
   BOOST_LOGGING_API ts_appender(const appender& _wrapped, int _sleepMs);
+
+  /// The same for an appender that writes to a file, of which list_files then tells, as it does of a write_to_file.
+  BOOST_LOGGING_API ts_appender(const appender& _wrapped, int _sleepMs, const std::string& _fileName);
 
   /// Stores the message. The very first call starts the writer and sleeps 100 ms; no later one waits.
   BOOST_LOGGING_API void operator()(const std::string& _logName, const std::string& _message) const;

@@ -36,6 +36,7 @@
 
 #include "boost/logging/callables.hpp"
 #include "boost/logging/detail/export.hpp"
+#include "boost/logging/file_states.hpp"
 #include "boost/logging/logger.hpp"
 #include "boost/logging/set_up_change.hpp"
 
