@@ -15,9 +15,9 @@ using testsupport::readFile;
 using testsupport::rotationKeys;
 using testsupport::TracedConsole;
 
-class ApplicationLogFailures : public testsupport::ApplicationLogs {};
+class CreateApplicationLogFile : public testsupport::ApplicationLogs {};
 
-TEST_F(ApplicationLogFailures, AnEmptyFileNameFailsAndChangesNothing) {
+TEST_F(CreateApplicationLogFile, FailsForAnEmptyFileNameAndChangesNothing) {
   const TracedConsole console;
   EXPECT_FALSE(create("App", true, ""));
   EXPECT_EQ(console.text(),
@@ -27,7 +27,7 @@ TEST_F(ApplicationLogFailures, AnEmptyFileNameFailsAndChangesNothing) {
   EXPECT_FALSE(exists(sandbox_.logFolder()));
 }
 
-TEST_F(ApplicationLogFailures, AConfigurationThatCannotBeReadFailsAndConnectsNothing) {
+TEST_F(CreateApplicationLogFile, FailsForAnUnreadableConfigurationAndConnectsNothing) {
   const testsupport::WithoutReadPermission denied(sandbox_.cfgPath("CA12"));
   const TracedConsole console;
   EXPECT_FALSE(create("App"));
@@ -38,7 +38,7 @@ TEST_F(ApplicationLogFailures, AConfigurationThatCannotBeReadFailsAndConnectsNot
 }
 
 // The folder of application data is known in every environment that a test can make, so its query is made to fail.
-TEST_F(ApplicationLogFailures, AnUnknownFolderOfApplicationDataFailsAndConnectsNothing) {
+TEST_F(CreateApplicationLogFile, FailsForAnUnknownApplicationDataFolderAndConnectsNothing) {
   const testsupport::FaultPlan plan(platform::Call::shellFolder, 2, platform::errorPathNotFound);
   const TracedConsole console;
   EXPECT_FALSE(create("App"));
@@ -48,7 +48,7 @@ TEST_F(ApplicationLogFailures, AnUnknownFolderOfApplicationDataFailsAndConnectsN
   EXPECT_FALSE(exists(folder()));
 }
 
-TEST_F(ApplicationLogFailures, AFolderThatCannotBeMadeFailsAndTheFoldersMadeSoFarStay) {
+TEST_F(CreateApplicationLogFile, FailsWhenItCannotCreateAFolderAndKeepsTheOthers) {
   configure("COMMON_LOG_FILE_ROOT=Made\\" + std::string(300, 'x') + "\n");
   const TracedConsole console;
   EXPECT_FALSE(create("App"));
@@ -61,7 +61,7 @@ TEST_F(ApplicationLogFailures, AFolderThatCannotBeMadeFailsAndTheFoldersMadeSoFa
   EXPECT_TRUE(testsupport::namesIn(sandbox_.appData() + "\\Made").empty());
 }
 
-TEST_F(ApplicationLogFailures, SettingsThatCannotBeReadLeaveTheirDefaultsAndSucceed) {
+TEST_F(CreateApplicationLogFile, SucceedsWithTheDefaultsOfMissingSettings) {
   configure(rotationKeys);
   const TracedConsole console;
   EXPECT_TRUE(create("App"));
@@ -69,7 +69,7 @@ TEST_F(ApplicationLogFailures, SettingsThatCannotBeReadLeaveTheirDefaultsAndSucc
             std::string::npos);
 }
 
-TEST_F(ApplicationLogFailures, AFileThatCannotBeOpenedOrMadeIsNoFailure) {
+TEST_F(CreateApplicationLogFile, SucceedsEvenIfItCannotOpenTheFile) {
   for (const char* rotation : {"", rotationKeys}) {
     configure(rotation);
     testsupport::makeFolders(folder());
@@ -82,7 +82,7 @@ TEST_F(ApplicationLogFailures, AFileThatCannotBeOpenedOrMadeIsNoFailure) {
   }
 }
 
-TEST_F(ApplicationLogFailures, EnabledClassesThatCannotBeReadAreNoFailureAndTheAppendersStay) {
+TEST_F(CreateApplicationLogFile, SucceedsWithoutAClassListAndKeepsTheAppenders) {
   testsupport::removeAll(sandbox_.initPath("CA12"));
   Quillmark_logging::enableAllLogs();
   EXPECT_TRUE(create("App"));

@@ -18,28 +18,28 @@ class ApplicationLogFile : public testsupport::ApplicationLogs {};
 
 // Which logs are connected.
 
-TEST_F(ApplicationLogFile, TextWithoutASemicolonIsOnePattern) {
+TEST_F(ApplicationLogFile, TakesTextWithoutASemicolonAsOnePattern) {
   EXPECT_TRUE(create("App"));
   log("App.error", "1");
   log("Apple", "lost");
   EXPECT_EQ(readFile(file()), "1");
 }
 
-TEST_F(ApplicationLogFile, AnEmptyTextIsThePatternOfTheLogWithoutAName) {
+TEST_F(ApplicationLogFile, TakesAnEmptyTextAsTheLogWithoutAName) {
   EXPECT_TRUE(create(""));
   log("", "1");
   log("App", "lost");
   EXPECT_EQ(readFile(file()), "1");
 }
 
-TEST_F(ApplicationLogFile, TextAfterTheLastSemicolonIsDropped) {
+TEST_F(ApplicationLogFile, DropsTextAfterTheLastSemicolon) {
   EXPECT_TRUE(create("A;B"));
   log("A", "1");
   log("B", "lost");
   EXPECT_EQ(readFile(file()), "1");
 }
 
-TEST_F(ApplicationLogFile, EveryTerminatedPatternIsConnectedToTheOneFile) {
+TEST_F(ApplicationLogFile, ConnectsEveryTerminatedPatternToOneFile) {
   for (const char* rotation : {"", rotationKeys}) {
     configure(rotation);
     const std::string name = *rotation == '\0' ? "Plain" : "Rolling";
@@ -53,7 +53,7 @@ TEST_F(ApplicationLogFile, EveryTerminatedPatternIsConnectedToTheOneFile) {
   }
 }
 
-TEST_F(ApplicationLogFile, TwoSemicolonsConnectTheEmptyPatternTwiceAndTheSecondReplacesTheFirst) {
+TEST_F(ApplicationLogFile, ConnectsTheEmptyPatternOnceForTwoSemicolons) {
   const TracedConsole console;
   EXPECT_TRUE(create(";;"));
   EXPECT_NE(console.text().find("--- Quillmark_logging::setInitialLogLevels() tmp=\"\" tmpCnt=1\r\n"),
@@ -64,7 +64,7 @@ TEST_F(ApplicationLogFile, TwoSemicolonsConnectTheEmptyPatternTwiceAndTheSecondR
   EXPECT_EQ(readFile(file()), "once");
 }
 
-TEST_F(ApplicationLogFile, TheEnabledClassesOfTheConfigurationAlsoApplyToTheLogsJustConnected) {
+TEST_F(ApplicationLogFile, AppliesTheClassListToTheConnectedLogs) {
   sandbox_.writeInit("CA12", "App.error;");
   EXPECT_TRUE(create("App"));
   log("App.error", "on");
@@ -74,7 +74,7 @@ TEST_F(ApplicationLogFile, TheEnabledClassesOfTheConfigurationAlsoApplyToTheLogs
 
 // Without rotation.
 
-TEST_F(ApplicationLogFile, WithoutRotationOverwriteEmptiesTheFileOrNot) {
+TEST_F(ApplicationLogFile, EmptiesTheFileOnlyWhenAskedToOverwrite) {
   writeExisting("old\n");
   EXPECT_TRUE(create("App", false));
   log("App", "kept");
@@ -84,7 +84,7 @@ TEST_F(ApplicationLogFile, WithoutRotationOverwriteEmptiesTheFileOrNot) {
   EXPECT_EQ(readFile(file()), "new");
 }
 
-TEST_F(ApplicationLogFile, WithoutRotationOverwriteEmptiesTheFileOnceForAllPatternsOfACall) {
+TEST_F(ApplicationLogFile, EmptiesTheFileOncePerCallForAllPatterns) {
   writeExisting("old\n");
   EXPECT_TRUE(create("A;B;", true));
   log("A", "1");
@@ -97,7 +97,7 @@ TEST_F(ApplicationLogFile, WithoutRotationOverwriteEmptiesTheFileOnceForAllPatte
   EXPECT_EQ(readFile(file()), "45");
 }
 
-TEST_F(ApplicationLogFile, RotationIsOffUnlessItsKeyIsTrueInAnyLetterCase) {
+TEST_F(ApplicationLogFile, RotatesOnlyIfTheKeyIsTrueInAnyLetterCase) {
   const auto rolls = [&](const std::string& _value) {
     const std::string name = "Of" + _value;
     configure("SPEC_LOG_ROTATION=" + _value + "\nSPEC_LOG_FILE_LIMIT=0\nSPEC_NR_OF_LOG_FILES=2\n");
@@ -113,7 +113,7 @@ TEST_F(ApplicationLogFile, RotationIsOffUnlessItsKeyIsTrueInAnyLetterCase) {
 
 // Repeated calls.
 
-TEST_F(ApplicationLogFile, ASecondCallForTheSamePatternLeavesOneAppender) {
+TEST_F(ApplicationLogFile, KeepsOneAppenderAfterASecondCallForAPattern) {
   for (const char* rotation : {"", rotationKeys}) {
     configure(rotation);
     const std::string name = *rotation == '\0' ? "Plain" : "Rolling";
@@ -125,7 +125,7 @@ TEST_F(ApplicationLogFile, ASecondCallForTheSamePatternLeavesOneAppender) {
   }
 }
 
-TEST_F(ApplicationLogFile, AChangeOfRotationBetweenTwoCallsLeavesBothAppenders) {
+TEST_F(ApplicationLogFile, KeepsBothAppendersWhenRotationChangesBetweenCalls) {
   EXPECT_TRUE(create("App"));
   configure(rotationKeys);
   EXPECT_TRUE(create("App"));
@@ -133,7 +133,7 @@ TEST_F(ApplicationLogFile, AChangeOfRotationBetweenTwoCallsLeavesBothAppenders) 
   EXPECT_EQ(readFile(file()), "twice twice ");
 }
 
-TEST_F(ApplicationLogFile, UnregisterApplicationChangesNothing) {
+TEST_F(ApplicationLogFile, SurvivesUnregisterApplication) {
   EXPECT_TRUE(create("App"));
   const TracedConsole console;
   EXPECT_TRUE(Quillmark_logging::unregisterApplication("never registered"));
@@ -158,7 +158,7 @@ std::string textOnceItIs(const std::string& _expected, const std::string& _file)
   return text;
 }
 
-TEST_F(ApplicationLogFile, InThreadSafeModeEveryAppenderDeliversThroughAWriterOfItsOwn) {
+TEST_F(ApplicationLogFile, UsesAWriterPerAppenderInThreadSafeMode) {
   Quillmark_logging::setTsMode(true);
   for (const char* rotation : {"", rotationKeys}) {
     configure(rotation);
@@ -173,7 +173,7 @@ TEST_F(ApplicationLogFile, InThreadSafeModeEveryAppenderDeliversThroughAWriterOf
 
 // The form without a CA.
 
-TEST_F(ApplicationLogFile, WithoutACaTheGenericOneIsUsed) {
+TEST_F(ApplicationLogFile, UsesTheGenericCaByDefault) {
   sandbox_.writeCfg("GE", "LOG_STATE=TRUE\nREDIRECT_CA_NR=CA12\nCOMMON_LOG_FILE_ROOT=Unused\n");
   const TracedConsole console;
   EXPECT_TRUE(createApplicationSpecificLogFile("App", "Own", true));
@@ -186,7 +186,7 @@ TEST_F(ApplicationLogFile, WithoutACaTheGenericOneIsUsed) {
   EXPECT_EQ(readFile(file("Own")), "text");
 }
 
-TEST_F(ApplicationLogFile, AnEnvironmentVariableNamesTheCaInstead) {
+TEST_F(ApplicationLogFile, UsesTheCaOfTheEnvironment) {
   testsupport::setEnvironment("DEFAULT_CA_NR", "CA12");
   const TracedConsole console;
   EXPECT_TRUE(createApplicationSpecificLogFile("App", "Own", false));
@@ -201,7 +201,7 @@ TEST_F(ApplicationLogFile, AnEnvironmentVariableNamesTheCaInstead) {
   EXPECT_EQ(readFile(file("Own")), "text");
 }
 
-TEST_F(ApplicationLogFile, AVariableWithACaWithoutConfigurationReadsEverythingFromTheGenericOne) {
+TEST_F(ApplicationLogFile, UsesTheGenericCaWhenTheOneOfTheEnvironmentIsMissing) {
   testsupport::setEnvironment("DEFAULT_CA_NR", "CA99");
   sandbox_.writeCfg("GE",
                     "COMMON_LOG_FILE_ROOT=Generic\nSPEC_LOG_ROTATION=TRUE\nSPEC_LOG_FILE_LIMIT=0\n"
@@ -214,7 +214,7 @@ TEST_F(ApplicationLogFile, AVariableWithACaWithoutConfigurationReadsEverythingFr
 
 // Names of files.
 
-TEST_F(ApplicationLogFile, BackslashesInTheNamePlaceTheFileInASubFolder) {
+TEST_F(ApplicationLogFile, LiesInASubFolderWhenItsNameHasBackslashes) {
   configure(rotationKeys);
   testsupport::makeFolders(folder() + "\\Sub");
   EXPECT_TRUE(create("App", false, "Sub\\App"));

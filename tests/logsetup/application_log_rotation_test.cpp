@@ -12,7 +12,7 @@ using testsupport::rotationKeys;
 
 class ApplicationLogRotation : public testsupport::ApplicationLogs {};
 
-TEST_F(ApplicationLogRotation, TheDefaultsRollAtOneByteBelowTheLimitAndKeepFiveFiles) {
+TEST_F(ApplicationLogRotation, RollsOneByteBelowTheLimitAndKeepsFiveFilesByDefault) {
   configure(rotationKeys);
   EXPECT_TRUE(create("App"));
   log("App", std::string(1023998, 'x'));
@@ -26,7 +26,7 @@ TEST_F(ApplicationLogRotation, TheDefaultsRollAtOneByteBelowTheLimitAndKeepFiveF
   EXPECT_EQ(names(), (Names{"App_log.txt", "App_log.txt.1", "App_log.txt.2", "App_log.txt.3", "App_log.txt.4"}));
 }
 
-TEST_F(ApplicationLogRotation, ALimitOfOneSwitchesTheSizeCheckOff) {
+TEST_F(ApplicationLogRotation, ChecksNoSizeWhenTheLimitIsOne) {
   configureRotation("1", "5");
   EXPECT_TRUE(create("App"));
   for (int i = 0; i < 100; ++i) {
@@ -36,7 +36,7 @@ TEST_F(ApplicationLogRotation, ALimitOfOneSwitchesTheSizeCheckOff) {
   EXPECT_EQ(names(), Names{"App_log.txt"});
 }
 
-TEST_F(ApplicationLogRotation, ALimitOfZeroOrWithoutANumberRollsAfterEveryMessage) {
+TEST_F(ApplicationLogRotation, RollsAfterEveryMessageWhenTheLimitIsZeroOrNoNumber) {
   for (const char* limit : {"0", "abc"}) {
     configureRotation(limit, "3");
     EXPECT_TRUE(create("App"));
@@ -48,7 +48,7 @@ TEST_F(ApplicationLogRotation, ALimitOfZeroOrWithoutANumberRollsAfterEveryMessag
   }
 }
 
-TEST_F(ApplicationLogRotation, OneFileOrNoneMeansNoBackupsAndTheFileIsEmptiedAtItsSize) {
+TEST_F(ApplicationLogRotation, EmptiesTheFileAtItsSizeWhenItKeepsNoBackups) {
   for (const char* files : {"1", "0"}) {
     configureRotation("11", files);
     EXPECT_TRUE(create("App"));
@@ -61,7 +61,7 @@ TEST_F(ApplicationLogRotation, OneFileOrNoneMeansNoBackupsAndTheFileIsEmptiedAtI
   }
 }
 
-TEST_F(ApplicationLogRotation, WithRotationAnExistingFileIsContinuedAlsoWhenOverwriteIsTrue) {
+TEST_F(ApplicationLogRotation, ContinuesAnExistingFileEvenIfAskedToOverwrite) {
   configure(rotationKeys);
   writeExisting("old ");
   EXPECT_TRUE(create("App", true));
@@ -69,7 +69,7 @@ TEST_F(ApplicationLogRotation, WithRotationAnExistingFileIsContinuedAlsoWhenOver
   EXPECT_EQ(readFile(file()), "old new");
 }
 
-TEST_F(ApplicationLogRotation, WithRotationTheFileIsMadeAtOnceAndWithoutItByTheFirstMessage) {
+TEST_F(ApplicationLogRotation, CreatesTheFileAtOnceAndNotAtTheFirstMessage) {
   EXPECT_TRUE(create("App"));
   EXPECT_EQ(names(), Names{});
   configure(rotationKeys);
@@ -77,7 +77,7 @@ TEST_F(ApplicationLogRotation, WithRotationTheFileIsMadeAtOnceAndWithoutItByTheF
   EXPECT_EQ(names(), Names{"App_log.txt"});
 }
 
-TEST_F(ApplicationLogRotation, AMissingNumberOfFilesLeavesTheLimitInForce) {
+TEST_F(ApplicationLogRotation, KeepsTheLimitWhenTheNumberOfFilesIsMissing) {
   configure(std::string(rotationKeys) + "SPEC_LOG_FILE_LIMIT=0\n");
   EXPECT_TRUE(create("App"));
   log("App", "1");

@@ -11,7 +11,7 @@ using testsupport::TracedConsole;
 
 class ApplicationLogTrace : public testsupport::ApplicationLogs {};
 
-TEST_F(ApplicationLogTrace, TracesTheCreationOfTheFolderUnderTheNameOfAFile) {
+TEST_F(ApplicationLogTrace, CallsTheFolderAFileWhenItIsCreated) {
   const TracedConsole console;
   EXPECT_TRUE(create("A;B;", true));
   EXPECT_EQ(ownLines(console.text()),
@@ -27,7 +27,7 @@ TEST_F(ApplicationLogTrace, TracesTheCreationOfTheFolderUnderTheNameOfAFile) {
             "<== Quillmark_logging::createApplicationSpecificLogFile() OK\r\n");
 }
 
-TEST_F(ApplicationLogTrace, TracesEveryStepOfAFileThatExistsWithRotation) {
+TEST_F(ApplicationLogTrace, ShowsEveryStepOfARotatedFile) {
   configure("COMMON_LOG_FILE_ROOT=Orvane\\Quillmark\\Logging\n" + std::string(rotationKeys) +
             "SPEC_LOG_FILE_LIMIT=50\nSPEC_NR_OF_LOG_FILES=3\n");
   writeExisting("old");

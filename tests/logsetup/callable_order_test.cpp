@@ -59,7 +59,7 @@ class CallableOrder : public testsupport::LogSetUp {
   }
 };
 
-TEST_F(CallableOrder, OfTheModifiersOfTheDefaultLogs) {
+TEST_F(CallableOrder, PutsTheModifiersOfTheDefaultLogsAtIndex100) {
   addModifier("App", wrapping("<101>"), "T", after);
   ASSERT_TRUE(initDefaultLogs("App", "CA12", false));
   addModifier("App", wrapping("<99>"), "T", before);
@@ -70,19 +70,19 @@ TEST_F(CallableOrder, OfTheModifiersOfTheDefaultLogs) {
   EXPECT_TRUE(testsupport::TextPattern(line).matches(written)) << written;
 }
 
-TEST_F(CallableOrder, OfTheConsole) {
+TEST_F(CallableOrder, PutsTheConsoleAtIndex100) {
   std::ostringstream output;
   std::streambuf* const former = std::cout.rdbuf(output.rdbuf());
   expectToWriteBetween([] { return initDefaultLogs("App", "CA12", true); }, [&output] { return output.str(); });
   std::cout.rdbuf(former);
 }
 
-TEST_F(CallableOrder, OfTheCommonLog) {
+TEST_F(CallableOrder, PutsTheCommonLogAtIndex100) {
   const std::string file = sandbox_.appData() + "\\common.log";
   expectToWriteBetween([&file] { return setInitialLogLevels(file, "CA12"); }, [&file] { return contentOf(file); });
 }
 
-TEST_F(CallableOrder, OfTheLogOfAnApplication) {
+TEST_F(CallableOrder, PutsTheLogOfAnApplicationAtIndex100) {
   for (const char* keys : {"", "SPEC_LOG_ROTATION=TRUE\n"}) {
     configure(keys);
     const std::string name = *keys == '\0' ? "Plain" : "Rolling";

@@ -55,7 +55,7 @@ TEST(ClassList, HasNoLimitOnTheNumberOfEntries) {
   EXPECT_EQ(entriesOf(list).back(), (Entries::value_type{"x", 100000}));
 }
 
-TEST(ClassList, CallsBackBeforeItLooksForTheNextEntry) {
+TEST(ClassList, CallsBackBeforeItSearchesTheNextEntry) {
   int calls = 0;
   EXPECT_THROW(Quillmark_logging::forEachClass("A;B;",
                                                [&calls](const std::string&, int) {
@@ -67,7 +67,7 @@ TEST(ClassList, CallsBackBeforeItLooksForTheNextEntry) {
 }
 
 // Every list of up to 8 characters.
-TEST(ClassList, IsSplitAsByWalkingItsCharacters) {
+TEST(ClassList, AgreesWithASplitByCharacter) {
   std::vector<std::string> lists = {""};
   for (std::size_t i = 0; lists[i].size() < 8; ++i) {
     for (const char c : {'a', ' ', ';'})

@@ -66,7 +66,7 @@ TEST_F(InitDefaultLogs, FailsWhenLogStateIsNotTrue) {
   }
 }
 
-TEST_F(InitDefaultLogs, TakesLogStateInAnyLetterCase) {
+TEST_F(InitDefaultLogs, AcceptsLogStateInAnyLetterCase) {
   writeCfg("LOG_STATE=true\n" + name());
   EXPECT_TRUE(initDefaultLogs("App", "CA12", false));
 }
@@ -76,7 +76,7 @@ TEST_F(InitDefaultLogs, FailsWhenTheCfgFileIsMissingAndCannotBeGenerated) {
   expectFailure("-!- Quillmark_logging::initDefaultLogs() Specified configuration NOT OK\r\n");
 }
 
-TEST_F(InitDefaultLogs, FailsWhenTheCfgFileMayNotBeRead) {
+TEST_F(InitDefaultLogs, FailsWhenTheCfgFileIsUnreadable) {
   const testsupport::WithoutReadPermission denied(sandbox_.cfgPath("CA12"));
   expectFailure("-!- Quillmark_logging::initDefaultLogs() Specified configuration NOT OK\r\n");
 }
@@ -90,19 +90,19 @@ TEST_F(InitDefaultLogs, FailsAndRecordsWhenTheCfgPathIsUnknown) {
       std::vector<std::string>{"Unspecified error. Failed to get configuration file path for CA12 [Called by App]"});
 }
 
-TEST_F(InitDefaultLogs, FailsWithoutALineOfItsOwnWhenTheCommonLogHasNoName) {
+TEST_F(InitDefaultLogs, FailsWithoutAnotherLineWhenTheCommonLogHasNoName) {
   writeCfg("LOG_STATE=TRUE\n");
   expectFailure("");
   EXPECT_FALSE(exists(folder()));
 }
 
 // After the check, the path, the flag and the name of the file have asked for the folder of the configuration.
-TEST_F(InitDefaultLogs, FailsWithoutALineOfItsOwnWhenTheUsersFolderIsUnknown) {
+TEST_F(InitDefaultLogs, FailsWithoutAnotherLineWhenTheUsersFolderIsUnknown) {
   const FaultPlan plan(Call::shellFolder, 5, platform::errorPathNotFound);
   expectFailure("--- Quillmark_logging::initDefaultLogs() commonLogFileName=\"common.log\"\r\n");
 }
 
-TEST_F(InitDefaultLogs, FailsWhenTheLogFolderMayNotBeCreated) {
+TEST_F(InitDefaultLogs, FailsWhenItCannotCreateTheLogFolder) {
   testsupport::denyWriting(sandbox_.appData());
   const testsupport::AsUnprivilegedUser user;
   expectFailure(
@@ -112,7 +112,7 @@ TEST_F(InitDefaultLogs, FailsWhenTheLogFolderMayNotBeCreated) {
       "<!= Quillmark_logging::initDefaultLogs() ERROR: Failed to create <APPDATA>\\Logs\r\n");
 }
 
-TEST_F(InitDefaultLogs, TakesALogFolderThatIsAlreadyThere) {
+TEST_F(InitDefaultLogs, AcceptsAnExistingLogFolder) {
   testsupport::makeFolders(folder());
   const TracedConsole console;
   EXPECT_TRUE(initDefaultLogs("App", "CA12", false));

@@ -51,7 +51,7 @@ class DefaultLogs : public testsupport::LogSetUp {
 
 // ---- What is set up ----
 
-TEST_F(DefaultLogs, LandInTheCommonLogStampedPrefixedAndFilteredByClass) {
+TEST_F(DefaultLogs, ReachTheCommonLogStampedPrefixedAndFiltered) {
   ASSERT_TRUE(initDefaultLogs("App", "CA12", false));
   log("Def.a.error", "first");
   log("Def.other", "not in the filter");
@@ -63,7 +63,7 @@ TEST_F(DefaultLogs, LandInTheCommonLogStampedPrefixedAndFilteredByClass) {
       MatchesPattern("[^[]*" + line("Def.a.error", secondsStamp, "first") + line("Def.b", secondsStamp, "second")));
 }
 
-TEST_F(DefaultLogs, AreStampedWithMillisecondsWhenTheKeyIsTrue) {
+TEST_F(DefaultLogs, HaveMillisecondsWhenTheKeyIsTrue) {
   const LogProbe probe;
   for (const char* value : {"TRUE", "true", "True"}) {
     writeCfg("CA12", std::string("LOG_STATE=TRUE\nMILLISECOND_RESOLUTION=") + value + "\n");
@@ -72,7 +72,7 @@ TEST_F(DefaultLogs, AreStampedWithMillisecondsWhenTheKeyIsTrue) {
   }
 }
 
-TEST_F(DefaultLogs, AreStampedInWholeSecondsOtherwise) {
+TEST_F(DefaultLogs, HaveWholeSecondsOtherwise) {
   const LogProbe probe;
   for (const char* key : {"", "MILLISECOND_RESOLUTION=FALSE\n", "MILLISECOND_RESOLUTION=1\n",
                           "MILLISECOND_RESOLUTION=yes\n", "MILLISECOND_RESOLUTION= TRUE\n"}) {
@@ -82,18 +82,18 @@ TEST_F(DefaultLogs, AreStampedInWholeSecondsOtherwise) {
   }
 }
 
-TEST_F(DefaultLogs, ComeToTheConsoleWhenItIsWanted) {
+TEST_F(DefaultLogs, ReachTheConsoleOnRequest) {
   ASSERT_TRUE(initDefaultLogs("App", "CA12", true));
   EXPECT_THAT(printed("Def.other", "text"), MatchesPattern(line("Def.other", secondsStamp, "text")));
 }
 
-TEST_F(DefaultLogs, LeaveTheConsoleWhenALaterCallDoesNotWantIt) {
+TEST_F(DefaultLogs, LeaveTheConsoleWhenALaterCallDoesNotRequestIt) {
   ASSERT_TRUE(initDefaultLogs("App", "CA12", true));
   ASSERT_TRUE(initDefaultLogs("App", "CA12", false));
   EXPECT_EQ(printed("Def.other", "text"), "");
 }
 
-TEST_F(DefaultLogs, AreReplacedByASecondCall) {
+TEST_F(DefaultLogs, FollowTheSecondOfTwoCalls) {
   ASSERT_TRUE(initDefaultLogs("App", "CA12", true));
   ASSERT_TRUE(initDefaultLogs("App", "CA12", true));
   const LogProbe probe;
@@ -104,13 +104,13 @@ TEST_F(DefaultLogs, AreReplacedByASecondCall) {
               MatchesPattern("[^[]*" + line("Def.a", secondsStamp, "text")));
 }
 
-TEST_F(DefaultLogs, KeepWhatTheApplicationHasConnected) {
+TEST_F(DefaultLogs, KeepWhatTheApplicationConnected) {
   const LogProbe probe;
   ASSERT_TRUE(initDefaultLogs("App", "CA12", false));
   EXPECT_NE(probe.logged("Def.a", "text"), "");
 }
 
-TEST_F(DefaultLogs, AreAppendedToAnExistingFile) {
+TEST_F(DefaultLogs, ContinueAnExistingFile) {
   testsupport::makeFolders(sandbox_.logFolder());
   testsupport::writeFile(commonLog(), "before\n");
   ASSERT_TRUE(initDefaultLogs("App", "CA12", false));
@@ -119,16 +119,16 @@ TEST_F(DefaultLogs, AreAppendedToAnExistingFile) {
   EXPECT_THAT(readFile(commonLog()), testing::HasSubstr(" after"));
 }
 
-TEST_F(DefaultLogs, GoIntoAnExistingFolder) {
+TEST_F(DefaultLogs, UseAnExistingFolder) {
   testsupport::makeFolders(sandbox_.logFolder());
   ASSERT_TRUE(initDefaultLogs("App", "CA12", false));
   log("Def.a", "text");
   EXPECT_THAT(readFile(commonLog()), testing::HasSubstr(" text"));
 }
 
-TEST_F(DefaultLogs, TakeAnEmptyNameOfTheApplication) { EXPECT_TRUE(initDefaultLogs("", "CA12", false)); }
+TEST_F(DefaultLogs, AcceptAnEmptyNameOfTheApplication) { EXPECT_TRUE(initDefaultLogs("", "CA12", false)); }
 
-TEST_F(DefaultLogs, AreSetUpWithoutAFilter) {
+TEST_F(DefaultLogs, NeedNoFilter) {
   sandbox_.writeCfg("CA12", "COMMON_LOG_FILE_NAME=common.log\nLOG_STATE=TRUE\n");
   const LogProbe probe;
   EXPECT_TRUE(initDefaultLogs("App", "CA12", false));
@@ -136,14 +136,14 @@ TEST_F(DefaultLogs, AreSetUpWithoutAFilter) {
   EXPECT_EQ(readFile(commonLog()).find("text"), std::string::npos);
 }
 
-TEST_F(DefaultLogs, AreSetUpWithoutAClassList) {
+TEST_F(DefaultLogs, NeedNoClassList) {
   testsupport::removeAll(sandbox_.initPath("CA12"));
   const LogProbe probe;
   EXPECT_TRUE(initDefaultLogs("App", "CA12", false));
   EXPECT_THAT(probe.logged("Def.a", "text"), MatchesPattern(line("Def.a", secondsStamp, "text")));
 }
 
-TEST_F(DefaultLogs, ComeFromThreadsOfTheirOwnInThreadSafeMode) {
+TEST_F(DefaultLogs, GoThroughWriterThreadsInThreadSafeMode) {
   sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA12\n");
   writeCfg("CA12", "LOG_STATE=TRUE\nTS_APPENDERS=true\n");
   load();
@@ -156,19 +156,19 @@ TEST_F(DefaultLogs, ComeFromThreadsOfTheirOwnInThreadSafeMode) {
 
 // ---- Choice of the CA ----
 
-TEST_F(DefaultLogs, AreThoseOfTheGenericCaByDefault) {
+TEST_F(DefaultLogs, UseTheGenericCaByDefault) {
   writeCfg("GE", "LOG_STATE=TRUE\nCOMMON_LOG_FILE_ROOT=Generic\n");
   EXPECT_TRUE(initDefaultLogs("App", false));
   EXPECT_TRUE(exists(sandbox_.appData() + "\\Generic\\common.log"));
 }
 
-TEST_F(DefaultLogs, AreThoseOfTheEnvironment) {
+TEST_F(DefaultLogs, UseTheCaOfTheEnvironment) {
   testsupport::setEnvironment("DEFAULT_CA_NR", "CA12");
   EXPECT_TRUE(initDefaultLogs("App", false));
   EXPECT_TRUE(exists(commonLog()));
 }
 
-TEST_F(DefaultLogs, AreThoseOfTheGenericCaWhereTheEnvironmentNamesAMissingOne) {
+TEST_F(DefaultLogs, UseTheGenericCaWhenTheOneOfTheEnvironmentIsMissing) {
   writeCfg("GE", "LOG_STATE=TRUE\nCOMMON_LOG_FILE_ROOT=Generic\nMILLISECOND_RESOLUTION=TRUE\n");
   testsupport::setEnvironment("DEFAULT_CA_NR", "CA7");
   const LogProbe probe;

@@ -36,13 +36,13 @@ struct Periods : periodic_file_appender {
   std::int32_t seconds() const { return period_seconds; }
 };
 
-TEST(FileAppender, CreatesTheFileWhenItIsConstructed) {
+TEST(FileAppender, CreatesTheFileInItsConstructor) {
   const TemporaryFolder folder;
   const file_appender appender(folder.file("a.txt"), nullptr, true);
   EXPECT_EQ(readFile(folder.file("a.txt")), "");
 }
 
-TEST(FileAppender, WritesTheMessageAsItIsAndFlushesEveryOne) {
+TEST(FileAppender, WritesMessagesAsTheyAreAndFlushesEachOne) {
   const TemporaryFolder folder;
   file_appender appender(folder.file("a.txt"), nullptr, true);
   appender.write("one");
@@ -67,7 +67,7 @@ TEST(FileAppender, ContinuesAnExistingFileOrEmptiesIt) {
   EXPECT_EQ(readFile(folder.file("a.txt")), "newer");
 }
 
-TEST(FileAppender, CopiesShareTheFileAlsoInsideABoostFunction) {
+TEST(FileAppender, SharesTheFileAmongCopiesEvenInsideABoostFunction) {
   const TemporaryFolder folder;
   Appender held;
   {
@@ -79,7 +79,7 @@ TEST(FileAppender, CopiesShareTheFileAlsoInsideABoostFunction) {
   EXPECT_EQ(readFile(folder.file("a.txt")), "12");
 }
 
-TEST(FileAppender, TheCallOperatorCallsTheVirtualWrite) {
+TEST(FileAppender, CallsTheVirtualWrite) {
   struct Doubling : file_appender {
     using file_appender::file_appender;
     void write(const std::string& _msg) override { file_appender::write(_msg + _msg); }
@@ -90,7 +90,7 @@ TEST(FileAppender, TheCallOperatorCallsTheVirtualWrite) {
   EXPECT_EQ(readFile(folder.file("a.txt")), "abab");
 }
 
-TEST(FileAppender, LosesMessagesSilentlyWhenTheFileCannotBeOpened) {
+TEST(FileAppender, LosesMessagesSilentlyWhenItCannotOpenTheFile) {
   const TemporaryFolder folder;
   file_appender appender(folder.file("missing\\a.txt"), nullptr, true);
   EXPECT_NO_THROW(appender.write("lost"));
@@ -99,7 +99,7 @@ TEST(FileAppender, LosesMessagesSilentlyWhenTheFileCannotBeOpened) {
   EXPECT_FALSE(testsupport::exists(folder.file("missing\\a.txt")));
 }
 
-TEST(Logfile, KeepsTheBaseNameAndTheNameOfTheLastOpen) {
+TEST(Logfile, KnowsItsBaseNameAndTheNameThatItOpenedLast) {
   const TemporaryFolder folder;
   opens = 0;
   logfile file(folder.file("a"), numberedName);
@@ -112,7 +112,7 @@ TEST(Logfile, KeepsTheBaseNameAndTheNameOfTheLastOpen) {
   EXPECT_EQ(file.file_name, folder.file("a"));
 }
 
-TEST(Logfile, OpenClearsTheErrorOfAnEarlierFailure) {
+TEST(Logfile, ClearsAnEarlierErrorWhenItOpens) {
   const TemporaryFolder folder;
   logfile file(folder.file("missing\\a.txt"), nullptr);
   file.open(true);
@@ -123,7 +123,7 @@ TEST(Logfile, OpenClearsTheErrorOfAnEarlierFailure) {
   EXPECT_TRUE(file.out.good());
 }
 
-TEST(Logfile, StandsAtTheEndOfAFileThatIsContinued) {
+TEST(Logfile, StartsAtTheEndOfAnExistingFile) {
   const TemporaryFolder folder;
   writeFile(folder.file("a.txt"), "12345");
   logfile file(folder.file("a.txt"), nullptr);
@@ -150,7 +150,7 @@ TEST(PeriodicFileAppender, ContinuesTheFileWithinAPeriod) {
   EXPECT_EQ(readFile(folder.file("a.txt")), "old1");
 }
 
-TEST(PeriodicFileAppender, StartsAPeriodWithEveryMessageWhenItHasNoLength) {
+TEST(PeriodicFileAppender, StartsAPeriodAtEveryMessageWhenPeriodsHaveNoLength) {
   const TemporaryFolder folder;
   periodic_file_appender appender(folder.file("a.txt"), 0, nullptr, true);
   appender.write("1");
@@ -158,7 +158,7 @@ TEST(PeriodicFileAppender, StartsAPeriodWithEveryMessageWhenItHasNoLength) {
   EXPECT_EQ(readFile(folder.file("a.txt")), "2");
 }
 
-TEST(PeriodicFileAppender, ANameFunctionGivesEachPeriodAFile) {
+TEST(PeriodicFileAppender, TakesAFileForEachPeriodFromANameFunction) {
   const TemporaryFolder folder;
   opens = 0;
   auto appender = withAnEndedPeriod(folder.file("a"), numberedName);
@@ -167,7 +167,7 @@ TEST(PeriodicFileAppender, ANameFunctionGivesEachPeriodAFile) {
   EXPECT_EQ(readFile(folder.file("a-2")), "text");
 }
 
-TEST(PeriodicFileAppender, ThePresetsHaveTheirPeriods) {
+TEST(PeriodicFileAppender, OffersPresetPeriods) {
   const TemporaryFolder folder;
   const auto seconds = [&](auto _preset) { return Periods(_preset(folder.file("a.txt"), nullptr, true)).seconds(); };
   EXPECT_EQ(seconds(periodic_file_appender::hourly), 3600);

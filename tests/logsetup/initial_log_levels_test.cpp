@@ -42,7 +42,7 @@ TEST_F(InitialLogLevels, DropTheClassAfterTheLastSemicolon) {
   EXPECT_EQ(readFile(logFile()), nativeLineEnds("1\n"));
 }
 
-TEST_F(InitialLogLevels, AreTraced) {
+TEST_F(InitialLogLevels, TraceTheirSteps) {
   const TracedConsole console;
   EXPECT_TRUE(attach("Init.a; ;;Init.b"));
   EXPECT_EQ(sandbox_.masked(linesOf("Quillmark_logging::setInitialLogLevels()", console.text())),
@@ -64,21 +64,21 @@ TEST_F(InitialLogLevels, AttachNothingWithoutAFilter) {
             "==> Quillmark_logging::setInitialLogLevels() _logFile=<APPDATA>\\file.log, TS_MODE=false\r\n");
 }
 
-TEST_F(InitialLogLevels, AttachOneFileToAClassHoweverOftenTheyAreSet) {
+TEST_F(InitialLogLevels, AttachOneFileToAClassHoweverOftenTheyAreApplied) {
   EXPECT_TRUE(attach("Init.a;"));
   EXPECT_TRUE(attach("Init.a;"));
   log("Init.a", "once\n");
   EXPECT_EQ(readFile(logFile()), nativeLineEnds("once\n"));
 }
 
-TEST_F(InitialLogLevels, DoNotEmptyTheFile) {
+TEST_F(InitialLogLevels, LeaveTheContentOfTheFile) {
   testsupport::writeFile(logFile(), "before\n");
   EXPECT_TRUE(attach("Init.a;"));
   log("Init.a", "after\n");
   EXPECT_EQ(readFile(logFile()), "before\n" + nativeLineEnds("after\n"));
 }
 
-TEST_F(InitialLogLevels, WriteByThreadsOfTheirOwnInThreadSafeMode) {
+TEST_F(InitialLogLevels, UseWriterThreadsInThreadSafeMode) {
   Quillmark_logging::setTsMode(true);
   const TracedConsole console;
   EXPECT_TRUE(attach("Init.a;"));

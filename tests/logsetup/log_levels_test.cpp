@@ -42,7 +42,7 @@ class LogLevels : public testsupport::LogSetUp {
 
 // ---- Enabled classes ----
 
-TEST_F(LogLevels, EnableExactlyTheListedClasses) {
+TEST_F(LogLevels, SwitchExactlyTheListedClassesOn) {
   EXPECT_TRUE(update("Lev.a;Lev.b.error;"));
   EXPECT_TRUE(isOn("Lev.a"));
   EXPECT_TRUE(isOn("Lev.a.below"));
@@ -51,7 +51,7 @@ TEST_F(LogLevels, EnableExactlyTheListedClasses) {
   EXPECT_FALSE(isOn("Lev.c"));
 }
 
-TEST_F(LogLevels, AreThoseOfTheLatestList) {
+TEST_F(LogLevels, FollowTheLatestList) {
   EXPECT_TRUE(update("Lev.a;"));
   EXPECT_TRUE(update("Lev.b;"));
   EXPECT_FALSE(isOn("Lev.a"));
@@ -69,19 +69,19 @@ TEST_F(LogLevels, NeedNoSemicolonAfterTheLastClass) {
   EXPECT_TRUE(isOn("Lev.b"));
 }
 
-TEST_F(LogLevels, JoinWhatALineEndParts) {
+TEST_F(LogLevels, JoinWhatALineEndSeparates) {
   EXPECT_TRUE(update("Lev.A\nB;"));
   EXPECT_TRUE(isOn("Lev.AB"));
   EXPECT_FALSE(isOn("Lev.A"));
   EXPECT_FALSE(isOn("B"));
 }
 
-TEST_F(LogLevels, JoinLinesOfCrLfToo) {
+TEST_F(LogLevels, JoinWhatACrLfSeparates) {
   EXPECT_TRUE(update("Lev.A\r\nB;\r\n"));
   EXPECT_TRUE(isOn("Lev.AB"));
 }
 
-TEST_F(LogLevels, KeepACarriageReturnOfItsOwn) {
+TEST_F(LogLevels, KeepALoneCarriageReturn) {
   EXPECT_TRUE(update("Lev.A\rB;"));
   EXPECT_TRUE(isOn("Lev.A\rB"));
   EXPECT_FALSE(isOn("Lev.AB"));
@@ -97,7 +97,7 @@ TEST_F(LogLevels, KeepBlanksAroundAClass) {
   EXPECT_FALSE(isOn("Lev.a"));
 }
 
-TEST_F(LogLevels, OfTwoSemicolonsAreTwoEmptyPatterns) {
+TEST_F(LogLevels, TakeTwoSemicolonsAsTwoEmptyPatterns) {
   EXPECT_EQ(traceOfUpdate(";;"),
             "==> Quillmark_logging::updateLogLevels() _ca=CA12\r\n"
             "--- Quillmark_logging::updateLogLevels() enabledLogClasses=\";;\"\r\n"
@@ -108,7 +108,7 @@ TEST_F(LogLevels, OfTwoSemicolonsAreTwoEmptyPatterns) {
   EXPECT_FALSE(isOn("Lev.a"));
 }
 
-TEST_F(LogLevels, OfAnEmptyListAreAllOff) {
+TEST_F(LogLevels, SwitchEverythingOffForAnEmptyList) {
   EXPECT_EQ(traceOfUpdate(""),
             "==> Quillmark_logging::updateLogLevels() _ca=CA12\r\n"
             "--- Quillmark_logging::updateLogLevels() enabledLogClasses is empty. Disabling all log classes.\r\n"
@@ -117,13 +117,13 @@ TEST_F(LogLevels, OfAnEmptyListAreAllOff) {
   EXPECT_FALSE(isOn(""));
 }
 
-TEST_F(LogLevels, OfLineEndsOnlyAreAllOff) {
+TEST_F(LogLevels, SwitchEverythingOffForAListOfLineEnds) {
   EXPECT_TRUE(update("\n\r\n\n"));
   EXPECT_FALSE(isOn("Lev.a"));
   EXPECT_FALSE(isOn(""));
 }
 
-TEST_F(LogLevels, LeaveTheAttachedFilesAlone) {
+TEST_F(LogLevels, LeaveAttachedFilesAlone) {
   writeFilter("Lev.a;");
   EXPECT_TRUE(setInitialLogLevels(logFile(), "CA12"));
   EXPECT_TRUE(update("Lev.b;"));
@@ -133,7 +133,7 @@ TEST_F(LogLevels, LeaveTheAttachedFilesAlone) {
   EXPECT_EQ(readFile(logFile()), nativeLineEnds("on\n"));
 }
 
-TEST_F(LogLevels, AreThoseOfTheGenericCaWhereTheOwnOneIsMissing) {
+TEST_F(LogLevels, FollowTheGenericCaWhenTheirOwnIsMissing) {
   sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA12\n");
   sandbox_.writeInit("CA12", "Lev.generic;");
   EXPECT_TRUE(updateLogLevels("CA7"));
@@ -146,7 +146,7 @@ TEST_F(LogLevels, AreThoseOfTheGenericCaWhereTheOwnOneIsMissing) {
 
 // ---- Failures ----
 
-TEST_F(LogLevels, StayAsTheyAreWithoutAConfiguration) {
+TEST_F(LogLevels, StayUnchangedWithoutAConfiguration) {
   testsupport::removeAll(sandbox_.cfgPath("CA12"));
   disableAllLogs();
   enableSpecifiedLogs("Lev.kept");
@@ -159,7 +159,7 @@ TEST_F(LogLevels, StayAsTheyAreWithoutAConfiguration) {
   EXPECT_FALSE(isOn("Lev.a"));
 }
 
-TEST_F(LogLevels, StayAsTheyAreWithoutAClassList) {
+TEST_F(LogLevels, StayUnchangedWithoutAClassList) {
   disableAllLogs();
   enableSpecifiedLogs("Lev.kept");
   const TracedConsole console;
@@ -171,7 +171,7 @@ TEST_F(LogLevels, StayAsTheyAreWithoutAClassList) {
   EXPECT_FALSE(isOn("Lev.a"));
 }
 
-TEST_F(LogLevels, StayAsTheyAreWhenTheClassListIsDenied) {
+TEST_F(LogLevels, StayUnchangedWhenTheClassListIsUnreadable) {
   sandbox_.writeInit("CA12", "Lev.a;");
   testsupport::denyAccess(sandbox_.initPath("CA12"));
   disableAllLogs();
@@ -182,7 +182,7 @@ TEST_F(LogLevels, StayAsTheyAreWhenTheClassListIsDenied) {
 
 // ---- The form without a CA ----
 
-TEST_F(LogLevels, WithoutACaAreThoseOfTheGenericOne) {
+TEST_F(LogLevels, FollowTheGenericCaByDefault) {
   sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA12\n");
   sandbox_.writeInit("CA12", "Lev.a;");
   const TracedConsole console;
@@ -196,7 +196,7 @@ TEST_F(LogLevels, WithoutACaAreThoseOfTheGenericOne) {
       << console.text();
 }
 
-TEST_F(LogLevels, WithoutACaAreThoseOfTheEnvironment) {
+TEST_F(LogLevels, FollowTheCaOfTheEnvironment) {
   sandbox_.writeInit("CA12", "Lev.a;");
   testsupport::setEnvironment("DEFAULT_CA_NR", "ca12");
   const TracedConsole console;
@@ -212,7 +212,7 @@ TEST_F(LogLevels, WithoutACaAreThoseOfTheEnvironment) {
 
 // ---- Direct switches ----
 
-TEST_F(LogLevels, AreSwitchedDirectlyUntilTheNextUpdate) {
+TEST_F(LogLevels, ObeyDirectSwitchesUntilTheNextUpdate) {
   disableAllLogs();
   EXPECT_FALSE(isOn("Lev.a"));
   enableSpecifiedLogs("Lev.a");
@@ -224,14 +224,14 @@ TEST_F(LogLevels, AreSwitchedDirectlyUntilTheNextUpdate) {
   EXPECT_FALSE(isOn("Lev.a"));
 }
 
-TEST_F(LogLevels, TakeOnePatternAsItIsDirectly) {
+TEST_F(LogLevels, TakeADirectPatternAsItIs) {
   disableAllLogs();
   enableSpecifiedLogs("Lev.a;Lev.b");
   EXPECT_TRUE(isOn("Lev.a;Lev.b"));
   EXPECT_FALSE(isOn("Lev.a"));
 }
 
-TEST_F(LogLevels, AreTracedWhenTheyAreSwitchedDirectly) {
+TEST_F(LogLevels, TraceDirectSwitches) {
   const TracedConsole console;
   enableAllLogs();
   enableSpecifiedLogs("Lev.a");

@@ -52,7 +52,7 @@ TEST_F(LogManagerBinding, ConnectsAModifierAndDisconnectsItByName) {
   EXPECT_EQ(probe.logged("Bind.a", "x"), "x");
 }
 
-TEST_F(LogManagerBinding, HandsTheIndexOn) {
+TEST_F(LogManagerBinding, PassesTheIndexOn) {
   addAppender("Bind.a", keeping("late:"), "T", 101);
   addAppender("Bind.a", keeping("early:"), "T", 99);
   log("Bind.a", "x");
@@ -75,7 +75,7 @@ TEST_F(LogManagerBinding, DisconnectsEveryCallableOfAName) {
   EXPECT_THAT(kept_, ElementsAre());
 }
 
-TEST_F(LogManagerBinding, DeletesANameThatWasNeverAddedWithoutHarm) {
+TEST_F(LogManagerBinding, IgnoresTheRemovalOfAnUnknownName) {
   const LogProbe probe;
   deleteAppender("*", "never added");
   deleteModifier("Bind.a", "never added");

@@ -9,7 +9,7 @@
 namespace {
 
 // A program of its own: only the first set-up of a process finds kept messages.
-TEST(EarlyMessages, AreKeptUntilTheChangeThatASetUpIsPartOfIsApplied) {
+TEST(EarlyMessages, WaitForTheChangeThatIncludesASetUp) {
   const testsupport::ConfigSandbox sandbox;
   sandbox.writeCfg("CA12", "LOG_STATE=TRUE\nCOMMON_LOG_FILE_NAME=common.log\nCOMMON_LOG_FILE_FILTER=Early;\n");
   sandbox.writeInit("CA12", "Early;");

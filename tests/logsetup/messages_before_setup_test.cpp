@@ -11,7 +11,7 @@
 namespace {
 
 // Each in a process of its own: only the first set-up finds kept messages.
-TEST(EarlyMessages, LoggedBeforeTheSetUpAreInTheCommonLogBeforeTheLaterOnes) {
+TEST(EarlyMessages, PrecedeTheLaterOnesInTheCommonLog) {
   const testsupport::ConfigSandbox sandbox;
   sandbox.writeCfg("CA12", "LOG_STATE=TRUE\nCOMMON_LOG_FILE_NAME=common.log\nCOMMON_LOG_FILE_FILTER=Early;\n");
   sandbox.writeInit("CA12", "Early.on;");
@@ -29,7 +29,7 @@ TEST(EarlyMessages, LoggedBeforeTheSetUpAreInTheCommonLogBeforeTheLaterOnes) {
   Quillmark_logging::deleteAppender("*", "APPENDER_WRITE2FILE_INIT");
 }
 
-TEST(EarlyMessages, AreDeliveredBeforeTheSetUpDescribesTheSystem) {
+TEST(EarlyMessages, PrecedeTheDescriptionOfTheSystem) {
   const testsupport::ConfigSandbox sandbox;
   sandbox.writeCfg("CA12", "LOG_STATE=TRUE\nCOMMON_LOG_FILE_NAME=common.log\n");
   sandbox.writeInit("CA12", "Early;");

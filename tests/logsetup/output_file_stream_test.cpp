@@ -18,7 +18,7 @@ class OutputFileStreamTest : public testing::Test {
   OutputFileStream stream_;
 };
 
-TEST_F(OutputFileStreamTest, WritesAtOnceWhatIsInserted) {
+TEST_F(OutputFileStreamTest, WritesInsertedTextAtOnce) {
   stream_.open(path_, OutputFileStream::Mode::append);
   stream_ << "text " << 42;
   EXPECT_EQ(readFile(path_), "text 42");
@@ -34,7 +34,7 @@ TEST_F(OutputFileStreamTest, CountsTheBytesOfTheFile) {
   EXPECT_EQ(stream_.tellp(), static_cast<std::streamoff>(nativeLineEnds("two\nlines\n").size()));
 }
 
-TEST_F(OutputFileStreamTest, FailsToCloseWhatIsNotOpen) {
+TEST_F(OutputFileStreamTest, FailsToCloseAFileThatIsNotOpen) {
   EXPECT_FALSE(stream_.is_open());
   stream_.close();
   EXPECT_TRUE(stream_.fail());
@@ -57,7 +57,7 @@ TEST_F(OutputFileStreamTest, FailsToOpenAFolderAndAnOpenStream) {
   EXPECT_FALSE(testsupport::exists(folder_.file("other")));
 }
 
-TEST_F(OutputFileStreamTest, DoesNotChangeItsPosition) {
+TEST_F(OutputFileStreamTest, RefusesToChangeItsPosition) {
   stream_.open(path_, OutputFileStream::Mode::truncate);
   stream_ << "text";
   stream_.seekp(0);
@@ -74,7 +74,7 @@ TEST_F(OutputFileStreamTest, WritesSingleCharactersOnceItIsOpen) {
   EXPECT_EQ(testsupport::readFile(path_), "ab");
 }
 
-TEST_F(OutputFileStreamTest, TellsWhereItIsAndNoOtherPosition) {
+TEST_F(OutputFileStreamTest, KnowsItsCurrentPositionOnly) {
   stream_.open(path_, OutputFileStream::Mode::truncate);
   stream_ << "text";
   EXPECT_EQ(stream_.rdbuf()->pubseekoff(0, std::ios::cur, std::ios::out), 4);

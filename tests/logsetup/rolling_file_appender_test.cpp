@@ -34,7 +34,7 @@ class RollingFileAppender : public testing::Test {
   testsupport::TemporaryFolder folder_;
 };
 
-TEST_F(RollingFileAppender, AMaximumSizeOfZeroNeverRolls) {
+TEST_F(RollingFileAppender, NeverRollsWhenTheMaximumSizeIsZero) {
   auto appender = this->appender(0, 4);
   for (int i = 0; i < 100; ++i) {
     appender.write("0123456789");
@@ -43,7 +43,7 @@ TEST_F(RollingFileAppender, AMaximumSizeOfZeroNeverRolls) {
   EXPECT_EQ(names(), Names{"a_log.txt"});
 }
 
-TEST_F(RollingFileAppender, AMaximumSizeOfMinusOneRollsAfterEveryMessage) {
+TEST_F(RollingFileAppender, RollsAfterEveryMessageWhenTheMaximumSizeIsMinusOne) {
   auto appender = this->appender(-1, 2);
   appender.write("one");
   appender.write("two");
@@ -54,13 +54,13 @@ TEST_F(RollingFileAppender, AMaximumSizeOfMinusOneRollsAfterEveryMessage) {
   EXPECT_FALSE(exists(backup(3)));
 }
 
-TEST_F(RollingFileAppender, AnEmptyMessageRollsTooWhenTheMaximumSizeIsMinusOne) {
+TEST_F(RollingFileAppender, RollsAfterAnEmptyMessageWhenTheMaximumSizeIsMinusOne) {
   auto appender = this->appender(-1, 1);
   appender.write("");
   EXPECT_EQ(names(), (Names{"a_log.txt", "a_log.txt.1"}));
 }
 
-TEST_F(RollingFileAppender, WithoutBackupsReachingTheSizeEmptiesTheFile) {
+TEST_F(RollingFileAppender, EmptiesTheFileAtItsSizeWithoutBackups) {
   for (const int count : {0, -1, std::numeric_limits<int>::min()}) {
     auto appender = this->appender(10, count);
     appender.write("0123456789");
@@ -72,7 +72,7 @@ TEST_F(RollingFileAppender, WithoutBackupsReachingTheSizeEmptiesTheFile) {
   }
 }
 
-TEST_F(RollingFileAppender, TheFirstRollRenamesOnlyTheCurrentFile) {
+TEST_F(RollingFileAppender, RenamesOnlyTheCurrentFileAtTheFirstRoll) {
   auto appender = this->appender(5, 4);
   appender.write("12345");
   EXPECT_EQ(names(), (Names{"a_log.txt", "a_log.txt.1"}));
@@ -80,7 +80,7 @@ TEST_F(RollingFileAppender, TheFirstRollRenamesOnlyTheCurrentFile) {
   EXPECT_EQ(readFile(name()), "");
 }
 
-TEST_F(RollingFileAppender, AStaleLastBackupIsRemovedOnlyWhenAnotherTakesItsPlace) {
+TEST_F(RollingFileAppender, RemovesAStaleLastBackupOnlyWhenAnotherTakesItsPlace) {
   writeFile(backup(4), "stale");
   auto appender = this->appender(1, 4);
   for (const char* message : {"1", "2", "3"}) {
@@ -92,7 +92,7 @@ TEST_F(RollingFileAppender, AStaleLastBackupIsRemovedOnlyWhenAnotherTakesItsPlac
   EXPECT_EQ(readFile(backup(3)), "2");
 }
 
-TEST_F(RollingFileAppender, ABackupBeyondTheCountStays) {
+TEST_F(RollingFileAppender, LeavesBackupsBeyondTheCount) {
   writeFile(backup(3), "older");
   auto appender = this->appender(1, 2);
   for (const char* message : {"1", "2", "3"}) {
@@ -102,7 +102,7 @@ TEST_F(RollingFileAppender, ABackupBeyondTheCountStays) {
   EXPECT_EQ(readFile(backup(2)), "2");
 }
 
-TEST_F(RollingFileAppender, NumbersOfTwoDigitsAreCountedOn) {
+TEST_F(RollingFileAppender, CountsOnToNumbersOfTwoDigits) {
   auto appender = this->appender(1, 12);
   for (char message = 'a'; message <= 'z'; ++message) {
     appender.write(std::string(1, message));
@@ -113,7 +113,7 @@ TEST_F(RollingFileAppender, NumbersOfTwoDigitsAreCountedOn) {
   EXPECT_EQ(readFile(backup(12)), "o");
 }
 
-TEST_F(RollingFileAppender, TheMessageThatCrossesTheSizeStaysInTheOldFile) {
+TEST_F(RollingFileAppender, LeavesTheMessageThatCrossesTheSizeInTheOldFile) {
   auto appender = this->appender(10, 1);
   appender.write("012345678");
   EXPECT_FALSE(exists(backup(1)));
@@ -122,14 +122,14 @@ TEST_F(RollingFileAppender, TheMessageThatCrossesTheSizeStaysInTheOldFile) {
   EXPECT_EQ(readFile(name()), "");
 }
 
-TEST_F(RollingFileAppender, TheSizeOfAFileThatIsContinuedCountsAtTheFirstWrite) {
+TEST_F(RollingFileAppender, CountsAnExistingFileAtTheFirstWrite) {
   writeFile(name(), "123456789");
   auto appender = this->appender(10, 1);
   appender.write("0");
   EXPECT_EQ(readFile(backup(1)), "1234567890");
 }
 
-TEST_F(RollingFileAppender, ThePositionIsTheEndOfTheFileAlsoBeforeAnyByteIsWritten) {
+TEST_F(RollingFileAppender, StartsAtTheEndOfTheFileEvenBeforeItWrites) {
   writeFile(name(), "0123456789");
   auto appender = this->appender(10, 1);
   EXPECT_EQ(readFile(name()), "0123456789");
@@ -137,14 +137,14 @@ TEST_F(RollingFileAppender, ThePositionIsTheEndOfTheFileAlsoBeforeAnyByteIsWritt
   EXPECT_EQ(readFile(backup(1)), "0123456789");
 }
 
-TEST_F(RollingFileAppender, ATruncatingConstructionEmptiesTheFileWithoutABackup) {
+TEST_F(RollingFileAppender, EmptiesTheFileWithoutABackupWhenAskedToTruncate) {
   writeFile(name(), "0123456789");
   rolling_file_appender(name(), 10, 1, nullptr, false).write("new");
   EXPECT_EQ(readFile(name()), "new");
   EXPECT_EQ(names(), Names{"a_log.txt"});
 }
 
-TEST_F(RollingFileAppender, CopiesShareTheStreamAndSeeTheSameSize) {
+TEST_F(RollingFileAppender, SharesStreamAndSizeAmongCopies) {
   auto first = appender(6, 2);
   auto second = first;
   first.write("123");
@@ -154,7 +154,7 @@ TEST_F(RollingFileAppender, CopiesShareTheStreamAndSeeTheSameSize) {
   EXPECT_EQ(readFile(name()), "789");
 }
 
-TEST_F(RollingFileAppender, TheVirtualRollGetsTheCurrentName) {
+TEST_F(RollingFileAppender, PassesTheCurrentNameToTheVirtualRoll) {
   struct Recording : rolling_file_appender {
     using rolling_file_appender::rolling_file_appender;
     void roll(const std::string& _name) override { rolled.push_back(_name); }
@@ -168,7 +168,7 @@ TEST_F(RollingFileAppender, TheVirtualRollGetsTheCurrentName) {
   EXPECT_EQ(readFile(name() + "-today"), "");
 }
 
-TEST_F(RollingFileAppender, TwoAppendersOnOneFileBothAppend) {
+TEST_F(RollingFileAppender, AppendsBesideAnotherAppenderOnTheFile) {
   auto first = appender(100, 1);
   auto second = appender(100, 1);
   first.write("1");
@@ -177,7 +177,7 @@ TEST_F(RollingFileAppender, TwoAppendersOnOneFileBothAppend) {
   EXPECT_EQ(readFile(name()), "123");
 }
 
-TEST_F(RollingFileAppender, ItsVirtualOperationsComeInTheirOrderAfterTheDestructor) {
+TEST_F(RollingFileAppender, KeepsItsVirtualOperationsInOrderAfterTheDestructor) {
   EXPECT_EQ(testsupport::virtualSlot(&boost::logging::file_appender::write), 2U);
   EXPECT_EQ(testsupport::virtualSlot(&rolling_file_appender::write), 2U);
   EXPECT_EQ(testsupport::virtualSlot(&rolling_file_appender::roll), 3U);
@@ -185,7 +185,7 @@ TEST_F(RollingFileAppender, ItsVirtualOperationsComeInTheirOrderAfterTheDestruct
 
 // Failures. Each is one of the file system, not of a stand-in.
 
-TEST_F(RollingFileAppender, AFailedRemoveIsThrownAndClosesTheFileForGood) {
+TEST_F(RollingFileAppender, ThrowsAFailedRemoveAndClosesTheFileForGood) {
   makeFolders(backup(1) + "\\occupied");
   auto appender = this->appender(4, 1);
   EXPECT_THROW(appender.write("1234"), boost::filesystem::filesystem_error);
@@ -196,7 +196,7 @@ TEST_F(RollingFileAppender, AFailedRemoveIsThrownAndClosesTheFileForGood) {
   EXPECT_EQ(names(), Names{"a_log.txt"});
 }
 
-TEST_F(RollingFileAppender, AFailedRemoveStopsTheRollWhereItIs) {
+TEST_F(RollingFileAppender, StopsTheRollAtAFailedRemove) {
   makeFolders(backup(2) + "\\occupied");
   writeFile(backup(1), "older");
   writeFile(backup(3), "oldest");
@@ -212,7 +212,7 @@ TEST_F(RollingFileAppender, AFailedRemoveStopsTheRollWhereItIs) {
   EXPECT_EQ(readFile(name()), "last");
 }
 
-TEST_F(RollingFileAppender, AFailedRenameIsThrownAndClosesTheFileForGood) {
+TEST_F(RollingFileAppender, ThrowsAFailedRenameAndClosesTheFileForGood) {
   makeFolders(name() + "-folder");
   const std::string inside = name() + "-folder\\a_log.txt";
   writeFile(inside, "");
@@ -224,7 +224,7 @@ TEST_F(RollingFileAppender, AFailedRenameIsThrownAndClosesTheFileForGood) {
   EXPECT_EQ(readFile(inside), "1234");
 }
 
-TEST_F(RollingFileAppender, AFileThatCannotBeOpenedLosesEverythingAndNeverRolls) {
+TEST_F(RollingFileAppender, LosesEverythingAndNeverRollsWhenItCannotOpenTheFile) {
   writeFile(name() + ".1", "backup");
   const std::string inside = name() + "-folder\\a_log.txt";
   rolling_file_appender appender(inside, 1, 2, nullptr, true);
@@ -234,7 +234,7 @@ TEST_F(RollingFileAppender, AFileThatCannotBeOpenedLosesEverythingAndNeverRolls)
   EXPECT_TRUE(namesIn(name() + "-folder").empty());
 }
 
-TEST_F(RollingFileAppender, WithANegativeSizeEveryMessageTriesToRollAgainAfterAFailure) {
+TEST_F(RollingFileAppender, RetriesAFailedRollAtEveryMessageWhenTheSizeIsNegative) {
   makeFolders(backup(1) + "\\occupied");
   auto appender = this->appender(-1, 1);
   EXPECT_THROW(appender.write("1"), boost::filesystem::filesystem_error);

@@ -90,7 +90,7 @@ std::string firstDifference(Randomness& _random, int _maxSize, int _fileCount, i
   return "";
 }
 
-TEST(RollingModel, TheFolderIsThatOfTheModelAfterEveryMessage) {
+TEST(RollingModel, AgreesWithTheFolderAfterEveryMessage) {
   Randomness random(20261121);
   constexpr std::array<int, 7> sizes{-1, 0, 1, 7, 40, 200, std::numeric_limits<int>::min()};
   for (const int maxSize : sizes) {
@@ -100,7 +100,7 @@ TEST(RollingModel, TheFolderIsThatOfTheModelAfterEveryMessage) {
   }
 }
 
-TEST(RollingModel, TheDefaultsRollAtTheirSize) {
+TEST(RollingModel, AgreesAboutTheDefaultSize) {
   Randomness random(1024000);
   EXPECT_EQ(firstDifference(random, 1024000 - 1, 5 - 1, 40, 400000), "");
 }

@@ -24,7 +24,7 @@ std::string ownLines(const std::string& _trace) {
   return lines;
 }
 
-class RotationSettingsOf : public testing::Test {
+class RotationSettingsTest : public testing::Test {
  protected:
   // Reads the settings from a configuration of the given text.
   RotationSettings read(const std::string& _cfg) {
@@ -43,55 +43,55 @@ class RotationSettingsOf : public testing::Test {
   testsupport::ConfigSandbox sandbox_;
 };
 
-TEST_F(RotationSettingsOf, BothKeysAreTheirTexts) {
+TEST_F(RotationSettingsTest, ComeFromBothKeys) {
   const auto settings = read("SPEC_LOG_FILE_LIMIT=500\nSPEC_NR_OF_LOG_FILES=3\n");
   EXPECT_EQ(settings.fileLimit, "500");
   EXPECT_EQ(settings.nrOfFiles, "3");
   EXPECT_EQ(trace_, "--- Quillmark_logging::createApplicationSpecificLogFile() fileLimit=500, nrOfFiles=3\r\n");
 }
 
-TEST_F(RotationSettingsOf, TextsThatAreNoNumbersAreKept) {
+TEST_F(RotationSettingsTest, KeepTextsThatAreNoNumbers) {
   const auto settings = read("SPEC_LOG_FILE_LIMIT=abc\nSPEC_NR_OF_LOG_FILES=many\n");
   EXPECT_EQ(settings.fileLimit, "abc");
   EXPECT_EQ(settings.nrOfFiles, "many");
   EXPECT_EQ(trace_, "--- Quillmark_logging::createApplicationSpecificLogFile() fileLimit=abc, nrOfFiles=many\r\n");
 }
 
-TEST_F(RotationSettingsOf, NeitherKeyGivesTheDefaults) {
+TEST_F(RotationSettingsTest, UseTheDefaultsWithoutBothKeys) {
   const auto settings = read("LOG_STATE=TRUE\n");
   EXPECT_EQ(settings.fileLimit, "1024000");
   EXPECT_EQ(settings.nrOfFiles, "5");
   EXPECT_EQ(trace_, usingDefaults_);
 }
 
-TEST_F(RotationSettingsOf, AMissingLimitLeavesTheNumberOfFilesUnread) {
+TEST_F(RotationSettingsTest, LeaveTheNumberOfFilesUnreadWithoutALimit) {
   const auto settings = read("SPEC_NR_OF_LOG_FILES=3\n");
   EXPECT_EQ(settings.fileLimit, "1024000");
   EXPECT_EQ(settings.nrOfFiles, "5");
   EXPECT_EQ(trace_, usingDefaults_);
 }
 
-TEST_F(RotationSettingsOf, AMissingNumberOfFilesKeepsTheLimitAlthoughTheTraceSpeaksOfDefaults) {
+TEST_F(RotationSettingsTest, KeepTheLimitWithoutANumberOfFilesDespiteTheTrace) {
   const auto settings = read("SPEC_LOG_FILE_LIMIT=xyz\n");
   EXPECT_EQ(settings.fileLimit, "xyz");
   EXPECT_EQ(settings.nrOfFiles, "5");
   EXPECT_EQ(trace_, usingDefaults_);
 }
 
-TEST(OneLessThan, IsTheNumberThatTheTextBeginsWithLessOne) {
+TEST(OneLessThan, SubtractsOneFromTheNumberAtTheBeginning) {
   EXPECT_EQ(oneLessThan("1024000"), 1023999);
   EXPECT_EQ(oneLessThan("1"), 0);
   EXPECT_EQ(oneLessThan("  +12 files"), 11);
   EXPECT_EQ(oneLessThan("-3"), -4);
 }
 
-TEST(OneLessThan, IsMinusOneForATextWithoutANumber) {
+TEST(OneLessThan, GivesMinusOneForATextWithoutANumber) {
   for (const char* text : {"0", "", "abc", "- 5", "#7"}) {
     EXPECT_EQ(oneLessThan(text), -1) << text;
   }
 }
 
-TEST(OneLessThan, StaysWithinTheRangeOfItsNumbers) {
+TEST(OneLessThan, StaysWithinTheRangeOfTheType) {
   using Limits = std::numeric_limits<std::int32_t>;
   EXPECT_EQ(oneLessThan("99999999999999999999999"), Limits::max() - 1);
   EXPECT_EQ(oneLessThan("2147483648"), Limits::max() - 1);

@@ -132,12 +132,12 @@ class SetUpStorm : public testsupport::LogSetUp, public testing::WithParamInterf
   }
 };
 
-TEST_P(SetUpStorm, OfUpdatesLosesNoLineOfAClassThatStaysOn) {
+TEST_P(SetUpStorm, LosesNoLineOfAClassThatStaysOnDuringUpdates) {
   ASSERT_TRUE(initDefaultLogs("App", "CA12", false));
   expectAllLines(logDuring(30, [] { EXPECT_TRUE(updateLogLevels("CA12")); }));
 }
 
-TEST_P(SetUpStorm, OfSecondSetUpsLosesAndDamagesNoLine) {
+TEST_P(SetUpStorm, LosesNoLineDuringSecondSetUps) {
   ASSERT_TRUE(initDefaultLogs("App", "CA12", false));
   expectAllLines(logDuring(10, [] { EXPECT_TRUE(initDefaultLogs("App", "CA12", false)); }));
 }

@@ -37,14 +37,14 @@ class SetupTranscript : public testsupport::LogSetUp {
   bool done_ = false;
 };
 
-TEST_F(SetupTranscript, OfAFirstStart) {
+TEST_F(SetupTranscript, ShowsAFirstStart) {
   sandbox_.writeCfg("GE", traced);
   load();
   EXPECT_TRUE(matchesGolden(setUp("CA12"), "setup_first_start.txt"));
   EXPECT_TRUE(done_);
 }
 
-TEST_F(SetupTranscript, OfALaterStartNamesTheFolderAsTheFile) {
+TEST_F(SetupTranscript, ShowsALaterStartThatCallsTheFolderAFile) {
   sandbox_.writeCfg("GE", traced);
   load();
   setUp("CA12");
@@ -52,7 +52,7 @@ TEST_F(SetupTranscript, OfALaterStartNamesTheFolderAsTheFile) {
   EXPECT_TRUE(done_);
 }
 
-TEST_F(SetupTranscript, OfACaThatIsMissingWithAGenericFile) {
+TEST_F(SetupTranscript, ShowsAMissingCaBesideAGenericFile) {
   sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA12\n");
   sandbox_.writeDemoOfCa12(std::string("LOG_STATE=TRUE\n") + traced);
   load();
@@ -61,7 +61,7 @@ TEST_F(SetupTranscript, OfACaThatIsMissingWithAGenericFile) {
 }
 
 // The trace begins when the new file has been written: it leads to a file that switches the trace on.
-TEST_F(SetupTranscript, OfAGenerationThatSwitchesTheTraceOn) {
+TEST_F(SetupTranscript, ShowsAGenerationThatSwitchesTheTraceOn) {
   sandbox_.writeDemoOfCa12(std::string("LOG_STATE=TRUE\n") + traced);
   load();
   EXPECT_TRUE(matchesGolden(setUp("CA7"), "setup_generated_trace_begins.txt"));
@@ -70,7 +70,7 @@ TEST_F(SetupTranscript, OfAGenerationThatSwitchesTheTraceOn) {
 }
 
 // The generic file vanishes between load and set-up, so the generator and its listing are traced.
-TEST_F(SetupTranscript, OfAGenerationThatLeavesTheTraceOn) {
+TEST_F(SetupTranscript, ShowsAGenerationThatLeavesTheTraceOn) {
   sandbox_.writeCfg("GE", traced);
   load();
   removeAll(sandbox_.cfgPath("GE"));
@@ -80,7 +80,7 @@ TEST_F(SetupTranscript, OfAGenerationThatLeavesTheTraceOn) {
 }
 
 // Afterwards only the configuration store traces, by the value of load time.
-TEST_F(SetupTranscript, OfAGenerationThatSwitchesTheTraceOff) {
+TEST_F(SetupTranscript, ShowsAGenerationThatSwitchesTheTraceOff) {
   sandbox_.writeCfg("GE", traced);
   load();
   removeAll(sandbox_.cfgPath("GE"));
@@ -89,7 +89,7 @@ TEST_F(SetupTranscript, OfAGenerationThatSwitchesTheTraceOff) {
   EXPECT_TRUE(Quillmark_logging::isTraceEnabled());
 }
 
-TEST_F(SetupTranscript, OfAFileThatMayNotBeRead) {
+TEST_F(SetupTranscript, ShowsAnUnreadableFile) {
   sandbox_.writeCfg("GE", traced);
   load();
   std::string trace;
@@ -101,7 +101,7 @@ TEST_F(SetupTranscript, OfAFileThatMayNotBeRead) {
   EXPECT_FALSE(done_);
 }
 
-TEST_F(SetupTranscript, OfDisabledLogging) {
+TEST_F(SetupTranscript, ShowsDisabledLogging) {
   sandbox_.writeCfg("GE", traced);
   sandbox_.writeDemoOfCa12("LOG_STATE=FALSE\n");
   load();
@@ -109,7 +109,7 @@ TEST_F(SetupTranscript, OfDisabledLogging) {
   EXPECT_FALSE(done_);
 }
 
-TEST_F(SetupTranscript, OfARedirectedGenericCa) {
+TEST_F(SetupTranscript, ShowsARedirectedGenericCa) {
   sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA12\n");
   sandbox_.writeDemoOfCa12(std::string("LOG_STATE=TRUE\n") + traced);
   load();
@@ -117,7 +117,7 @@ TEST_F(SetupTranscript, OfARedirectedGenericCa) {
   EXPECT_TRUE(done_);
 }
 
-TEST_F(SetupTranscript, OfACaOfTheEnvironment) {
+TEST_F(SetupTranscript, ShowsACaOfTheEnvironment) {
   sandbox_.writeCfg("GE", traced);
   sandbox_.writeDemoOfCa12("LOG_STATE=FALSE\n");
   load();
@@ -125,7 +125,7 @@ TEST_F(SetupTranscript, OfACaOfTheEnvironment) {
   EXPECT_TRUE(matchesGolden(setUpWithoutCa(), "setup_environment.txt"));
 }
 
-TEST_F(SetupTranscript, OfThreadSafeMode) {
+TEST_F(SetupTranscript, ShowsThreadSafeMode) {
   sandbox_.writeCfg("GE", std::string("TS_APPENDERS=True\n") + traced);
   load();
   EXPECT_TRUE(matchesGolden(setUp("CA12", true), "setup_thread_safe.txt"));

@@ -106,7 +106,7 @@ TEST_F(WriterThread, WritesToTheConsoleInThreadSafeModeOnly) {
   }
 }
 
-TEST_F(WriterThread, CallsAnAppenderWithAnEmptyNameOfTheLog) {
+TEST_F(WriterThread, CallsAnAppenderWithAnEmptyLogName) {
   for (const bool isThreadSafe : {true, false}) {
     setTsMode(isThreadSafe);
     PassingThread caller;

@@ -100,14 +100,14 @@ class HeldUpdate : public testsupport::LogSetUp {
   }
 };
 
-TEST_F(HeldUpdate, KeepsAClassOnThatStaysOnWhereverItIs) {
+TEST_F(HeldUpdate, KeepsAClassOnWhereverItStops) {
   ASSERT_TRUE(initDefaultLogs("App", "CA12", false));
   const int lines = logWithEachLine([] { return updateLogLevels("CA12"); });
   EXPECT_GT(lines, classCount);
   expectLinesInTheFile(lines);
 }
 
-TEST_F(HeldUpdate, KeepsAClassConnectedWhereverASecondSetUpIs) {
+TEST_F(HeldUpdate, KeepsAClassConnectedWhereverASecondSetUpStops) {
   ASSERT_TRUE(initDefaultLogs("App", "CA12", false));
   const int lines = logWithEachLine([] { return initDefaultLogs("App", "CA12", false); });
   EXPECT_GT(lines, 2 * classCount);

@@ -28,7 +28,7 @@ class LogfilePosition : public testing::Test {
   logfile file_{name_, nullptr};
 };
 
-TEST_F(LogfilePosition, IsThatOfTheStreamInANewFileAndAfterEveryOpening) {
+TEST_F(LogfilePosition, AgreesWithTheStreamInANewFileAndAfterEveryOpening) {
   EXPECT_EQ(file_.position(), -1);
   for (const bool append : {false, true, false}) {
     file_.open(append);
@@ -49,7 +49,7 @@ TEST_F(LogfilePosition, IncludesWhatOthersAppended) {
   EXPECT_EQ(file_.position(), 140);
 }
 
-TEST_F(LogfilePosition, IsItsOwnInAFileThatWasNotOpenedForAppending) {
+TEST_F(LogfilePosition, CountsOnlyItsOwnBytesInAFileNotOpenedForAppending) {
   file_.open(false);
   logfile other(name_, nullptr);
   other.open(true);
@@ -74,7 +74,7 @@ TEST_F(LogfilePosition, IncludesWhatAForkedChildWrote) {
   writeLines(file_, 5);
 }
 
-TEST_F(LogfilePosition, IsMinusOneAfterTheOpeningOfAnOpenStreamAsOfAnyOther) {
+TEST_F(LogfilePosition, BecomesMinusOneWhenAnOpenStreamIsOpenedAgain) {
   file_.open(false);
   file_.open(false);
   EXPECT_TRUE(file_.out.fail());

@@ -11,7 +11,7 @@
 
 namespace {
 
-TEST(RollingCost, OfAMessageIsOneSystemCallInAFileThatTheAppenderBegan) {
+TEST(RollingCost, IsOneSystemCallPerMessageInANewFile) {
   const testsupport::TemporaryFolder folder;
   const auto callsOf = [&folder](int _count) {
     return testsupport::systemCallsOf([&folder, _count] {

@@ -32,7 +32,7 @@ class RollingTrouble : public testing::Test {
   const std::string path_ = folder_.file("a_log.txt");
 };
 
-TEST_F(RollingTrouble, AFileSizeLimitDoesNotEndTheProcess) {
+TEST_F(RollingTrouble, SurvivesAFileSizeLimit) {
   const FileSizeLimit limit(6);
   auto appender = this->appender();
   appender.write("1234\n");
@@ -41,7 +41,7 @@ TEST_F(RollingTrouble, AFileSizeLimitDoesNotEndTheProcess) {
   EXPECT_EQ(readFile(path_), "1234\n5");
 }
 
-TEST_F(RollingTrouble, AFileSizeLimitThatWasSetAMomentAgoDoesNotEndTheProcess) {
+TEST_F(RollingTrouble, SurvivesAFileSizeLimitSetAMomentAgo) {
   auto appender = this->appender();
   appender.write("1234\n");
   const FileSizeLimit limit(5);
@@ -49,7 +49,7 @@ TEST_F(RollingTrouble, AFileSizeLimitThatWasSetAMomentAgoDoesNotEndTheProcess) {
   EXPECT_EQ(readFile(path_), "1234\n");
 }
 
-TEST_F(RollingTrouble, AStreamThatHasFailedLosesMessagesUntilItIsOpenedAgain) {
+TEST_F(RollingTrouble, LosesMessagesOfAFailedStreamUntilItIsReopened) {
   auto appender = this->appender(-1);
   {
     const FileSizeLimit limit(0);
@@ -60,7 +60,7 @@ TEST_F(RollingTrouble, AStreamThatHasFailedLosesMessagesUntilItIsOpenedAgain) {
   EXPECT_EQ(readFile(path_ + ".2"), "");
 }
 
-TEST_F(RollingTrouble, ChildProgramsGetNothingOfTheFile) {
+TEST_F(RollingTrouble, HandsNoneOfTheFileToChildPrograms) {
   auto appender = this->appender(4);
   appender.write("rolled");
   ASSERT_TRUE(testsupport::exists(path_ + ".1"));
@@ -73,7 +73,7 @@ TEST_F(RollingTrouble, ChildProgramsGetNothingOfTheFile) {
   EXPECT_EQ(files.find("a_log.txt"), std::string::npos) << files;
 }
 
-TEST_F(RollingTrouble, AClosedStandardErrorIsNotReplacedByTheFile) {
+TEST_F(RollingTrouble, DoesNotPutTheFileInPlaceOfAClosedStandardError) {
   const testsupport::ReplacedStream closed(STDERR_FILENO, -1);
   auto appender = this->appender(4);
   EXPECT_EQ(::write(STDERR_FILENO, "astray", 6), -1);
@@ -82,7 +82,7 @@ TEST_F(RollingTrouble, AClosedStandardErrorIsNotReplacedByTheFile) {
   EXPECT_EQ(readFile(path_), "");
 }
 
-TEST_F(RollingTrouble, APipeInPlaceOfTheFileFailsToOpenAtOnce) {
+TEST_F(RollingTrouble, FailsAtOnceToOpenAPipeInPlaceOfTheFile) {
   testsupport::makeNamedPipe(path_);
   logfile file(path_, nullptr);
   for (const bool append : {true, false}) {
@@ -94,7 +94,7 @@ TEST_F(RollingTrouble, APipeInPlaceOfTheFileFailsToOpenAtOnce) {
   EXPECT_NO_THROW(appender().write("lost"));
 }
 
-TEST_F(RollingTrouble, ADeviceInPlaceOfTheFileFailsToOpen) {
+TEST_F(RollingTrouble, FailsToOpenADeviceInPlaceOfTheFile) {
   logfile file("\\dev\\null", nullptr);
   file.open(true);
   EXPECT_TRUE(file.out.fail());
@@ -127,7 +127,7 @@ TEST_F(RollingOnAFullDisk, WritesNothingTwiceWhenThereIsRoomAgain) {
   EXPECT_EQ(readFile(path_), text + "after\n");
 }
 
-TEST_F(RollingOnAFullDisk, TellsNoPositionOnceAWriteHasFailed) {
+TEST_F(RollingOnAFullDisk, KnowsNoPositionAfterAFailedWrite) {
   logfile file(path_, nullptr);
   file.open(false);
   for (std::int64_t end = 100; end < 8192; end += 100) {

@@ -16,7 +16,7 @@ class SucceedingAppender : public testsupport::ApplicationLogs {
   SucceedingAppender() { configureRotation("6", "3"); }
 };
 
-TEST_F(SucceedingAppender, WritesToTheFileThatItsPredecessorBeganWhileTheSetUpWasUnderWay) {
+TEST_F(SucceedingAppender, WritesToTheFileThatItsPredecessorBeganDuringTheSetUp) {
   const testsupport::FaultPlan reads(platform::Call::openForReading, 1, platform::noError);
   ASSERT_TRUE(create("App"));
   // The list of classes is the last file to be read, when the new appender has its file open and the former one is
@@ -29,7 +29,7 @@ TEST_F(SucceedingAppender, WritesToTheFileThatItsPredecessorBeganWhileTheSetUpWa
   EXPECT_EQ(readFile(backup(2)), "12345");
 }
 
-TEST_F(SucceedingAppender, FollowsWhileTheSetUpIsUnderWay) {
+TEST_F(SucceedingAppender, FollowsItsPredecessorDuringTheSetUp) {
   const auto takeOver = std::make_shared<Quillmark_logging::TakeOver>();
   testsupport::makeFolders(folder());
   Quillmark_logging::SucceedingAppender appender(file(), 5, 2, takeOver);
@@ -42,7 +42,7 @@ TEST_F(SucceedingAppender, FollowsWhileTheSetUpIsUnderWay) {
   }
 }
 
-TEST_F(SucceedingAppender, FollowsNobodyOnceTheSetUpHasEnded) {
+TEST_F(SucceedingAppender, FollowsNobodyAfterTheSetUp) {
   ASSERT_TRUE(create("A;B;"));
   log("A", "12345");
   log("B", "b");
