@@ -20,14 +20,14 @@ using testsupport::writeFile;
 
 constexpr unsigned int untouched = 0x12345678U;
 
-TEST(Access, AMissingFileIsNotAccessibleInAnyMode) {
+TEST(Access, RefusesAMissingFileInEveryMode) {
   const TemporaryFolder folder;
   for (const Access mode : {Access::exists, Access::write, Access::read, Access::readWrite}) {
     EXPECT_FALSE(isAccessible(folder.file("missing"), mode));
   }
 }
 
-TEST(Access, AnOrdinaryFileIsAccessibleInEveryMode) {
+TEST(Access, AllowsAnOrdinaryFileInEveryMode) {
   const TemporaryFolder folder;
   writeFile(folder.file("ordinary"), "text");
   for (const Access mode : {Access::exists, Access::write, Access::read, Access::readWrite}) {
@@ -35,14 +35,14 @@ TEST(Access, AnOrdinaryFileIsAccessibleInEveryMode) {
   }
 }
 
-TEST(Access, AFolderExistsWithAndWithoutAFinalSeparator) {
+TEST(Access, FindsAFolderWithAndWithoutAFinalSeparator) {
   const TemporaryFolder folder;
   testsupport::makeFolders(folder.file("inner"));
   EXPECT_TRUE(isAccessible(folder.file("inner"), Access::exists));
   EXPECT_TRUE(isAccessible(folder.file("inner/"), Access::readWrite));
 }
 
-TEST(Access, AFileThatMayOnlyBeReadIsNotWritable) {
+TEST(Access, RefusesWritingToAReadOnlyFile) {
   const TemporaryFolder folder;
   const std::string path = folder.file("read-only");
   writeFile(path, "text");
@@ -54,14 +54,14 @@ TEST(Access, AFileThatMayOnlyBeReadIsNotWritable) {
   EXPECT_FALSE(isAccessible(path, Access::readWrite));
 }
 
-TEST(Access, AnEmptyPathIsNotAccessible) { EXPECT_FALSE(isAccessible("", Access::exists)); }
+TEST(Access, RefusesAnEmptyPath) { EXPECT_FALSE(isAccessible("", Access::exists)); }
 
-TEST(Access, ANameThatIsTooLongIsNotAccessible) {
+TEST(Access, RefusesATooLongName) {
   const TemporaryFolder folder;
   EXPECT_FALSE(isAccessible(folder.file(std::string(300, 'n')), Access::exists));
 }
 
-TEST(Access, ANameOutsideAsciiIsFound) {
+TEST(Access, FindsANameOutsideAscii) {
   const TemporaryFolder folder;
   const std::string path = folder.file("pr\xC3\xB8ve \xC3\xA6");
   EXPECT_FALSE(isAccessible(path, Access::exists));
@@ -69,7 +69,7 @@ TEST(Access, ANameOutsideAsciiIsFound) {
   EXPECT_TRUE(isAccessible(path, Access::readWrite));
 }
 
-TEST(Access, ThePlannedTestFails) {
+TEST(Access, FailsAsPlanned) {
   const TemporaryFolder folder;
   const FaultPlan plan(Call::accessTest, 2, platform::errorAccessDenied);
   EXPECT_TRUE(isAccessible(folder.path(), Access::exists));
@@ -77,7 +77,7 @@ TEST(Access, ThePlannedTestFails) {
   EXPECT_TRUE(isAccessible(folder.path(), Access::exists));
 }
 
-TEST(StatusMode, IsNotZeroForFilesAndFolders) {
+TEST(StatusMode, DiffersFromZeroForFilesAndFolders) {
   const TemporaryFolder folder;
   writeFile(folder.file("file"), "");
   unsigned int fileMode = 0;
@@ -89,7 +89,7 @@ TEST(StatusMode, IsNotZeroForFilesAndFolders) {
   EXPECT_EQ(folderMode & 0xF000U, 0x4000U);
 }
 
-TEST(StatusMode, OfAMissingFileLeavesTheResultUntouched) {
+TEST(StatusMode, LeavesTheResultUntouchedForAMissingFile) {
   const TemporaryFolder folder;
   unsigned int mode = untouched;
   EXPECT_FALSE(statusMode(folder.file("missing"), mode));
@@ -103,7 +103,7 @@ TEST(StatusMode, FindsANameOutsideAscii) {
   EXPECT_TRUE(statusMode(folder.file("\xC3\xA9"), mode));
 }
 
-TEST(StatusMode, ThePlannedQueryFailsAndLeavesTheResultUntouched) {
+TEST(StatusMode, FailsAsPlannedAndLeavesTheResultUntouched) {
   const TemporaryFolder folder;
   const FaultPlan plan(Call::statusQuery, 1, platform::errorAccessDenied);
   unsigned int mode = untouched;

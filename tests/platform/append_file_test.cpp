@@ -64,7 +64,7 @@ TEST_F(AppendFileTest, AppendsTheBytesWithTheLineEndsOfTheSystem) {
   EXPECT_EQ(readFile(path_), "before\n" + testsupport::nativeLineEnds("one\r\ntwo\n") + std::string("\0\xFF", 2));
 }
 
-TEST_F(AppendFileTest, EmptiesAnExistingFileOnlyWhenToldTo) {
+TEST_F(AppendFileTest, EmptiesAnExistingFileOnRequestOnly) {
   writeFile(path_, "former");
   ASSERT_NE(open(path_, false), nullptr);
   EXPECT_EQ(readFile(path_), "former");
@@ -72,7 +72,7 @@ TEST_F(AppendFileTest, EmptiesAnExistingFileOnlyWhenToldTo) {
   EXPECT_EQ(readFile(path_), "");
 }
 
-TEST_F(AppendFileTest, TwoOpenFilesAppendBehindEachOther) {
+TEST_F(AppendFileTest, AppendsAfterWhatAnotherOpenFileAppended) {
   const auto one = open(path_);
   const auto two = open(path_);
   EXPECT_TRUE(append(*one, "one "));
@@ -81,7 +81,7 @@ TEST_F(AppendFileTest, TwoOpenFilesAppendBehindEachOther) {
   EXPECT_EQ(readFile(path_), "one two three");
 }
 
-TEST_F(AppendFileTest, GoesOnAtTheNewEndWhenAnotherEmptiesTheFile) {
+TEST_F(AppendFileTest, AppendsAtTheNewEndAfterAnotherEmptiesTheFile) {
   const auto file = open(path_);
   EXPECT_TRUE(append(*file, "a long line that is thrown away"));
   ASSERT_NE(open(path_, true), nullptr);
@@ -89,7 +89,7 @@ TEST_F(AppendFileTest, GoesOnAtTheNewEndWhenAnotherEmptiesTheFile) {
   EXPECT_EQ(readFile(path_), "new");
 }
 
-TEST_F(AppendFileTest, AnEmptyMessageMakesNoCall) {
+TEST_F(AppendFileTest, MakesNoCallForAnEmptyMessage) {
   const auto file = open(path_);
   const FaultPlan plan(Call::append, 1, platform::errorDiskFull);
   const AppendFile::Result result = file->append("", 0);
@@ -98,7 +98,7 @@ TEST_F(AppendFileTest, AnEmptyMessageMakesNoCall) {
   EXPECT_EQ(plan.calls(), 0);
 }
 
-TEST_F(AppendFileTest, MessagesOfSeveralThreadsAreNeitherLostNorTorn) {
+TEST_F(AppendFileTest, NeitherLosesNorTearsMessagesOfSeveralThreads) {
   constexpr int numberOfThreads = 4;
   constexpr int linesPerThread = 500;
   const auto file = open(path_);
@@ -129,7 +129,7 @@ TEST_F(AppendFileTest, MessagesOfSeveralThreadsAreNeitherLostNorTorn) {
 
 TEST_F(AppendFileTest, DoesNotOpenAFolder) { EXPECT_EQ(open(folder_.path()), nullptr); }
 
-TEST_F(AppendFileTest, AnEmptyPathGivesPathNotFound) {
+TEST_F(AppendFileTest, ReportsPathNotFoundForAnEmptyPath) {
   EXPECT_EQ(open(""), nullptr);
   EXPECT_EQ(error_, platform::errorPathNotFound);
 }
@@ -148,7 +148,7 @@ TEST_F(AppendFileTest, OpensANameOutsideAscii) {
   EXPECT_EQ(readFile(path), "text");
 }
 
-TEST_F(AppendFileTest, AFileThatMayOnlyBeReadGivesAccessDenied) {
+TEST_F(AppendFileTest, ReportsAccessDeniedForAReadOnlyFile) {
   writeFile(path_, "kept");
   testsupport::denyWriting(path_);
   const testsupport::AsUnprivilegedUser user;
@@ -157,7 +157,7 @@ TEST_F(AppendFileTest, AFileThatMayOnlyBeReadGivesAccessDenied) {
   EXPECT_EQ(readFile(path_), "kept");
 }
 
-TEST_F(AppendFileTest, TellsWhetherTheFileEndsInALineFeed) {
+TEST_F(AppendFileTest, KnowsWhetherTheFileEndsWithALineFeed) {
   EXPECT_TRUE(open(path_)->endsInLineFeed());
   writeFile(path_, "line\n");
   EXPECT_TRUE(open(path_)->endsInLineFeed());
@@ -167,7 +167,7 @@ TEST_F(AppendFileTest, TellsWhetherTheFileEndsInALineFeed) {
   EXPECT_FALSE(open(path_)->endsInLineFeed());
 }
 
-TEST_F(AppendFileTest, LookingAtTheEndFollowsWhatOthersAppend) {
+TEST_F(AppendFileTest, SeesTheEndThatOthersAppended) {
   const auto one = open(path_);
   const auto two = open(path_);
   EXPECT_TRUE(append(*two, "fragm"));
@@ -176,7 +176,7 @@ TEST_F(AppendFileTest, LookingAtTheEndFollowsWhatOthersAppend) {
   EXPECT_TRUE(two->endsInLineFeed());
 }
 
-TEST_F(AppendFileTest, LookingAtTheEndNeverTakesAMessageThatIsBeingAppendedForAPiece) {
+TEST_F(AppendFileTest, NeverMistakesAMessageInTheMakingForAFragment) {
   const auto writing = open(path_);
   const auto looking = open(path_);
   std::atomic<bool> isDone{false};
@@ -196,7 +196,7 @@ TEST_F(AppendFileTest, LookingAtTheEndNeverTakesAMessageThatIsBeingAppendedForAP
   EXPECT_EQ(pieces, 0);
 }
 
-TEST_F(AppendFileTest, TheIdentityIsThatOfTheFileNotOfItsName) {
+TEST_F(AppendFileTest, IdentifiesTheFileNotItsName) {
   const auto one = open(path_);
   const auto same = open(folder_.file("./app.log"));
   const auto other = open(folder_.file("other.log"));
@@ -204,7 +204,7 @@ TEST_F(AppendFileTest, TheIdentityIsThatOfTheFileNotOfItsName) {
   EXPECT_FALSE(one->identity() == other->identity());
 }
 
-TEST_F(AppendFileTest, IsAtItsPathUntilItIsRemoved) {
+TEST_F(AppendFileTest, StaysAtItsPathUntilItIsRemoved) {
   const auto file = open(path_);
   EXPECT_TRUE(file->isStillAt(path_));
   testsupport::removeAll(path_);
@@ -212,21 +212,21 @@ TEST_F(AppendFileTest, IsAtItsPathUntilItIsRemoved) {
   EXPECT_TRUE(append(*file, "goes to the removed file"));
 }
 
-TEST_F(AppendFileTest, IsNoLongerAtItsPathWhenItWasRenamed) {
+TEST_F(AppendFileTest, LeavesItsPathWhenItIsRenamed) {
   const auto file = open(path_);
   std::filesystem::rename(platform::nativePath(path_), platform::nativePath(folder_.file("moved.log")));
   EXPECT_FALSE(file->isStillAt(path_));
   EXPECT_TRUE(file->isStillAt(folder_.file("moved.log")));
 }
 
-TEST_F(AppendFileTest, IsNoLongerAtItsPathWhenAnotherFileTookIt) {
+TEST_F(AppendFileTest, LeavesItsPathToAnotherFile) {
   const auto file = open(path_);
   std::filesystem::rename(platform::nativePath(path_), platform::nativePath(folder_.file("moved.log")));
   writeFile(path_, "");
   EXPECT_FALSE(file->isStillAt(path_));
 }
 
-TEST_F(AppendFileTest, ThePlannedOpenFailsWithItsCodeAndCreatesNothing) {
+TEST_F(AppendFileTest, FailsToOpenAsPlannedAndCreatesNothing) {
   const FaultPlan plan(Call::openForAppending, 2, platform::errorDiskFull);
   EXPECT_NE(open(folder_.file("one")), nullptr);
   EXPECT_EQ(open(folder_.file("two")), nullptr);
@@ -235,7 +235,7 @@ TEST_F(AppendFileTest, ThePlannedOpenFailsWithItsCodeAndCreatesNothing) {
   EXPECT_NE(open(folder_.file("three")), nullptr);
 }
 
-TEST_F(AppendFileTest, ThePlannedMessageIsLostWithItsCodeAndTheNextArrives) {
+TEST_F(AppendFileTest, LosesAMessageAsPlannedAndWritesTheNext) {
   const auto file = open(path_);
   const FaultPlan plan(Call::append, 2, platform::errorDiskFull);
   EXPECT_TRUE(append(*file, "one "));
@@ -246,7 +246,7 @@ TEST_F(AppendFileTest, ThePlannedMessageIsLostWithItsCodeAndTheNextArrives) {
   EXPECT_EQ(readFile(path_), "one three");
 }
 
-TEST_F(AppendFileTest, WhatCannotBeToldCountsAsInOrder) {
+TEST_F(AppendFileTest, AssumesThatAllIsWellWhenItCannotKnow) {
   writeFile(path_, "fragm");
   const auto file = open(path_);
   const FaultPlan reading(Call::read, 1, platform::errorAccessDenied);
@@ -257,7 +257,7 @@ TEST_F(AppendFileTest, WhatCannotBeToldCountsAsInOrder) {
   EXPECT_FALSE(file->isStillAt(folder_.file("elsewhere")));
 }
 
-TEST_F(AppendFileTest, EveryFileThatWasOpenedIsClosed) {
+TEST_F(AppendFileTest, ClosesEveryFile) {
   const FaultPlan plan(Call::closeFile, 100, platform::errorInvalidHandle);
   { const auto file = open(path_); }
   EXPECT_EQ(plan.calls(), 1);

@@ -46,7 +46,7 @@ void expectZero(const LocalTime& _time) {
   EXPECT_EQ(_time.millisecond, 0);
 }
 
-TEST(Clock, TheWallClockIsTheClockOfTheSystem) {
+TEST(Clock, TakesTheWallClockFromTheSystem) {
   const std::int64_t before = systemMilliseconds();
   const std::int64_t now = wallClockMilliseconds();
   const std::int64_t after = systemMilliseconds();
@@ -55,7 +55,7 @@ TEST(Clock, TheWallClockIsTheClockOfTheSystem) {
   EXPECT_LE(now, after + 16);
 }
 
-TEST(Clock, TheSteadyClockNeverGoesBack) {
+TEST(Clock, NeverTurnsTheSteadyClockBack) {
   std::int64_t last = steadyMilliseconds();
   for (int i = 0; i < 10000; ++i) {
     const std::int64_t now = steadyMilliseconds();
@@ -64,7 +64,7 @@ TEST(Clock, TheSteadyClockNeverGoesBack) {
   }
 }
 
-TEST(Clock, TheSteadyClockGoesOn) {
+TEST(Clock, AdvancesTheSteadyClock) {
   using Clock = std::chrono::steady_clock;
   const Clock::time_point begin = Clock::now();
   const std::int64_t start = steadyMilliseconds();
@@ -76,13 +76,13 @@ TEST(Clock, TheSteadyClockGoesOn) {
   EXPECT_LE(passed, mostPassed.count() + 20);
 }
 
-TEST(Clock, ALocalTimeIsThatOfTheCLibrary) {
+TEST(Clock, AgreesWithTheCLibraryAboutTheLocalTime) {
   for (const std::int64_t moment : {0LL, 1LL, 999LL, 1000LL, 1167984187123LL, 1795255200456LL, 1593561600999LL}) {
     EXPECT_EQ(momentOf(toLocalTime(moment)), moment);
   }
 }
 
-TEST(Clock, TheLocalTimeNowIsTheWallClock) {
+TEST(Clock, AgreesWithItselfAboutNow) {
   const std::int64_t before = wallClockMilliseconds();
   const LocalTime now = localTime();
   const std::int64_t after = wallClockMilliseconds();
@@ -90,14 +90,14 @@ TEST(Clock, TheLocalTimeNowIsTheWallClock) {
   EXPECT_LE(momentOf(now), after + 16);
 }
 
-TEST(Clock, ThePlannedReadingGivesZero) {
+TEST(Clock, GivesZeroWhenAReadingFails) {
   const FaultPlan plan(Call::clock, 1, platform::errorAccessDenied, 2);
   EXPECT_EQ(wallClockMilliseconds(), 0);
   EXPECT_EQ(steadyMilliseconds(), 0);
   EXPECT_GT(wallClockMilliseconds(), 0);
 }
 
-TEST(Clock, APlannedReadingOfTheLocalTimeGivesNoTime) {
+TEST(Clock, GivesNoLocalTimeWhenAReadingFails) {
   const FaultPlan plan(Call::clock, 1, platform::errorAccessDenied);
   expectZero(localTime());
   EXPECT_GE(localTime().year, 2024);

@@ -11,14 +11,14 @@ namespace {
 using platform::writeConsole;
 using testsupport::CapturedConsole;
 
-TEST(Console, TheTextArrivesAsItIs) {
+TEST(Console, WritesTextAsItIs) {
   const CapturedConsole console;
   writeConsole("==> first() %s 100%\r\n");
   writeConsole("second, without a line end");
   EXPECT_EQ(console.text(), "==> first() %s 100%\r\nsecond, without a line end");
 }
 
-TEST(Console, AnEmptyTextIsNotWritten) {
+TEST(Console, WritesNothingForAnEmptyText) {
   const CapturedConsole console;
   const testsupport::FaultPlan plan(platform::Call::consoleWrite, 1, platform::errorAccessDenied);
   writeConsole("");
@@ -26,7 +26,7 @@ TEST(Console, AnEmptyTextIsNotWritten) {
   EXPECT_EQ(console.text(), "");
 }
 
-TEST(Console, ThePlannedWriteIsLostAndTheNextArrives) {
+TEST(Console, LosesAWriteAsPlannedAndMakesTheNext) {
   const CapturedConsole console;
   const testsupport::FaultPlan plan(platform::Call::consoleWrite, 2, platform::errorAccessDenied);
   writeConsole("one\r\n");

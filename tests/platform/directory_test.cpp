@@ -22,7 +22,7 @@ TEST(CreateFolder, CreatesOneFolderAndReportsNoError) {
   EXPECT_EQ(testsupport::namesIn(folder.path()), std::vector<std::string>{"new"});
 }
 
-TEST(CreateFolder, AllowsAFinalSeparatorOfEitherKind) {
+TEST(CreateFolder, AcceptsAFinalSeparatorOfEitherKind) {
   const TemporaryFolder folder;
   ErrorCode error = untouchedError;
   EXPECT_TRUE(createFolder(folder.file("back\\"), error));
@@ -30,14 +30,14 @@ TEST(CreateFolder, AllowsAFinalSeparatorOfEitherKind) {
   EXPECT_EQ(testsupport::namesIn(folder.path()), (std::vector<std::string>{"back", "forward"}));
 }
 
-TEST(CreateFolder, AnExistingFolderGivesAlreadyExists) {
+TEST(CreateFolder, ReportsAlreadyExistsForAFolder) {
   const TemporaryFolder folder;
   ErrorCode error = untouchedError;
   EXPECT_FALSE(createFolder(folder.path(), error));
   EXPECT_EQ(error, 183U);
 }
 
-TEST(CreateFolder, AFileOfThatNameGivesAlreadyExists) {
+TEST(CreateFolder, ReportsAlreadyExistsForAFile) {
   const TemporaryFolder folder;
   testsupport::writeFile(folder.file("file"), "");
   ErrorCode error = untouchedError;
@@ -45,7 +45,7 @@ TEST(CreateFolder, AFileOfThatNameGivesAlreadyExists) {
   EXPECT_EQ(error, 183U);
 }
 
-TEST(CreateFolder, AMissingParentGivesPathNotFoundAndCreatesNothing) {
+TEST(CreateFolder, ReportsPathNotFoundForAMissingParentAndCreatesNothing) {
   const TemporaryFolder folder;
   ErrorCode error = untouchedError;
   EXPECT_FALSE(createFolder(folder.file("missing\\new"), error));
@@ -53,7 +53,7 @@ TEST(CreateFolder, AMissingParentGivesPathNotFoundAndCreatesNothing) {
   EXPECT_TRUE(testsupport::namesIn(folder.path()).empty());
 }
 
-TEST(CreateFolder, AnEmptyPathGivesPathNotFound) {
+TEST(CreateFolder, ReportsPathNotFoundForAnEmptyPath) {
   ErrorCode error = untouchedError;
   EXPECT_FALSE(createFolder("", error));
   EXPECT_EQ(error, 3U);
@@ -66,7 +66,7 @@ TEST(CreateFolder, CreatesANameOutsideAscii) {
   EXPECT_TRUE(testsupport::exists(folder.file("\xC3\xA5rhus")));
 }
 
-TEST(CreateFolder, ThePlannedCallFailsWithItsCodeAndCreatesNothing) {
+TEST(CreateFolder, FailsAsPlannedAndCreatesNothing) {
   const TemporaryFolder folder;
   const testsupport::FaultPlan plan(platform::Call::createDirectory, 2, platform::errorDiskFull);
   ErrorCode error = untouchedError;

@@ -27,44 +27,44 @@ class EnvironmentVariable : public ::testing::Test {
   std::array<char, 256> buffer_{};
 };
 
-TEST_F(EnvironmentVariable, ThatIsUnsetGivesZeroAndLeavesTheBuffer) {
+TEST_F(EnvironmentVariable, GivesZeroAndLeavesTheBufferWhenItIsUnset) {
   setEnvironment(variableName, "");
   EXPECT_EQ(query(), 0U);
   EXPECT_TRUE(bufferIsUntouched());
 }
 
-TEST_F(EnvironmentVariable, IsCopiedWithItsFinalNul) {
+TEST_F(EnvironmentVariable, ComesWithItsFinalNul) {
   setEnvironment(variableName, "CA12");
   EXPECT_EQ(query(), 4U);
   EXPECT_STREQ(buffer_.data(), "CA12");
   EXPECT_EQ(buffer_[5], '#');
 }
 
-TEST_F(EnvironmentVariable, OfOneCharacterLessThanTheBufferFits) {
+TEST_F(EnvironmentVariable, FitsWithOneCharacterLessThanTheBuffer) {
   const std::string value(255, 'v');
   setEnvironment(variableName, value);
   EXPECT_EQ(query(), 255U);
   EXPECT_STREQ(buffer_.data(), value.c_str());
 }
 
-TEST_F(EnvironmentVariable, AsLongAsTheBufferGivesTheNeededSizeAndLeavesTheBuffer) {
+TEST_F(EnvironmentVariable, GivesTheNeededSizeWhenItIsAsLongAsTheBuffer) {
   setEnvironment(variableName, std::string(256, 'v'));
   EXPECT_EQ(query(), 257U);
   EXPECT_TRUE(bufferIsUntouched());
 }
 
-TEST_F(EnvironmentVariable, MuchLongerThanTheBufferGivesTheNeededSize) {
+TEST_F(EnvironmentVariable, GivesTheNeededSizeWhenItIsMuchLonger) {
   setEnvironment(variableName, std::string(5000, 'v'));
   EXPECT_EQ(query(), 5001U);
   EXPECT_TRUE(bufferIsUntouched());
 }
 
-TEST_F(EnvironmentVariable, TellsTheNeededSizeWithoutABuffer) {
+TEST_F(EnvironmentVariable, GivesTheNeededSizeWithoutABuffer) {
   setEnvironment(variableName, "GE");
   EXPECT_EQ(environmentVariable(variableName, nullptr, 0), 3U);
 }
 
-TEST_F(EnvironmentVariable, IsReadAnewAtEveryCall) {
+TEST_F(EnvironmentVariable, FollowsEveryChange) {
   setEnvironment(variableName, "one");
   EXPECT_EQ(query(), 3U);
   setEnvironment(variableName, "three");
@@ -72,7 +72,7 @@ TEST_F(EnvironmentVariable, IsReadAnewAtEveryCall) {
   EXPECT_STREQ(buffer_.data(), "three");
 }
 
-TEST_F(EnvironmentVariable, ThePlannedQueryGivesZeroAndLeavesTheBuffer) {
+TEST_F(EnvironmentVariable, GivesZeroAndLeavesTheBufferAsPlanned) {
   setEnvironment(variableName, "value");
   const testsupport::FaultPlan plan(platform::Call::environmentVariable, 1, platform::errorAccessDenied);
   EXPECT_EQ(query(), 0U);

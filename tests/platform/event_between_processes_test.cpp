@@ -36,14 +36,14 @@ class EventBetweenProcesses : public ::testing::Test {
   static CompanionProcess actor() { return CompanionProcess({QMRK_EVENT_ACTOR}); }
 };
 
-TEST_F(EventBetweenProcesses, IsCreatedByTheFirstAndOpenedByTheSecond) {
+TEST_F(EventBetweenProcesses, LetsTheFirstCreateAndTheSecondOpen) {
   CompanionProcess first = actor();
   CompanionProcess second = actor();
   EXPECT_EQ(first.ask(createIt), "created");
   EXPECT_EQ(second.ask(createIt), "existing");
 }
 
-TEST_F(EventBetweenProcesses, SettingWakesAWaiterOfAnotherProcess) {
+TEST_F(EventBetweenProcesses, WakesAWaiterInAnotherProcess) {
   CompanionProcess waiter = actor();
   ASSERT_EQ(waiter.ask(createIt), "created");
   waiter.send("wait 30000");
@@ -56,7 +56,7 @@ TEST_F(EventBetweenProcesses, SettingWakesAWaiterOfAnotherProcess) {
   EXPECT_TRUE(closeHandle(event));
 }
 
-TEST_F(EventBetweenProcesses, StateLastsWhileAnyProcessHoldsIt) {
+TEST_F(EventBetweenProcesses, KeepsItsStateWhileAnyProcessHoldsIt) {
   CompanionProcess first = actor();
   ASSERT_EQ(first.ask(createIt), "created");
   ASSERT_EQ(first.ask("set"), "true");
@@ -68,7 +68,7 @@ TEST_F(EventBetweenProcesses, StateLastsWhileAnyProcessHoldsIt) {
   EXPECT_EQ(third.ask("wait 0"), "0");
 }
 
-TEST_F(EventBetweenProcesses, IsGoneWhenAllItsUsersWereKilled) {
+TEST_F(EventBetweenProcesses, DisappearsWhenAllItsUsersAreKilled) {
   auto users = actors(4);
   for (CompanionProcess& user : users) {
     const std::string origin = user.ask(createIt);
@@ -84,7 +84,7 @@ TEST_F(EventBetweenProcesses, IsGoneWhenAllItsUsersWereKilled) {
   EXPECT_TRUE(closeHandle(event));
 }
 
-TEST_F(EventBetweenProcesses, IsNotOpenedWhenItsOnlyUserWasKilled) {
+TEST_F(EventBetweenProcesses, CannotBeOpenedAfterItsOnlyUserIsKilled) {
   CompanionProcess user = actor();
   ASSERT_EQ(user.ask(createIt), "created");
   user.kill();
@@ -93,7 +93,7 @@ TEST_F(EventBetweenProcesses, IsNotOpenedWhenItsOnlyUserWasKilled) {
 }
 
 // Each round, all of them create it at one moment.
-TEST_F(EventBetweenProcesses, IsCreatedByExactlyOneOfEightThatRaceTwoThousandTimes) {
+TEST_F(EventBetweenProcesses, LetsExactlyOneOfEightCreateItInTwoThousandRaces) {
   auto racers = actors(8);
   for (int round = 0; round < rounds(2000); ++round) {
     const auto moment = std::chrono::steady_clock::now() + std::chrono::microseconds(300);
@@ -116,7 +116,7 @@ TEST_F(EventBetweenProcesses, IsCreatedByExactlyOneOfEightThatRaceTwoThousandTim
 
 // The waiters sleep when the event is set, so each setting must let all of them through, though it is reset before any
 // of them can look. A busy machine takes long for a round: then fewer are enough.
-TEST_F(EventBetweenProcesses, SettingAndResettingAtOnceLosesNoneOfFourWaiters) {
+TEST_F(EventBetweenProcesses, WakesAllOfFourWaitersEvenIfResetAtOnce) {
   if (testsupport::cannotRunUnderWine("Wine does not tell whether a thread of another process waits")) return;
   const Handle event = createEvent(sharedEvent);
   auto waiters = actors(4);
@@ -142,7 +142,7 @@ TEST_F(EventBetweenProcesses, SettingAndResettingAtOnceLosesNoneOfFourWaiters) {
 }
 
 // Processes open, set and close the event without a pause and are killed at any moment, and replaced.
-TEST_F(EventBetweenProcesses, LeavesNoStaleStateInAHundredThousandOpensUnderKills) {
+TEST_F(EventBetweenProcesses, LeavesNoStaleStateAfterAHundredThousandOpensUnderKills) {
   auto users = actors(8);
   for (CompanionProcess& user : users) {
     user.send(std::string("churn ") + sharedEvent);

@@ -12,9 +12,9 @@ using platform::injectedFault;
 using testsupport::CallHook;
 using testsupport::FaultPlan;
 
-TEST(Fault, NothingFailsWithoutAPlan) { EXPECT_EQ(injectedFault(Call::write), platform::noError); }
+TEST(Fault, NeedsAPlan) { EXPECT_EQ(injectedFault(Call::write), platform::noError); }
 
-TEST(Fault, ThePlannedCallFailsAndOnlyThatOne) {
+TEST(Fault, FailsThePlannedCallOnly) {
   const FaultPlan plan(Call::write, 2, platform::errorDiskFull);
   EXPECT_EQ(injectedFault(Call::write), platform::noError);
   EXPECT_EQ(injectedFault(Call::write), platform::errorDiskFull);
@@ -22,17 +22,17 @@ TEST(Fault, ThePlannedCallFailsAndOnlyThatOne) {
   EXPECT_EQ(plan.calls(), 3);
 }
 
-TEST(Fault, APlanForOneCallLeavesTheOthersAlone) {
+TEST(Fault, LeavesOtherKindsOfCallsAlone) {
   const FaultPlan plan(Call::write, 1, platform::errorDiskFull, 100);
   EXPECT_EQ(injectedFault(Call::read), platform::noError);
 }
 
-TEST(Fault, ThePlanEndsWithItsObject) {
+TEST(Fault, EndsWithTheObjectOfThePlan) {
   { const FaultPlan plan(Call::write, 1, platform::errorDiskFull, 100); }
   EXPECT_EQ(injectedFault(Call::write), platform::noError);
 }
 
-TEST(Fault, AHookRunsOnceBeforeItsCall) {
+TEST(Fault, RunsAHookOnceBeforeItsCall) {
   int runs = 0;
   const CallHook hook(Call::write, 2, [&runs] { ++runs; });
   EXPECT_EQ(injectedFault(Call::write), platform::noError);

@@ -23,7 +23,7 @@ class NamedEvent : public ::testing::Test {
   static void SetUpTestSuite() { testsupport::usePrivateEvents(); }
 };
 
-TEST_F(NamedEvent, IsCreatedUnsetAndTheErrorSaysSo) {
+TEST_F(NamedEvent, StartsUnsetAndReportsItsCreation) {
   setLastError(errorAccessDenied);
   const Handle event = createEvent(name);
   EXPECT_EQ(lastError(), noError);
@@ -32,7 +32,7 @@ TEST_F(NamedEvent, IsCreatedUnsetAndTheErrorSaysSo) {
   EXPECT_TRUE(closeHandle(event));
 }
 
-TEST_F(NamedEvent, IsOpenedWhenItExistsInTheSameProcess) {
+TEST_F(NamedEvent, CanBeOpenedAgainInTheSameProcess) {
   const Handle first = createEvent(name);
   ASSERT_TRUE(setEvent(first));
   const Handle second = createEvent(name);
@@ -53,7 +53,7 @@ TEST_F(NamedEvent, StaysSetUntilItIsReset) {
   EXPECT_TRUE(closeHandle(event));
 }
 
-TEST_F(NamedEvent, MayBeSetAndResetTwice) {
+TEST_F(NamedEvent, AcceptsASecondSetAndReset) {
   const Handle event = createEvent(name);
   EXPECT_TRUE(setEvent(event));
   EXPECT_TRUE(setEvent(event));
@@ -64,7 +64,7 @@ TEST_F(NamedEvent, MayBeSetAndResetTwice) {
   EXPECT_TRUE(closeHandle(event));
 }
 
-TEST_F(NamedEvent, IsGoneWithItsLastHandle) {
+TEST_F(NamedEvent, DisappearsWithItsLastHandle) {
   const Handle first = createEvent(name);
   const Handle second = createEvent(name);
   ASSERT_TRUE(setEvent(first));
@@ -76,7 +76,7 @@ TEST_F(NamedEvent, IsGoneWithItsLastHandle) {
   EXPECT_TRUE(closeHandle(third));
 }
 
-TEST_F(NamedEvent, OfAnotherNameIsAnotherEvent) {
+TEST_F(NamedEvent, DiffersFromAnEventOfAnotherName) {
   const Handle one = createEvent("QMRK_EVENT_TEST.one");
   const Handle other = createEvent("QMRK_EVENT_TEST.other");
   EXPECT_EQ(lastError(), noError);
@@ -86,7 +86,7 @@ TEST_F(NamedEvent, OfAnotherNameIsAnotherEvent) {
   EXPECT_TRUE(closeHandle(other));
 }
 
-TEST_F(NamedEvent, IsOpenedOnlyWhileSomebodyHoldsIt) {
+TEST_F(NamedEvent, CanBeOpenedOnlyWhileSomebodyHoldsIt) {
   EXPECT_EQ(openEvent(name), nullptr);
   EXPECT_EQ(lastError(), errorFileNotFound);
   const Handle held = createEvent(name);
@@ -100,7 +100,7 @@ TEST_F(NamedEvent, IsOpenedOnlyWhileSomebodyHoldsIt) {
   EXPECT_EQ(lastError(), errorFileNotFound);
 }
 
-TEST_F(NamedEvent, LetsAWaiterThrough) {
+TEST_F(NamedEvent, WakesAWaiter) {
   const Handle event = createEvent(name);
   std::thread waiter([event] { EXPECT_EQ(waitForEvent(event, waitForever), waitObject); });
   EXPECT_TRUE(setEvent(event));
@@ -108,7 +108,7 @@ TEST_F(NamedEvent, LetsAWaiterThrough) {
   EXPECT_TRUE(closeHandle(event));
 }
 
-TEST_F(NamedEvent, TakesTheWholeTimeOutAndNoLess) {
+TEST_F(NamedEvent, WaitsForTheWholeTimeOut) {
   const Handle event = createEvent(name);
   const auto start = std::chrono::steady_clock::now();
   EXPECT_EQ(waitForEvent(event, 200), waitTimeout);
@@ -116,14 +116,14 @@ TEST_F(NamedEvent, TakesTheWholeTimeOutAndNoLess) {
   EXPECT_TRUE(closeHandle(event));
 }
 
-TEST_F(NamedEvent, IsClosedOnce) {
+TEST_F(NamedEvent, CanBeClosedOnce) {
   const Handle event = createEvent(name);
   EXPECT_TRUE(closeHandle(event));
   EXPECT_FALSE(closeHandle(event));
   EXPECT_EQ(lastError(), errorInvalidHandle);
 }
 
-TEST_F(NamedEvent, IsOutOfReachOnceItsHandleIsClosed) {
+TEST_F(NamedEvent, RefusesAClosedHandle) {
   const Handle event = createEvent(name);
   ASSERT_TRUE(closeHandle(event));
   EXPECT_FALSE(setEvent(event));
@@ -136,7 +136,7 @@ TEST_F(NamedEvent, IsOutOfReachOnceItsHandleIsClosed) {
   EXPECT_EQ(lastError(), errorInvalidHandle);
 }
 
-TEST_F(NamedEvent, RefusesNullAsHandle) {
+TEST_F(NamedEvent, RefusesANullHandle) {
   EXPECT_FALSE(setEvent(nullptr));
   EXPECT_FALSE(resetEvent(nullptr));
   EXPECT_EQ(waitForEvent(nullptr, 0), waitFailed);
@@ -144,7 +144,7 @@ TEST_F(NamedEvent, RefusesNullAsHandle) {
   EXPECT_EQ(lastError(), errorInvalidHandle);
 }
 
-TEST_F(NamedEvent, OutlivesAHandleThatWasDuplicated) {
+TEST_F(NamedEvent, OutlivesADuplicatedHandle) {
   const Handle event = createEvent(name);
   const Handle second = duplicateHandle(event);
   EXPECT_EQ(lastError(), noError);
@@ -154,7 +154,7 @@ TEST_F(NamedEvent, OutlivesAHandleThatWasDuplicated) {
   EXPECT_TRUE(closeHandle(second));
 }
 
-TEST_F(NamedEvent, HasAnErrorOfItsOwnForEachThread) {
+TEST_F(NamedEvent, KeepsAnErrorPerThread) {
   std::atomic<bool> hasFailed{false};
   std::atomic<bool> wasSeen{false};
   ErrorCode ofTheFailing = noError;
@@ -178,7 +178,7 @@ TEST_F(NamedEvent, HasAnErrorOfItsOwnForEachThread) {
   EXPECT_EQ(ofTheOther, noError);
 }
 
-TEST_F(NamedEvent, FailsWhereTheFaultPlanSaysSo) {
+TEST_F(NamedEvent, FailsAsPlanned) {
   {
     const FaultPlan plan(Call::openEvent, 1, errorDiskFull);
     EXPECT_EQ(createEvent(name), nullptr);

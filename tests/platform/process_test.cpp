@@ -10,7 +10,7 @@ namespace {
 using platform::processId;
 using platform::threadId;
 
-TEST(Process, TheProcessKeepsItsId) {
+TEST(Process, KeepsItsId) {
   const int own = processId();
   EXPECT_GT(own, 0);
   int other = 0;
@@ -18,7 +18,7 @@ TEST(Process, TheProcessKeepsItsId) {
   EXPECT_EQ(other, own);
 }
 
-TEST(Process, EveryThreadHasAnIdOfItsOwnThatIsNotZero) {
+TEST(Process, GivesEveryThreadAnIdThatIsNotZero) {
   const std::uint32_t own = threadId();
   EXPECT_NE(own, 0U);
   EXPECT_EQ(threadId(), own);

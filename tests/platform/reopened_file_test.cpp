@@ -34,7 +34,7 @@ class ReopenedFileTest : public ::testing::Test {
   std::string path_ = folder_.file("app.log");
 };
 
-TEST_F(ReopenedFileTest, ReopensAtItsPathWhatWasRenamed) {
+TEST_F(ReopenedFileTest, ReopensARenamedFileAtItsPath) {
   const auto file = open();
   EXPECT_TRUE(append(*file, "1\n"));
   std::filesystem::rename(platform::nativePath(path_), platform::nativePath(folder_.file("moved.log")));
@@ -45,7 +45,7 @@ TEST_F(ReopenedFileTest, ReopensAtItsPathWhatWasRenamed) {
   EXPECT_EQ(readFile(path_), testsupport::nativeLineEnds("2\n"));
 }
 
-TEST_F(ReopenedFileTest, TellsWhyItCannotReopenAndCanLater) {
+TEST_F(ReopenedFileTest, ReportsWhyItCannotReopenAndRetries) {
   const auto file = open();
   const FaultPlan plan(Call::openForAppending, 1, platform::errorDiskFull);
   EXPECT_EQ(file->reopen(path_, false), platform::errorDiskFull);
@@ -54,7 +54,7 @@ TEST_F(ReopenedFileTest, TellsWhyItCannotReopenAndCanLater) {
   EXPECT_EQ(readFile(path_), "1");
 }
 
-TEST_F(ReopenedFileTest, MessagesThatAreAppendedWhileItIsReopenedGoWholeToTheOneFileOrTheOther) {
+TEST_F(ReopenedFileTest, KeepsMessagesWholeThatAreAppendedMeanwhile) {
   constexpr int messageCount = 5000;
   const auto file = open();
   std::atomic<bool> isDone{false};

@@ -15,7 +15,7 @@ using testsupport::ConfigSandbox;
 constexpr ShellFolder allFolders[] = {ShellFolder::userAppData, ShellFolder::commonProgramFiles,
                                       ShellFolder::commonAppData};
 
-TEST(ShellFolders, AreThoseOfTheSandbox) {
+TEST(ShellFolders, ComeFromTheSandbox) {
   const ConfigSandbox sandbox;
   std::string path;
   EXPECT_TRUE(shellFolder(ShellFolder::userAppData, path));
@@ -26,7 +26,7 @@ TEST(ShellFolders, AreThoseOfTheSandbox) {
   EXPECT_EQ(path, sandbox.commonAppData());
 }
 
-TEST(ShellFolders, EndInNoSeparator) {
+TEST(ShellFolders, EndWithoutASeparator) {
   for (const ShellFolder folder : allFolders) {
     std::string path;
     ASSERT_TRUE(shellFolder(folder, path));
@@ -36,7 +36,7 @@ TEST(ShellFolders, EndInNoSeparator) {
   }
 }
 
-TEST(ShellFolders, ThePlannedQueryFailsAndLeavesThePath) {
+TEST(ShellFolders, FailAsPlannedAndLeaveThePath) {
   for (const ShellFolder folder : allFolders) {
     const testsupport::FaultPlan plan(platform::Call::shellFolder, 2, platform::errorAccessDenied);
     std::string path;

@@ -53,7 +53,7 @@ using TextWriterTest = TextFile;
 
 TEST_F(TextReaderTest, ReadsAnEmptyFile) { EXPECT_EQ(readBack(""), ""); }
 
-TEST_F(TextReaderTest, TurnsCrLfIntoLf) { EXPECT_EQ(readBack("one\r\ntwo\r\n"), "one\ntwo\n"); }
+TEST_F(TextReaderTest, ReadsCrLfAsLf) { EXPECT_EQ(readBack("one\r\ntwo\r\n"), "one\ntwo\n"); }
 
 TEST_F(TextReaderTest, KeepsLineFeedsAndLoneCarriageReturns) {
   EXPECT_EQ(readBack("a\nb\rc\r\rd\n\re\r"), "a\nb\rc\r\rd\n\re\r");
@@ -94,7 +94,7 @@ TEST_F(TextReaderTest, AppendsToTheText) {
   EXPECT_EQ(text, "old\rnew");
 }
 
-TEST_F(TextReaderTest, TurnsCrLfIntoLfAcrossThePartsInWhichItReads) {
+TEST_F(TextReaderTest, ReadsCrLfAsLfAcrossTheChunksOfItsReads) {
   std::string bytes;
   std::string text;
   while (bytes.size() < 200'000) {
@@ -138,13 +138,13 @@ TEST_F(TextReaderTest, OpensANameOutsideAscii) {
   EXPECT_EQ(read(folder_.file("\xC3\xA6.cfg")), "CA_NR=GE\n");
 }
 
-TEST_F(TextReaderTest, ReadsAFileThatIsOpenForWriting) {
+TEST_F(TextReaderTest, ReadsAFileOpenForWriting) {
   TextWriter writer(path_, TextWriter::Mode::truncate);
   EXPECT_TRUE(writer.write("shared"));
   EXPECT_EQ(read(path_), "shared");
 }
 
-TEST_F(TextReaderTest, ThePlannedOpenFails) {
+TEST_F(TextReaderTest, FailsToOpenAsPlanned) {
   writeFile(path_, "text");
   const FaultPlan plan(Call::openForReading, 2, platform::errorAccessDenied);
   EXPECT_TRUE(TextReader(path_).isOpen());
@@ -152,7 +152,7 @@ TEST_F(TextReaderTest, ThePlannedOpenFails) {
   EXPECT_TRUE(TextReader(path_).isOpen());
 }
 
-TEST_F(TextReaderTest, ThePlannedReadEndsTheTextThere) {
+TEST_F(TextReaderTest, EndsTheTextAtAFailedRead) {
   const std::string bytes(1 << 20, 'x');
   writeFile(path_, bytes);
   TextReader reader(path_);
@@ -176,7 +176,7 @@ TEST_F(TextWriterTest, EmptiesTheFileWhenItIsOpened) {
   EXPECT_EQ(testsupport::readFile(path_), "");
 }
 
-TEST_F(TextWriterTest, AppendsToTheEndOfToday) {
+TEST_F(TextWriterTest, AppendsAtTheCurrentEnd) {
   writeFile(path_, "one ");
   TextWriter writer(path_, TextWriter::Mode::append);
   EXPECT_TRUE(write(path_, TextWriter::Mode::append, "two "));
@@ -184,7 +184,7 @@ TEST_F(TextWriterTest, AppendsToTheEndOfToday) {
   EXPECT_EQ(testsupport::readFile(path_), "one two three");
 }
 
-TEST_F(TextWriterTest, WhatItWritesIsReadBack) {
+TEST_F(TextWriterTest, WritesWhatAReaderReadsBack) {
   const std::string text = "one\n\ntwo\0\xFFthree\n"s;
   EXPECT_TRUE(write(path_, TextWriter::Mode::truncate, text));
   EXPECT_EQ(read(path_), text);
@@ -196,14 +196,14 @@ TEST_F(TextWriterTest, WritesALargeTextWhole) {
   EXPECT_EQ(read(path_), text);
 }
 
-TEST_F(TextWriterTest, AnEmptyTextIsWrittenWithoutACall) {
+TEST_F(TextWriterTest, MakesNoCallForAnEmptyText) {
   TextWriter writer(path_, TextWriter::Mode::truncate);
   const FaultPlan plan(Call::write, 1, platform::errorDiskFull);
   EXPECT_TRUE(writer.write(""));
   EXPECT_EQ(plan.calls(), 0);
 }
 
-TEST_F(TextWriterTest, ATextIsOneCall) {
+TEST_F(TextWriterTest, MakesOneCallPerText) {
   TextWriter writer(path_, TextWriter::Mode::append);
   const FaultPlan plan(Call::write, 100, platform::errorDiskFull);
   EXPECT_TRUE(writer.write("one record\n"));
@@ -231,7 +231,7 @@ TEST_F(TextWriterTest, OpensANameOutsideAscii) {
   EXPECT_EQ(testsupport::readFile(folder_.file("\xC3\xB8.init")), "App;");
 }
 
-TEST_F(TextWriterTest, AFileThatMayOnlyBeReadIsNotOpenedAndKeepsItsContent) {
+TEST_F(TextWriterTest, DoesNotOpenAReadOnlyFileAndKeepsItsContent) {
   writeFile(path_, "kept");
   testsupport::denyWriting(path_);
   const testsupport::AsUnprivilegedUser user;
@@ -240,7 +240,7 @@ TEST_F(TextWriterTest, AFileThatMayOnlyBeReadIsNotOpenedAndKeepsItsContent) {
   EXPECT_EQ(read(path_), "kept");
 }
 
-TEST_F(TextWriterTest, ThePlannedOpenFailsAndLeavesTheFile) {
+TEST_F(TextWriterTest, FailsToOpenAsPlannedAndLeavesTheFile) {
   writeFile(path_, "kept");
   const FaultPlan plan(Call::openForWriting, 1, platform::errorAccessDenied);
   EXPECT_FALSE(TextWriter(path_, TextWriter::Mode::truncate).isOpen());
@@ -248,7 +248,7 @@ TEST_F(TextWriterTest, ThePlannedOpenFailsAndLeavesTheFile) {
   EXPECT_TRUE(TextWriter(path_, TextWriter::Mode::truncate).isOpen());
 }
 
-TEST_F(TextWriterTest, ThePlannedWriteFailsAndTheNextArrives) {
+TEST_F(TextWriterTest, FailsAWriteAsPlannedAndMakesTheNext) {
   TextWriter writer(path_, TextWriter::Mode::append);
   const FaultPlan plan(Call::write, 2, platform::errorDiskFull);
   EXPECT_TRUE(writer.write("one "));
@@ -257,7 +257,7 @@ TEST_F(TextWriterTest, ThePlannedWriteFailsAndTheNextArrives) {
   EXPECT_EQ(read(path_), "one three");
 }
 
-TEST_F(TextWriterTest, AppendsBesideAnAppendFileAndNeitherOverwritesTheOther) {
+TEST_F(TextWriterTest, AppendsBesideAnAppendFileWithoutOverwriting) {
   constexpr int lines = 2000;
   platform::ErrorCode error = platform::noError;
   const auto appendFile = platform::AppendFile::open(path_, false, error);
@@ -281,7 +281,7 @@ TEST_F(TextWriterTest, AppendsBesideAnAppendFileAndNeitherOverwritesTheOther) {
   EXPECT_EQ(written, lines);
 }
 
-TEST_F(TextFile, EveryFileThatWasOpenedIsClosed) {
+TEST_F(TextFile, ClosesEveryFile) {
   writeFile(path_, "text");
   const FaultPlan plan(Call::closeFile, 100, platform::errorInvalidHandle);
   { const TextReader reader(path_); }

@@ -40,7 +40,7 @@ void waitFor(const std::atomic<bool>& _flag) {
   }
 }
 
-TEST_F(Thread, EndsWithTheResultOfItsRoutineAsExitCode) {
+TEST_F(Thread, ExitsWithTheResultOfItsRoutine) {
   for (std::uint32_t number : {0U, 1U, 7U, 259U, 0xFFFFFFFFU}) {
     std::uint32_t id = 0;
     const Handle thread = createThread(returnNumber, &number, id);
@@ -54,7 +54,7 @@ TEST_F(Thread, EndsWithTheResultOfItsRoutineAsExitCode) {
   }
 }
 
-TEST_F(Thread, HasTheIdThatItSeesItself) {
+TEST_F(Thread, HasTheIdThatItSees) {
   std::uint32_t seen = 0;
   std::uint32_t id = 0;
   const Handle thread = createThread(
@@ -86,7 +86,7 @@ TEST_F(Thread, IsStillActiveAndTimesOutWhileItRuns) {
   EXPECT_TRUE(closeHandle(thread));
 }
 
-TEST_F(Thread, CanBeTerminatedWhileItWaitsForAnEvent) {
+TEST_F(Thread, EndsWhenTerminatedDuringAWait) {
   std::atomic<bool> isWaiting{false};
   std::uint32_t id = 0;
   const Handle thread = createThread(waitForever, &isWaiting, id);
@@ -99,7 +99,7 @@ TEST_F(Thread, CanBeTerminatedWhileItWaitsForAnEvent) {
   EXPECT_TRUE(closeHandle(thread));
 }
 
-TEST_F(Thread, IsNotTerminatedAfterItHasEnded) {
+TEST_F(Thread, CannotBeTerminatedAfterItsEnd) {
   std::uint32_t number = 3;
   std::uint32_t id = 0;
   const Handle thread = createThread(returnNumber, &number, id);
@@ -112,7 +112,7 @@ TEST_F(Thread, IsNotTerminatedAfterItHasEnded) {
   EXPECT_TRUE(closeHandle(thread));
 }
 
-TEST_F(Thread, CanBeWaitedForAgainAndByOthers) {
+TEST_F(Thread, AllowsSeveralWaits) {
   std::uint32_t number = 0;
   std::uint32_t id = 0;
   const Handle thread = createThread(returnNumber, &number, id);
@@ -123,7 +123,7 @@ TEST_F(Thread, CanBeWaitedForAgainAndByOthers) {
   EXPECT_TRUE(closeHandle(thread));
 }
 
-TEST_F(Thread, RunsOnWhenItsHandleIsClosed) {
+TEST_F(Thread, RunsOnAfterItsHandleIsClosed) {
   std::atomic<bool> isWaiting{false};
   std::uint32_t id = 0;
   const Handle thread = createThread(waitForever, &isWaiting, id);
@@ -140,7 +140,7 @@ TEST_F(Thread, RunsOnWhenItsHandleIsClosed) {
   EXPECT_TRUE(closeHandle(second));
 }
 
-TEST_F(Thread, IsOutOfReachOnceItsHandleIsClosed) {
+TEST_F(Thread, RefusesAClosedHandle) {
   std::uint32_t number = 0;
   std::uint32_t id = 0;
   const Handle thread = createThread(returnNumber, &number, id);
@@ -156,7 +156,7 @@ TEST_F(Thread, IsOutOfReachOnceItsHandleIsClosed) {
   EXPECT_EQ(code, 42U);
 }
 
-TEST_F(Thread, IsNotStartedWhenTheSystemRefuses) {
+TEST_F(Thread, DoesNotStartWhenTheSystemRefuses) {
   const FaultPlan plan(Call::createThread, 1, errorAccessDenied);
   std::uint32_t number = 0;
   std::uint32_t id = 42;

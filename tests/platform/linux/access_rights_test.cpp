@@ -41,7 +41,7 @@ class AccessRights : public ::testing::Test {
   std::unique_ptr<AppendFile> appendFile_;
 };
 
-TEST_F(AccessRights, AReadOnlyFolderTakesNoNewFolderAndNoNewFile) {
+TEST_F(AccessRights, RefuseNewFoldersAndFilesInAReadOnlyFolder) {
   testsupport::denyWriting(inner_);
   const AsUnprivilegedUser user;
   ErrorCode error = platform::noError;
@@ -55,7 +55,7 @@ TEST_F(AccessRights, AReadOnlyFolderTakesNoNewFolderAndNoNewFile) {
   EXPECT_EQ(testsupport::namesIn(inner_), std::vector<std::string>{"file"});
 }
 
-TEST_F(AccessRights, AFolderThatMayNotBeSearchedHidesWhatIsInIt) {
+TEST_F(AccessRights, HideWhatIsInAnUnsearchableFolder) {
   testsupport::denyAccess(inner_);
   const AsUnprivilegedUser user;
   unsigned int mode = 0;
@@ -70,7 +70,7 @@ TEST_F(AccessRights, AFolderThatMayNotBeSearchedHidesWhatIsInIt) {
   EXPECT_EQ(error, 5U);
 }
 
-TEST_F(AccessRights, AFileThatMayNotBeReadIsNotOpenedForReading) {
+TEST_F(AccessRights, RefuseReadingAnUnreadableFile) {
   testsupport::denyAccess(file_);
   const AsUnprivilegedUser user;
   EXPECT_TRUE(isAccessible(file_, Access::exists));
@@ -78,14 +78,14 @@ TEST_F(AccessRights, AFileThatMayNotBeReadIsNotOpenedForReading) {
   EXPECT_FALSE(TextReader(file_).isOpen());
 }
 
-TEST_F(AccessRights, TheAccessTestFollowsTheEffectiveUser) {
+TEST_F(AccessRights, FollowTheEffectiveUser) {
   testsupport::denyAccess(file_);
   EXPECT_EQ(isAccessible(file_, Access::read), ::geteuid() == 0);
   const AsUnprivilegedUser user;
   EXPECT_FALSE(isAccessible(file_, Access::read));
 }
 
-TEST_F(AccessRights, AFileThatMayOnlyBeWrittenIsAppendedToAll) {
+TEST_F(AccessRights, AllowAppendingToAWriteOnlyFile) {
   std::filesystem::permissions(platform::nativePath(file_),
                                std::filesystem::perms::owner_write | std::filesystem::perms::others_write);
   const AsUnprivilegedUser user;
@@ -94,7 +94,7 @@ TEST_F(AccessRights, AFileThatMayOnlyBeWrittenIsAppendedToAll) {
   EXPECT_TRUE(appendFile_->endsInLineFeed()) << "which cannot be told";
 }
 
-TEST_F(AccessRights, AFileWhoseFolderIsClosedLaterStaysOpen) {
+TEST_F(AccessRights, KeepAFileOpenWhoseFolderIsClosedLater) {
   ASSERT_EQ(openToAppend(file_), platform::noError);
   testsupport::denyAccess(inner_);
   const AsUnprivilegedUser user;
@@ -102,14 +102,14 @@ TEST_F(AccessRights, AFileWhoseFolderIsClosedLaterStaysOpen) {
   EXPECT_TRUE(appendFile_->isStillAt(file_)) << "which cannot be told";
 }
 
-TEST_F(AccessRights, AFileWhoseFolderBecameAFileIsGone) {
+TEST_F(AccessRights, LoseAFileWhoseFolderBecameAFile) {
   ASSERT_EQ(openToAppend(file_), platform::noError);
   testsupport::removeAll(inner_);
   testsupport::writeFile(inner_, "");
   EXPECT_FALSE(appendFile_->isStillAt(file_));
 }
 
-TEST_F(AccessRights, NewFilesAndFoldersGetTheRightsThatTheUmaskLeaves) {
+TEST_F(AccessRights, FollowTheUmaskForNewFilesAndFolders) {
   const mode_t former = ::umask(0027);
   ErrorCode error = platform::noError;
   EXPECT_TRUE(platform::createFolder(inner_ + "\\folder", error));
@@ -127,7 +127,7 @@ TEST_F(AccessRights, NewFilesAndFoldersGetTheRightsThatTheUmaskLeaves) {
   EXPECT_EQ(modeOf("\\made\\appended"), 0640U);
 }
 
-TEST_F(AccessRights, ANameThatIsTooLongIsToldByItsOwnCode) {
+TEST_F(AccessRights, HaveACodeOfTheirOwnForATooLongName) {
   const std::string path = inner_ + "\\" + std::string(300, 'n');
   ErrorCode error = platform::noError;
   EXPECT_FALSE(platform::createFolder(path, error));
@@ -136,7 +136,7 @@ TEST_F(AccessRights, ANameThatIsTooLongIsToldByItsOwnCode) {
   EXPECT_EQ(openToAppend(path + "\\file"), 206U);
 }
 
-TEST_F(AccessRights, OtherErrorsKeepTheirNumber) {
+TEST_F(AccessRights, KeepTheNumbersOfOtherErrors) {
   std::filesystem::create_symlink("loop", platform::nativePath(inner_ + "\\loop"));
   EXPECT_EQ(openToAppend(inner_ + "\\loop"), static_cast<ErrorCode>(ELOOP));
   EXPECT_EQ(openToAppend(file_ + "\\below"), static_cast<ErrorCode>(ENOTDIR));

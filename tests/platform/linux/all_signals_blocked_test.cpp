@@ -43,7 +43,7 @@ int countSignals() {
 
 std::uint32_t waitForTheEvent(void*) { return waitForEvent(createEvent(event), waitForever); }
 
-TEST(AllSignalsBlocked, IsInheritedByAThreadThatIsCreatedMeanwhile) {
+TEST(AllSignalsBlocked, PassesToAThreadCreatedMeanwhile) {
   int blocked = 0;
   std::thread thread;
   {
@@ -54,7 +54,7 @@ TEST(AllSignalsBlocked, IsInheritedByAThreadThatIsCreatedMeanwhile) {
   EXPECT_EQ(blocked, countSignals());
 }
 
-TEST(AllSignalsBlocked, RestoresTheMaskThatWasThereBefore) {
+TEST(AllSignalsBlocked, RestoresTheEarlierMask) {
   sigset_t one;
   sigemptyset(&one);
   sigaddset(&one, SIGUSR1);
@@ -64,7 +64,7 @@ TEST(AllSignalsBlocked, RestoresTheMaskThatWasThereBefore) {
   pthread_sigmask(SIG_UNBLOCK, &one, nullptr);
 }
 
-TEST(ThreadSignals, AreAllBlocked) {
+TEST(ThreadSignals, StayBlocked) {
   std::uint32_t id = 0;
   const Handle thread = createThread([](void*) { return static_cast<std::uint32_t>(countBlocked()); }, nullptr, id);
   ASSERT_EQ(waitForThread(thread, waitForever), waitObject);
@@ -77,7 +77,7 @@ TEST(ThreadSignals, AreAllBlocked) {
 
 // The application reads its SIGTERM by a descriptor, after it has created its listener. With a thread that takes the
 // signal instead, the process dies.
-TEST(ThreadSignals, LeaveTheTerminationSignalToAnApplicationThatReadsItByADescriptor) {
+TEST(ThreadSignals, LeaveTerminationToAnApplicationWithASignalDescriptor) {
   const int result = testsupport::inForkedChild([] {
     testsupport::usePrivateEvents();
     std::uint32_t id = 0;

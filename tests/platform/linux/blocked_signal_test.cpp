@@ -17,7 +17,7 @@ bool isBlocked(int _signal) {
   return sigismember(&mask, _signal) == 1;
 }
 
-TEST(BlockedSignal, IsBlockedInTheThreadWhileTheObjectLives) {
+TEST(BlockedSignal, StaysBlockedInTheThreadWhileTheObjectLives) {
   EXPECT_FALSE(isBlocked(SIGUSR1));
   {
     const BlockedSignal blocked(SIGUSR1);
@@ -27,19 +27,19 @@ TEST(BlockedSignal, IsBlockedInTheThreadWhileTheObjectLives) {
   EXPECT_FALSE(isBlocked(SIGUSR1));
 }
 
-TEST(BlockedSignal, StaysBlockedWhereItWasBlockedBefore) {
+TEST(BlockedSignal, StaysBlockedIfItWasBlockedBefore) {
   const BlockedSignal outer(SIGUSR1);
   { const BlockedSignal inner(SIGUSR1); }
   EXPECT_TRUE(isBlocked(SIGUSR1));
 }
 
-TEST(BlockedSignal, ThatIsConsumedNeverArrives) {
+TEST(BlockedSignal, NeverArrivesOnceConsumed) {
   BlockedSignal blocked(SIGUSR1);
   ::raise(SIGUSR1);
   blocked.consume();
 }
 
-TEST(BlockedSignal, ThatIsIgnoredIsConsumedAsWell) {
+TEST(BlockedSignal, CanBeConsumedEvenIfItIsIgnored) {
   struct sigaction ignore {};
   struct sigaction former {};
   ignore.sa_handler = SIG_IGN;
@@ -70,7 +70,7 @@ Sent takePending() {
   return info.si_code == SI_QUEUE ? Sent::toProcess : Sent::toThread;
 }
 
-TEST(BlockedSignal, ThatTheProcessHadBeforeStaysAndThatOfTheWriteGoes) {
+TEST(BlockedSignal, StaysIfTheProcessHadItBeforeTheWrite) {
   const BlockedSignal outer(SIGUSR1);
   sendToProcess();
   BlockedSignal blocked(SIGUSR1);
@@ -80,7 +80,7 @@ TEST(BlockedSignal, ThatTheProcessHadBeforeStaysAndThatOfTheWriteGoes) {
   EXPECT_EQ(takePending(), Sent::never);
 }
 
-TEST(BlockedSignal, ThatTheProcessGetsMeanwhileStaysAndThatOfTheWriteGoes) {
+TEST(BlockedSignal, StaysIfTheProcessGetsItDuringTheWrite) {
   const BlockedSignal outer(SIGUSR1);
   BlockedSignal blocked(SIGUSR1);
   sendToProcess();
@@ -90,7 +90,7 @@ TEST(BlockedSignal, ThatTheProcessGetsMeanwhileStaysAndThatOfTheWriteGoes) {
   EXPECT_EQ(takePending(), Sent::never);
 }
 
-TEST(BlockedSignal, ThatTheThreadHadBeforeStays) {
+TEST(BlockedSignal, StaysIfTheThreadHadItBefore) {
   const BlockedSignal outer(SIGUSR1);
   ::raise(SIGUSR1);
   BlockedSignal blocked(SIGUSR1);
@@ -100,7 +100,7 @@ TEST(BlockedSignal, ThatTheThreadHadBeforeStays) {
   EXPECT_EQ(takePending(), Sent::never);
 }
 
-TEST(BlockedSignal, ConsumingWhereNoneCameDoesNotWait) {
+TEST(BlockedSignal, NeedsNoWaitWhenNoneCame) {
   BlockedSignal blocked(SIGUSR1);
   blocked.consume();
   EXPECT_TRUE(isBlocked(SIGUSR1));

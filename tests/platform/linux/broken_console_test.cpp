@@ -15,7 +15,7 @@ namespace {
 using testsupport::ReplacedStream;
 using testsupport::TemporaryFolder;
 
-TEST(BrokenConsole, APipeWithoutAReaderDoesNotEndTheProcess) {
+TEST(BrokenConsole, DoesNotEndTheProcessWhenNobodyReadsThePipe) {
   int ends[2];
   ASSERT_EQ(::pipe(ends), 0);
   ::close(ends[0]);
@@ -26,12 +26,12 @@ TEST(BrokenConsole, APipeWithoutAReaderDoesNotEndTheProcess) {
   ::close(ends[1]);
 }
 
-TEST(BrokenConsole, AClosedConsoleIsIgnored) {
+TEST(BrokenConsole, DoesNotMatterWhenItIsClosed) {
   const ReplacedStream console(STDERR_FILENO, -1);
   platform::writeConsole("there is no console\r\n");
 }
 
-TEST(BrokenConsole, NoFileTakesThePlaceOfAClosedConsole) {
+TEST(BrokenConsole, LeavesItsDescriptorUnusedWhenItIsClosed) {
   const TemporaryFolder folder;
   testsupport::writeFile(folder.file("text"), "text");
   {

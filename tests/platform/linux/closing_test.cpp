@@ -28,7 +28,7 @@ bool returnsInACancelledThread(const std::function<void()>& _call) {
   return hasReturned;
 }
 
-TEST(Closing, OfATextFileIsNoCancellationPoint) {
+TEST(Closing, ATextFileIsNoCancellationPoint) {
   const testsupport::TemporaryFolder folder;
   std::optional<platform::TextWriter> writer(std::in_place, folder.file("a.txt"), platform::TextWriter::Mode::append);
   std::optional<platform::TextReader> reader(std::in_place, folder.file("a.txt"));
@@ -39,7 +39,7 @@ TEST(Closing, OfATextFileIsNoCancellationPoint) {
   }));
 }
 
-TEST(Closing, OfALogFileIsNoCancellationPoint) {
+TEST(Closing, ALogFileIsNoCancellationPoint) {
   const testsupport::TemporaryFolder folder;
   platform::ErrorCode error = platform::noError;
   auto file = platform::AppendFile::open(folder.file("a.log"), false, error);
@@ -47,7 +47,7 @@ TEST(Closing, OfALogFileIsNoCancellationPoint) {
   EXPECT_TRUE(returnsInACancelledThread([&] { file.reset(); }));
 }
 
-TEST(Closing, OfADescriptorIsNoCancellationPoint) {
+TEST(Closing, ADescriptorIsNoCancellationPoint) {
   platform::FileDescriptor file(::open("/dev/null", O_RDONLY | O_CLOEXEC));
   ASSERT_TRUE(file.isOpen());
   EXPECT_TRUE(returnsInACancelledThread([&] { file.reset(); }));

@@ -19,7 +19,7 @@ TEST(ErrnoCode, TranslatesTheErrorsThatTracesShow) {
   EXPECT_EQ(errnoCode(ENAMETOOLONG), 206U);
 }
 
-TEST(ErrnoCode, LeavesAnyOtherErrorAsItIs) {
+TEST(ErrnoCode, KeepsAnyOtherError) {
   for (int error = 0; error < 134; ++error) {
     switch (error) {
       case EEXIST:

@@ -58,26 +58,26 @@ class EventFolder : public ::testing::Test {
   static void makeFolder() { ASSERT_EQ(::mkdir(folder().c_str(), 0700), 0); }
 };
 
-TEST_F(EventFolder, IsMadeForTheUserAlone) {
+TEST_F(EventFolder, BelongsToTheUserAlone) {
   const Handle event = createEvent(name);
   EXPECT_EQ(modeOf(folder()), 0700U);
   EXPECT_EQ(modeOf(file()), 0600U);
   EXPECT_TRUE(closeHandle(event));
 }
 
-TEST_F(EventFolder, IsEmptyAgainWhenTheLastEventIsGone) {
+TEST_F(EventFolder, BecomesEmptyWithTheLastEvent) {
   expectUsable();
   EXPECT_TRUE(namesIn(folder()).empty());
 }
 
-TEST_F(EventFolder, IsMadeAsItShouldBeUnderAnOddUmask) {
+TEST_F(EventFolder, HasTheRightModeUnderAnOddUmask) {
   const mode_t former = ::umask(0177);
   expectUsable();
   ::umask(former);
   EXPECT_EQ(modeOf(folder()), 0700U);
 }
 
-TEST_F(EventFolder, HoldsEventsThatTheirUserCanOpenUnderTheTightestUmask) {
+TEST_F(EventFolder, HoldsUsableEventsUnderTheTightestUmask) {
   const testsupport::AsUnprivilegedUser user;
   const mode_t former = ::umask(0777);
   const Handle event = createEvent(name);
@@ -90,7 +90,7 @@ TEST_F(EventFolder, HoldsEventsThatTheirUserCanOpenUnderTheTightestUmask) {
   EXPECT_TRUE(closeHandle(event));
 }
 
-TEST_F(EventFolder, OpensAnEventWhoseCreatorHasNotComeToSetItsMode) {
+TEST_F(EventFolder, OpensAnEventWhoseCreatorHasYetToSetItsMode) {
   const testsupport::AsUnprivilegedUser user;
   makeFolder();
   std::ofstream(file()) << "event";
@@ -98,7 +98,7 @@ TEST_F(EventFolder, OpensAnEventWhoseCreatorHasNotComeToSetItsMode) {
   expectUsable();
 }
 
-TEST_F(EventFolder, IsNotLookedForThroughAPlantedLink) {
+TEST_F(EventFolder, FollowsNoPlantedLink) {
   const testsupport::TemporaryFolder elsewhere;
   ASSERT_EQ(::chmod(elsewhere.path().c_str(), 0700), 0);
   ASSERT_EQ(::symlink(elsewhere.path().c_str(), folder().c_str()), 0);
@@ -106,13 +106,13 @@ TEST_F(EventFolder, IsNotLookedForThroughAPlantedLink) {
   EXPECT_TRUE(namesIn(elsewhere.path()).empty());
 }
 
-TEST_F(EventFolder, IsNotSharedWithAnotherUserWhoHasMadeIt) {
+TEST_F(EventFolder, RejectsAFolderThatAnotherUserCreated) {
   makeFolder();
   ASSERT_EQ(::chown(folder().c_str(), stranger, stranger), 0);
   expectRefused(errorAccessDenied);
 }
 
-TEST_F(EventFolder, IsNotUsedWhenOthersMayEnterIt) {
+TEST_F(EventFolder, RejectsAFolderThatOthersMayEnter) {
   makeFolder();
   ASSERT_EQ(::chmod(folder().c_str(), 0755), 0);
   expectRefused(errorAccessDenied);
@@ -120,12 +120,12 @@ TEST_F(EventFolder, IsNotUsedWhenOthersMayEnterIt) {
   expectUsable();
 }
 
-TEST_F(EventFolder, MayNotBeAFile) {
+TEST_F(EventFolder, RejectsAFileInItsPlace) {
   std::ofstream(folder()) << "squatted";
   expectRefused(errorAccessDenied);
 }
 
-TEST_F(EventFolder, HoldsNoEventThatIsALink) {
+TEST_F(EventFolder, RejectsALinkInPlaceOfAnEvent) {
   const testsupport::TemporaryFolder elsewhere;
   makeFolder();
   const std::string target = elsewhere.path() + "/target";
@@ -134,13 +134,13 @@ TEST_F(EventFolder, HoldsNoEventThatIsALink) {
   EXPECT_FALSE(testsupport::exists(target));
 }
 
-TEST_F(EventFolder, HoldsNoEventThatIsAPipe) {
+TEST_F(EventFolder, RejectsAPipeInPlaceOfAnEvent) {
   makeFolder();
   ASSERT_EQ(::mkfifo(file().c_str(), 0600), 0);
   expectRefused(errorAccessDenied);
 }
 
-TEST_F(EventFolder, HoldsNoEventOfAnotherUser) {
+TEST_F(EventFolder, RejectsAnEventOfAnotherUser) {
   makeFolder();
   std::ofstream(file()) << "event";
   ASSERT_EQ(::chmod(file().c_str(), 0600), 0);
@@ -148,7 +148,7 @@ TEST_F(EventFolder, HoldsNoEventOfAnotherUser) {
   expectRefused(errorAccessDenied);
 }
 
-TEST_F(EventFolder, HoldsNoEventThatOthersMayWrite) {
+TEST_F(EventFolder, RejectsAnEventThatOthersMayWrite) {
   makeFolder();
   std::ofstream(file()) << "event";
   ASSERT_EQ(::chmod(file().c_str(), 0666), 0);
@@ -169,7 +169,7 @@ TEST_F(EventFolder, KeepsTheEventsOfUsersApart) {
   EXPECT_TRUE(closeHandle(event));
 }
 
-TEST_F(EventFolder, DoesNotLetAFileSizeLimitEndTheProcess) {
+TEST_F(EventFolder, SurvivesAFileSizeLimit) {
   {
     const testsupport::FileSizeLimit limit(0);
     expectRefused(fileTooLarge);

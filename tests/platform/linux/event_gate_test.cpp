@@ -52,7 +52,7 @@ class EventGate : public ::testing::Test {
   const std::string create_ = std::string("create ") + gatedEvent;
 };
 
-TEST_F(EventGate, ThatIsBlockedBeforeTheEventExistsLetsItBeCreatedAndShared) {
+TEST_F(EventGate, LetsAnEventBeCreatedAndSharedWhenBlockedBefore) {
   const StoppedProcess stopped(StoppedProcess::Holds::gate);
   ASSERT_EQ(first_.ask(create_), "created");
   ASSERT_EQ(second_.ask(create_), "existing");
@@ -60,7 +60,7 @@ TEST_F(EventGate, ThatIsBlockedBeforeTheEventExistsLetsItBeCreatedAndShared) {
   EXPECT_EQ(first_.ask("wait 0"), "0");
 }
 
-TEST_F(EventGate, ThatIsBlockedInTheMiddleOfACreationLetsTheEventBeCreatedElsewhere) {
+TEST_F(EventGate, LetsAnEventBeCreatedElsewhereWhenBlockedDuringCreation) {
   const StoppedProcess stopped(StoppedProcess::Holds::gateAndEvent);
   ASSERT_EQ(first_.ask(create_), "created");
   ASSERT_EQ(second_.ask(create_), "existing");
@@ -68,7 +68,7 @@ TEST_F(EventGate, ThatIsBlockedInTheMiddleOfACreationLetsTheEventBeCreatedElsewh
   EXPECT_EQ(first_.ask("wait 0"), "0");
 }
 
-TEST_F(EventGate, ThatIsBlockedWhileOthersUseTheEventLetsFurtherOnesInAndOut) {
+TEST_F(EventGate, AdmitsFurtherUsersWhenBlockedDuringUse) {
   ASSERT_EQ(first_.ask(create_), "created");
   const StoppedProcess stopped(StoppedProcess::Holds::gate);
   ASSERT_EQ(second_.ask(create_), "existing");
@@ -83,7 +83,7 @@ TEST_F(EventGate, ThatIsBlockedWhileOthersUseTheEventLetsFurtherOnesInAndOut) {
 }
 
 // A join that held a lock of the process while it waits would never come to the end of its own pause.
-TEST_F(EventGate, ThatIsBlockedHoldsUpNeitherOtherEventsNorAForkOfTheProcess) {
+TEST_F(EventGate, HoldsUpNeitherOtherEventsNorAFork) {
   const int result = testsupport::inForkedChild([] {
     // Ends the child when it hangs.
     ::alarm(30);
@@ -100,7 +100,7 @@ TEST_F(EventGate, ThatIsBlockedHoldsUpNeitherOtherEventsNorAForkOfTheProcess) {
   EXPECT_EQ(result, 0);
 }
 
-TEST_F(EventGate, ThatOpensInTimeIsPassedInTurn) {
+TEST_F(EventGate, ServesWaitersInTurnWhenItOpensInTime) {
   auto stopped = std::make_unique<StoppedProcess>(StoppedProcess::Holds::gate);
   const testsupport::CallHook goesOn(Call::awaitEventGate, 1, [&stopped] { stopped.reset(); });
   const Handle event = createEvent(gatedEvent);

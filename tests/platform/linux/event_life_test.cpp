@@ -35,7 +35,7 @@ class EventLife : public ::testing::Test {
   }
 };
 
-TEST_F(EventLife, IsNotProlongedByAForkedChild) {
+TEST_F(EventLife, EndsDespiteAForkedChild) {
   const Handle event = createEvent(livingEvent);
   ASSERT_TRUE(setEvent(event));
   const SleepingChild child([] {});
@@ -43,7 +43,7 @@ TEST_F(EventLife, IsNotProlongedByAForkedChild) {
   EXPECT_TRUE(createsAnew());
 }
 
-TEST_F(EventLife, IsNotProlongedByAChildWhoseParentWasKilled) {
+TEST_F(EventLife, EndsDespiteAChildWhoseParentIsKilled) {
   SleepingChild parent([] {
     setEvent(createEvent(livingEvent));
     const pid_t child = ::fork();
@@ -63,7 +63,7 @@ TEST_F(EventLife, IsNotProlongedByAChildWhoseParentWasKilled) {
   EXPECT_TRUE(createsAnew());
 }
 
-TEST_F(EventLife, IsNotEndedByAForkedChildThatEnds) {
+TEST_F(EventLife, GoesOnWhenAForkedChildEnds) {
   const Handle event = createEvent(livingEvent);
   ASSERT_TRUE(setEvent(event));
   EXPECT_EQ(testsupport::inForkedChild([] { return 0; }), 0);
@@ -74,7 +74,7 @@ TEST_F(EventLife, IsNotEndedByAForkedChildThatEnds) {
   EXPECT_TRUE(closeHandle(event));
 }
 
-TEST_F(EventLife, IsOutOfReachOfAForkedChildUntilThatOpensIt) {
+TEST_F(EventLife, ExcludesAForkedChildUntilItOpensTheEvent) {
   const Handle event = createEvent(livingEvent);
   EXPECT_EQ(testsupport::inForkedChild([event] {
               if (setEvent(event) || lastError() != errorInvalidHandle) return 1;
@@ -87,7 +87,7 @@ TEST_F(EventLife, IsOutOfReachOfAForkedChildUntilThatOpensIt) {
   EXPECT_TRUE(closeHandle(event));
 }
 
-TEST_F(EventLife, IsProlongedToThatOfTheProcessByATerminatedThread) {
+TEST_F(EventLife, LastsAsLongAsTheProcessAfterAThreadIsTerminated) {
   static constexpr char keptEvent[] = "QMRK_KEPT_EVENT_TEST";
   std::uint32_t id = 0;
   const auto before = testsupport::processResources();
@@ -110,7 +110,7 @@ TEST_F(EventLife, IsProlongedToThatOfTheProcessByATerminatedThread) {
 }
 
 // The copy in the child is of no use: the child keeps a reference of its own once a thread of its own has left one.
-TEST_F(EventLife, IsProlongedByAThreadOfAForkedChildAlthoughItsParentHasTerminatedOneToo) {
+TEST_F(EventLife, LastsAsLongAsAForkedChildThatTerminatesAThreadToo) {
   const auto terminateOne = [] {
     std::uint32_t id = 0;
     const Handle thread =
@@ -134,7 +134,7 @@ TEST_F(EventLife, IsProlongedByAThreadOfAForkedChildAlthoughItsParentHasTerminat
   EXPECT_FALSE(createsAnew());
 }
 
-TEST_F(EventLife, EndsWithTheHandlesOfAForkedChildOfAForkedChild) {
+TEST_F(EventLife, EndsWithTheHandlesOfAForkedGrandchild) {
   const Handle event = createEvent(livingEvent);
   std::uint32_t id = 0;
   const Handle thread =
@@ -151,7 +151,7 @@ TEST_F(EventLife, EndsWithTheHandlesOfAForkedChildOfAForkedChild) {
   EXPECT_TRUE(closeHandle(event));
 }
 
-TEST_F(EventLife, BeginsInAFolderThatIsRemovedMeanwhile) {
+TEST_F(EventLife, BeginsDespiteTheRemovalOfItsFolder) {
   const testsupport::CallHook logOut(Call::openEventFile, 1, [] { testsupport::removeAll(eventFolderPath()); });
   const Handle event = createEvent(livingEvent);
   EXPECT_EQ(lastError(), noError);
@@ -160,7 +160,7 @@ TEST_F(EventLife, BeginsInAFolderThatIsRemovedMeanwhile) {
   EXPECT_TRUE(closeHandle(event));
 }
 
-TEST_F(EventLife, IsNotFoundInAFolderThatIsRemovedMeanwhile) {
+TEST_F(EventLife, CannotBeFoundInAFolderRemovedMeanwhile) {
   const Handle event = createEvent(livingEvent);
   const testsupport::CallHook logOut(Call::openEventFile, 1, [] { testsupport::removeAll(eventFolderPath()); });
   EXPECT_EQ(openEvent(livingEvent), nullptr);
@@ -168,7 +168,7 @@ TEST_F(EventLife, IsNotFoundInAFolderThatIsRemovedMeanwhile) {
   EXPECT_TRUE(closeHandle(event));
 }
 
-TEST_F(EventLife, TakesOneFileAndOneMappingOnlyWhileAHandleIsOpen) {
+TEST_F(EventLife, TakesOneFileAndOneMappingWhileAHandleIsOpen) {
   ASSERT_TRUE(createsAnew());
   const auto before = testsupport::processResources();
   for (int round = 0; round < 1000; ++round) {
@@ -184,7 +184,7 @@ TEST_F(EventLife, TakesOneFileAndOneMappingOnlyWhileAHandleIsOpen) {
   EXPECT_EQ(testsupport::processResources(), before);
 }
 
-TEST_F(EventLife, GoesOnAfterALogOutHasRemovedItsFile) {
+TEST_F(EventLife, GoesOnWhenALogOutRemovesItsFile) {
   const Handle event = createEvent(livingEvent);
   testsupport::removeAll(eventFolderPath());
   CompanionProcess other({QMRK_EVENT_ACTOR});
@@ -199,7 +199,7 @@ TEST_F(EventLife, GoesOnAfterALogOutHasRemovedItsFile) {
 }
 
 // Takes the two seconds after which a waiter looks whether its file is still in place.
-TEST_F(EventLife, WaiterFindsTheEventThatWasMadeAnewAfterALogOut) {
+TEST_F(EventLife, LetsAWaiterFindTheEventRecreatedAfterALogOut) {
   CompanionProcess waiter({QMRK_EVENT_ACTOR});
   ASSERT_EQ(waiter.ask(std::string("create ") + livingEvent), "created");
   waiter.send("wait 120000");

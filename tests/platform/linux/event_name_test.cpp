@@ -11,13 +11,13 @@ namespace {
 
 using namespace platform;
 
-TEST(EventName, MayHoldLettersDigitsPointsUnderscoresAndHyphens) {
+TEST(EventName, MayContainLettersDigitsDotsUnderscoresAndHyphens) {
   EXPECT_EQ(checkEventName("QMRK_LOG_EVENT"), noError);
   EXPECT_EQ(checkEventName("a-Z.0_9"), noError);
   EXPECT_EQ(checkEventName("x"), noError);
 }
 
-TEST(EventName, MayHoldNothingElse) {
+TEST(EventName, MayContainNothingElse) {
   int allowed = 0;
   for (int character = 0; character < 256; ++character) {
     const bool passes = checkEventName(std::string("x") + static_cast<char>(character)) == noError;
@@ -27,7 +27,7 @@ TEST(EventName, MayHoldNothingElse) {
   EXPECT_EQ(allowed, 26 + 26 + 10 + 3);
 }
 
-TEST(EventName, MayNotBeEmptyOrAPathOfItsOwn) {
+TEST(EventName, MayBeNeitherEmptyNorADotPath) {
   for (const char* name : {"", ".", "..", ".hidden", "../up", "a/b", "Global\\a"}) {
     EXPECT_EQ(checkEventName(name), errorInvalidName) << name;
   }
@@ -38,7 +38,7 @@ TEST(EventName, HasAtMostTwoHundredBytes) {
   EXPECT_EQ(checkEventName(std::string(201, 'x')), errorFilenameTooLong);
 }
 
-TEST(EventName, ThatIsNotAllowedIsRefusedWithItsError) {
+TEST(EventName, CausesAnErrorWhenItIsNotAllowed) {
   EXPECT_EQ(createEvent("a/b"), nullptr);
   EXPECT_EQ(lastError(), errorInvalidName);
   EXPECT_EQ(openEvent(std::string(201, 'x')), nullptr);

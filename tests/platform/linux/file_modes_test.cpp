@@ -57,7 +57,7 @@ TEST_F(FileModes, LetEverybodyReadTheConfiguration) {
   EXPECT_EQ(modeOf("configuration"), 0644U);
 }
 
-TEST_F(FileModes, AreNeverWiderThanTheUmaskAllows) {
+TEST_F(FileModes, StayWithinTheUmask) {
   ::umask(077);
   create("configuration", TextWriter::Mode::truncate);
   create("records", TextWriter::Mode::append);
@@ -65,7 +65,7 @@ TEST_F(FileModes, AreNeverWiderThanTheUmaskAllows) {
   EXPECT_EQ(modeOf("records"), 0600U);
 }
 
-TEST_F(FileModes, OfAnExistingFileStayAsTheyAre) {
+TEST_F(FileModes, StayUnchangedForAnExistingFile) {
   testsupport::writeFile(folder_.file("records"), "old\n");
   ASSERT_EQ(::chmod(platform::nativePath(folder_.file("records")).c_str(), 0666), 0);
   create("records", TextWriter::Mode::append);
@@ -98,24 +98,24 @@ class LinkedLog : public ::testing::Test {
   const std::string link_ = inner_ + "\\log";
 };
 
-TEST_F(LinkedLog, IsFollowedInAFolderThatOnlyTheUserMayWrite) { expectFollowed(true); }
+TEST_F(LinkedLog, OpensInAFolderThatOnlyTheUserMayWrite) { expectFollowed(true); }
 
-TEST_F(LinkedLog, IsNotFollowedInAFolderThatEverybodyMayWrite) {
+TEST_F(LinkedLog, DoesNotOpenInAFolderThatEverybodyMayWrite) {
   setMode(01777);
   expectFollowed(false);
 }
 
-TEST_F(LinkedLog, IsNotFollowedInAFolderThatTheGroupMayWrite) {
+TEST_F(LinkedLog, DoesNotOpenInAFolderThatTheGroupMayWrite) {
   setMode(0775);
   expectFollowed(false);
 }
 
-TEST_F(LinkedLog, IsNotFollowedInAFolderOfAnotherUser) {
+TEST_F(LinkedLog, DoesNotOpenInAFolderOfAnotherUser) {
   ASSERT_EQ(::chown(platform::nativePath(inner_).c_str(), stranger, stranger), 0);
   expectFollowed(false);
 }
 
-TEST_F(LinkedLog, IsFollowedInAFolderOfRootByAnotherUser) {
+TEST_F(LinkedLog, OpensInAFolderOfRootForAnotherUser) {
   ASSERT_EQ(::chown(platform::nativePath(inner_).c_str(), 0, 0), 0);
   testsupport::writeFile(target_, "");
   ASSERT_EQ(::chmod(platform::nativePath(target_).c_str(), 0666), 0);
@@ -124,7 +124,7 @@ TEST_F(LinkedLog, IsFollowedInAFolderOfRootByAnotherUser) {
   ASSERT_EQ(::seteuid(0), 0);
 }
 
-TEST_F(LinkedLog, MayBeTheConfigurationEverywhere) {
+TEST_F(LinkedLog, OpensAnywhereAsAConfiguration) {
   testsupport::writeFile(target_, "text");
   setMode(01777);
   EXPECT_TRUE(TextReader(link_).isOpen());

@@ -39,7 +39,7 @@ class FileSizeLimitTest : public ::testing::Test {
   std::string path_ = folder_.file("limited");
 };
 
-TEST_F(FileSizeLimitTest, AMessageThatFitsOnlyInPartIsShort) {
+TEST_F(FileSizeLimitTest, ShortensAMessageThatFitsInPart) {
   const FileSizeLimit limit(10);
   const auto file = open();
   const AppendFile::Result result = file->append("0123456789abcdef", 16);
@@ -49,7 +49,7 @@ TEST_F(FileSizeLimitTest, AMessageThatFitsOnlyInPartIsShort) {
   EXPECT_FALSE(file->endsInLineFeed());
 }
 
-TEST_F(FileSizeLimitTest, AMessageBeyondTheLimitFailsAndTheProcessGoesOn) {
+TEST_F(FileSizeLimitTest, FailsAMessageBeyondItAndNotTheProcess) {
   const FileSizeLimit limit(4);
   const auto file = open();
   EXPECT_EQ(file->append("full", 4).error, platform::noError);
@@ -61,7 +61,7 @@ TEST_F(FileSizeLimitTest, AMessageBeyondTheLimitFailsAndTheProcessGoesOn) {
   EXPECT_EQ(readFile(path_), "full");
 }
 
-TEST_F(FileSizeLimitTest, MessagesArriveAgainWhenTheLimitIsLifted) {
+TEST_F(FileSizeLimitTest, LetsMessagesArriveAgainWhenItIsLifted) {
   const auto file = open();
   {
     const FileSizeLimit limit(4);
@@ -73,7 +73,7 @@ TEST_F(FileSizeLimitTest, MessagesArriveAgainWhenTheLimitIsLifted) {
   EXPECT_EQ(readFile(path_), "full+");
 }
 
-TEST_F(FileSizeLimitTest, AMessageBeyondALimitThatWasSetAMomentAgoDoesNotEndTheProcess) {
+TEST_F(FileSizeLimitTest, FailsAMessageAndNotTheProcessRightAfterItIsSet) {
   const auto file = open();
   EXPECT_EQ(file->append("full", 4).error, platform::noError);
   const FileSizeLimit limit(4);
@@ -93,14 +93,14 @@ int endOfAWriterBeyondTheLimit(int _file) {
   return WIFSIGNALED(status) ? WTERMSIG(status) : 0;
 }
 
-TEST_F(FileSizeLimitTest, TheApplicationsOwnWriteBeyondTheLimitEndsTheProcessAsEver) {
+TEST_F(FileSizeLimitTest, EndsTheProcessAtAWriteOfTheApplication) {
   const auto file = open();
   EXPECT_EQ(file->append("x", 1).error, platform::noError);
   const platform::FileDescriptor own(::open((folder_.path() + "/own").c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600));
   EXPECT_EQ(endOfAWriterBeyondTheLimit(own.get()), SIGXFSZ);
 }
 
-TEST_F(FileSizeLimitTest, ATextBeyondTheLimitFailsAndTheProcessGoesOn) {
+TEST_F(FileSizeLimitTest, FailsATextBeyondItAndNotTheProcess) {
   const FileSizeLimit limit(6);
   TextWriter writer(path_, TextWriter::Mode::append);
   EXPECT_TRUE(writer.write("four"));
@@ -112,7 +112,7 @@ TEST_F(FileSizeLimitTest, ATextBeyondTheLimitFailsAndTheProcessGoesOn) {
 int signalsSeen = 0;
 void countSignal(int /*_signal*/) { ++signalsSeen; }
 
-TEST_F(FileSizeLimitTest, TheApplicationsOwnHandlerIsNeitherCalledNorReplaced) {
+TEST_F(FileSizeLimitTest, LeavesTheHandlerOfTheApplicationAlone) {
   struct sigaction own {};
   struct sigaction former {};
   own.sa_handler = countSignal;
@@ -127,7 +127,7 @@ TEST_F(FileSizeLimitTest, TheApplicationsOwnHandlerIsNeitherCalledNorReplaced) {
   ::sigaction(SIGXFSZ, &former, nullptr);
 }
 
-TEST_F(FileSizeLimitTest, ASignalThatWasPendingBeforeStaysPending) {
+TEST_F(FileSizeLimitTest, LeavesAPendingSignalPending) {
   sigset_t set;
   sigset_t former;
   sigemptyset(&set);

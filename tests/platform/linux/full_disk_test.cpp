@@ -26,7 +26,7 @@ class FullDisk : public ::testing::Test {
   ~FullDisk() override { testsupport::unmountSharedMemory(); }
 };
 
-TEST_F(FullDisk, AnAppendedMessageFailsWithDiskFull) {
+TEST_F(FullDisk, FailsAnAppendedMessage) {
   platform::ErrorCode error = platform::noError;
   const auto file = platform::AppendFile::open(fullFolder, false, error);
   ASSERT_NE(file, nullptr);
@@ -39,14 +39,14 @@ TEST_F(FullDisk, AnAppendedMessageFailsWithDiskFull) {
   EXPECT_TRUE(file->isStillAt(fullFolder));
 }
 
-TEST_F(FullDisk, AWrittenTextFails) {
+TEST_F(FullDisk, FailsAWrittenText) {
   platform::TextWriter writer(fullFolder, platform::TextWriter::Mode::append);
   ASSERT_TRUE(writer.isOpen());
   EXPECT_FALSE(writer.write("text"));
   EXPECT_TRUE(writer.write(""));
 }
 
-TEST_F(FullDisk, AFullConsoleIsIgnored) {
+TEST_F(FullDisk, DoesNotMatterToTheConsole) {
   const int former = ::dup(STDERR_FILENO);
   const int full = ::open("/dev/full", O_WRONLY | O_CLOEXEC);
   ASSERT_GE(full, 0);

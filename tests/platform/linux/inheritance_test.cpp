@@ -21,7 +21,7 @@ std::string openFilesOfAChild() {
   return output;
 }
 
-TEST(Inheritance, ChildProcessesGetNoneOfTheFiles) {
+TEST(Inheritance, PassesNoFileToChildProcesses) {
   const testsupport::TemporaryFolder folder;
   testsupport::writeFile(folder.file("read"), "text");
   platform::ErrorCode error = platform::noError;
@@ -34,7 +34,7 @@ TEST(Inheritance, ChildProcessesGetNoneOfTheFiles) {
   EXPECT_EQ(files.find(folder.path()), std::string::npos) << files;
 }
 
-TEST(Inheritance, AFileThatIsClosedIsGoneFromTheProcess) {
+TEST(Inheritance, LeavesNoDescriptorOfAClosedFile) {
   const testsupport::TemporaryFolder folder;
   const std::string path = folder.file("file");
   for (int i = 0; i < 5000; ++i) {

@@ -67,7 +67,7 @@ class InterruptedCall : public ::testing::Test {
   struct sigaction former_ {};
 };
 
-TEST_F(InterruptedCall, ALargeTextArrivesWhole) {
+TEST_F(InterruptedCall, WritesALargeTextWhole) {
   int ends[2];
   ASSERT_EQ(::pipe(ends), 0);
   const std::string text(1 << 20, 'x');

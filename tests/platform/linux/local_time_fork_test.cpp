@@ -11,7 +11,7 @@
 
 namespace {
 
-TEST(LocalTimeFork, AChildReadsTheLocalTimeWhateverOtherThreadsOfTheParentDid) {
+TEST(LocalTimeFork, LetsAChildReadTheLocalTimeWhateverThreadsOfTheParentDo) {
   std::atomic<bool> isOver{false};
   std::vector<std::thread> readers;
   for (int i = 0; i < 4; ++i) {

@@ -37,25 +37,25 @@ std::string textOf(const LocalTime& _time) {
 
 constexpr char centralEurope[] = "CET-1CEST,M3.5.0,M10.5.0/3";
 
-TEST(LocalTimeZone, TheFieldsCountAsPeopleDo) {
+TEST(LocalTimeZone, CountsAsPeopleDo) {
   const Zone zone("UTC0");
   EXPECT_EQ(textOf(toLocalTime(1167984187123)), "2007-1-5 8:3:7.123");
   EXPECT_EQ(textOf(toLocalTime(1230767999999)), "2008-12-31 23:59:59.999");
 }
 
-TEST(LocalTimeZone, WinterAndSummerTimeAreTold) {
+TEST(LocalTimeZone, KnowsWinterAndSummerTime) {
   const Zone zone(centralEurope);
   EXPECT_EQ(textOf(toLocalTime(1167984187123)), "2007-1-5 9:3:7.123");
   EXPECT_EQ(textOf(toLocalTime(1183612987000)), "2007-7-5 7:23:7.0");
 }
 
-TEST(LocalTimeZone, TheClockGoesForwardInOneMillisecond) {
+TEST(LocalTimeZone, GoesForwardWithinOneMillisecond) {
   const Zone zone(centralEurope);
   EXPECT_EQ(textOf(toLocalTime(1174784399999)), "2007-3-25 1:59:59.999");
   EXPECT_EQ(textOf(toLocalTime(1174784400000)), "2007-3-25 3:0:0.0");
 }
 
-TEST(LocalTimeZone, BeforeTheEpochTheMillisecondIsNotNegative) {
+TEST(LocalTimeZone, HasNoNegativeMillisecondBeforeTheEpoch) {
   const Zone zone("UTC0");
   EXPECT_EQ(textOf(toLocalTime(-1)), "1969-12-31 23:59:59.999");
   EXPECT_EQ(textOf(toLocalTime(-1000)), "1969-12-31 23:59:59.0");

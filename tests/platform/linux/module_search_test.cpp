@@ -36,19 +36,19 @@ class ModuleSearch : public testing::Test {
   TemporaryFolder second_;
 };
 
-TEST(FoldersOfList, AreSeparatedByAnyOfTheCharacters) {
+TEST(FoldersOfList, SplitAtAnyOfTheCharacters) {
   EXPECT_EQ(foldersOfList("/a:/b;/c", ":;"), (Folders{"/a", "/b", "/c"}));
   EXPECT_EQ(foldersOfList("/a:/b;/c", ":"), (Folders{"/a", "/b;/c"}));
 }
 
-TEST(FoldersOfList, AnEmptyEntryIsTheCurrentFolder) {
+TEST(FoldersOfList, ReadAnEmptyEntryAsTheCurrentFolder) {
   EXPECT_EQ(foldersOfList(":/a::", ":"), (Folders{".", "/a", ".", "."}));
   EXPECT_EQ(foldersOfList("", ":"), Folders{"."});
 }
 
-TEST(FoldersOfList, AMissingListHasNone) { EXPECT_EQ(foldersOfList(nullptr, ":"), Folders{}); }
+TEST(FoldersOfList, IncludeNothingOfAMissingList) { EXPECT_EQ(foldersOfList(nullptr, ":"), Folders{}); }
 
-TEST_F(ModuleSearch, TheOwnFileIsThatOfTheRunningTest) {
+TEST_F(ModuleSearch, FindsTheRunningTestAsItsOwnFile) {
   EXPECT_EQ(platform::ownFile(), std::filesystem::read_symlink("/proc/self/exe"));
 }
 
@@ -60,7 +60,7 @@ TEST_F(ModuleSearch, BeginsWithTheFoldersOfTheProgramAndOfTheLibrary) {
   EXPECT_EQ(folders[1], here);
 }
 
-TEST_F(ModuleSearch, GoesThroughTheFoldersOfTheLoaderBeforeThoseOfTheShell) {
+TEST_F(ModuleSearch, SearchesTheFoldersOfTheLoaderBeforeThoseOfTheShell) {
   writeStampedModule(first_.path(), "LogTest.exe", {1, 0, 0, 0});
   writeStampedModule(second_.path(), "LogTest.exe", {2, 0, 0, 0});
   const testsupport::ModuleFolder shell(first_.path());
@@ -74,7 +74,7 @@ TEST_F(ModuleSearch, KnowsTheLibraryFoldersOfTheSystem) {
   EXPECT_NE(std::find(folders.begin(), folders.end(), "/usr/lib"), folders.end());
 }
 
-TEST_F(ModuleSearch, PassesOverWhatIsNoRegularFile) {
+TEST_F(ModuleSearch, SkipsWhatIsNoRegularFile) {
   testsupport::makeFolders(first_.file("LogTest"));
   ASSERT_EQ(::mkfifo((second_.path() + "/LogTest").c_str(), 0666), 0);
   const TemporaryFolder third;
@@ -83,7 +83,7 @@ TEST_F(ModuleSearch, PassesOverWhatIsNoRegularFile) {
   EXPECT_EQ(found("LogTest.exe"), 3U);
 }
 
-TEST_F(ModuleSearch, EndsAtTheFirstFileOfTheNameAlsoWhenItHasNoVersion) {
+TEST_F(ModuleSearch, EndsAtTheFirstFileOfTheNameEvenWithoutAVersion) {
   testsupport::writeUnstampedModule(first_.path(), "LogTest.exe");
   writeStampedModule(second_.path(), "LogTest.exe", {2, 0, 0, 0});
   const testsupport::ModuleFolder shell(first_.path() + ":" + second_.path());
@@ -99,7 +99,7 @@ TEST_F(ModuleSearch, FindsOtherModulesByTheirOwnNames) {
   EXPECT_EQ(found(""), 0U);
 }
 
-TEST_F(ModuleSearch, AFailedReadLeavesTheVersionUntouched) {
+TEST_F(ModuleSearch, LeavesTheVersionUntouchedWhenAReadFails) {
   writeStampedModule(first_.path(), "LogTest.exe", {1, 0, 0, 0});
   const testsupport::ModuleFolder shell(first_.path());
   const testsupport::FaultPlan plan(platform::Call::moduleVersion, 1, platform::errorAccessDenied);

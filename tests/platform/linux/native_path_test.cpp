@@ -7,7 +7,7 @@ namespace {
 
 using platform::nativePath;
 
-TEST(NativePath, TurnsEachBackslashIntoASlash) {
+TEST(NativePath, ReplacesEachBackslashByASlash) {
   EXPECT_EQ(nativePath("/home/u/.local/share\\Orvane\\\\qmrk\\"), "/home/u/.local/share/Orvane//qmrk/");
 }
 

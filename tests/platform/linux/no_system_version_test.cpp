@@ -9,7 +9,7 @@ namespace {
 using platform::Call;
 using testsupport::FaultPlan;
 
-TEST(NoSystemVersion, NeitherQueryIsKnownAndTheBlockStaysUntouched) {
+TEST(NoSystemVersion, FailsBothQueriesAndLeavesTheBlockUntouched) {
   const FaultPlan plan(Call::systemVersion, 100, platform::errorAccessDenied);
   platform::VersionBlock block;
   block.major = 7;
@@ -21,7 +21,7 @@ TEST(NoSystemVersion, NeitherQueryIsKnownAndTheBlockStaysUntouched) {
   EXPECT_EQ(plan.calls(), 2);
 }
 
-TEST(NoSystemVersion, ThereIsNoRegistry) {
+TEST(NoSystemVersion, FindsNoRegistry) {
   const FaultPlan plan(Call::registry, 100, platform::errorAccessDenied);
   std::string text = "untouched";
   EXPECT_FALSE(platform::registryKeyExists("SOFTWARE"));

@@ -29,7 +29,7 @@ std::string lineOf(int _process) {
   ::_exit(0);
 }
 
-TEST(SharedAppend, LinesOfSeveralProcessesAreNeitherLostNorTorn) {
+TEST(SharedAppend, NeitherLosesNorTearsLinesOfSeveralProcesses) {
   const testsupport::TemporaryFolder folder;
   const std::string path = folder.file("made by the first\\shared.log");
   std::vector<pid_t> children;

@@ -53,12 +53,12 @@ class ShellFolderVariables : public ::testing::Test {
                                              {"HOME", ""}};
 };
 
-TEST_F(ShellFolderVariables, TheMachineWideFoldersHaveDefaults) {
+TEST_F(ShellFolderVariables, MayBeAbsentForTheMachineWideFolders) {
   EXPECT_EQ(folder(ShellFolder::commonProgramFiles), "/etc/xdg");
   EXPECT_EQ(folder(ShellFolder::commonAppData), "/var/lib");
 }
 
-TEST_F(ShellFolderVariables, AnAbsoluteOverrideReplacesTheDefault) {
+TEST_F(ShellFolderVariables, ReplaceTheDefaultByAnAbsoluteOverride) {
   set("QMRK_COMMON_PROGRAM_FILES", "/srv/program files");
   set("QMRK_COMMON_APPDATA", "/srv/\xC3\xA6");
   set("QMRK_APPDATA", "/srv/user");
@@ -67,7 +67,7 @@ TEST_F(ShellFolderVariables, AnAbsoluteOverrideReplacesTheDefault) {
   EXPECT_EQ(appData(), "/srv/user");
 }
 
-TEST_F(ShellFolderVariables, AnEmptyOrRelativeOverrideIsIgnored) {
+TEST_F(ShellFolderVariables, CountOnlyIfTheyAreAbsolute) {
   set("HOME", "/home/u");
   for (const char* const value : {"", "relative", "./relative", "~/x", "\\srv", "C:\\srv"}) {
     set("QMRK_COMMON_PROGRAM_FILES", value);
@@ -79,7 +79,7 @@ TEST_F(ShellFolderVariables, AnEmptyOrRelativeOverrideIsIgnored) {
   }
 }
 
-TEST_F(ShellFolderVariables, TheUserDataComesFromTheOverrideThenXdgThenHome) {
+TEST_F(ShellFolderVariables, NameTheUserDataByOverrideThenXdgThenHome) {
   set("HOME", "/home/u");
   EXPECT_EQ(appData(), "/home/u/.local/share");
   set("XDG_DATA_HOME", "/data/u");
@@ -88,7 +88,7 @@ TEST_F(ShellFolderVariables, TheUserDataComesFromTheOverrideThenXdgThenHome) {
   EXPECT_EQ(appData(), "/override");
 }
 
-TEST_F(ShellFolderVariables, AnEmptyOrRelativeXdgFolderIsIgnored) {
+TEST_F(ShellFolderVariables, IncludeXdgOnlyIfItIsAbsolute) {
   set("HOME", "/home/u");
   for (const char* const value : {"", "relative"}) {
     set("XDG_DATA_HOME", value);
@@ -96,7 +96,7 @@ TEST_F(ShellFolderVariables, AnEmptyOrRelativeXdgFolderIsIgnored) {
   }
 }
 
-TEST_F(ShellFolderVariables, WithoutAHomeThePasswordEntryIsAsked) {
+TEST_F(ShellFolderVariables, YieldToThePasswordEntryWithoutAHome) {
   const passwd* const entry = ::getpwuid(::geteuid());
   ASSERT_NE(entry, nullptr);
   const std::string expected = std::string(entry->pw_dir) + "/.local/share";
@@ -107,7 +107,7 @@ TEST_F(ShellFolderVariables, WithoutAHomeThePasswordEntryIsAsked) {
   }
 }
 
-TEST_F(ShellFolderVariables, AUserWithoutAPasswordEntryHasNoUserData) {
+TEST_F(ShellFolderVariables, NameNoUserDataForAUserWithoutAPasswordEntry) {
   const uid_t former = ::geteuid();
   ASSERT_EQ(::seteuid(4000000001U), 0) << "needs to run as root";
   std::string path = "untouched";
@@ -116,7 +116,7 @@ TEST_F(ShellFolderVariables, AUserWithoutAPasswordEntryHasNoUserData) {
   ASSERT_EQ(::seteuid(former), 0);
 }
 
-TEST_F(ShellFolderVariables, AFinalSeparatorIsLeftOut) {
+TEST_F(ShellFolderVariables, LoseAFinalSeparator) {
   set("QMRK_COMMON_APPDATA", "/srv/data//");
   EXPECT_EQ(folder(ShellFolder::commonAppData), "/srv/data");
   set("QMRK_COMMON_APPDATA", "/");
@@ -125,7 +125,7 @@ TEST_F(ShellFolderVariables, AFinalSeparatorIsLeftOut) {
   EXPECT_EQ(appData(), "/.local/share");
 }
 
-TEST_F(ShellFolderVariables, AreReadAnewAtEveryCall) {
+TEST_F(ShellFolderVariables, CountAsTheyAreAtEachCall) {
   set("QMRK_APPDATA", "/one");
   EXPECT_EQ(appData(), "/one");
   set("QMRK_APPDATA", "/two");
@@ -147,7 +147,7 @@ TEST_F(ShellFolderVariables, CountInAProgramOfTheSameUser) {
   EXPECT_EQ(outputOf(SHELL_FOLDER_PROBE), "plain /override");
 }
 
-TEST_F(ShellFolderVariables, AreIgnoredInAProgramThatRunsWithTheRightsOfAnotherUser) {
+TEST_F(ShellFolderVariables, DoNotCountInAProgramWithTheRightsOfAnotherUser) {
   const testsupport::TemporaryFolder folder;
   const std::string program = folder.path() + "/probe";
   std::filesystem::copy_file(SHELL_FOLDER_PROBE, program);

@@ -23,7 +23,7 @@ using platform::ErrorCode;
 using platform::TextReader;
 using platform::TextWriter;
 
-class SpecialFile : public ::testing::Test {
+class Opening : public ::testing::Test {
  protected:
   // Ends the test when it hangs.
   void SetUp() override { ::alarm(60); }
@@ -49,12 +49,12 @@ class SpecialFile : public ::testing::Test {
   const std::string path_ = folder_.file("file");
 };
 
-TEST_F(SpecialFile, IsRefusedWhenItIsAPipe) {
+TEST_F(Opening, RefusesAPipe) {
   testsupport::makeNamedPipe(path_);
   expectRefused(path_);
 }
 
-TEST_F(SpecialFile, IsRefusedWhenItIsAPipeThatSomebodyReads) {
+TEST_F(Opening, RefusesAPipeThatSomebodyReads) {
   testsupport::makeNamedPipe(path_);
   const int reader = ::open(platform::nativePath(path_).c_str(), O_RDWR | O_CLOEXEC);
   ASSERT_NE(reader, -1);
@@ -63,7 +63,7 @@ TEST_F(SpecialFile, IsRefusedWhenItIsAPipeThatSomebodyReads) {
   ::close(reader);
 }
 
-TEST_F(SpecialFile, IsRefusedWhenItIsASocket) {
+TEST_F(Opening, RefusesASocket) {
   sockaddr_un address{};
   address.sun_family = AF_UNIX;
   platform::nativePath(path_).copy(address.sun_path, sizeof address.sun_path - 1);
@@ -73,18 +73,18 @@ TEST_F(SpecialFile, IsRefusedWhenItIsASocket) {
   ::close(server);
 }
 
-TEST_F(SpecialFile, IsRefusedWhenItIsADevice) {
+TEST_F(Opening, RefusesADevice) {
   expectRefused("\\dev\\null");
   expectRefused("\\dev\\zero");
   EXPECT_EQ(errorOfAppending("\\dev\\null"), platform::errorAccessDenied);
 }
 
-TEST_F(SpecialFile, IsRefusedWhenItIsALinkToADevice) {
+TEST_F(Opening, RefusesALinkToADevice) {
   std::filesystem::create_symlink("/dev/zero", platform::nativePath(path_));
   expectRefused(path_);
 }
 
-TEST_F(SpecialFile, IsRefusedWhenItIsAPseudoTerminal) {
+TEST_F(Opening, RefusesAPseudoTerminal) {
   const int terminal = ::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
   ASSERT_NE(terminal, -1);
   ASSERT_EQ(::grantpt(terminal), 0);

@@ -21,7 +21,7 @@ using testsupport::TemporaryFolder;
 
 std::ptrdiff_t writesIn(const std::vector<long>& _calls) { return std::count(_calls.begin(), _calls.end(), SYS_write); }
 
-TEST(SystemCallCount, AnAppendedMessageIsOneWriteAndNothingElse) {
+TEST(SystemCallCount, IsOneWriteForAnAppendedMessage) {
   const TemporaryFolder folder;
   platform::ErrorCode error = platform::noError;
   const auto file = platform::AppendFile::open(folder.file("app.log"), false, error);
@@ -34,7 +34,7 @@ TEST(SystemCallCount, AnAppendedMessageIsOneWriteAndNothingElse) {
   EXPECT_EQ(testsupport::readFile(folder.file("app.log")), "one\ntwo\n");
 }
 
-TEST(SystemCallCount, UnderAFileSizeLimitAMessageIsStillOneWrite) {
+TEST(SystemCallCount, IsOneWriteForAMessageUnderAFileSizeLimit) {
   const TemporaryFolder folder;
   const testsupport::FileSizeLimit limit(1 << 20);
   platform::ErrorCode error = platform::noError;
@@ -43,19 +43,19 @@ TEST(SystemCallCount, UnderAFileSizeLimitAMessageIsStillOneWrite) {
   EXPECT_EQ(writesIn(systemCallsOf([&file] { file->append("one\n", 4); })), 1);
 }
 
-TEST(SystemCallCount, ATextIsOneWriteAndNothingElse) {
+TEST(SystemCallCount, IsOneWriteForAText) {
   const TemporaryFolder folder;
   platform::TextWriter writer(folder.file("text"), platform::TextWriter::Mode::append);
   EXPECT_EQ(systemCallsOf([&writer] { writer.write("a record\n"); }), std::vector<long>{SYS_write});
 }
 
-TEST(SystemCallCount, ATraceLineIsOneWrite) {
+TEST(SystemCallCount, IsOneWriteForATraceLine) {
   const testsupport::CapturedConsole console;
   EXPECT_EQ(writesIn(systemCallsOf([] { platform::writeConsole("==> one line\r\n"); })), 1);
   EXPECT_EQ(console.text(), "==> one line\r\n");
 }
 
-TEST(SystemCallCount, TheTimeOfAMessageCostsNone) {
+TEST(SystemCallCount, IsZeroForTheTimeOfAMessage) {
   platform::localTime();
   EXPECT_EQ(systemCallsOf([] {
               platform::localTime();

@@ -86,7 +86,7 @@ TEST_F(ThreadEnd, UnwindsTheStack) {
   EXPECT_TRUE(closeHandle(thread));
 }
 
-TEST_F(ThreadEnd, ComesToAThreadThatTerminatesItselfAtItsNextWait) {
+TEST_F(ThreadEnd, ComesAtTheNextWaitOfAThreadThatTerminatesItself) {
   std::uint32_t id = 0;
   std::atomic<Handle> shared{nullptr};
   const Handle start = createEvent("QMRK_THREAD_TEST.start");
@@ -109,7 +109,7 @@ TEST_F(ThreadEnd, ComesToAThreadThatTerminatesItselfAtItsNextWait) {
 }
 
 // A thread that is not ended there ends by itself, so that the test fails and does not hang.
-TEST_F(ThreadEnd, ComesAlsoInAWaitThatIsSatisfiedAtOnce) {
+TEST_F(ThreadEnd, ComesEvenInAWaitThatIsSatisfiedAtOnce) {
   std::uint32_t id = 0;
   std::atomic<bool> hasBegun{false};
   const Handle event = createEvent(endEvent);
@@ -162,7 +162,7 @@ TEST_F(ThreadEnd, LeavesNothingBehindHoweverItComes) {
 }
 
 // A user that may have no more processes; root would be let through.
-TEST_F(ThreadEnd, NeverComesWhereNoThreadCanBeStarted) {
+TEST_F(ThreadEnd, NeverComesToAThreadThatCannotStart) {
   EXPECT_EQ(testsupport::inForkedChild([] {
               const rlimit none{0, 0};
               if (::setrlimit(RLIMIT_NPROC, &none) != 0 || ::setresuid(nobody, nobody, nobody) != 0) return 1;

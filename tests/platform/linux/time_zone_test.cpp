@@ -59,7 +59,7 @@ class TimeZone : public ::testing::Test {
   int mounts_ = 0;
 };
 
-TEST_F(TimeZone, OfTheSystemIsFollowedWithinAMinute) {
+TEST_F(TimeZone, FollowsTheSystemWithinAMinute) {
   platform::followTimeZone(farAhead);
   EXPECT_EQ(hourOfTheMoment(), 8);
   replaceZone(9);
@@ -70,7 +70,7 @@ TEST_F(TimeZone, OfTheSystemIsFollowedWithinAMinute) {
 /// Puts another file in the place of the one that TZ names.
 void rename(const std::string& _from, const std::string& _to) { ASSERT_EQ(std::rename(_from.c_str(), _to.c_str()), 0); }
 
-TEST_F(TimeZone, ThatIsNamedByAFileIsFollowedWithinAMinute) {
+TEST_F(TimeZone, FollowsAFileThatTzNamesWithinAMinute) {
   const std::string path = folder_.path() + "/named";
   for (const std::string& zone : {path, ":" + path}) {
     testsupport::writeFile(path, zoneFile(0));
@@ -89,7 +89,7 @@ TEST_F(TimeZone, ThatIsNamedByAFileIsFollowedWithinAMinute) {
   }
 }
 
-TEST_F(TimeZone, ThatIsNamedByAFileOfTheSystemIsFollowedToo) {
+TEST_F(TimeZone, FollowsAFileOfTheSystemThatTzNames) {
   testsupport::writeFile(folder_.path() + "/Zone", zoneFile(0));
   testsupport::setEnvironment("TZDIR", folder_.path());
   testsupport::setEnvironment("TZ", "Zone");
@@ -102,14 +102,14 @@ TEST_F(TimeZone, ThatIsNamedByAFileOfTheSystemIsFollowedToo) {
   testsupport::setEnvironment("TZDIR", "");
 }
 
-TEST_F(TimeZone, IsFollowedByTheLocalTime) {
+TEST_F(TimeZone, ReachesTheLocalTime) {
   platform::followTimeZone(farAhead);
   replaceZone(9);
   // The latest look is not one of this clock, so that the next one is due.
   EXPECT_EQ(hourOfTheMoment(), 17);
 }
 
-TEST_F(TimeZone, IsNotLookedAtForEveryMessage) {
+TEST_F(TimeZone, CostsNoLookAtEveryMessage) {
   const auto look = [](std::int64_t _now) { platform::followTimeZone(_now); };
   const auto callsOf = [](const auto& _function) { return testsupport::systemCallsOf(_function).size(); };
   const std::size_t one = callsOf([&look] { look(2 * farAhead); });

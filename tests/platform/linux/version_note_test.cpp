@@ -54,7 +54,7 @@ void expectNumbers(const FixedVersion& _version) {
   EXPECT_EQ(_version.productLeastSignificant, 0x00070008U);
 }
 
-TEST(VersionNote, IsReadFromFilesOfBothClassesAndByteOrders) {
+TEST(VersionNote, ComesFromFilesOfBothClassesAndByteOrders) {
   for (const auto fileClass : {ElfImage::Class::bits32, ElfImage::Class::bits64}) {
     for (const auto order : {ElfImage::Order::little, ElfImage::Order::big}) {
       ElfImage image(fileClass, order);
@@ -66,7 +66,7 @@ TEST(VersionNote, IsReadFromFilesOfBothClassesAndByteOrders) {
   }
 }
 
-TEST(VersionNote, IsFoundBehindOtherNotesAndSegments) {
+TEST(VersionNote, MayFollowOtherNotesAndSegments) {
   ElfImage image;
   image.segment(8).note("GNU\0"s, 5, "eight bytes more").segment(4);
   image.note("GNU\0"s, 3, "build id of any size").note("odd", 7, "12345").note("", 0, "");
@@ -76,7 +76,7 @@ TEST(VersionNote, IsFoundBehindOtherNotesAndSegments) {
   expectNumbers(version);
 }
 
-TEST(VersionNote, IsReadFromASegmentAlignedToEight) {
+TEST(VersionNote, MayLieInASegmentAlignedToEight) {
   ElfImage image;
   image.segment(8).note("abc", 9, "x");
   image.note(owner(), versionNoteType, image.words({0x00010002, 0x00030004, 0x00050006, 0x00070008}));
@@ -85,7 +85,7 @@ TEST(VersionNote, IsReadFromASegmentAlignedToEight) {
   expectNumbers(version);
 }
 
-TEST(VersionNote, OwnerTypeAndSizeMustBeThoseOfTheNote) {
+TEST(VersionNote, NeedsTheRightOwnerTypeAndSize) {
   const std::string words = ElfImage().words({1, 2, 3, 4});
   EXPECT_TRUE(holdsVersion(ElfImage().segment(4).note(owner(), versionNoteType, words)));
   EXPECT_FALSE(holdsVersion(ElfImage().segment(4).note("QMRK", versionNoteType, words)));
@@ -95,7 +95,7 @@ TEST(VersionNote, OwnerTypeAndSizeMustBeThoseOfTheNote) {
   EXPECT_FALSE(holdsVersion(ElfImage().segment(4).note(owner(), versionNoteType, words.substr(4))));
 }
 
-TEST(VersionNote, IsNotFoundInWhatIsNoElfFileOrHasNone) {
+TEST(VersionNote, NeedsAnElfFileThatHasOne) {
   FixedVersion version;
   EXPECT_FALSE(read(std::string(), version));
   EXPECT_FALSE(
@@ -104,7 +104,7 @@ TEST(VersionNote, IsNotFoundInWhatIsNoElfFileOrHasNone) {
   EXPECT_FALSE(holdsVersion(ElfImage().segment(4)));
 }
 
-TEST(VersionNote, NoTruncationOfAFileGivesAVersion) {
+TEST(VersionNote, NeedsAWholeFile) {
   const std::string whole = stamped().bytes();
   for (std::size_t size = 0; size < whole.size(); ++size) {
     FixedVersion version;
@@ -115,7 +115,7 @@ TEST(VersionNote, NoTruncationOfAFileGivesAVersion) {
 }
 
 // The sanitizers and the reader above watch.
-TEST(VersionNote, AnySingleWrongByteIsHarmless) {
+TEST(VersionNote, ToleratesAnyWrongByte) {
   const std::string whole = stamped().bytes();
   int stillRead = 0;
   for (std::size_t at = 0; at < whole.size(); ++at) {
@@ -129,7 +129,7 @@ TEST(VersionNote, AnySingleWrongByteIsHarmless) {
   EXPECT_GT(stillRead, 0);
 }
 
-TEST(VersionNote, SizesBeyondTheFileAreRefused) {
+TEST(VersionNote, RefusesSizesBeyondTheFile) {
   const std::string whole = stamped().bytes();
   constexpr std::size_t segmentOffset = 64 + 8;
   constexpr std::size_t segmentSize = 64 + 32;
@@ -145,7 +145,7 @@ TEST(VersionNote, SizesBeyondTheFileAreRefused) {
   }
 }
 
-TEST(VersionNote, AHugeTableOfSegmentsIsRefused) {
+TEST(VersionNote, RefusesAHugeTableOfSegments) {
   std::string bytes = stamped().bytes();
   constexpr std::size_t entryCount = 56;
   bytes.replace(entryCount, 2, "\xFF\xFF");
