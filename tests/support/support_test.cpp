@@ -16,7 +16,7 @@ using testsupport::CapturedConsole;
 using testsupport::ConfigSandbox;
 using testsupport::TemporaryFolder;
 
-TEST(TemporaryFolder, IsRemovedWithItsContent) {
+TEST(TemporaryFolder, DisappearsWithItsContent) {
   std::string path;
   {
     const TemporaryFolder folder;
@@ -36,7 +36,7 @@ TEST(ConfigSandbox, NamesTheFilesOfACaAndMasksTheFolders) {
   EXPECT_FALSE(testsupport::exists(sandbox.logFolder()));
 }
 
-TEST(CapturedConsole, KeepsWhatIsWrittenToTheConsole) {
+TEST(CapturedConsole, KeepsTextOfTheConsole) {
   const CapturedConsole console;
   platform::writeConsole("one\r\n");
   platform::writeConsole("two\n\n\t ");
@@ -54,7 +54,7 @@ TEST(CapturedConsole, KeepsALongText) {
   EXPECT_EQ(console.text(), text);
 }
 
-TEST(AsUnprivilegedUser, CannotReadWhatIsDenied) {
+TEST(AsUnprivilegedUser, CannotReadADeniedFile) {
   const TemporaryFolder folder;
   testsupport::writeFile(folder.file("secret"), "x");
   testsupport::denyAccess(folder.file("secret"));

@@ -35,7 +35,7 @@ class LogTestApplication : public testing::Test {
   testsupport::ConfigSandbox sandbox_;
 };
 
-TEST_F(LogTestApplication, LogsTheLinesOfTheEnabledClassesIntoTheCommonLogAndTellsWhichTheyAre) {
+TEST_F(LogTestApplication, LogsEnabledClassesToTheCommonLogAndListsThem) {
   const ChildResult result = run({"--ca", "CA12", "--classes", "A;B;", "--lines", "2"});
   EXPECT_EQ(result.exitCode, 0) << result.errors;
   EXPECT_THAT(result.output, HasSubstr("A  on, lines logged: 2\n"));
@@ -45,7 +45,7 @@ TEST_F(LogTestApplication, LogsTheLinesOfTheEnabledClassesIntoTheCommonLogAndTel
   EXPECT_THAT(log, HasSubstr(" line 2 of 2"));
 }
 
-TEST_F(LogTestApplication, LogsIntoTheFileOfAnApplication) {
+TEST_F(LogTestApplication, LogsToTheFileOfAnApplication) {
   EXPECT_EQ(run({"--ca", "CA12", "--classes", "A;B;", "--lines", "1", "--app", "Own"}).exitCode, 0);
   EXPECT_EQ(run({"--ca", "CA12", "--classes", "A;B;", "--lines", "2", "--app", "Own"}).exitCode, 0);
   EXPECT_THAT(readFile(appLog()), HasSubstr("line 1 of 1"));
@@ -61,7 +61,7 @@ TEST_F(LogTestApplication, PutsProcessThreadAndLocationInFrontOfALine) {
                                                  "[0-9]+\\] line 1 of 1\r?\n"));
 }
 
-TEST_F(LogTestApplication, TellsTheVersionsWithoutAnySetUp) {
+TEST_F(LogTestApplication, PrintsTheVersionsWithoutASetUp) {
   const ChildResult result = run({"--version"});
   EXPECT_EQ(result.exitCode, 0) << result.errors;
   EXPECT_EQ(result.output,
@@ -92,7 +92,7 @@ TEST_F(LogTestApplication, ShowsAChangeOfTheClassesWhileItListens) {
   EXPECT_THAT(readFile(sandbox_.logFolder() + "\\common.log"), HasSubstr("[A] "));
 }
 
-TEST_F(LogTestApplication, EndsByItselfAfterTheTimeOfListening) {
+TEST_F(LogTestApplication, EndsAfterTheTimeOfListening) {
   const ChildResult result = run({"--ca", "CA12", "--classes", "A;", "--listen", "0.15"});
   EXPECT_EQ(result.exitCode, 0) << result.errors;
   EXPECT_THAT(result.output, HasSubstr("A  on, lines logged: 2\n"));
@@ -111,7 +111,7 @@ TEST_F(LogTestApplication, EndsWithOneAndTheReasonWhenASetUpFails) {
   EXPECT_EQ(result.exitCode, 0);
 }
 
-TEST_F(LogTestApplication, TellsThatTheLogOfTheApplicationCannotBeWritten) {
+TEST_F(LogTestApplication, ReportsAnUnwritableApplicationLog) {
   testsupport::makeFolders(appLog());
   const ChildResult result = run({"--ca", "CA12", "--app", "Own"});
   EXPECT_EQ(result.exitCode, 0);

@@ -50,7 +50,7 @@ class LogTest : public testsupport::LogTestRun {
 
 // ---- Success ----
 
-TEST_F(LogTest, LogsLinesOfSeveralClassesAndTellsWhichAreOn) {
+TEST_F(LogTest, LogsLinesOfSeveralClassesAndListsThoseThatAreOn) {
   const ChildResult result = run({"--ca", "CA12"});
   EXPECT_EQ(result.exitCode, 0);
   EXPECT_EQ(result.errors, "");
@@ -63,13 +63,13 @@ TEST_F(LogTest, LogsLinesOfSeveralClassesAndTellsWhichAreOn) {
   EXPECT_TRUE(testsupport::matchesGolden(commonLogLines(), "logtest_common_log.txt"));
 }
 
-TEST_F(LogTest, StampsWithMillisecondsWhenTheConfigurationWantsThem) {
+TEST_F(LogTest, StampsWithMillisecondsIfConfigured) {
   sandbox_.writeDemoOfCa12("LOG_STATE=TRUE\nMILLISECOND_RESOLUTION=TRUE\n");
   EXPECT_EQ(run({"--ca", "CA12", "--lines", "1", "--classes", "Demo.App"}).exitCode, 0);
   EXPECT_EQ(commonLogLines(), "[Demo.App] <STAMP WITH MILLISECONDS> line 1 of 1\n");
 }
 
-TEST_F(LogTest, LogsToTheStandardOutputTooWhenItIsTold) {
+TEST_F(LogTest, LogsToStandardOutputOnRequest) {
   const ChildResult result = run({"--ca", "CA12", "--cout", "--lines", "2", "--classes", "Demo.App;Demo.Net.error;"});
   EXPECT_EQ(result.exitCode, 0);
   EXPECT_EQ(logLinesOf(result.output),
@@ -87,25 +87,25 @@ TEST_F(LogTest, TakesClassesAsTheyAreAndIgnoresEmptyOnes) {
                                        "  Demo.App.x  on, lines logged: 1\n"));
 }
 
-TEST_F(LogTest, LogsNothingWhenItIsToldNoLines) {
+TEST_F(LogTest, LogsNothingWhenAskedForNoLines) {
   const ChildResult result = run({"--ca", "CA12", "--lines", "0"});
   EXPECT_EQ(result.exitCode, 0);
   EXPECT_EQ(commonLogLines(), "");
 }
 
-TEST_F(LogTest, TakesTheCaOfTheEnvironment) {
+TEST_F(LogTest, UsesTheCaOfTheEnvironment) {
   testsupport::setEnvironment("DEFAULT_CA_NR", "CA12");
   EXPECT_EQ(run({"--lines", "1", "--classes", "Demo.App"}).exitCode, 0);
   EXPECT_EQ(commonLogLines(), "[Demo.App] <STAMP> line 1 of 1\n");
 }
 
-TEST_F(LogTest, TakesTheGenericCaByDefault) {
+TEST_F(LogTest, UsesTheGenericCaByDefault) {
   sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA12\n");
   EXPECT_EQ(run({"--lines", "1", "--classes", "Demo.App"}).exitCode, 0);
   EXPECT_EQ(commonLogLines(), "[Demo.App] <STAMP> line 1 of 1\n");
 }
 
-TEST_F(LogTest, TellsThatTheGenericCaIsUsedInsteadOfAMissingOne) {
+TEST_F(LogTest, SaysThatItUsesTheGenericCaInsteadOfAMissingOne) {
   sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA12\n");
   const ChildResult result = run({"--ca", "CA7"});
   EXPECT_EQ(result.exitCode, 0);
@@ -114,7 +114,7 @@ TEST_F(LogTest, TellsThatTheGenericCaIsUsedInsteadOfAMissingOne) {
                                         nativePath(commonLog()) + "\n"));
 }
 
-TEST_F(LogTest, TellsThatTheCommonLogCannotBeWritten) {
+TEST_F(LogTest, SaysThatItCannotWriteTheCommonLog) {
   testsupport::makeFolders(commonLog());
   const ChildResult result = run({"--ca", "CA12"});
   EXPECT_THAT(result.output,
@@ -156,7 +156,7 @@ TEST_F(LogTest, SaysThatTheCommonLogHasNoName) {
                                       nativePath(sandbox_.cfgPath("CA12")));
 }
 
-TEST_F(LogTest, SaysThatTheLogFolderCannotBeCreated) {
+TEST_F(LogTest, SaysThatItCannotCreateTheLogFolder) {
   testsupport::writeFile(sandbox_.appData() + "\\Logs", "a file in the way");
   expectFailure({"--ca", "CA12"},
                 "the folder of the common log cannot be created: " + nativePath(sandbox_.appData() + "\\Logs\\Common"));
@@ -187,7 +187,7 @@ TEST_F(LogTest, ExitsWith2OnWrongUsage) {
   EXPECT_TRUE(sandbox_.newInAppData().empty());
 }
 
-TEST_F(LogTest, TellsHowItIsUsed) {
+TEST_F(LogTest, ExplainsItsUsage) {
   const ChildResult result = run({"--help"});
   EXPECT_EQ(result.exitCode, 0);
   for (const char* part : {"Usage: LogTest", "--ca CA", "--cout", "--classes", "--lines", "Exit code:"}) {

@@ -21,29 +21,29 @@ class LogTestTrace : public testsupport::LogTestRun {
   }
 };
 
-TEST_F(LogTestTrace, IsThatOfAFirstStart) {
+TEST_F(LogTestTrace, ShowsAFirstStart) {
   sandbox_.writeCfg("GE", traced);
   EXPECT_TRUE(tracesAs("setup_first_start.txt", {"--ca", "CA12"}));
 }
 
-TEST_F(LogTestTrace, IsThatOfAMissingCa) {
+TEST_F(LogTestTrace, ShowsAMissingCa) {
   sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA12\n");
   sandbox_.writeDemoOfCa12(std::string("LOG_STATE=TRUE\n") + traced);
   EXPECT_TRUE(tracesAs("setup_missing_ca.txt", {"--ca", "CA7"}));
 }
 
-TEST_F(LogTestTrace, BeginsWithTheGeneratedFileThatSwitchesItOn) {
+TEST_F(LogTestTrace, BeginsWithAGeneratedFileThatSwitchesItOn) {
   sandbox_.writeDemoOfCa12(std::string("LOG_STATE=TRUE\n") + traced);
   EXPECT_TRUE(tracesAs("setup_generated_trace_begins.txt", {"--ca", "CA7"}));
 }
 
-TEST_F(LogTestTrace, IsThatOfARedirectedGenericCa) {
+TEST_F(LogTestTrace, ShowsARedirectedGenericCa) {
   sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA12\n");
   sandbox_.writeDemoOfCa12(std::string("LOG_STATE=TRUE\n") + traced);
   EXPECT_TRUE(tracesAs("setup_redirected_generic.txt", {}));
 }
 
-TEST_F(LogTestTrace, IsThatOfThreadSafeMode) {
+TEST_F(LogTestTrace, ShowsThreadSafeMode) {
   sandbox_.writeCfg("GE", std::string("TS_APPENDERS=True\n") + traced);
   EXPECT_TRUE(tracesAs("setup_thread_safe.txt", {"--ca", "CA12", "--cout"}));
 }

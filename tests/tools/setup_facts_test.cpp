@@ -17,7 +17,7 @@ class SetupFactsTest : public testing::Test {
   testsupport::ConfigSandbox sandbox_;
 };
 
-TEST_F(SetupFactsTest, AreThoseOfTheCa) {
+TEST_F(SetupFactsTest, DescribeTheCa) {
   sandbox_.writeCfg("CA12", "LOG_STATE=1\nCOMMON_LOG_FILE_NAME=common.log\nCOMMON_LOG_FILE_ROOT=Logs\n");
   const SetupFacts facts = gatherSetupFacts("ca12");
   EXPECT_EQ(facts.ca, "ca12");
@@ -32,7 +32,7 @@ TEST_F(SetupFactsTest, AreThoseOfTheCa) {
   EXPECT_FALSE(facts.errorRecords);
 }
 
-TEST_F(SetupFactsTest, AreThoseOfTheGenericCaWhereTheOwnFileIsMissing) {
+TEST_F(SetupFactsTest, DescribeTheGenericCaWhenTheFileOfTheCaIsMissing) {
   sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA12\n");
   sandbox_.writeCfg("CA12", "LOG_STATE=TRUE\n");
   testsupport::makeFolders(sandbox_.logFolder());
@@ -46,7 +46,7 @@ TEST_F(SetupFactsTest, AreThoseOfTheGenericCaWhereTheOwnFileIsMissing) {
   EXPECT_EQ(facts.errorRecords, sandbox_.logFolder() + "\\qmrk.info");
 }
 
-TEST_F(SetupFactsTest, TellThatNoFileIsThere) {
+TEST_F(SetupFactsTest, SayThatThereIsNoFile) {
   const SetupFacts facts = gatherSetupFacts("CA7");
   EXPECT_TRUE(facts.fellBack);
   EXPECT_EQ(facts.cfgFile, sandbox_.cfgPath("GE"));
@@ -58,7 +58,7 @@ TEST_F(SetupFactsTest, DoNotCallTheGenericCaAFallBackOfItself) {
   EXPECT_FALSE(gatherSetupFacts("ge").fellBack);
 }
 
-TEST_F(SetupFactsTest, TellThatAFileIsDenied) {
+TEST_F(SetupFactsTest, SayThatAFileIsUnreadable) {
   sandbox_.writeCfg("CA12", "LOG_STATE=TRUE\n");
   const testsupport::WithoutReadPermission denied(sandbox_.cfgPath("CA12"));
   const SetupFacts facts = gatherSetupFacts("CA12");
@@ -66,9 +66,9 @@ TEST_F(SetupFactsTest, TellThatAFileIsDenied) {
   EXPECT_FALSE(facts.cfgIsReadable);
 }
 
-TEST_F(SetupFactsTest, HaveNoFileForAnEmptyCa) { EXPECT_EQ(gatherSetupFacts("").cfgFile, ""); }
+TEST_F(SetupFactsTest, NameNoFileForAnEmptyCa) { EXPECT_EQ(gatherSetupFacts("").cfgFile, ""); }
 
-TEST_F(SetupFactsTest, HaveNoFileWhereTheSystemKnowsNoFolder) {
+TEST_F(SetupFactsTest, NameNoFileWhenTheSystemNamesNoFolder) {
   const testsupport::FaultPlan plan(platform::Call::shellFolder, 1, platform::errorPathNotFound, 100);
   const SetupFacts facts = gatherSetupFacts("CA12");
   EXPECT_EQ(facts.cfgFile, "");

@@ -28,34 +28,34 @@ SetupFacts fine() {
 
 std::string nativeCfgFile() { return platform::nativePath(cfgFile); }
 
-TEST(SetupReason, IsAnEmptyCa) {
+TEST(SetupReason, NamesAnEmptyCa) {
   SetupFacts facts = fine();
   facts.ca = "";
   facts.cfgFile = "";
   EXPECT_EQ(reasonOfFailure(facts), "the customer adaptation is empty");
 }
 
-TEST(SetupReason, IsAnUnknownFolderOfTheConfiguration) {
+TEST(SetupReason, NamesAnUnknownConfigurationFolder) {
   SetupFacts facts = fine();
   facts.cfgFile = "";
   EXPECT_EQ(reasonOfFailure(facts), "the system does not know the folder of the configuration files");
 }
 
-TEST(SetupReason, IsAMissingConfiguration) {
+TEST(SetupReason, NamesAMissingConfiguration) {
   SetupFacts facts = fine();
   facts.cfgExists = facts.cfgIsReadable = false;
   EXPECT_EQ(reasonOfFailure(facts), "the configuration is missing: there is no " + nativeCfgFile() +
                                         ", and none could be generated in that folder");
 }
 
-TEST(SetupReason, IsADeniedConfiguration) {
+TEST(SetupReason, NamesAnUnreadableConfiguration) {
   SetupFacts facts = fine();
   facts.cfgIsReadable = false;
   facts.logState.reset();
   EXPECT_EQ(reasonOfFailure(facts), "the configuration cannot be read: permission denied for " + nativeCfgFile());
 }
 
-TEST(SetupReason, IsLogStateThatIsMissingOrNotTrue) {
+TEST(SetupReason, NamesLogStateThatIsMissingOrNotTrue) {
   SetupFacts facts = fine();
   facts.logState = "1";
   EXPECT_EQ(reasonOfFailure(facts), "logging is switched off: LOG_STATE is \"1\", not TRUE, in " + nativeCfgFile());
@@ -63,7 +63,7 @@ TEST(SetupReason, IsLogStateThatIsMissingOrNotTrue) {
   EXPECT_EQ(reasonOfFailure(facts), "logging is switched off: LOG_STATE is missing in " + nativeCfgFile());
 }
 
-TEST(SetupReason, IsAMissingNameOfTheCommonLog) {
+TEST(SetupReason, NamesAMissingNameOfTheCommonLog) {
   SetupFacts facts = fine();
   facts.logState = "true";
   facts.logFileName.reset();
@@ -71,20 +71,20 @@ TEST(SetupReason, IsAMissingNameOfTheCommonLog) {
             "the common log has no name: COMMON_LOG_FILE_NAME is missing in " + nativeCfgFile());
 }
 
-TEST(SetupReason, IsAnUnknownFolderOfTheUser) {
+TEST(SetupReason, NamesAnUnknownFolderOfTheUser) {
   SetupFacts facts = fine();
   facts.logFolder.reset();
   EXPECT_EQ(reasonOfFailure(facts), "the system does not know the folder of the user's application data");
 }
 
-TEST(SetupReason, IsALogFolderThatIsNotThere) {
+TEST(SetupReason, NamesAMissingLogFolder) {
   SetupFacts facts = fine();
   facts.logFolderExists = false;
   EXPECT_EQ(reasonOfFailure(facts),
             "the folder of the common log cannot be created: " + platform::nativePath("C:\\logs"));
 }
 
-TEST(SetupReason, IsUnknownWhenEverythingIsFine) {
+TEST(SetupReason, StaysUnknownWhenEverythingIsFine) {
   EXPECT_EQ(reasonOfFailure(fine()),
             "the cause does not show any more; QMRK_TRACE=TRUE in " + nativeCfgFile() + " traces the next set-up");
 }

@@ -46,7 +46,7 @@ TEST_F(EnvironmentVariable, GivesAValueThatJustFits) {
   EXPECT_EQ(value_, content);
 }
 
-TEST_F(EnvironmentVariable, IsTrueAndEmptyForAValueThatDoesNotFit) {
+TEST_F(EnvironmentVariable, GivesAnEmptyTextForAValueThatDoesNotFit) {
   EXPECT_TRUE(get(std::string(256, 'x')));
   EXPECT_EQ(value_, "");
 }

@@ -53,7 +53,7 @@ class FolderCreation : public testing::Test {
   TracedConsole console_;
 };
 
-TEST_F(FolderCreation, AMissingPathDoesNotExist) {
+TEST_F(FolderCreation, ReportsAMissingPath) {
   EXPECT_FALSE(checkIfFileDirectoryExists(base_.file("nothing")));
   EXPECT_EQ(trace(),
             "==> Quillmark_logging::checkIfFileDirectoryExists() _fileWithPath=<BASE>\\nothing\r\n"
@@ -61,7 +61,7 @@ TEST_F(FolderCreation, AMissingPathDoesNotExist) {
             "<== Quillmark_logging::checkIfFileDirectoryExists() retValue=false\r\n");
 }
 
-TEST_F(FolderCreation, AFileExistsAndIsCalledADirectory) {
+TEST_F(FolderCreation, CallsAFileADirectory) {
   writeFile(base_.file("f"), "x");
   EXPECT_TRUE(checkIfFileDirectoryExists(base_.file("f")));
   EXPECT_EQ(trace(),
@@ -72,7 +72,7 @@ TEST_F(FolderCreation, AFileExistsAndIsCalledADirectory) {
             "<== Quillmark_logging::checkIfFileDirectoryExists() retValue=true\r\n");
 }
 
-TEST_F(FolderCreation, AReadOnlyFileExists) {
+TEST_F(FolderCreation, FindsAReadOnlyFile) {
   writeFile(base_.file("f"), "x");
   testsupport::denyWriting(base_.file("f"));
   const AsUnprivilegedUser user;
@@ -85,20 +85,20 @@ TEST_F(FolderCreation, AReadOnlyFileExists) {
             "<== Quillmark_logging::checkIfFileDirectoryExists() retValue=true\r\n");
 }
 
-TEST_F(FolderCreation, APathWhoseStatusCannotBeReadIsCalledAFile) {
+TEST_F(FolderCreation, CallsAPathWithoutAStatusAFile) {
   makeFolders(base_.file("d"));
   const FaultPlan failure(Call::statusQuery, 1, platform::errorAccessDenied);
   EXPECT_TRUE(checkIfFileDirectoryExists(base_.file("d")));
   EXPECT_NE(trace().find("<BASE>\\d is a file.\r\n"), std::string::npos);
 }
 
-TEST_F(FolderCreation, EveryMissingFolderIsCreatedInOrder) {
+TEST_F(FolderCreation, CreatesEveryMissingFolderInOrder) {
   EXPECT_TRUE(createDirectory(base_.file("a\\b\\c")));
   EXPECT_TRUE(exists(base_.file("a\\b\\c")));
   EXPECT_TRUE(matchesGolden(trace(), "create_directory_missing.txt"));
 }
 
-TEST_F(FolderCreation, AnExistingFolderIsLeftAsItIs) {
+TEST_F(FolderCreation, LeavesAnExistingFolderAlone) {
   makeFolders(base_.file("a\\b"));
   writeFile(base_.file("a\\b\\f"), "x");
   EXPECT_TRUE(createDirectory(base_.file("a\\b")));
@@ -106,46 +106,46 @@ TEST_F(FolderCreation, AnExistingFolderIsLeftAsItIs) {
   EXPECT_EQ(testsupport::namesIn(base_.file("a\\b")), std::vector<std::string>{"f"});
 }
 
-TEST_F(FolderCreation, AFinalSeparatorIsPartOfTheFolderThatIsTestedAndCreated) {
+TEST_F(FolderCreation, KeepsAFinalSeparatorInTheLastStep) {
   EXPECT_TRUE(createDirectory(base_.file("a\\b\\")));
   EXPECT_TRUE(exists(base_.file("a\\b")));
   EXPECT_TRUE(matchesGolden(trace(), "create_directory_final_separator.txt"));
 }
 
-TEST_F(FolderCreation, SlashesSeparateLikeBackslashes) {
+TEST_F(FolderCreation, AcceptsSlashesLikeBackslashes) {
   EXPECT_TRUE(createDirectory(base_.path() + "/logs/app"));
   EXPECT_TRUE(exists(base_.file("logs\\app")));
   EXPECT_NE(trace().find("Directory <BASE>/logs/ succesfully created.\r\n"), std::string::npos);
   EXPECT_NE(trace().find("Directory <BASE>/logs/app succesfully created.\r\n"), std::string::npos);
 }
 
-TEST_F(FolderCreation, DoubledSeparatorsAreSkipped) {
+TEST_F(FolderCreation, SkipsDoubledSeparators) {
   EXPECT_TRUE(createDirectory(base_.path() + "\\\\a\\/b"));
   EXPECT_TRUE(exists(base_.file("a\\b")));
   EXPECT_EQ(created(), 2);
 }
 
-TEST_F(FolderCreation, DoubledSlashesAreNotTestedAsAStepOfTheirOwn) {
+TEST_F(FolderCreation, TakesNoStepForDoubledSlashes) {
   EXPECT_TRUE(createDirectory(base_.path() + "//a"));
   EXPECT_TRUE(exists(base_.file("a")));
   EXPECT_EQ(trace().find("_fileWithPath=<BASE>//\r\n"), std::string::npos);
 }
 
-TEST_F(FolderCreation, ADriveIsNeitherTestedNorCreated) {
+TEST_F(FolderCreation, TakesNoStepForADrive) {
   EXPECT_FALSE(createDirectory("?:\\nothing\\here"));
   EXPECT_EQ(console_.text().find("_fileWithPath=?:\\\r\n"), std::string::npos);
   EXPECT_NE(console_.text().find("_fileWithPath=?:\\nothing\\\r\n"), std::string::npos);
   EXPECT_FALSE(exists("?:"));
 }
 
-TEST_F(FolderCreation, AnEmptyPathGivesFalse) {
+TEST_F(FolderCreation, FailsForAnEmptyPath) {
   EXPECT_FALSE(createDirectory(""));
   EXPECT_EQ(trace(),
             "==> Quillmark_logging::createDirectory() _dir=\r\n"
             "<== Quillmark_logging::createDirectory() retValue=false.\r\n");
 }
 
-TEST_F(FolderCreation, AFolderThatCannotBeCreatedGivesFalseWithTheErrorOfTheSystem) {
+TEST_F(FolderCreation, FailsWithTheErrorOfTheSystem) {
   makeFolders(base_.file("closed"));
   testsupport::denyWriting(base_.file("closed"));
   {
@@ -155,7 +155,7 @@ TEST_F(FolderCreation, AFolderThatCannotBeCreatedGivesFalseWithTheErrorOfTheSyst
   EXPECT_TRUE(matchesGolden(trace(), "create_directory_denied.txt"));
 }
 
-TEST_F(FolderCreation, AFolderThatAnotherProcessCreatedMeanwhileCounts) {
+TEST_F(FolderCreation, AcceptsAFolderThatAnotherProcessCreatesMeanwhile) {
   makeFolders(base_.file("a"));
   const FaultPlan notSeen(Call::accessTest, 1, platform::errorPathNotFound, 100);
   EXPECT_TRUE(createDirectory(base_.file("a")));
@@ -164,7 +164,7 @@ TEST_F(FolderCreation, AFolderThatAnotherProcessCreatedMeanwhileCounts) {
             std::string::npos);
 }
 
-TEST_F(FolderCreation, OnlyTheLastStepDecides) {
+TEST_F(FolderCreation, ReturnsTheResultOfTheLastStep) {
   makeFolders(base_.file("a\\b"));
   // The first step of the walk is not found and cannot be created; the others exist.
   const FaultPlan notSeen(Call::accessTest, 1, platform::errorPathNotFound);
@@ -176,7 +176,7 @@ TEST_F(FolderCreation, OnlyTheLastStepDecides) {
             std::string::npos);
 }
 
-TEST_F(FolderCreation, TheNameCheckOfThePathLibraryNeedsNothing) {
+TEST_F(FolderCreation, DoesNothingForTheNameCheckOfThePathLibrary) {
   Quillmark_logging::setBoostFileSystemNameCheck();
   Quillmark_logging::setBoostFileSystemNameCheck();
   EXPECT_EQ(console_.text(), "");

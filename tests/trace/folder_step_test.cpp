@@ -12,7 +12,7 @@ using Quillmark_logging::folderStepResult;
 constexpr bool created = true;
 constexpr bool refused = false;
 
-TEST(FolderStep, IsTrueWhenTheFolderWasCreatedWhateverCameBefore) {
+TEST(FolderStep, SucceedsWhenItCreatesTheFolderWhateverCameBefore) {
   for (const bool before : {false, true}) {
     const testsupport::TracedConsole console;
     EXPECT_TRUE(folderStepResult("C:\\a", created, platform::noError, before));
@@ -20,7 +20,7 @@ TEST(FolderStep, IsTrueWhenTheFolderWasCreatedWhateverCameBefore) {
   }
 }
 
-TEST(FolderStep, IsTrueWhenTheFolderHasAppearedMeanwhile) {
+TEST(FolderStep, SucceedsWhenTheFolderAppearsMeanwhile) {
   const testsupport::TracedConsole console;
   EXPECT_TRUE(folderStepResult("C:\\a", refused, platform::errorAlreadyExists, false));
   EXPECT_EQ(console.text(),
@@ -28,7 +28,7 @@ TEST(FolderStep, IsTrueWhenTheFolderHasAppearedMeanwhile) {
             "exists.\r\n");
 }
 
-TEST(FolderStep, IsFalseWithTheReasonOfTheSystem) {
+TEST(FolderStep, FailsWithTheReasonOfTheSystem) {
   const testsupport::TracedConsole console;
   EXPECT_FALSE(folderStepResult("C:\\a", refused, platform::errorDiskFull, true));
   EXPECT_EQ(console.text(),
@@ -36,7 +36,7 @@ TEST(FolderStep, IsFalseWithTheReasonOfTheSystem) {
             "directory.\r\n");
 }
 
-TEST(FolderStep, LeavesTheResultAsItWasInSilenceWhenTheSystemGivesNoReason) {
+TEST(FolderStep, KeepsTheResultSilentlyWhenTheSystemGivesNoReason) {
   const testsupport::TracedConsole console;
   EXPECT_TRUE(folderStepResult("C:\\a", refused, platform::noError, true));
   EXPECT_FALSE(folderStepResult("C:\\a", refused, platform::noError, false));

@@ -7,7 +7,7 @@ namespace {
 
 using namespace Quillmark_logging;
 
-TEST(Names, OfFilesAndFoldersAreThoseThatAreAgreed) {
+TEST(Names, OfFilesAndFoldersHaveTheAgreedTexts) {
   EXPECT_STREQ(CFG_FILE_NAME, "qmrk_logging_XXX.cfg");
   EXPECT_STREQ(INIT_FILE_NAME, "qmrk_logging_XXX.init");
   EXPECT_STREQ(CA_PLACEHOLDER, "XXX");
@@ -18,14 +18,14 @@ TEST(Names, OfFilesAndFoldersAreThoseThatAreAgreed) {
   EXPECT_STREQ(APPL_SPEC_LOG_FILE_SUFFIX, "_log.txt");
 }
 
-TEST(Names, ThatAreReservedStayForTheApplications) {
+TEST(Names, IncludeThoseReservedForApplications) {
   EXPECT_STREQ(RESERVED_INIT_FILE_NAME, R"(\qmrk.init)");
   EXPECT_STREQ(RESERVED_LOG_FOLDER, R"(\Quillmark\Logging)");
   EXPECT_STREQ(RESERVED_REGISTRY_PATH, R"(Software\Orvane\Fenlow Suite\Quillmark\Logging)");
   EXPECT_STREQ(REG_PATH, "REG_PATH");
 }
 
-TEST(Names, OfKeysAreTheirOwnTexts) {
+TEST(Names, OfKeysEqualTheirTexts) {
   EXPECT_STREQ(CA_NR, "CA_NR");
   EXPECT_STREQ(REDIRECT_CA_NR, "REDIRECT_CA_NR");
   EXPECT_STREQ(COMMON_LOG_FILE_NAME, "COMMON_LOG_FILE_NAME");
@@ -40,7 +40,7 @@ TEST(Names, OfKeysAreTheirOwnTexts) {
   EXPECT_STREQ(SPEC_LOG_ROTATION, "SPEC_LOG_ROTATION");
 }
 
-TEST(Names, OfTheLogManagerAreTheirOwnTexts) {
+TEST(Names, OfTheLogManagerEqualTheirTexts) {
   EXPECT_STREQ(QMRK_APPENDERS, "QMRK_APPENDERS");
   EXPECT_STREQ(QMRK_MODIFIERS, "QMRK_MODIFIERS");
   EXPECT_STREQ(APPENDER_WRITE2FILE_INIT, "APPENDER_WRITE2FILE_INIT");
@@ -49,7 +49,7 @@ TEST(Names, OfTheLogManagerAreTheirOwnTexts) {
   EXPECT_STREQ(QMRK_LOG_EVENT, "QMRK_LOG_EVENT");
 }
 
-TEST(Names, OfDefaultsAreThoseThatAreAgreed) {
+TEST(Names, OfDefaultsHaveTheAgreedTexts) {
   EXPECT_STREQ(GENERIC_CA, "GE");
   EXPECT_STREQ(DEFAULT_CA_NR, "DEFAULT_CA_NR");
   EXPECT_STREQ(DEFAULT_COMMON_LOG_FILE_ROOT, R"(Orvane\Quillmark\Logging)");

@@ -18,7 +18,7 @@ class TraceFlags : public testing::Test {
   }
 };
 
-TEST_F(TraceFlags, EachKeepsItsOwnValue) {
+TEST_F(TraceFlags, KeepTheirValuesApart) {
   setLoadTimeTrace(true);
   EXPECT_TRUE(loadTimeTrace());
   EXPECT_FALSE(freeFunctionTrace());
@@ -30,7 +30,7 @@ TEST_F(TraceFlags, EachKeepsItsOwnValue) {
   EXPECT_TRUE(tsMode());
 }
 
-TEST_F(TraceFlags, IsTraceEnabledFollowsTheLoadTimeValueAndNotTheFreeFunctions) {
+TEST_F(TraceFlags, AnswerIsTraceEnabledByTheLoadTimeValue) {
   setFreeFunctionTrace(true);
   EXPECT_FALSE(isTraceEnabled());
   setFreeFunctionTrace(false);

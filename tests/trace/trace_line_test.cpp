@@ -21,14 +21,14 @@ class TraceLine : public testing::Test {
   ~TraceLine() override { setFreeFunctionTrace(false); }
 };
 
-TEST_F(TraceLine, PrintsNothingWhileTheTraceOfTheFreeFunctionsIsOff) {
+TEST_F(TraceLine, PrintsNothingWhileTheTraceIsOff) {
   const CapturedConsole console;
   setFreeFunctionTrace(false);
   traceLine("==> f() %s\r\n", "x");
   EXPECT_EQ(console.text(), "");
 }
 
-TEST_F(TraceLine, PrintsTheFormattedTextByteForByteWhenTheTraceIsOn) {
+TEST_F(TraceLine, PrintsTheFormattedTextWhileTheTraceIsOn) {
   const CapturedConsole console;
   setFreeFunctionTrace(true);
   traceLine("==> f() _a=%s, _n=%d, \"%%\"\r\n", "x", 5);
@@ -36,7 +36,7 @@ TEST_F(TraceLine, PrintsTheFormattedTextByteForByteWhenTheTraceIsOn) {
   EXPECT_EQ(console.text(), "==> f() _a=x, _n=5, \"%\"\r\nno line end");
 }
 
-TEST_F(TraceLine, WithASwitchOfItsOwnIgnoresTheTraceOfTheFreeFunctions) {
+TEST_F(TraceLine, MayFollowASwitchOfItsOwn) {
   const CapturedConsole console;
   setFreeFunctionTrace(true);
   traceLineIf(false, "%s\r\n", "off");
@@ -45,14 +45,14 @@ TEST_F(TraceLine, WithASwitchOfItsOwnIgnoresTheTraceOfTheFreeFunctions) {
   EXPECT_EQ(console.text(), "on\r\n");
 }
 
-TEST_F(TraceLine, ConsoleLinesArePrintedWithoutASwitch) {
+TEST_F(TraceLine, NeedsNoSwitchAsAConsoleLine) {
   const CapturedConsole console;
   setFreeFunctionTrace(false);
   consoleLine("%d\r\n", 7);
   EXPECT_EQ(console.text(), "7\r\n");
 }
 
-TEST_F(TraceLine, IsOneWriteHoweverLongItIs) {
+TEST_F(TraceLine, TakesOneWriteHoweverLongItIs) {
   const CapturedConsole console;
   const FaultPlan writes(Call::consoleWrite, 0, platform::noError);
   const std::string longText(100000, 'x');
@@ -62,14 +62,14 @@ TEST_F(TraceLine, IsOneWriteHoweverLongItIs) {
   EXPECT_EQ(console.text(), longText + "\r\n");
 }
 
-TEST_F(TraceLine, OfNoTextIsNotWritten) {
+TEST_F(TraceLine, TakesNoWriteWithoutText) {
   const CapturedConsole console;
   const FaultPlan writes(Call::consoleWrite, 0, platform::noError);
   consoleLine("%s", "");
   EXPECT_EQ(writes.calls(), 0);
 }
 
-TEST_F(TraceLine, IsSilentlyLostWhenTheConsoleFails) {
+TEST_F(TraceLine, DisappearsSilentlyWhenTheConsoleFails) {
   const CapturedConsole console;
   const FaultPlan failure(Call::consoleWrite, 1, platform::errorDiskFull);
   consoleLine("lost\r\n");
@@ -77,12 +77,12 @@ TEST_F(TraceLine, IsSilentlyLostWhenTheConsoleFails) {
   EXPECT_EQ(console.text(), "kept\r\n");
 }
 
-TEST(BoolName, IsSpelledInLowerCase) {
+TEST(BoolName, UsesLowerCase) {
   EXPECT_STREQ(boolName(true), "true");
   EXPECT_STREQ(boolName(false), "false");
 }
 
-TEST(ObjectBytes, AreTheFirstBytesOfTheObjectUpToANulAndNeverMore) {
+TEST(ObjectBytes, EndAtANulOrAtTheEndOfTheObject) {
   for (const std::size_t length : {0U, 5U, 15U, 16U, 200U}) {
     const std::string object(length, 'y');
     const std::string bytes = objectBytes(object);

@@ -11,7 +11,7 @@
 namespace {
 
 // A name may stay taken until the last handle of its file is closed, which is the appender's own.
-TEST(DeletedFile, IsMadeAnewThoughTheAppenderHasItOpen) {
+TEST(DeletedFile, ReappearsThoughTheAppenderHasItOpen) {
   if (testsupport::cannotRunUnderWine("a file that was deleted while it is open can still be opened by its name, and "
                                       "nothing tells of the deletion")) {
     return;

@@ -11,7 +11,7 @@ namespace {
 // Both ways of writing the common log, with and without threads of the log manager.
 class Unloading : public ::testing::TestWithParam<const char*> {};
 
-TEST_P(Unloading, AHundredTimesNeverHangsOrCrashesAndDeliversEverything) {
+TEST_P(Unloading, DeliversEverythingAndNeverHangsInAHundredRounds) {
   constexpr int rounds = 100;
   const testsupport::ConfigSandbox sandbox;
   sandbox.writeCfg("GE", std::string("REDIRECT_CA_NR=CA12\n"));
@@ -35,12 +35,12 @@ TEST_P(Unloading, AHundredTimesNeverHangsOrCrashesAndDeliversEverything) {
 
 INSTANTIATE_TEST_SUITE_P(WithThreadSafeAppenders, Unloading, ::testing::Values("TRUE", "FALSE"));
 
-TEST(EndOfProcess, WithAListenerThatNobodyDestroysIsClean) {
+TEST(EndOfProcess, SucceedsWithAnAbandonedListener) {
   const testsupport::ChildResult result = testsupport::runProgram(QMRK_EXIT_WITH_LISTENER, {"abandoned"});
   EXPECT_EQ(result.exitCode, 0) << result.errors;
 }
 
-TEST(EndOfProcess, WithAListenerThatIsDestroyedAtTheEndIsClean) {
+TEST(EndOfProcess, DestroysAStaticListener) {
   const testsupport::ChildResult result = testsupport::runProgram(QMRK_EXIT_WITH_LISTENER, {"static"});
   EXPECT_EQ(result.exitCode, 0) << result.errors;
 }

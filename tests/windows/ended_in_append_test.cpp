@@ -10,7 +10,7 @@
 namespace {
 
 // Only the system knows that the text has reached the file; the thread has not come to note anything.
-TEST(EndedInAppend, ATextThatHasJustReachedTheFileIsNotDeliveredAgain) {
+TEST(EndedInAppend, DoesNotRepeatTextThatHasJustReachedTheFile) {
   const testsupport::TemporaryFolder folder;
   const std::string path = folder.file("ended.log");
   const boost::logging::write_to_file file(path, false);

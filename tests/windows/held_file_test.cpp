@@ -27,7 +27,7 @@ class HeldFile : public ::testing::Test {
   std::string path_ = folder_.file("a_log.txt");
 };
 
-TEST_F(HeldFile, TheErrorOfTheRenameReachesTheCallerAndTheStreamStaysClosed) {
+TEST_F(HeldFile, ReportsTheFailedRenameAndClosesTheStream) {
   rolling_file_appender appender(path_, 4, 2, nullptr, true);
   {
     CompanionProcess holder = hold();
@@ -39,7 +39,7 @@ TEST_F(HeldFile, TheErrorOfTheRenameReachesTheCallerAndTheStreamStaysClosed) {
   EXPECT_FALSE(exists(path_ + ".1"));
 }
 
-TEST_F(HeldFile, RotationGoesOnWhenTheFileIsReleasedInTime) {
+TEST_F(HeldFile, RollsWhenItIsReleasedInTime) {
   rolling_file_appender appender(path_, 8, 2, nullptr, true);
   {
     CompanionProcess holder = hold();
@@ -51,7 +51,7 @@ TEST_F(HeldFile, RotationGoesOnWhenTheFileIsReleasedInTime) {
   EXPECT_EQ(readFile(path_), "");
 }
 
-TEST_F(HeldFile, BehindTheThreadSafeWrapperTheProcessLivesOn) {
+TEST_F(HeldFile, DoesNotEndTheProcessInThreadSafeMode) {
   const rolling_file_appender rolling(path_, 4, 2, nullptr, true);
   const boost::logging::ts_appender appender(rolling, 0);
   CompanionProcess holder = hold();

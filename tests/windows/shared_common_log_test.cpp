@@ -16,7 +16,7 @@ using testsupport::CompanionProcess;
 constexpr int processCount = 4;
 constexpr int lineCount = 5000;
 
-TEST(SharedCommonLog, FourProcessesOfFiveThousandLinesLoseAndTearNone) {
+TEST(SharedCommonLog, KeepsFiveThousandLinesOfEachOfFourProcesses) {
   const testsupport::ConfigSandbox sandbox;
   sandbox.writeCfg("GE", "REDIRECT_CA_NR=CA12\n");
   sandbox.writeCfg("CA12",

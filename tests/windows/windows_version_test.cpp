@@ -11,7 +11,7 @@ using platform::RegistryResult;
 
 constexpr char productOptions[] = R"(SYSTEM\CurrentControlSet\Control\ProductOptions)";
 
-TEST(WindowsVersion, IsTheSameInBothFormsOfTheQuery) {
+TEST(WindowsVersion, AgreesInBothFormsOfTheQuery) {
   platform::VersionBlock basic;
   platform::VersionBlock extended;
   ASSERT_TRUE(platform::queryVersion(platform::VersionQuery::basic, basic));
@@ -27,7 +27,7 @@ TEST(WindowsVersion, IsTheSameInBothFormsOfTheQuery) {
   EXPECT_NE(extended.productType, 0U);
 }
 
-TEST(WindowsVersion, HasItsProductTypeInTheRegistry) {
+TEST(WindowsVersion, FindsItsProductTypeInTheRegistry) {
   std::string text = "former";
   EXPECT_TRUE(platform::registryKeyExists(productOptions));
   EXPECT_FALSE(platform::registryKeyExists(std::string(productOptions) + "Missing"));

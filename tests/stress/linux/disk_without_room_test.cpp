@@ -58,15 +58,11 @@ class DiskWithoutRoom : public stress::Writers {
   }
 };
 
-TEST_F(DiskWithoutRoom, CostsOnlyWhatTheFileItselfReports) { writeThroughADiskWithoutRoom(Way::commonLog); }
+TEST_F(DiskWithoutRoom, CostsOnlyWhatTheFileReports) { writeThroughADiskWithoutRoom(Way::commonLog); }
 
-TEST_F(DiskWithoutRoom, CostsOnlyWhatTheFileItselfReportsInThreadSafeMode) {
-  writeThroughADiskWithoutRoom(Way::threadSafe);
-}
+TEST_F(DiskWithoutRoom, CostsOnlyWhatTheFileReportsInThreadSafeMode) { writeThroughADiskWithoutRoom(Way::threadSafe); }
 
-TEST_F(DiskWithoutRoom, CostsOnlyWhatTheApplicationFileItselfReports) {
-  writeThroughADiskWithoutRoom(Way::applicationFile);
-}
+TEST_F(DiskWithoutRoom, CostsOnlyWhatTheApplicationFileReports) { writeThroughADiskWithoutRoom(Way::applicationFile); }
 
 // The stream of the rolling file stays failed, silently, until the next set-up.
 TEST_F(DiskWithoutRoom, EndsTheRollingFileUntilTheNextSetUp) {

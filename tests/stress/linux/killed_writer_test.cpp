@@ -35,7 +35,7 @@ class KilledWriter : public stress::Writers {
   }
 };
 
-TEST_F(KilledWriter, LosesNoStatementThatHasReturned) {
+TEST_F(KilledWriter, LosesNoReturnedStatement) {
   const int kills = stress::scaled(30);
   Oracle oracle(static_cast<std::uint32_t>(kills) + 1);
   killWriters(Way::commonLog, oracle, 0, kills);
@@ -48,7 +48,7 @@ TEST_F(KilledWriter, LosesNoStatementThatHasReturned) {
   stress::report(kills, " kills: ", tally);
 }
 
-TEST_F(KilledWriter, LosesNoStatementOfItsOwnNorOfSurvivors) {
+TEST_F(KilledWriter, LosesNoStatementOfItsOwnOrOfSurvivors) {
   constexpr std::uint32_t survivorCount = 2;
   const int kills = stress::scaled(30);
   Oracle oracle(static_cast<std::uint32_t>(kills) + survivorCount);
@@ -77,7 +77,7 @@ TEST_F(KilledWriter, LeavesNoMoreThanOneFragmentInThreadSafeMode) {
   stress::report(kills, " kills (what was queued is lost with the process): ", tally);
 }
 
-TEST_F(KilledWriter, LosesNothingOfAFileThatRolls) {
+TEST_F(KilledWriter, LosesNothingOfARollingFile) {
   const int kills = stress::scaled(30);
   Tally sum;
   for (int kill = 0; kill < kills; ++kill) {

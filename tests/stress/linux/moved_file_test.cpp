@@ -83,18 +83,18 @@ std::size_t MovedFile::writersIn(const fs::path& _file) {
   return writers.size();
 }
 
-TEST_F(MovedFile, IsFollowedWhenItIsRenamed) {
+TEST_F(MovedFile, ReappearsWhenRenamed) {
   moveWhileTheyWrite([this](int _move) { fs::rename(log(), former(_move)); });
 }
 
-TEST_F(MovedFile, IsRecreatedWhenItIsRemoved) {
+TEST_F(MovedFile, ReappearsWhenRemoved) {
   moveWhileTheyWrite([this](int _move) {
     fs::create_hard_link(log(), former(_move));
     fs::remove(log());
   });
 }
 
-TEST_F(MovedFile, IsRecreatedWithItsFolder) {
+TEST_F(MovedFile, ReappearsWithItsFolder) {
   moveWhileTheyWrite([this](int _move) {
     const fs::path folder = log().parent_path();
     const fs::path keep = folder.parent_path().string() + "-kept" + std::to_string(_move);
@@ -107,7 +107,7 @@ TEST_F(MovedFile, IsRecreatedWithItsFolder) {
   });
 }
 
-TEST_F(MovedFile, IsContinuedWhenALogRotationHasPutAnotherInItsPlace) {
+TEST_F(MovedFile, GivesWayToAnotherFromALogRotation) {
   moveWhileTheyWrite([this](int _move) {
     fs::create_hard_link(log(), former(_move));
     testsupport::writeFile(log().string() + ".new", "");

@@ -25,7 +25,7 @@ void expectNothingWrong(const Tally& _tally) {
   EXPECT_EQ(_tally.lost + _tally.torn + _tally.duplicated + _tally.glued + _tally.disordered, 0) << _tally;
 }
 
-class ProcessEdges : public stress::Writers {
+class ForkDuringLogging : public stress::Writers {
  protected:
   /// A process whose threads log forks again and again; each child logs, sets up anew, logs and ends.
   void forkWhileThreadsLog(Way _way) const {
@@ -68,14 +68,14 @@ class ProcessEdges : public stress::Writers {
   }
 };
 
-TEST_F(ProcessEdges, AForkUnderLoadLosesNothingInTheCommonLog) { forkWhileThreadsLog(Way::commonLog); }
+TEST_F(ForkDuringLogging, LosesNothingInTheCommonLog) { forkWhileThreadsLog(Way::commonLog); }
 
-TEST_F(ProcessEdges, AForkUnderLoadLosesNothingInTheApplicationFile) { forkWhileThreadsLog(Way::applicationFile); }
+TEST_F(ForkDuringLogging, LosesNothingInTheApplicationFile) { forkWhileThreadsLog(Way::applicationFile); }
 
-TEST_F(ProcessEdges, AForkUnderLoadLosesNothingInThreadSafeMode) { forkWhileThreadsLog(Way::threadSafe); }
+TEST_F(ForkDuringLogging, LosesNothingInThreadSafeMode) { forkWhileThreadsLog(Way::threadSafe); }
 
 // The rolling file belongs to one process: the children leave it alone.
-TEST_F(ProcessEdges, AForkUnderLoadLosesNothingInTheRollingFile) {
+TEST_F(ForkDuringLogging, LosesNothingInTheRollingFile) {
   Oracle oracle(1);
   const int forks = stress::scaled(25);
   stress::expectNormalEnds({start(Way::rollingFile, [&oracle, forks] {
@@ -127,7 +127,7 @@ class ExitFromASecondThread : public stress::Writers {
 
 TEST_F(ExitFromASecondThread, LosesNoStatementInTheCommonLog) { run(Way::commonLog); }
 
-TEST_F(ExitFromASecondThread, LosesNothingOfItsOwnInThreadSafeMode) { run(Way::threadSafe); }
+TEST_F(ExitFromASecondThread, LosesNoStatementInThreadSafeMode) { run(Way::threadSafe); }
 
 TEST_F(ExitFromASecondThread, LosesNoStatementInTheApplicationFile) { run(Way::applicationFile); }
 
@@ -176,11 +176,11 @@ class SignalHandler : public stress::Writers {
   }
 };
 
-TEST_F(SignalHandler, MayLogWhenItInterruptsNoStatement) { run(Way::commonLog); }
+TEST_F(SignalHandler, MayLogOutsideOfStatements) { run(Way::commonLog); }
 
-TEST_F(SignalHandler, MayLogInThreadSafeModeWhenItInterruptsNoStatement) { run(Way::threadSafe); }
+TEST_F(SignalHandler, MayLogOutsideOfStatementsInThreadSafeMode) { run(Way::threadSafe); }
 
-TEST_F(SignalHandler, IsBestReplacedByAThreadThatWaitsForTheSignal) {
+TEST_F(SignalHandler, ShouldRatherBeAThreadThatWaitsForTheSignal) {
   const int signals = stress::scaled(200);
   Oracle oracle(2);
   stress::expectNormalEnds({start(Way::commonLog, [&oracle, signals] {

@@ -7,7 +7,7 @@
 namespace {
 
 // Only here a name may hold a colon.
-TEST(LastStep, IsCreatedAfterAColon) {
+TEST(LastStep, CreatesAFolderAfterAColon) {
   const testsupport::TemporaryFolder folder;
   EXPECT_TRUE(Quillmark_logging::createDirectory(folder.file("x:y")));
   EXPECT_TRUE(testsupport::exists(folder.file("x:y")));
