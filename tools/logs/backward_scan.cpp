@@ -10,6 +10,8 @@ namespace {
 constexpr std::int64_t blockSize = std::int64_t{256} * 1024;
 // Enough of a line for the name of its class and its stamp.
 constexpr std::size_t beginningSize = 1024;
+// In lines.
+constexpr std::uint64_t longestMessage = 1000;
 // Threads and processes do not write in the strict order of their stamps.
 constexpr CivilTime disorder = 10'000;
 
@@ -22,13 +24,13 @@ std::string blockOf(const toolsystem::LogFile& _file, std::int64_t _begin, std::
 }  // namespace
 
 void BackwardScan::onLine(std::string_view _line) {
-  if (query_.asksForAll()) {
-    isDone_ = ++found_ >= wanted_;
-    return;
-  }
   ++continued_;
   const std::optional<LogLine> first = parseLogLine(_line);
-  if (!first) return;
+  if (!first) {
+    // In a log of another form no line is the first one of a message.
+    isDone_ = query_.asksForAll() && found_ + continued_ >= wanted_ && continued_ >= longestMessage;
+    return;
+  }
   if (query_.matches(*first)) found_ += continued_;
   continued_ = 0;
   isDone_ = found_ >= wanted_ || (query_.since && first->time < *query_.since - disorder);

@@ -48,7 +48,8 @@ void addOptions(CLI::App& _program, Options& _options) {
 }
 
 void addCommands(CLI::App& _program, Choice& _choice) {
-  constexpr AddCommand all[] = {addCompletionCommand, addSchemaCommand, addSignalCommand};
+  constexpr AddCommand all[] = {addCompletionCommand, addErrorsCommand, addSchemaCommand, addSignalCommand,
+                                addTailCommand};
   for (const AddCommand add : all)
     add(_program, _choice);
   _program.require_subcommand(1);

@@ -15,7 +15,9 @@ void addCommands(CLI::App& _program, Choice& _choice);
 
 // Each is in the file of its name.
 void addCompletionCommand(CLI::App& _program, Choice& _choice);
+void addErrorsCommand(CLI::App& _program, Choice& _choice);
 void addSchemaCommand(CLI::App& _program, Choice& _choice);
 void addSignalCommand(CLI::App& _program, Choice& _choice);
+void addTailCommand(CLI::App& _program, Choice& _choice);
 
 }  // namespace qmrkctl
