@@ -30,19 +30,17 @@ void default_log_manager::apply(const SetUpCalls& _calls) {
   Sets unused;
   const std::lock_guard<std::mutex> lock(lock_);
   try {
-    for (const SetUpCalls::Call& call : _calls)
-      prepare(_calls, call);
+    _calls.forEach([this](const SetUpCalls::Call& _call) { prepare(_call); });
     for (Log* const log : pending_)
       prepareCallables(*log);
     retired_.makeRoom(pending_.size());
   } catch (...) {
     callableRules_.rollBack();
-    enableRules_.rollBack();
     dropPending();
     throw;
   }
   forgotten = callableRules_.commit();
-  enableRules_.commit();
+  setEnableRules(_calls);
   for (Log* const log : pending_)
     publish(*log);
   dropPending();
@@ -70,20 +68,28 @@ default_log_manager::Size default_log_manager::size() const {
   return {logs_.size(), callableRules_.size() + enableRules_.size(), retired_.size()};
 }
 
-void default_log_manager::prepare(const SetUpCalls& _calls, const SetUpCalls::Call& _call) {
-  const NamePattern pattern = _calls.pattern(_call);
-  if (_call.action == SetUpCalls::Action::enable || _call.action == SetUpCalls::Action::disable) {
+void default_log_manager::prepare(const SetUpCalls::Call& _call) {
+  const NamePattern& pattern = _call.pattern;
+  if (_call.switches()) {
     const bool enabled = _call.action == SetUpCalls::Action::enable;
-    enableRules_.set(pattern, enabled);
+    enableRules_.prepare(pattern);
     logs_.forEachSelected(pattern, [this, enabled](Log& _log) { nextOf(_log).enabled = enabled; });
     return;
   }
   if (_call.action == SetUpCalls::Action::connect) {
-    callableRules_.add(pattern, _call.callable);
+    callableRules_.add(pattern, *_call.callable);
   } else {
-    callableRules_.remove(pattern, _call.kind, _calls.name(_call));
+    callableRules_.remove(pattern, _call.kind(), _call.name);
   }
   logs_.forEachSelected(pattern, [this](Log& _log) { nextOf(_log).replacesCallables = true; });
+}
+
+// The calls are gone through once more, as notes of what they change would take as much memory as they do.
+void default_log_manager::setEnableRules(const SetUpCalls& _calls) noexcept {
+  _calls.forEach([this](const SetUpCalls::Call& _call) {
+    if (_call.switches()) enableRules_.set(_call.pattern, _call.action == SetUpCalls::Action::enable);
+  });
+  enableRules_.forgetOverruled();
 }
 
 void default_log_manager::prepareCallables(Log& _log) {

@@ -57,7 +57,8 @@ class default_log_manager {
  private:
   using Sets = std::vector<std::unique_ptr<const detail::CallableSet>>;
 
-  void prepare(const detail::SetUpCalls& _calls, const detail::SetUpCalls::Call& _call);
+  void prepare(const detail::SetUpCalls::Call& _call);
+  void setEnableRules(const detail::SetUpCalls& _calls) noexcept;
   void prepareCallables(detail::Log& _log);
   detail::Log::Next& nextOf(detail::Log& _log);
   void publish(detail::Log& _log) noexcept;

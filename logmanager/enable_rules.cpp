@@ -5,54 +5,53 @@
 
 namespace boost::logging::detail {
 
-void EnableRules::set(const NamePattern& _pattern, bool _enabled) { noted_.push_back(Noted{&at(_pattern), _enabled}); }
-
-void EnableRules::commit() noexcept {
-  for (const Noted& noted : noted_) {
-    if (noted.rule == &forAll_) usualCalls_ = sequence_ - forAll_.sequence;
-    *noted.rule = Rule{++sequence_, noted.enabled};
+void EnableRules::prepare(const NamePattern& _pattern) {
+  if (_pattern.selectsAll()) return;
+  if (!_pattern.isPlain()) {
+    wild_.at(_pattern.text());
+    return;
   }
-  noted_.clear();
-  forgetOverruled();
+  plain_.enter(_pattern);
+  longestPlain_ = std::max(longestPlain_, _pattern.text().size());
 }
 
-EnableRules::Rule& EnableRules::at(const NamePattern& _pattern) {
-  if (_pattern.selectsAll()) return forAll_;
-  if (!_pattern.isPlain()) return wild_.at(_pattern.text());
-  const auto place = plain_.find(_pattern);
-  if (place != plain_.end()) return place->second;
-  longestPlain_ = std::max(longestPlain_, _pattern.text().size());
-  return plain_[std::string(_pattern.text())];
+void EnableRules::set(const NamePattern& _pattern, bool _enabled) noexcept {
+  const Call call = 2 * ++calls_ + (_enabled ? 1 : 0);
+  if (_pattern.selectsAll()) {
+    usualCalls_ = calls_ - forAll_ / 2 - 1;
+    forAll_ = call;
+  } else if (_pattern.isPlain()) {
+    plain_.set(_pattern, call);
+  } else {
+    *wild_.find(_pattern.text()) = call;
+  }
 }
 
 // A call for all logs overrules what came before. The same patterns usually follow it again, so their rules keep their
 // places unless most of them turn out to be no longer called.
 void EnableRules::forgetOverruled() noexcept {
   constexpr std::uint64_t staleRuleSlack = 64;
-  const std::uint64_t calls = sequence_ - forAll_.sequence;
+  const std::uint64_t calls = calls_ - forAll_ / 2;
   if (size() <= 2 * std::max(calls, usualCalls_) + staleRuleSlack) return;
-  const auto isOverruled = [this](const Rule& _rule) { return _rule.sequence < forAll_.sequence; };
-  std::erase_if(plain_, [&isOverruled](const auto& _entry) { return isOverruled(_entry.second); });
-  wild_.eraseIf(isOverruled);
+  plain_.eraseBelow(forAll_);
+  wild_.eraseIf([this](Call _call) { return _call < forAll_; });
 }
 
 bool EnableRules::isEnabled(std::string_view _name) {
-  Rule latest = forAll_;
-  const auto consider = [&latest](const Rule& _rule) {
-    if (_rule.sequence > latest.sequence) latest = _rule;
-    return false;
-  };
-  const auto considerPlain = [this, &consider](std::string_view _text) {
-    const auto place = plain_.find(_text);
-    if (place != plain_.end()) consider(place->second);
+  Call latest = forAll_;
+  const auto considerPlain = [this, &latest](std::string_view _text) {
+    latest = std::max(latest, plain_.find(_text));
   };
   considerPlain(_name);
   for (std::size_t dot = _name.find('.', 1); dot <= longestPlain_ && dot != std::string_view::npos;
        dot = _name.find('.', dot + 1)) {
     considerPlain(_name.substr(0, dot));
   }
-  wild_.anyMatching(_name, consider);
-  return latest.enabled;
+  wild_.anyMatching(_name, [&latest](Call _call) {
+    latest = std::max(latest, _call);
+    return false;
+  });
+  return latest % 2 == 1;
 }
 
 }  // namespace boost::logging::detail

@@ -3,12 +3,10 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <string>
 #include <string_view>
-#include <unordered_map>
-#include <vector>
 
 #include "logmanager/names/glob_index.h"
+#include "logmanager/names/name_numbers.h"
 #include "logmanager/names/name_pattern.h"
 
 namespace boost::logging::detail {
@@ -17,11 +15,14 @@ namespace boost::logging::detail {
 /// most one rule per pattern. Not synchronised.
 class EnableRules {
  public:
-  /// Notes a call, which counts from the next commit on. May throw std::bad_alloc; a call of rollBack is due then.
-  void set(const NamePattern& _pattern, bool _enabled);
+  /// Makes room for the calls of a pattern, which changes nothing yet. May throw std::bad_alloc.
+  void prepare(const NamePattern& _pattern);
 
-  void commit() noexcept;
-  void rollBack() noexcept { noted_.clear(); }
+  /// Carries out a call for a pattern that was prepared.
+  void set(const NamePattern& _pattern, bool _enabled) noexcept;
+
+  /// Forgets rules that count no more, now and then. Due after calls.
+  void forgetOverruled() noexcept;
 
   /// On when no rule selects the name.
   bool isEnabled(std::string_view _name);
@@ -30,26 +31,17 @@ class EnableRules {
   std::size_t size() const { return plain_.size() + wild_.size(); }
 
  private:
-  /// The latest call for a pattern; one without a call decides nothing.
-  struct Rule {
-    std::uint64_t sequence = 0;
-    bool enabled = true;
-  };
-  struct Noted {
-    Rule* rule;
-    bool enabled;
-  };
+  /// The number of a call times two, plus one when it switches on: a later call is greater. 0: no call.
+  using Call = std::uint64_t;
 
-  Rule& at(const NamePattern& _pattern);
-  void forgetOverruled() noexcept;
+  // The latest call for each pattern.
+  NameNumbers plain_;
+  GlobIndex<Call> wild_;
+  Call forAll_ = 1;
 
-  std::unordered_map<std::string, Rule, NameHash, NameEqual> plain_;
   /// No plain pattern is longer, so no longer part of a name has to be looked up.
   std::size_t longestPlain_ = 0;
-  GlobIndex<Rule> wild_;
-  Rule forAll_;
-  std::vector<Noted> noted_;
-  std::uint64_t sequence_ = 0;
+  std::uint64_t calls_ = 0;
   /// How many calls came between the latest two calls for all logs.
   std::uint64_t usualCalls_ = 0;
 };

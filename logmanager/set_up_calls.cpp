@@ -2,9 +2,11 @@
 #include "logmanager/set_up_calls.h"
 
 #include <algorithm>
+#include <string>
 #include <utility>
 
 #include "logmanager/default_log_manager.h"
+#include "logmanager/names/short_number.h"
 
 namespace boost::logging {
 namespace detail {
@@ -16,28 +18,81 @@ NotedCalls*& latestNoted() {
   return noted;
 }
 
-}  // namespace
+constexpr std::size_t actionCount = 5;
+
+bool hasName(SetUpCalls::Action _action) {
+  return _action == SetUpCalls::Action::disconnectAppender || _action == SetUpCalls::Action::disconnectModifier;
+}
 
 // A run of "*" means no more than one, so that patterns which select the same are the same.
-void SetUpCalls::note(Action _action, std::string_view _logs, CallableKind _kind, const SharedCallable& _callable,
-                      std::string_view _name) {
-  const std::size_t begin = texts_.size();
-  texts_ += _logs;
-  if (_logs.find("**") != std::string_view::npos) {
-    const auto areStars = [](char _left, char _right) { return _left == '*' && _right == '*'; };
-    texts_.erase(std::unique(texts_.begin() + static_cast<std::ptrdiff_t>(begin), texts_.end(), areStars),
-                 texts_.end());
+std::string withoutRunsOfStars(std::string_view _pattern) {
+  std::string result(_pattern);
+  const auto areStars = [](char _left, char _right) { return _left == '*' && _right == '*'; };
+  result.erase(std::unique(result.begin(), result.end(), areStars), result.end());
+  return result;
+}
+
+}  // namespace
+
+void SetUpCalls::connect(std::string_view _logs, const SharedCallable& _callable) {
+  callables_.push_back(_callable);
+  try {
+    note(Action::connect, _logs, {});
+  } catch (...) {
+    callables_.pop_back();
+    throw;
   }
-  const std::size_t patternSize = texts_.size() - begin;
-  texts_ += _name;
-  calls_.push_back(Call{_action, _kind, _callable, begin, patternSize, _name.size()});
+}
+
+void SetUpCalls::disconnect(std::string_view _logs, CallableKind _kind, std::string_view _name) {
+  note(_kind == CallableKind::modifier ? Action::disconnectModifier : Action::disconnectAppender, _logs, _name);
+}
+
+void SetUpCalls::note(Action _action, std::string_view _logs, std::string_view _name) {
+  if (_logs.find("**") != std::string_view::npos) {
+    note(_action, withoutRunsOfStars(_logs), _name);
+    return;
+  }
+  const std::size_t head = _logs.size() * actionCount + static_cast<std::size_t>(_action);
+  const std::size_t nameSize = hasName(_action) ? shortNumberSize(_name.size()) + _name.size() : 0;
+  char* to = records_.at(records_.add(shortNumberSize(head) + _logs.size() + nameSize));
+  to = writeShortNumber(to, head);
+  to += _logs.copy(to, _logs.size());
+  if (hasName(_action)) _name.copy(writeShortNumber(to, _name.size()), _name.size());
+  ++size_;
+}
+
+SetUpCalls::Call SetUpCalls::read(const char*& _record) {
+  const auto readText = [&_record](std::size_t _size) {
+    const std::string_view text(_record, _size);
+    _record += _size;
+    return text;
+  };
+  const std::size_t head = readShortNumber(_record);
+  const auto action = static_cast<Action>(head % actionCount);
+  const NamePattern pattern(readText(head / actionCount));
+  const std::string_view name = hasName(action) ? readText(readShortNumber(_record)) : std::string_view();
+  return {action, pattern, name};
 }
 
 void SetUpCalls::shrink(std::size_t _size) noexcept {
-  while (calls_.size() > _size) {
-    const SharedCallable callable = std::move(calls_.back().callable);
-    texts_.resize(calls_.back().begin);
-    calls_.pop_back();
+  while (size_ > _size) {
+    std::size_t count = 0;
+    std::size_t keptCallables = 0;
+    RecordBlocks::Place firstForgotten = 0;
+    records_.forEach([&](RecordBlocks::Place _place, const char* _record) {
+      const char* const begin = _record;
+      const bool connects = read(_record).action == Action::connect;
+      if (count == _size) firstForgotten = _place;
+      if (count++ < _size && connects) ++keptCallables;
+      return static_cast<std::size_t>(_record - begin);
+    });
+    records_.cut(firstForgotten);
+    size_ = _size;
+    while (callables_.size() > keptCallables) {
+      const SharedCallable callable = std::move(callables_.back());
+      callables_.pop_back();
+    }
   }
 }
 

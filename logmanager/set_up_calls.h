@@ -2,64 +2,72 @@
 #pragma once
 
 #include <cstddef>
-#include <string>
 #include <string_view>
 #include <vector>
 
 #include "boost/logging/logging.hpp"
 #include "logmanager/callable.h"
 #include "logmanager/names/name_pattern.h"
+#include "logmanager/names/record_blocks.h"
 
 namespace boost::logging::detail {
 
-/// Set-up calls with copies of their arguments, to be carried out later, in order. Their texts stand one after the
-/// other, as a list of classes can have thousands of calls. Not synchronised.
+/// Set-up calls with copies of their arguments, to be carried out later, in order. A list of classes can have a million
+/// calls, so each takes little more memory than its texts. Not synchronised.
 class SetUpCalls {
  public:
-  enum class Action { connect, disconnect, enable, disable };
+  enum class Action : unsigned char { connect, disconnectAppender, disconnectModifier, enable, disable };
 
+  /// A call as it is read; its texts are views.
   struct Call {
     Action action;
-    CallableKind kind;
-    /// For connect.
-    SharedCallable callable;
-    std::size_t begin;
-    std::size_t patternSize;
-    std::size_t nameSize;
+    NamePattern pattern;
+    /// Of the callables that are disconnected.
+    std::string_view name;
+    /// What is connected, else null.
+    const SharedCallable* callable = nullptr;
+
+    bool switches() const { return action == Action::enable || action == Action::disable; }
+    /// Of the callables that are disconnected.
+    CallableKind kind() const {
+      return action == Action::disconnectModifier ? CallableKind::modifier : CallableKind::appender;
+    }
   };
 
-  void connect(std::string_view _logs, const SharedCallable& _callable) {
-    note(Action::connect, _logs, _callable->kind, _callable, {});
-  }
-  void disconnect(std::string_view _logs, CallableKind _kind, std::string_view _name) {
-    note(Action::disconnect, _logs, _kind, nullptr, _name);
-  }
-  void enable(std::string_view _logs, bool _enabled) {
-    note(_enabled ? Action::enable : Action::disable, _logs, CallableKind::appender, nullptr, {});
+  void connect(std::string_view _logs, const SharedCallable& _callable);
+  void disconnect(std::string_view _logs, CallableKind _kind, std::string_view _name);
+  void enable(std::string_view _logs, bool _enabled) { note(_enabled ? Action::enable : Action::disable, _logs, {}); }
+
+  /// Calls _visit(const Call&) for each call.
+  template <typename Visit>
+  void forEach(Visit _visit) const {
+    const SharedCallable* nextCallable = callables_.data();
+    records_.forEach([&](RecordBlocks::Place, const char* _record) {
+      const char* const begin = _record;
+      Call call = read(_record);
+      if (call.action == Action::connect) call.callable = nextCallable++;
+      _visit(call);
+      return static_cast<std::size_t>(_record - begin);
+    });
   }
 
-  auto begin() const { return calls_.begin(); }
-  auto end() const { return calls_.end(); }
-  std::size_t size() const { return calls_.size(); }
-  bool isEmpty() const { return calls_.empty(); }
-
-  NamePattern pattern(const Call& _call) const { return NamePattern(text(_call.begin, _call.patternSize)); }
-
-  /// Of the callables that a disconnect call disconnects.
-  std::string_view name(const Call& _call) const { return text(_call.begin + _call.patternSize, _call.nameSize); }
+  std::size_t size() const { return size_; }
+  bool isEmpty() const { return size_ == 0; }
 
   /// Forgets all but the first calls. Their callables may have destructors that add calls, which are forgotten as well.
   void shrink(std::size_t _size) noexcept;
 
  private:
-  void note(Action _action, std::string_view _logs, CallableKind _kind, const SharedCallable& _callable,
-            std::string_view _name);
-  std::string_view text(std::size_t _begin, std::size_t _size) const {
-    return std::string_view(texts_).substr(_begin, _size);
-  }
+  void note(Action _action, std::string_view _logs, std::string_view _name);
 
-  std::vector<Call> calls_;
-  std::string texts_;
+  /// Reads a record, but for its callable, and moves the place behind it.
+  static Call read(const char*& _record);
+
+  /// Of each call: its action and the size of its pattern, the pattern, the size of the name, the name.
+  RecordBlocks records_;
+  /// Of the calls that connect, in their order.
+  std::vector<SharedCallable> callables_;
+  std::size_t size_ = 0;
 };
 
 /// What a thread has noted since it began its outermost set_up_change of a manager.

@@ -74,6 +74,8 @@ bool updateLogLevels(const std::string& _ca) {
     traceLine("--- Quillmark_logging::updateLogLevels() enabledLogClasses=\"%s\"\r\n", enabledLogClasses.c_str());
     disableLogs("*");
     enableClasses(enabledLogClasses);
+    // The calls are noted. A long list does not have to lie in memory besides them.
+    std::string().swap(enabledLogClasses);
   }
   change.apply();
   traceLine("<== Quillmark_logging::updateLogLevels()\r\n");

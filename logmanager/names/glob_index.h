@@ -25,6 +25,16 @@ class GlobIndex {
     return place->second;
   }
 
+  /// Null when the glob has no value. Takes no memory.
+  Value* find(std::string_view _glob) noexcept {
+    const auto endings = byBeginning_.find(globBeginning(_glob));
+    if (endings == byBeginning_.end()) return nullptr;
+    const auto bucket = endings->second.find(globEnding(_glob));
+    if (bucket == endings->second.end()) return nullptr;
+    const auto place = bucket->second.find(_glob);
+    return place == bucket->second.end() ? nullptr : &place->second;
+  }
+
   void erase(std::string_view _glob) noexcept {
     const auto endings = byBeginning_.find(globBeginning(_glob));
     if (endings == byBeginning_.end()) return;
