@@ -33,6 +33,7 @@ enum class Call {
   openEvent,
   openEventFile,   ///< Linux: between the folder and the file in it
   awaitEventGate,  ///< Linux: before each pause for a process that blocks the event; cannot fail
+  awaitLease,      ///< Linux: before each pause for a process that has a lease on a file; cannot fail
   waitEvent,       ///< waitTimeout and waitAbandoned, too, which are then what the wait returns
   setEvent,
   resetEvent,

@@ -6,8 +6,14 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
+#include <cstdint>
+#include <thread>
 
+#include "platform/fault.h"
+#include "platform/linux/deadline.h"
 #include "platform/linux/file_descriptor.h"
+#include "platform/linux/link_target.h"
 #include "platform/native_path.h"
 
 namespace platform {
@@ -15,20 +21,8 @@ namespace {
 
 constexpr mode_t configurationMode = 0644;
 constexpr mode_t logMode = 0640;
-constexpr mode_t writableByOthers = S_IWGRP | S_IWOTH;
-
-// A link, unlike a file, leads others wherever its maker wants: to files of the user that the maker may not write.
-bool mayHoldLinks(const std::string& _nativeFolder) {
-  struct stat status {};
-  if (::stat(_nativeFolder.c_str(), &status) != 0) return false;
-  return (status.st_uid == ::geteuid() || status.st_uid == 0) && (status.st_mode & writableByOthers) == 0;
-}
-
-std::string folderOf(const std::string& _nativePath) {
-  const std::size_t nameBegin = _nativePath.find_last_of('/');
-  if (nameBegin == std::string::npos) return ".";
-  return nameBegin == 0 ? "/" : _nativePath.substr(0, nameBegin);
-}
+constexpr std::uint32_t longestLeaseWait = 100;
+constexpr std::chrono::milliseconds betweenTries{1};
 
 int openUninterrupted(const std::string& _nativePath, int _flags, mode_t _mode) {
   int file = -1;
@@ -38,12 +32,26 @@ int openUninterrupted(const std::string& _nativePath, int _flags, mode_t _mode) 
   return file;
 }
 
+// Another process can have a lease on the file, as file servers conventionally do. The first try makes the system ask
+// for it back.
+int openDespiteLease(const std::string& _nativePath, int _flags, mode_t _mode) {
+  int file = openUninterrupted(_nativePath, _flags, _mode);
+  if (file != -1 || errno != EWOULDBLOCK) return file;
+  const Deadline deadline(longestLeaseWait);
+  while (file == -1 && errno == EWOULDBLOCK && !deadline.hasPassed()) {
+    static_cast<void>(injectedFault(Call::awaitLease));
+    std::this_thread::sleep_for(betweenTries);
+    file = openUninterrupted(_nativePath, _flags, _mode);
+  }
+  return file;
+}
+
+// A link, unlike a file, leads others wherever its maker wants: to files of the user that the maker may not write.
 int openLog(const std::string& _nativePath, int _flags) {
-  const int file = openUninterrupted(_nativePath, _flags | O_NOFOLLOW, logMode);
+  const int file = openDespiteLease(_nativePath, _flags | O_NOFOLLOW, logMode);
   if (file != -1 || errno != ELOOP) return file;
-  if (mayHoldLinks(folderOf(_nativePath))) return openUninterrupted(_nativePath, _flags, logMode);
-  errno = EACCES;
-  return -1;
+  const std::string target = targetOfTrustedLink(_nativePath);
+  return target.empty() ? -1 : openDespiteLease(target, _flags | O_NOFOLLOW, logMode);
 }
 
 bool isRegular(int _file) {
@@ -67,8 +75,7 @@ int aboveStandardStreams(int _file) {
 int openFile(const std::string& _path, int _flags, FileRole _role) {
   const std::string path = nativePath(_path);
   const int flags = _flags | O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
-  FileDescriptor file(_role == FileRole::log ? openLog(path, flags)
-                                             : openUninterrupted(path, flags, configurationMode));
+  FileDescriptor file(_role == FileRole::log ? openLog(path, flags) : openDespiteLease(path, flags, configurationMode));
   if (!file.isOpen() || !isRegular(file.get())) return -1;
   return aboveStandardStreams(file.release());
 }

@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <filesystem>
 
 #include "platform/platform.h"
@@ -83,6 +84,22 @@ class LinkedLog : public ::testing::Test {
 
   void setMode(mode_t _mode) const { EXPECT_EQ(::chmod(platform::nativePath(inner_).c_str(), _mode), 0); }
 
+  void addLink(const std::string& _name, const std::string& _target) const {
+    std::filesystem::create_symlink(_target, platform::nativePath(folder_.file(_name)));
+  }
+
+  void replaceLink(const std::string& _target) const {
+    std::filesystem::remove(platform::nativePath(link_));
+    addLink("inner/log", _target);
+  }
+
+  void closeOuterFolder() const { ASSERT_EQ(::chmod(platform::nativePath(folder_.path()).c_str(), 0755), 0); }
+
+  void makeOpenFolder() const {
+    testsupport::makeFolders(folder_.file("open"));
+    ASSERT_EQ(::chmod(platform::nativePath(folder_.file("open")).c_str(), 01777), 0);
+  }
+
   // Whether all the ways of writing a log or a record follow the link, or none does.
   void expectFollowed(bool _isFollowed) const {
     ErrorCode error = platform::noError;
@@ -122,6 +139,54 @@ TEST_F(LinkedLog, OpensInAFolderOfRootForAnotherUser) {
   ASSERT_EQ(::seteuid(stranger), 0);
   expectFollowed(true);
   ASSERT_EQ(::seteuid(0), 0);
+}
+
+TEST_F(LinkedLog, IsFollowedThroughLinksInFoldersThatOnlyTheUserMayWrite) {
+  closeOuterFolder();
+  replaceLink("../second");
+  addLink("second", "inner/third");
+  addLink("inner/third", "../inner/./fourth/target");
+  addLink("inner/fourth", platform::nativePath(folder_.path()) + "//");
+  expectFollowed(true);
+}
+
+TEST_F(LinkedLog, IsNotFollowedToALinkInAFolderThatEverybodyMayWrite) {
+  closeOuterFolder();
+  replaceLink("../open/second");
+  makeOpenFolder();
+  addLink("open/second", platform::nativePath(target_));
+  expectFollowed(false);
+}
+
+TEST_F(LinkedLog, IsNotFollowedThroughAFolderThatIsALinkWhereEverybodyMayWrite) {
+  closeOuterFolder();
+  replaceLink("../open/second/target");
+  makeOpenFolder();
+  addLink("open/second", platform::nativePath(folder_.path()));
+  expectFollowed(false);
+}
+
+TEST_F(LinkedLog, MayLeadToAFileInAFolderThatEverybodyMayWrite) {
+  makeOpenFolder();
+  replaceLink("../open/log");
+  EXPECT_TRUE(TextWriter(link_, TextWriter::Mode::append).isOpen());
+  EXPECT_TRUE(testsupport::exists(folder_.file("open\\log")));
+}
+
+TEST_F(LinkedLog, IsAFailureToOpenWhenItLeadsInACircle) {
+  closeOuterFolder();
+  replaceLink("../second");
+  addLink("second", "inner/log");
+  ErrorCode error = platform::noError;
+  EXPECT_EQ(AppendFile::open(link_, false, error), nullptr);
+  EXPECT_EQ(error, static_cast<ErrorCode>(ELOOP));
+  EXPECT_FALSE(TextWriter(link_, TextWriter::Mode::append).isOpen());
+}
+
+TEST_F(LinkedLog, IsAFailureToOpenWhenItLeadsThroughAMissingFolder) {
+  replaceLink("../missing/target");
+  EXPECT_FALSE(TextWriter(link_, TextWriter::Mode::append).isOpen());
+  EXPECT_FALSE(testsupport::exists(folder_.file("missing")));
 }
 
 TEST_F(LinkedLog, OpensAnywhereAsAConfiguration) {
