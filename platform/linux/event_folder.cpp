@@ -28,6 +28,14 @@ bool isTrustedFolder(int _folder) {
   return false;
 }
 
+// Opens a folder for its owner whose creator has not come to do so yet, or was killed before.
+bool isMadeAccessible(const std::string& _path) {
+  struct stat status {};
+  if (::lstat(_path.c_str(), &status) != 0 || !S_ISDIR(status.st_mode) || status.st_uid != ::geteuid()) return false;
+  const mode_t mode = status.st_mode & permissionBits;
+  return mode != ownerOnly && (mode & ~ownerOnly) == 0 && ::chmod(_path.c_str(), ownerOnly) == 0;
+}
+
 FileDescriptor openFolder(const std::string& _path) {
   FileDescriptor folder(aboveStandardStreams(::open(_path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC)));
   // A link, or something else than a folder, is not to be trusted either.
@@ -42,11 +50,14 @@ std::string eventFolderPath() { return "/dev/shm/qmrk-" + std::to_string(::geteu
 FileDescriptor openEventFolder(bool _create) {
   const std::string path = eventFolderPath();
   FileDescriptor folder = openFolder(path);
-  // Whoever else makes the folder at this moment may not have set its mode yet; the umask would have to be odd for that
-  // to matter.
   if (!folder.isOpen() && errno == ENOENT && _create && makeFolder(path)) folder = openFolder(path);
-  if (folder.isOpen() && !isTrustedFolder(folder.get())) folder.reset();
-  return folder;
+  if (folder.isOpen() && isTrustedFolder(folder.get())) return folder;
+  if (errno != EACCES) return FileDescriptor();
+  // Root can open a folder whatever its mode.
+  if (isMadeAccessible(path)) folder = openFolder(path);
+  if (folder.isOpen() && isTrustedFolder(folder.get())) return folder;
+  errno = EACCES;
+  return FileDescriptor();
 }
 
 }  // namespace platform

@@ -98,6 +98,20 @@ TEST_F(EventFolder, OpensAnEventWhoseCreatorHasYetToSetItsMode) {
   expectUsable();
 }
 
+TEST_F(EventFolder, IsOpenedWhenItsCreatorHasNotComeToSetItsMode) {
+  makeFolder();
+  for (const mode_t mode : {0000, 0500}) {
+    ASSERT_EQ(::chmod(folder().c_str(), mode), 0);
+    expectUsable();
+    EXPECT_EQ(modeOf(folder()), 0700U);
+  }
+  const testsupport::AsUnprivilegedUser user;
+  makeFolder();
+  ASSERT_EQ(::chmod(folder().c_str(), 0), 0);
+  expectUsable();
+  EXPECT_EQ(modeOf(folder()), 0700U);
+}
+
 TEST_F(EventFolder, FollowsNoPlantedLink) {
   const testsupport::TemporaryFolder elsewhere;
   ASSERT_EQ(::chmod(elsewhere.path().c_str(), 0700), 0);
