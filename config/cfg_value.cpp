@@ -84,13 +84,11 @@ bool CfgDataManager::findTraced(std::string& _text, const std::string& _key, std
 bool CfgDataManager::getCfgValue(const std::string& _cfgFile, const std::string& _key, std::string& _value) {
   traceLineIf(tracing(), "==> CfgDataManager::getCfgValue() _cfgFile=\"%s\", _key=\"%s\"\r\n", _cfgFile.c_str(),
               _key.c_str());
-  platform::TextReader file(_cfgFile);
-  if (!file.isOpen()) {
+  std::string text;
+  if (!platform::TextReader(_cfgFile).readAll(text)) {
     traceLineIf(tracing(), "<!= CfgDataManager::getCfgValue() ERROR: Failed to open file \"%s\"\r\n", _cfgFile.c_str());
     return false;
   }
-  std::string text;
-  file.readAll(text);
   if (!(tracing() ? findTraced(text, _key, _value) : findValue(text, _key, _value))) {
     traceLineIf(tracing(), "<!= CfgDataManager::getCfgValue() _key=\"%s\"was NOT found.\r\n", _key.c_str());
     return false;

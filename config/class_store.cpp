@@ -28,7 +28,14 @@ bool CfgDataManager::getEnabledLogClasses(const std::string& _ca, std::string& _
     writeErrorRecord(_ca, "The file " + path + " doesn't have READ permission.", "");
     return false;
   }
-  file.readAll(_logClasses);
+  const std::size_t sizeBefore = _logClasses.size();
+  if (!file.readAll(_logClasses)) {
+    _logClasses.resize(sizeBefore);
+    writeErrorRecord(_ca, "Failed to open file " + path, "");
+    traceLineIf(tracing(), "<!= CfgDataManager::getEnabledLogClasses() ERROR: Failed to open file %s\r\n",
+                path.c_str());
+    return false;
+  }
   if (_logClasses.empty()) {
     traceLineIf(tracing(), "<== CfgDataManager::getEnabledLogClasses() Logging is disabled.\r\n");
   } else {

@@ -25,8 +25,9 @@ class TextReader {
   bool isOpen() const;
 
   /// Appends everything up to the end of the file to the text; each CR LF arrives as a single LF on both platforms.
-  /// A read error ends the text there. Takes no more memory than the text.
-  /// @return false when the file is not open or a read failed.
+  /// Takes no more memory than the text.
+  /// @return false when the file is not open, a read failed or the file has become too large; a part of the text may
+  ///   have been appended then.
   bool readAll(std::string& _text);
 
  private:

@@ -63,6 +63,8 @@ bool TextReader::readAll(std::string& _text) {
     _text.resize(end + largestRead);
     got = ::read(file_, &_text[end], largestRead);
     if (got > 0) end += static_cast<std::size_t>(got);
+    // It may have grown since it was opened.
+    if (end - begin > static_cast<std::size_t>(largestTextFile)) break;
   } while (got > 0 || (got == -1 && errno == EINTR));
   _text.resize(end);
   dropCarriageReturns(_text, begin);

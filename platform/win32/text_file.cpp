@@ -29,11 +29,15 @@ bool TextReader::isOpen() const { return file_ != -1; }
 bool TextReader::readAll(std::string& _text) {
   if (!isOpen()) return false;
   std::array<char, 16384> buffer;
+  std::int64_t size = 0;
   int got = -1;
   do {
     if (injectedFault(Call::read) != noError) return false;
     got = ::_read(file_, buffer.data(), static_cast<unsigned int>(buffer.size()));
     if (got > 0) _text.append(buffer.data(), static_cast<std::size_t>(got));
+    // It may have grown since it was opened.
+    size += got;
+    if (size > largestTextFile) return false;
   } while (got > 0);
   return got == 0;
 }

@@ -53,6 +53,18 @@ TEST_F(CfgValue, LosesAComment) {
 
 TEST_F(CfgValue, ComesOutEmptyWhenItConsistsOfBlanks) { EXPECT_EQ(valueIn("KEY=   \n", "KEY"), ""); }
 
+TEST_F(CfgValue, IsNotTakenFromAFileThatCannotBeReadToItsEnd) {
+  sandbox_.writeCfg("CA12", "KEY=first\n" + std::string(200'000, '\n') + "KEY=last\n");
+  const testsupport::FaultPlan failure(platform::Call::read, 2, platform::errorAccessDenied);
+  std::string value = "untouched";
+  const TracedConsole console;
+  EXPECT_FALSE(CfgDataManager::getInstance(true)->getCfgValue(sandbox_.cfgPath("CA12"), "KEY", value));
+  EXPECT_EQ(value, "untouched");
+  EXPECT_NE(console.text().find("<!= CfgDataManager::getCfgValue() ERROR: Failed to open file \"" +
+                                sandbox_.cfgPath("CA12") + "\"\r\n"),
+            std::string::npos);
+}
+
 TEST_F(CfgValue, ComesFromTheLastOfRepeatedKeys) { EXPECT_EQ(valueIn("KEY=1\nKEY=2\n", "KEY"), "2"); }
 
 TEST_F(CfgValue, SwallowsTheNextLineWhenItIsEmpty) {

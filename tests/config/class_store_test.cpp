@@ -114,6 +114,20 @@ TEST_F(ClassStore, RecordsAFileThatIsTooLarge) {
   EXPECT_EQ(recordsIn(infoFile()), Records{"Failed to open file " + sandbox_.initPath("CA12") + " [CA12] "});
 }
 
+TEST_F(ClassStore, RecordsAFileThatCannotBeReadToItsEnd) {
+  makeFolders(sandbox_.logFolder());
+  sandbox_.writeInit("CA12", "A;" + std::string(200'000, 'b'));
+  const FaultPlan failure(Call::read, 2, platform::errorAccessDenied);
+  classes_ = "untouched";
+  const TracedConsole console;
+  EXPECT_FALSE(CfgDataManager::getInstance(true)->getEnabledLogClasses("CA12", classes_));
+  EXPECT_EQ(classes_, "untouched");
+  EXPECT_NE(console.text().find("<!= CfgDataManager::getEnabledLogClasses() ERROR: Failed to open file " +
+                                sandbox_.initPath("CA12") + "\r\n"),
+            std::string::npos);
+  EXPECT_EQ(recordsIn(infoFile()), Records{"Failed to open file " + sandbox_.initPath("CA12") + " [CA12] "});
+}
+
 TEST_F(ClassStore, RecordsAnUnreadableFile) {
   makeInfoFileForEveryone();
   sandbox_.writeInit("CA12", "A;");

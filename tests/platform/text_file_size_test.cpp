@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/text_file.h"
+#include "tests/support/fault_plan.h"
 #include "tests/support/system_path.h"
 #include "tests/support/temporary_folder.h"
 
@@ -26,6 +27,19 @@ TEST(TextFileSize, DecidesWhetherAFileIsRead) {
   EXPECT_FALSE(TextReader(path).isOpen());
   EXPECT_TRUE(platform::isTooLargeToRead(path));
   EXPECT_FALSE(platform::isTooLargeToRead(folder.file("missing")));
+}
+
+TEST(TextFileSize, IsLimitedForAFileThatGrowsWhileItIsRead) {
+  const testsupport::TemporaryFolder folder;
+  const std::string path = folder.file("text");
+  testsupport::writeFile(path, "small");
+  TextReader reader(path);
+  const testsupport::CallHook grow(platform::Call::read, 1, [&path] {
+    std::filesystem::resize_file(testsupport::systemPath(path), 2 * platform::largestTextFile);
+  });
+  std::string text;
+  EXPECT_FALSE(reader.readAll(text));
+  EXPECT_LT(text.size(), static_cast<std::size_t>(platform::largestTextFile + platform::largestTextFile / 2));
 }
 
 }  // namespace

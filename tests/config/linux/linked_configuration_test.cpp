@@ -29,6 +29,18 @@ TEST(LinkedConfiguration, TakesALinkToAFileForTheFile) {
   EXPECT_TRUE(generator.getCA());
 }
 
+// A regular file of which no byte can be read.
+TEST(LinkedConfiguration, LinkToAFileThatCannotBeReadIsAFailure) {
+  const testsupport::ConfigSandbox sandbox;
+  for (const std::string& path : {sandbox.cfgPath("CA12"), sandbox.initPath("CA12")})
+    std::filesystem::create_symlink("/proc/self/mem", platform::nativePath(path));
+  CfgDataManager* const store = CfgDataManager::getInstance(false);
+  std::string value = "untouched";
+  EXPECT_FALSE(store->getCfgValue(sandbox.cfgPath("CA12"), "KEY", value));
+  EXPECT_FALSE(store->getEnabledLogClasses("CA12", value));
+  EXPECT_EQ(value, "untouched");
+}
+
 // Every marker of the generic CA in a path is replaced, also in the folders above the file.
 TEST(LinkedConfiguration, ReplacesEveryMarkerInARedirectedPath) {
   const testsupport::ConfigSandbox sandbox;
