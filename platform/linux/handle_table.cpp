@@ -33,6 +33,12 @@ void inChild() {
   dropKeptEvents();
 }
 
+void guardForks() { [[maybe_unused]] static const int guarded = ::pthread_atfork(beforeFork, inParent, inChild); }
+
+// At the latest while the program is loaded: a process that forks during the first use would have a child that finds
+// the guard of the local static taken for ever.
+[[maybe_unused]] const bool areForksGuarded = (guardForks(), true);
+
 }  // namespace
 
 HandleTable& HandleTable::instance() {
@@ -41,7 +47,7 @@ HandleTable& HandleTable::instance() {
 }
 
 Handle HandleTable::insert(std::shared_ptr<HandleTarget> _target, const void* _owner) {
-  [[maybe_unused]] static const int guarded = ::pthread_atfork(beforeFork, inParent, inChild);
+  guardForks();
   const std::lock_guard<std::mutex> lock(mutex_);
   latest_ += step;
   const Handle handle = reinterpret_cast<Handle>(latest_);  // NOLINT(performance-no-int-to-ptr): a number, see handle.h
