@@ -6,6 +6,7 @@
 
 #include "control/listener_trace.h"
 #include "control/wait_result_line.h"
+#include "platform/cancellation.h"
 #include "platform/named_event.h"
 #include "platform/thread.h"
 #include "quillmark_logging.h"
@@ -68,6 +69,8 @@ LogEventHandler::LogEventHandler(const LogEventHandler& _other) = default;
 LogEventHandler& LogEventHandler::operator=(const LogEventHandler& _other) = default;
 
 LogEventHandler::~LogEventHandler() {
+  // What follows waits, and a wait is a place at which a thread can be cancelled, which a destructor cannot be.
+  const platform::CancellationDelay delay;
   traceOut("==> LogEventHandler::~LogEventHandler() timeout_=", timeout_);
   if (threadHandle_ != nullptr) {
     if (platform::waitForThread(threadHandle_, timeout_) == platform::waitTimeout) {

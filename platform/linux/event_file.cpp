@@ -13,6 +13,7 @@
 #include <set>
 #include <thread>
 
+#include "platform/cancellation.h"
 #include "platform/fault.h"
 #include "platform/linux/blocked_signal.h"
 #include "platform/linux/deadline.h"
@@ -97,6 +98,8 @@ EventFile::EventFile(const std::string& _name) : name_(_name), path_(eventFolder
 }
 
 EventFile::~EventFile() {
+  // To pass the gate can take a pause, at which a thread can be cancelled, which a destructor cannot be.
+  const CancellationDelay delay;
   std::unique_lock<std::mutex> lock(openFiles().mutex);
   if (word_ != nullptr) ::munmap(word_, sizeof(std::uint32_t));
   if (file_.isOpen()) leave(lock);

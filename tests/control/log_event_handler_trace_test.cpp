@@ -111,6 +111,18 @@ TEST_F(LogEventHandlerTrace, WarnsOfClosingANullHandle) {
   EXPECT_EQ(cerr_.text(), "");
 }
 
+TEST_F(LogEventHandlerTrace, NamesTheEventAsItIsCalledWhenTheFailureToCreateItIsReported) {
+  const auto handler = withoutThread();
+  const testsupport::FaultPlan failure(Call::openEvent, 1, errorAccessDenied);
+  const testsupport::CallHook rename(Call::openEvent, 1, [&handler] { handler->setLogEventName("QMRK_OTHER_EVENT"); });
+  ASSERT_TRUE(handler->createWorkerThread());
+  ASSERT_EQ(waitForThread(handler->getThreadHandle(), 30'000), waitObject);
+  EXPECT_EQ(cerr_.text(),
+            "<!= LogEventHandler::createEvent() ERROR: Failed to create event \"QMRK_LOG_EVENT\", GetLastError=5\n"
+            "<!= LogEventHandler::Listen4EventThread() ERROR: Failed to create event \"QMRK_OTHER_EVENT\", "
+            "GetLastError=5\n");
+}
+
 TEST_F(LogEventHandlerTrace, NamesTheStoredEventForAnEmptyName) {
   const auto handler = withoutThread();
   handler->setLogEventName("QMRK_OTHER_EVENT");

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <pthread.h>
 #include <unistd.h>
 
 #include <future>
@@ -64,6 +65,24 @@ TEST_F(ListenerEnd, LosesASettingDuringTheUpdateToTheResetAfterIt) {
   EXPECT_EQ(waitForThread(handler.getThreadHandle(), 100), waitTimeout);
   EXPECT_EQ(cout_.count("WAIT_OBJECT_0 (0)"), 1);
   stop(handler);
+}
+
+// It waits for the thread of the listener, and a wait is a cancellation point, here in a destructor.
+TEST_F(ListenerEnd, IsNoPlaceWhereTheApplicationsThreadIsCancelled) {
+  const int result = testsupport::inForkedChild([] {
+    bool hasEnded = false;
+    std::thread ending([&hasEnded] {
+      auto handler = std::make_unique<LogEventHandler>();
+      ::pthread_cancel(::pthread_self());
+      handler.reset();
+      hasEnded = true;
+      ::pthread_testcancel();
+      hasEnded = false;
+    });
+    ending.join();
+    return hasEnded ? 0 : 1;
+  });
+  EXPECT_EQ(result, 0);
 }
 
 // As a daemon does that forks twice and ends with the listener of its grandparent.

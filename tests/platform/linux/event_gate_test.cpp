@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <pthread.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <memory>
 #include <string>
+#include <thread>
 
 #include "platform/linux/event_folder.h"
 #include "platform/linux/file_descriptor.h"
@@ -96,6 +98,22 @@ TEST_F(EventGate, HoldsUpNeitherOtherEventsNorAFork) {
     });
     const Handle event = createEvent(gatedEvent);
     return event != nullptr && other != nullptr && forked == 7 ? 0 : 1;
+  });
+  EXPECT_EQ(result, 0);
+}
+
+// To leave the event takes a pause, which is a cancellation point, in a destructor.
+TEST_F(EventGate, ThatIsBlockedIsNoPlaceWhereTheOneWhoLeavesIsCancelled) {
+  const int result = testsupport::inForkedChild([] {
+    const Handle event = createEvent(gatedEvent);
+    const StoppedProcess stopped(StoppedProcess::Holds::gate);
+    bool isClosed = false;
+    std::thread leaving([event, &isClosed] {
+      ::pthread_cancel(::pthread_self());
+      isClosed = closeHandle(event);
+    });
+    leaving.join();
+    return isClosed ? 0 : 1;
   });
   EXPECT_EQ(result, 0);
 }
