@@ -40,7 +40,9 @@ bool writeWhole(const std::string& _path, const std::string& _text) {
   const fs::path path(platform::nativePath(_path));
   boost::system::error_code error;
   if (fs::symlink_status(path, error).type() != fs::file_not_found) return writeOrRemove(_path, _text);
-  const std::string begun = _path + "." + std::to_string(platform::processId());
+  // Other threads and processes may be at the same.
+  const std::string begun =
+      _path + "." + std::to_string(platform::processId()) + "." + std::to_string(platform::threadId());
   if (!writeOrRemove(begun, _text)) return false;
   fs::rename(platform::nativePath(begun), path, error);
   if (error) std::remove(platform::nativePath(begun).c_str());

@@ -3,8 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <thread>
+#include <vector>
+
 #include "config/cfg_data_manager.h"
-#include "platform/process.h"
 #include "tests/support/as_unprivileged_user.h"
 #include "tests/support/captured_console.h"
 #include "tests/support/fault_plan.h"
@@ -20,6 +23,7 @@ using testsupport::exists;
 using testsupport::FaultPlan;
 using testsupport::makeFolders;
 using testsupport::matchesGolden;
+using testsupport::namesIn;
 using testsupport::readFile;
 using testsupport::replaced;
 using testsupport::writeFile;
@@ -35,6 +39,7 @@ class AutoGenerate : public testing::Test {
     return matchesGolden(masked(console_.text()), _golden);
   }
 
+  const std::vector<std::string> names_{"qmrk_logging_CA07.cfg", "qmrk_logging_GE.cfg"};
   testsupport::TemporaryFolder folder_;
   std::string generated_ = folder_.file("qmrk_logging_GE.cfg");
   CapturedConsole console_;
@@ -150,8 +155,26 @@ TEST_F(AutoGenerate, GivesTheFileItsNameWhenTheFileIsComplete) {
   const testsupport::CallHook hook(Call::write, 1, [&] { isThere = exists(generated_); });
   EXPECT_TRUE(generator_.generateGenericCfgFile());
   EXPECT_FALSE(isThere);
-  EXPECT_TRUE(exists(generated_));
-  EXPECT_FALSE(exists(generated_ + "." + std::to_string(platform::processId())));
+  EXPECT_EQ(namesIn(folder_.path()), names_);
+}
+
+TEST_F(AutoGenerate, ThreadsThatGenerateTheFileTogetherAllSucceed) {
+  addFile("qmrk_logging_CA07.cfg");
+  generator_.setCfgPath(folder_.path());
+  // The other thread begins and ends while this one has begun its file.
+  std::string text;
+  const testsupport::CallHook hook(Call::write, 1, [&] {
+    std::thread([&] {
+      AutoGenerateCfg other(false);
+      EXPECT_TRUE(other.setCfgPath(folder_.path()));
+      EXPECT_TRUE(other.generateGenericCfgFile());
+      text = readFile(generated_);
+    }).join();
+  });
+  EXPECT_TRUE(generator_.generateGenericCfgFile());
+  EXPECT_NE(text.find("REDIRECT_CA_NR=CA07"), std::string::npos);
+  EXPECT_EQ(readFile(generated_), text);
+  EXPECT_EQ(namesIn(folder_.path()), names_);
 }
 
 TEST_F(AutoGenerate, RefusesToTraverseAFileOrAMissingPath) {
