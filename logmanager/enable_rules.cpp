@@ -39,9 +39,7 @@ void EnableRules::forgetOverruled() noexcept {
 
 bool EnableRules::isEnabled(std::string_view _name) {
   Call latest = forAll_;
-  const auto considerPlain = [this, &latest](std::string_view _text) {
-    latest = std::max(latest, plain_.find(_text));
-  };
+  const auto considerPlain = [this, &latest](std::string_view _text) { latest = std::max(latest, plain_.find(_text)); };
   considerPlain(_name);
   for (std::size_t dot = _name.find('.', 1); dot <= longestPlain_ && dot != std::string_view::npos;
        dot = _name.find('.', dot + 1)) {
