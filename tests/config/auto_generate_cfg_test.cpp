@@ -158,7 +158,7 @@ TEST_F(AutoGenerate, GivesTheFileItsNameWhenTheFileIsComplete) {
   EXPECT_EQ(namesIn(folder_.path()), names_);
 }
 
-TEST_F(AutoGenerate, ThreadsThatGenerateTheFileTogetherAllSucceed) {
+TEST_F(AutoGenerate, SucceedsInThreadsThatGenerateTheFileTogether) {
   addFile("qmrk_logging_CA07.cfg");
   generator_.setCfgPath(folder_.path());
   // The other thread begins and ends while this one has begun its file.

@@ -53,7 +53,7 @@ TEST_F(CfgValue, LosesAComment) {
 
 TEST_F(CfgValue, ComesOutEmptyWhenItConsistsOfBlanks) { EXPECT_EQ(valueIn("KEY=   \n", "KEY"), ""); }
 
-TEST_F(CfgValue, IsNotTakenFromAFileThatCannotBeReadToItsEnd) {
+TEST_F(CfgValue, ComesFromNoFileThatFailsInItsMiddle) {
   sandbox_.writeCfg("CA12", "KEY=first\n" + std::string(200'000, '\n') + "KEY=last\n");
   const testsupport::FaultPlan failure(platform::Call::read, 2, platform::errorAccessDenied);
   std::string value = "untouched";

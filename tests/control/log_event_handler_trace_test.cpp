@@ -111,7 +111,7 @@ TEST_F(LogEventHandlerTrace, WarnsOfClosingANullHandle) {
   EXPECT_EQ(cerr_.text(), "");
 }
 
-TEST_F(LogEventHandlerTrace, NamesTheEventAsItIsCalledWhenTheFailureToCreateItIsReported) {
+TEST_F(LogEventHandlerTrace, NamesTheEventAsItIsCalledWhenTheFailureIsReported) {
   const auto handler = withoutThread();
   const testsupport::FaultPlan failure(Call::openEvent, 1, errorAccessDenied);
   const testsupport::CallHook rename(Call::openEvent, 1, [&handler] { handler->setLogEventName("QMRK_OTHER_EVENT"); });

@@ -29,7 +29,7 @@ TEST(TextFileSize, DecidesWhetherAFileIsRead) {
   EXPECT_FALSE(platform::isTooLargeToRead(folder.file("missing")));
 }
 
-TEST(TextFileSize, IsLimitedForAFileThatGrowsWhileItIsRead) {
+TEST(TextFileSize, LimitsAFileThatGrowsWhileItIsRead) {
   const testsupport::TemporaryFolder folder;
   const std::string path = folder.file("text");
   testsupport::writeFile(path, "small");

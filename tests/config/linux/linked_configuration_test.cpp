@@ -30,7 +30,7 @@ TEST(LinkedConfiguration, TakesALinkToAFileForTheFile) {
 }
 
 // A regular file of which no byte can be read.
-TEST(LinkedConfiguration, LinkToAFileThatCannotBeReadIsAFailure) {
+TEST(LinkedConfiguration, FailsForALinkToAFileThatCannotBeRead) {
   const testsupport::ConfigSandbox sandbox;
   for (const std::string& path : {sandbox.cfgPath("CA12"), sandbox.initPath("CA12")})
     std::filesystem::create_symlink("/proc/self/mem", platform::nativePath(path));

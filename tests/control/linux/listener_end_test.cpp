@@ -68,7 +68,7 @@ TEST_F(ListenerEnd, LosesASettingDuringTheUpdateToTheResetAfterIt) {
 }
 
 // It waits for the thread of the listener, and a wait is a cancellation point, here in a destructor.
-TEST_F(ListenerEnd, IsNoPlaceWhereTheApplicationsThreadIsCancelled) {
+TEST_F(ListenerEnd, CompletesInAThreadThatIsCancelled) {
   const int result = testsupport::inForkedChild([] {
     bool hasEnded = false;
     std::thread ending([&hasEnded] {

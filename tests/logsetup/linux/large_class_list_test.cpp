@@ -42,7 +42,7 @@ class LargeClassList : public testsupport::LogSetUp {
   std::size_t size_ = 0;
 };
 
-TEST_F(LargeClassList, IsAppliedInNoMoreThanThreeTimesItsSize) {
+TEST_F(LargeClassList, TakesNoMoreThanThreeTimesItsSize) {
   sandbox_.writeCfg("CA12", "LOG_STATE=TRUE\n");
   writeList();
   forgetPeak();
@@ -58,7 +58,7 @@ TEST_F(LargeClassList, IsAppliedInNoMoreThanThreeTimesItsSize) {
 }
 
 // The rules of the former list are there as well.
-TEST_F(LargeClassList, IsAppliedAgainInNoMoreThanFourTimesItsSize) {
+TEST_F(LargeClassList, TakesNoMoreThanFourTimesItsSizeWhenRepeated) {
   sandbox_.writeCfg("CA12", "LOG_STATE=TRUE\n");
   writeList();
   forgetPeak();

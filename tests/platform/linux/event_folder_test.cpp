@@ -98,7 +98,7 @@ TEST_F(EventFolder, OpensAnEventWhoseCreatorHasYetToSetItsMode) {
   expectUsable();
 }
 
-TEST_F(EventFolder, IsOpenedWhenItsCreatorHasNotComeToSetItsMode) {
+TEST_F(EventFolder, GetsTheModeThatItsCreatorHasYetToSet) {
   makeFolder();
   for (const mode_t mode : {0000, 0500}) {
     ASSERT_EQ(::chmod(folder().c_str(), mode), 0);

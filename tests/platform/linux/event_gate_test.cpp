@@ -103,7 +103,7 @@ TEST_F(EventGate, HoldsUpNeitherOtherEventsNorAFork) {
 }
 
 // To leave the event takes a pause, which is a cancellation point, in a destructor.
-TEST_F(EventGate, ThatIsBlockedIsNoPlaceWhereTheOneWhoLeavesIsCancelled) {
+TEST_F(EventGate, LetsNobodyBeCancelledWhoLeaves) {
   const int result = testsupport::inForkedChild([] {
     const Handle event = createEvent(gatedEvent);
     const StoppedProcess stopped(StoppedProcess::Holds::gate);

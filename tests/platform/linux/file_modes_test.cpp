@@ -141,7 +141,7 @@ TEST_F(LinkedLog, OpensInAFolderOfRootForAnotherUser) {
   ASSERT_EQ(::seteuid(0), 0);
 }
 
-TEST_F(LinkedLog, IsFollowedThroughLinksInFoldersThatOnlyTheUserMayWrite) {
+TEST_F(LinkedLog, OpensThroughLinksInFoldersThatOnlyTheUserMayWrite) {
   closeOuterFolder();
   replaceLink("../second");
   addLink("second", "inner/third");
@@ -150,7 +150,7 @@ TEST_F(LinkedLog, IsFollowedThroughLinksInFoldersThatOnlyTheUserMayWrite) {
   expectFollowed(true);
 }
 
-TEST_F(LinkedLog, IsNotFollowedToALinkInAFolderThatEverybodyMayWrite) {
+TEST_F(LinkedLog, DoesNotOpenThroughALinkInAFolderThatEverybodyMayWrite) {
   closeOuterFolder();
   replaceLink("../open/second");
   makeOpenFolder();
@@ -158,7 +158,7 @@ TEST_F(LinkedLog, IsNotFollowedToALinkInAFolderThatEverybodyMayWrite) {
   expectFollowed(false);
 }
 
-TEST_F(LinkedLog, IsNotFollowedThroughAFolderThatIsALinkWhereEverybodyMayWrite) {
+TEST_F(LinkedLog, DoesNotOpenThroughAFolderLinkThatEverybodyMayReplace) {
   closeOuterFolder();
   replaceLink("../open/second/target");
   makeOpenFolder();
@@ -166,14 +166,14 @@ TEST_F(LinkedLog, IsNotFollowedThroughAFolderThatIsALinkWhereEverybodyMayWrite) 
   expectFollowed(false);
 }
 
-TEST_F(LinkedLog, MayLeadToAFileInAFolderThatEverybodyMayWrite) {
+TEST_F(LinkedLog, OpensAFileInAFolderThatEverybodyMayWrite) {
   makeOpenFolder();
   replaceLink("../open/log");
   EXPECT_TRUE(TextWriter(link_, TextWriter::Mode::append).isOpen());
   EXPECT_TRUE(testsupport::exists(folder_.file("open\\log")));
 }
 
-TEST_F(LinkedLog, IsAFailureToOpenWhenItLeadsInACircle) {
+TEST_F(LinkedLog, DoesNotOpenWhenItLeadsInACircle) {
   closeOuterFolder();
   replaceLink("../second");
   addLink("second", "inner/log");
@@ -183,7 +183,7 @@ TEST_F(LinkedLog, IsAFailureToOpenWhenItLeadsInACircle) {
   EXPECT_FALSE(TextWriter(link_, TextWriter::Mode::append).isOpen());
 }
 
-TEST_F(LinkedLog, IsAFailureToOpenWhenItLeadsThroughAMissingFolder) {
+TEST_F(LinkedLog, DoesNotOpenThroughAMissingFolder) {
   replaceLink("../missing/target");
   EXPECT_FALSE(TextWriter(link_, TextWriter::Mode::append).isOpen());
   EXPECT_FALSE(testsupport::exists(folder_.file("missing")));

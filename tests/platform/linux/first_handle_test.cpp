@@ -30,7 +30,7 @@ extern "C" int pthread_atfork(void (*_before)(), void (*_inParent)(), void (*_in
 
 namespace {
 
-TEST(FirstHandle, IsMadeInAForkedChildWhileAnotherThreadMakesThatOfTheParent) {
+TEST(FirstHandle, HangsNoChildThatIsForkedMeanwhile) {
   testsupport::usePrivateEvents();
   isHeldUp = true;
   std::atomic<bool> isMade{false};

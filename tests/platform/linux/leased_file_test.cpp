@@ -89,7 +89,7 @@ class LeasedFile : public ::testing::Test {
   };
 };
 
-TEST_F(LeasedFile, IsOpenedWhenTheLeaseIsGivenUp) {
+TEST_F(LeasedFile, OpensWhenTheHolderGivesTheLeaseUp) {
   for (const auto& opens : waysToOpen_) {
     const Leaseholder holder(nativePath(), Leaseholder::Reaction::givesUp);
     const testsupport::CallHook wait(Call::awaitLease, 1, [&holder] { holder.awaitThatItGivesUp(); });
@@ -97,7 +97,7 @@ TEST_F(LeasedFile, IsOpenedWhenTheLeaseIsGivenUp) {
   }
 }
 
-TEST_F(LeasedFile, IsAFailureToOpenWhenTheLeaseIsKept) {
+TEST_F(LeasedFile, DoesNotOpenWhileTheHolderKeepsTheLease) {
   const Leaseholder holder(nativePath(), Leaseholder::Reaction::keeps);
   for (const auto& opens : waysToOpen_)
     EXPECT_FALSE(opens());
