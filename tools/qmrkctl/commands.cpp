@@ -48,8 +48,10 @@ void addOptions(CLI::App& _program, Options& _options) {
 }
 
 void addCommands(CLI::App& _program, Choice& _choice) {
-  constexpr AddCommand all[] = {addCompletionCommand, addErrorsCommand, addSchemaCommand, addSignalCommand,
-                                addTailCommand};
+  constexpr AddCommand all[] = {
+      addCheckCommand, addCompletionCommand, addErrorsCommand, addExplainCommand, addSchemaCommand,
+      addShowCommand,  addSignalCommand,     addTailCommand,   addWhereCommand,
+  };
   for (const AddCommand add : all)
     add(_program, _choice);
   _program.require_subcommand(1);

@@ -14,10 +14,14 @@ void addOptions(CLI::App& _program, Options& _options);
 void addCommands(CLI::App& _program, Choice& _choice);
 
 // Each is in the file of its name.
+void addCheckCommand(CLI::App& _program, Choice& _choice);
 void addCompletionCommand(CLI::App& _program, Choice& _choice);
 void addErrorsCommand(CLI::App& _program, Choice& _choice);
+void addExplainCommand(CLI::App& _program, Choice& _choice);
 void addSchemaCommand(CLI::App& _program, Choice& _choice);
+void addShowCommand(CLI::App& _program, Choice& _choice);
 void addSignalCommand(CLI::App& _program, Choice& _choice);
 void addTailCommand(CLI::App& _program, Choice& _choice);
+void addWhereCommand(CLI::App& _program, Choice& _choice);
 
 }  // namespace qmrkctl

@@ -2,8 +2,6 @@
 #include "tools/qmrkctl/configuration.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
 
 #include "config/cfg_data_manager.h"
 #include "config/cfg_path_rules.h"
@@ -34,19 +32,6 @@ void chooseCa(const Viewpoint& _viewpoint, const std::string& _ca, Configuration
   // The library has no room for a longer one, and takes an empty value instead.
   _configuration.caAsked = variable->second.size() > longestVariable ? "" : variable->second;
   _configuration.origin = CaOrigin::environment;
-}
-
-// Sorted, as the library goes through them. Names of folders are left out.
-std::vector<std::string> fileNamesIn(const Viewpoint& _viewpoint, const std::string& _folder) {
-  std::vector<std::string> found;
-  std::error_code error;
-  for (std::filesystem::directory_iterator entry(reachedPath(_viewpoint, _folder), error), end; !error && entry != end;
-       entry.increment(error)) {
-    std::error_code ignored;
-    if (!entry->is_directory(ignored)) found.push_back(entry->path().filename().string());
-  }
-  std::sort(found.begin(), found.end());
-  return found;
 }
 
 // The CA to which a generated generic file leads; empty: none can be generated.
@@ -156,6 +141,10 @@ std::string failureOf(const Configuration& _configuration) {
 }
 
 }  // namespace
+
+std::string redirectedCfgPath(const Configuration& _configuration, const std::string& _redirectCa) {
+  return redirectedPath(CfgFileKind::cfg, _configuration.generic.path, _redirectCa);
+}
 
 const std::string* Configuration::value(std::string_view _key) const {
   const Setting* const found = cfg.isUsable() ? cfg.setting(_key) : nullptr;

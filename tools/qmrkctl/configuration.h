@@ -58,6 +58,9 @@ struct Configuration {
 /// @param _ca in any letter case; empty: the default CA of the viewpoint's environment.
 Configuration readConfiguration(const Viewpoint& _viewpoint, const std::string& _ca);
 
+/// The .cfg file to which a value of REDIRECT_CA_NR leads.
+std::string redirectedCfgPath(const Configuration& _configuration, const std::string& _redirectCa);
+
 /// The names of the CAs that have a .cfg file in the folder, as they stand in the file names, sorted; "GE" too.
 std::vector<std::string> installedCas(const Viewpoint& _viewpoint);
 
@@ -65,5 +68,10 @@ std::vector<std::string> installedCas(const Viewpoint& _viewpoint);
 /// @param _knownLogs the names of the logs that running applications have; empty: not known.
 std::vector<Finding> checkConfiguration(const Viewpoint& _viewpoint, const Configuration& _configuration,
                                         const std::vector<std::string>& _knownLogs = {});
+
+enum class FileRole { cfg, init };
+
+/// The same of a file by itself.
+std::vector<Finding> checkFile(const Viewpoint& _viewpoint, const ConfigurationFile& _file, FileRole _role);
 
 }  // namespace qmrkctl

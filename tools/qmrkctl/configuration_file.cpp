@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "tools/qmrkctl/configuration_file.h"
 
+#include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <map>
 #include <sstream>
+#include <system_error>
 
 #include "config/cfg_parser.h"
 #include "platform/text_file.h"
@@ -69,6 +72,18 @@ ConfigurationFile readConfigurationFile(const Viewpoint& _viewpoint, const std::
   file.bytes = fileBytes(reachedPath(_viewpoint, _path));
   if (_path.ends_with(".cfg")) file.settings = settingsOf(_path, file.text);
   return file;
+}
+
+std::vector<std::string> fileNamesIn(const Viewpoint& _viewpoint, const std::string& _folder) {
+  std::vector<std::string> found;
+  std::error_code error;
+  for (std::filesystem::directory_iterator entry(reachedPath(_viewpoint, _folder), error), end; !error && entry != end;
+       entry.increment(error)) {
+    std::error_code ignored;
+    if (!entry->is_directory(ignored)) found.push_back(entry->path().filename().string());
+  }
+  std::sort(found.begin(), found.end());
+  return found;
 }
 
 }  // namespace qmrkctl

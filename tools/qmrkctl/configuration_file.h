@@ -53,4 +53,8 @@ ConfigurationFile readConfigurationFile(const Viewpoint& _viewpoint, const std::
 /// The pairs of a text, by the library's own scanner.
 std::vector<Setting> settingsOf(const std::string& _file, std::string_view _text);
 
+/// The names in a folder that are no folders, sorted by their bytes; none where it cannot be read.
+/// @param _folder in the library's form.
+std::vector<std::string> fileNamesIn(const Viewpoint& _viewpoint, const std::string& _folder);
+
 }  // namespace qmrkctl

@@ -10,7 +10,8 @@ namespace {
 
 std::vector<FindingKind> allKinds() {
   std::vector<FindingKind> all;
-  for (const auto& kinds : {byteKinds()}) {
+  for (const auto& kinds :
+       {byteKinds(), redirectionKinds(), keyKinds(), classListKinds(), folderKinds(), environmentKinds()}) {
     all.insert(all.end(), kinds.begin(), kinds.end());
   }
   std::sort(all.begin(), all.end(), [](const FindingKind& _a, const FindingKind& _b) { return _a.code < _b.code; });
@@ -29,6 +30,8 @@ const FindingKind* findingKind(std::string_view _code) {
   const auto found = std::find_if(all.begin(), all.end(), [_code](const FindingKind& _k) { return _k.code == _code; });
   return found == all.end() ? nullptr : &*found;
 }
+
+std::string findingEffect(std::string_view _code) { return findingOf(_code, {}, "").effect; }
 
 Finding findingOf(std::string_view _code, const FindingPlace& _place, const std::string& _text, const std::string& _fix,
                   const std::string& _effect) {

@@ -28,6 +28,14 @@ const FindingKind* findingKind(std::string_view _code);
 
 // The codes of each hundred, beside the check that finds them.
 std::span<const FindingKind> byteKinds();
+std::span<const FindingKind> redirectionKinds();
+std::span<const FindingKind> keyKinds();
+std::span<const FindingKind> classListKinds();
+std::span<const FindingKind> folderKinds();
+std::span<const FindingKind> environmentKinds();  // Q701 to Q709
+
+/// What the catalogue says of the effect of a code, which must exist.
+std::string findingEffect(std::string_view _code);
 
 /// Where a finding is.
 struct FindingPlace {

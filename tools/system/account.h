@@ -47,4 +47,7 @@ std::string fileSystemOfProcess(int _pid);
 bool baseFolder(platform::ShellFolder _folder, const Environment& _environment, const std::string& _home,
                 std::string& _path);
 
+/// Whether variables of the environment move the base folders: not on Windows.
+bool foldersFollowEnvironment();
+
 }  // namespace toolsystem

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
-constexpr FindingKind kinds[] = {
+constexpr FindingKind byteTable[] = {
     {"Q101", Severity::error, "The file begins with a byte-order mark",
      "the mark becomes part of the first key or class of the file, which is then not found",
      "save the file as plain UTF-8 or ASCII, without a byte-order mark (\"UTF-8 without BOM\")",
@@ -59,7 +59,7 @@ void checkLastLine(const ConfigurationFile& _file, Findings& _findings) {
 
 }  // namespace
 
-std::span<const FindingKind> byteKinds() { return kinds; }
+std::span<const FindingKind> byteKinds() { return byteTable; }
 
 void checkBytes(const ConfigurationFile& _file, FileRole _role, Findings& _findings) {
   if (!_file.isRead) return;

@@ -1,21 +1,66 @@
 // SPDX-License-Identifier: MIT
 #include "platform/native_path.h"
+#include "quillmark_logging_names.h"
 #include "tools/qmrkctl/check/checks.h"
 
 namespace qmrkctl {
+namespace {
+
+// The text of a .cfg file. What makes all of it unreadable is said once.
+void checkCfgText(const ConfigurationFile& _file, CfgUse _use, Findings& _findings) {
+  const std::size_t before = _findings.size();
+  checkBytes(_file, FileRole::cfg, _findings);
+  if (_findings.size() > before && _findings.back().code == "Q102") return;
+  checkKeys(_file, _use, _findings);
+  if (_use == CfgUse::genericWithRedirection) return;
+  checkValues(_file, _findings);
+  checkFilter(_file, _findings);
+}
+
+void checkInitText(const ConfigurationFile& _file, const ConfigurationFile* _cfg,
+                   const std::vector<std::string>& _knownLogs, Findings& _findings) {
+  const std::size_t before = _findings.size();
+  checkBytes(_file, FileRole::init, _findings);
+  if (_findings.size() > before && _findings.back().code == "Q102") return;
+  checkClassList(_file, _cfg, _knownLogs, _findings);
+}
+
+}  // namespace
 
 FindingPlace placeIn(const ConfigurationFile& _file, TextPlace _place) {
   return {platform::nativePath(_file.path), _place.line, _place.column};
 }
 
+std::string inQuotes(std::string_view _text) { return "\"" + std::string(_text) + "\""; }
+
 FindingPlace placeOf(const std::string& _path) { return {platform::nativePath(_path), 0, 0}; }
 
-std::vector<Finding> checkConfiguration(const Viewpoint&, const Configuration& _configuration,
-                                        const std::vector<std::string>&) {
+std::vector<Finding> checkConfiguration(const Viewpoint& _viewpoint, const Configuration& _configuration,
+                                        const std::vector<std::string>& _knownLogs) {
   Findings findings;
-  checkBytes(_configuration.generic, FileRole::cfg, findings);
-  if (_configuration.cfg.path != _configuration.generic.path) checkBytes(_configuration.cfg, FileRole::cfg, findings);
-  if (_configuration.init.path != _configuration.cfg.path) checkBytes(_configuration.init, FileRole::init, findings);
+  const ConfigurationFile& generic = _configuration.generic;
+  const ConfigurationFile& cfg = _configuration.cfg;
+  checkEnvironment(_viewpoint, _configuration, findings);
+  checkRedirection(_viewpoint, _configuration, findings);
+  if (generic.path != cfg.path) {
+    const bool redirects = generic.setting(Quillmark_logging::REDIRECT_CA_NR) != nullptr;
+    checkCfgText(generic, redirects ? CfgUse::genericWithRedirection : CfgUse::single, findings);
+  }
+  checkCfgText(cfg, CfgUse::single, findings);
+  if (_configuration.init.path != cfg.path) checkInitText(_configuration.init, &cfg, _knownLogs, findings);
+  checkFolders(_viewpoint, _configuration, findings);
+  return findings;
+}
+
+std::vector<Finding> checkFile(const Viewpoint& _viewpoint, const ConfigurationFile& _file, FileRole _role) {
+  Findings findings;
+  checkUsable(_viewpoint, _file, _role, findings);
+  if (_role == FileRole::init) {
+    checkInitText(_file, nullptr, {}, findings);
+  } else {
+    const bool redirects = _file.setting(Quillmark_logging::REDIRECT_CA_NR) != nullptr;
+    checkCfgText(_file, redirects ? CfgUse::genericWithRedirection : CfgUse::single, findings);
+  }
   return findings;
 }
 

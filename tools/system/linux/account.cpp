@@ -169,4 +169,6 @@ bool baseFolder(platform::ShellFolder _folder, const Environment& _environment, 
   return platform::baseFolder(_folder, {variable, home}, _path);
 }
 
+bool foldersFollowEnvironment() { return true; }
+
 }  // namespace toolsystem

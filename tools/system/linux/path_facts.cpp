@@ -30,6 +30,7 @@ PathFacts factsOf(const std::string& _path) {
   const std::optional<Account> owner = accountOfUser(std::to_string(status.st_uid));
   facts.ownerName = owner ? owner->name : std::to_string(status.st_uid);
   facts.othersMayWrite = leadsSomewhere && (status.st_mode & (S_IWGRP | S_IWOTH)) != 0;
+  facts.everybodyMayWrite = leadsSomewhere && (status.st_mode & S_IWOTH) != 0 && (status.st_mode & S_ISVTX) == 0;
   return facts;
 }
 

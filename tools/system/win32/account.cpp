@@ -57,4 +57,6 @@ bool baseFolder(platform::ShellFolder _folder, const Environment&, const std::st
   return platform::shellFolder(_folder, _path);
 }
 
+bool foldersFollowEnvironment() { return false; }
+
 }  // namespace toolsystem

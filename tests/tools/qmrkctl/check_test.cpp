@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: MIT
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "tests/support/config_sandbox.h"
+#include "tests/support/temporary_folder.h"
+#include "tools/qmrkctl/check/similar_name.h"
+#include "tools/qmrkctl/configuration.h"
+#include "tools/qmrkctl/finding_catalogue.h"
+
+namespace {
+
+using namespace qmrkctl;
+using testing::AllOf;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+// What is missing in no text of the tests below unless they say so.
+const std::string soundText = "LOG_STATE=TRUE\nCOMMON_LOG_FILE_NAME=c.log\nCOMMON_LOG_FILE_FILTER=A;B;\n";
+
+class CheckTest : public ::testing::Test {
+ protected:
+  // "code@line:column" of each finding of a text in a file by itself.
+  static std::vector<std::string> codesIn(const std::string& _text, FileRole _role = FileRole::cfg,
+                                          const std::string& _name = "qmrk_logging_CA1.cfg") {
+    const testsupport::TemporaryFolder folder;
+    const std::string path = folder.path() + "/" + _name;
+    testsupport::writeFile(path, _text);
+    const ConfigurationFile file = readConfigurationFile(ownViewpoint(), path, "");
+    return codesOf(checkFile(ownViewpoint(), file, _role));
+  }
+
+  static std::vector<std::string> codesInInit(const std::string& _text) {
+    return codesIn(_text, FileRole::init, "qmrk_logging_CA1.init");
+  }
+
+  static std::vector<std::string> codesOf(const std::vector<Finding>& _findings) {
+    std::vector<std::string> codes;
+    for (const Finding& finding : _findings)
+      codes.push_back(finding.code + "@" + std::to_string(finding.line) + ":" + std::to_string(finding.column));
+    return codes;
+  }
+};
+
+TEST_F(CheckTest, FindsNothingInASoundFile) {
+  EXPECT_THAT(codesIn(soundText), IsEmpty());
+  EXPECT_THAT(
+      codesIn(std::string("# a comment = of any kind\n\n") + soundText + "SPEC_LOG_ROTATION=true  # kept\r\n\n# end"),
+      IsEmpty());
+  EXPECT_THAT(codesIn("CA_NR=GE\nREDIRECT_CA_NR=CA1\n", FileRole::cfg, "qmrk_logging_GE.cfg"), IsEmpty());
+  EXPECT_THAT(codesInInit("A;\r\nB.*;\n*.error;C"), IsEmpty());
+}
+
+TEST_F(CheckTest, FindsBytesThatNoEditorShows) {
+  EXPECT_THAT(codesIn(std::string("\xEF\xBB\xBF") + soundText), Contains("Q101@1:1"));
+  EXPECT_THAT(codesIn(std::string("\xFF\xFEL\0O\0", 6)), Contains("Q102@1:1"));
+  EXPECT_THAT(codesIn(soundText + std::string("TS_APPENDERS=TR\0E\n", 18)), Contains("Q103@4:16"));
+  EXPECT_THAT(codesIn(soundText + "TS_APPENDERS=TRUE\r\r\n"), Contains("Q104@4:18"));
+  EXPECT_THAT(codesIn(soundText + "TS_APPENDERS=TRUE"), ElementsAre("Q105@4:1"));
+  EXPECT_THAT(codesInInit("A;\rB;"), Contains("Q104@1:3"));
+}
+
+TEST_F(CheckTest, FindsKeysThatNothingReads) {
+  EXPECT_THAT(codesIn(soundText + "LOG_STAET=TRUE\n"), ElementsAre("Q301@4:1"));
+  EXPECT_THAT(codesIn(soundText + "log_state=TRUE\n"), ElementsAre("Q301@4:1"));
+  EXPECT_THAT(codesIn(soundText + "TS_APPENDERS =TRUE\n"), ElementsAre("Q302@4:1"));
+  EXPECT_THAT(codesIn(soundText + "TS_APPENDERS=\nQMRK_TRACE=TRUE\n"), ElementsAre("Q304@4:1"));
+  EXPECT_THAT(codesIn(soundText + "TS_APPENDERS=\n"), ElementsAre("Q304@4:1"));
+  EXPECT_THAT(codesIn(soundText + "junk\nTS_APPENDERS=TRUE\n"), ElementsAre("Q305@4:1"));
+  EXPECT_THAT(codesIn(soundText + "TS_APPENDERS TRUE\n"), ElementsAre("Q305@4:1"));
+  EXPECT_THAT(codesIn(soundText + "LOG_STATE=TRUE\n"), ElementsAre("Q306@4:1"));
+  EXPECT_THAT(codesIn(soundText + "# =\n=====\nTS_APPENDERS=TRUE\n"), ElementsAre("Q308@5:1"));
+  EXPECT_THAT(codesIn("REDIRECT_CA_NR=CA1\nLOG_STATE=TRUE\n"), ElementsAre("Q325@2:1"));
+}
+
+TEST_F(CheckTest, FindsValuesThatDoSomethingElse) {
+  EXPECT_THAT(codesIn(soundText + "TS_APPENDERS=yes\n"), ElementsAre("Q303@4:14"));
+  EXPECT_THAT(codesIn(soundText + "COMMON_LOG_FILE_ROOT=a#b\n"), ElementsAre("Q307@4:23"));
+  EXPECT_THAT(codesIn(soundText + "COMMON_LOG_FILE_ROOT= \n"), ElementsAre("Q319@4:22"));
+  EXPECT_THAT(codesIn(soundText + "COMMON_LOG_FILE_ROOT=/var/log\n"), ElementsAre("Q320@4:22"));
+  EXPECT_THAT(codesIn(soundText + "COMMON_LOG_FILE_ROOT=C:\\logs\n"), ElementsAre("Q320@4:22"));
+  EXPECT_THAT(codesIn(soundText + "COMMON_LOG_FILE_ROOT= logs\n"), ElementsAre("Q322@4:22"));
+  EXPECT_THAT(codesIn(soundText + "COMMON_LOG_FILE_ROOT=a\tb\n"), ElementsAre("Q323@4:22"));
+  EXPECT_THAT(codesIn(soundText + "CA_NR=CA2\n"), ElementsAre("Q324@4:7"));
+  EXPECT_THAT(codesIn("LOG_STATE=FALSE\nCOMMON_LOG_FILE_NAME=a/b\n"),
+              ElementsAre("Q311@1:11", "Q313@2:22", "Q312@0:0"));
+  EXPECT_THAT(codesIn(""), ElementsAre("Q309@0:0", "Q310@0:0", "Q312@0:0"));
+}
+
+TEST_F(CheckTest, FindsLimitsThatLimitNothing) {
+  const auto limits = [](const std::string& _limit, const std::string& _number) {
+    return codesIn(soundText + ("SPEC_LOG_FILE_LIMIT=" + _limit + "\nSPEC_NR_OF_LOG_FILES=" + _number + "\n"));
+  };
+  EXPECT_THAT(limits("5000", "2"), IsEmpty());
+  EXPECT_THAT(limits("0", "2"), ElementsAre("Q314@4:21"));
+  EXPECT_THAT(limits("abc", "2"), ElementsAre("Q314@4:21"));
+  EXPECT_THAT(limits("1", "2"), ElementsAre("Q315@4:21"));
+  EXPECT_THAT(limits("10 MB", "1"), ElementsAre("Q317@4:21", "Q316@5:22"));
+  EXPECT_THAT(codesIn(soundText + "SPEC_NR_OF_LOG_FILES=9\n"), ElementsAre("Q318@0:0"));
+}
+
+TEST_F(CheckTest, FindsWhatIsWrongWithAClassList) {
+  EXPECT_THAT(codesIn("LOG_STATE=TRUE\nCOMMON_LOG_FILE_NAME=c.log\nCOMMON_LOG_FILE_FILTER=A; B;;C\n"),
+              ElementsAre("Q402@3:26", "Q407@3:29", "Q401@3:30"));
+  EXPECT_THAT(codesInInit("# A\nB;\n"), ElementsAre("Q403@1:1"));
+  EXPECT_THAT(codesInInit("A;\nB; // why\n"), ElementsAre("Q402@2:3"));
+  EXPECT_THAT(codesInInit("A;\nB # why\n"), ElementsAre("Q403@2:3"));
+  EXPECT_THAT(codesInInit("A\nB;\n"), ElementsAre("Q404@1:1"));
+  EXPECT_THAT(codesInInit("A,B;"), ElementsAre("Q410@1:1"));
+  EXPECT_THAT(codesInInit("\n\n"), ElementsAre("Q408@0:0"));
+}
+
+TEST_F(CheckTest, ComparesTheClassListWithTheFilterAndWithRunningApplications) {
+  const testsupport::ConfigSandbox sandbox;
+  sandbox.writeCfg("GE", "REDIRECT_CA_NR=CA1\n");
+  sandbox.writeCfg("CA1", "LOG_STATE=TRUE\nCOMMON_LOG_FILE_NAME=c.log\nCOMMON_LOG_FILE_FILTER=Demo.App;Demo.Net;\n");
+  sandbox.writeInit("CA1", "Demo.App.error;Demo;\nDemo.app;\nDemo.Net;\n");
+  const Viewpoint own = ownViewpoint();
+  const Configuration configuration = readConfiguration(own, "");
+  EXPECT_THAT(codesOf(checkConfiguration(own, configuration)), ElementsAre("Q405@2:1"));
+  EXPECT_THAT(checkConfiguration(own, configuration).front().text, HasSubstr("did you mean Demo.App?"));
+  EXPECT_THAT(codesOf(checkConfiguration(own, configuration, {"Demo.App", "Demo.App.error"})),
+              ElementsAre("Q405@2:1", "Q406@2:1", "Q406@3:1"));
+}
+
+TEST_F(CheckTest, NamesWhatWasProbablyMeant) {
+  const std::vector<std::string_view> known = {"LOG_STATE", "QMRK_TRACE", "TS_APPENDERS"};
+  EXPECT_EQ(similarName("LOG_STAET", known), "LOG_STATE");
+  EXPECT_EQ(similarName("ts_appenders", known), "TS_APPENDERS");
+  EXPECT_EQ(similarName("VERSION", known), "");
+  EXPECT_EQ(similarName(std::string(100'000, 'L'), known), "");
+  EXPECT_EQ(editDistance("abc", "acb"), 1);
+  EXPECT_EQ(editDistance("", "abc"), 3);
+}
+
+TEST_F(CheckTest, HasACatalogueWithoutGapsOrRepetition) {
+  std::set<std::string_view> codes;
+  for (const FindingKind& kind : findingCatalogue()) {
+    EXPECT_TRUE(codes.insert(kind.code).second) << kind.code;
+    EXPECT_FALSE(kind.meaning.empty() || kind.effect.empty() || kind.fix.empty()) << kind.code;
+  }
+  EXPECT_EQ(findingKind("Q999"), nullptr);
+  EXPECT_THROW(findingOf("Q999", {}, ""), std::invalid_argument);
+}
+
+}  // namespace

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#include "tools/qmrkctl/ca_choice.h"
+
+namespace qmrkctl {
+namespace {
+
+const char* originName(CaOrigin _origin) {
+  if (_origin == CaOrigin::option) return "option";
+  return _origin == CaOrigin::environment ? "DEFAULT_CA_NR" : "default";
+}
+
+}  // namespace
+
+std::string caText(const Configuration& _configuration) {
+  const std::string origin = _configuration.origin == CaOrigin::option        ? "named on the command line"
+                             : _configuration.origin == CaOrigin::environment ? "from DEFAULT_CA_NR"
+                                                                              : "the built-in default";
+  std::string text = "CA " + _configuration.caAsked + " (" + origin + ")";
+  if (_configuration.isFallenBack) text += ", whose .cfg file is missing";
+  if (_configuration.wouldBeGenerated) text += "; a set-up would generate a generic file";
+  if (_configuration.isRedirected) text += "; GE is redirected to " + _configuration.caOfFiles;
+  return text;
+}
+
+Json caJson(const Configuration& _configuration) {
+  return {{"asked", _configuration.caAsked},           {"origin", originName(_configuration.origin)},
+          {"inEffect", _configuration.caInEffect},     {"files", _configuration.caOfFiles},
+          {"fallenBack", _configuration.isFallenBack}, {"wouldBeGenerated", _configuration.wouldBeGenerated}};
+}
+
+}  // namespace qmrkctl

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+#include "tools/qmrkctl/configuration.h"
+#include "tools/qmrkctl/json.h"
+
+namespace qmrkctl {
+
+/// How a configuration came to its CA, in words: "CA GE (the built-in default), redirected to CA12".
+std::string caText(const Configuration& _configuration);
+
+/// The same as an object: asked, origin, inEffect, files, fallenBack, wouldBeGenerated.
+Json caJson(const Configuration& _configuration);
+
+}  // namespace qmrkctl

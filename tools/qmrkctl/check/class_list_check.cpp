@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <set>
+
+#include "quillmark_logging_names.h"
+#include "tools/qmrkctl/check/checks.h"
+#include "tools/qmrkctl/check/similar_name.h"
+#include "tools/qmrkctl/class_entries.h"
+
+namespace qmrkctl {
+namespace {
+
+constexpr FindingKind classListTable[] = {
+    {"Q401", Severity::error, "The filter does not end with \";\"", "what follows the last \";\" is dropped",
+     "end every entry with \";\", the last one too", "COMMON_LOG_FILE_FILTER=Demo.App;Demo.Net"},
+    {"Q402", Severity::error, "A blank stands beside an entry", "the blank belongs to the name of the class",
+     "delete the blank", "Demo.App; Demo.Net;"},
+    {"Q403", Severity::error, "A comment stands in a class list",
+     "there are no comments: the line is the name of a class, and joins the entry behind it", "delete the comment",
+     "# errors only"},
+    {"Q404", Severity::error, "Entries of two lines are joined",
+     "line ends separate nothing: the lines become one class, which no application has", "end every line with \";\"",
+     "Demo.App, line end, Demo.Net;"},
+    {"Q405", Severity::warning, "A class is on but not in the filter", "it does not reach the common log",
+     "add the class to COMMON_LOG_FILE_FILTER, or remove it from the class list", ""},
+    {"Q406", Severity::warning, "No running application has a log of that class", "the entry switches nothing on",
+     "correct the name of the class, or start the application that has it", "Demo.Ap;"},
+    {"Q407", Severity::warning, "An entry is empty", "it selects only the log with the empty name",
+     "delete the surplus \";\"", "Demo.App;;Demo.Net;"},
+    {"Q408", Severity::note, "The class list is empty", "all classes are off", "add classes, each ended by \";\"", ""},
+    {"Q410", Severity::error, "A class has a character that no name of a class has",
+     "entries are taken literally and end at \";\" alone, so nothing is selected", "separate the entries by \";\"",
+     "Demo.App,Demo.Net;"},
+};
+
+constexpr std::string_view strangeCharacters = ",=\"'?<>|&()[]{}";
+
+bool isBlank(char _c) { return _c == ' ' || _c == '\t'; }
+
+// What both kinds of lists have in common.
+void checkEntry(const ClassEntry& _entry, const FindingPlace& _place, Findings& _findings) {
+  const std::string& pattern = _entry.pattern;
+  if (pattern.empty()) {
+    _findings.push_back(findingOf("Q407", _place, "an entry is empty"));
+  } else if (isBlank(pattern.front()) || isBlank(pattern.back())) {
+    _findings.push_back(findingOf("Q402", _place, "a blank stands beside the entry " + inQuotes(pattern)));
+  } else if (pattern.find_first_of(strangeCharacters) != std::string::npos) {
+    _findings.push_back(findingOf("Q410", _place, "the entry is " + inQuotes(pattern)));
+  }
+}
+
+// A line of an .init file that is meant as a comment.
+bool isCommentLine(std::string_view _line) {
+  const std::size_t begin = _line.find_first_not_of(" \t");
+  if (begin == std::string_view::npos) return false;
+  return _line[begin] == '#' || _line.substr(begin, 2) == "//";
+}
+
+std::set<int> checkComments(const ConfigurationFile& _init, Findings& _findings) {
+  std::set<int> lines;
+  int number = 0;
+  for (std::size_t begin = 0; begin < _init.text.size(); ++number) {
+    const std::size_t end = std::min(_init.text.find('\n', begin), _init.text.size());
+    const std::string_view line = std::string_view(_init.text).substr(begin, end - begin);
+    if (isCommentLine(line)) {
+      lines.insert(number + 1);
+      _findings.push_back(findingOf("Q403", placeIn(_init, {number + 1, 1}),
+                                    "the comment " + inQuotes(line) + " stands in the class list"));
+    } else if (const std::size_t hash = line.find('#'); hash != std::string_view::npos) {
+      lines.insert(number + 1);
+      _findings.push_back(findingOf("Q403", placeIn(_init, {number + 1, static_cast<int>(hash) + 1}),
+                                    "the comment " + inQuotes(line.substr(hash)) + " stands in the class list"));
+    }
+    begin = end + 1;
+  }
+  return lines;
+}
+
+// What a class list lacks to reach the common log.
+void checkReach(const ClassEntry& _entry, const FindingPlace& _place, const std::vector<ClassEntry>& _filter,
+                Findings& _findings) {
+  std::vector<std::string_view> names;
+  for (const ClassEntry& entry : _filter) {
+    if (selectACommonLog(_entry.pattern, entry.pattern)) return;
+    names.emplace_back(entry.pattern);
+  }
+  const std::string similar = similarName(_entry.pattern, names);
+  const std::string text = "the class " + inQuotes(_entry.pattern) + " is on but not in the filter";
+  if (similar.empty()) {
+    _findings.push_back(findingOf("Q405", _place, text));
+  } else {
+    _findings.push_back(findingOf("Q405", _place, text + "; did you mean " + similar + "?", "write " + similar + ";"));
+  }
+}
+
+void checkKnown(const ClassEntry& _entry, const FindingPlace& _place, const std::vector<std::string>& _knownLogs,
+                Findings& _findings) {
+  const auto isSelected = [&_entry](const std::string& _log) { return selects(_entry.pattern, _log); };
+  if (_knownLogs.empty() || std::any_of(_knownLogs.begin(), _knownLogs.end(), isSelected)) return;
+  const std::vector<std::string_view> names(_knownLogs.begin(), _knownLogs.end());
+  const std::string similar = similarName(_entry.pattern, names);
+  const std::string text = "no running application has the class " + inQuotes(_entry.pattern);
+  if (similar.empty()) {
+    _findings.push_back(findingOf("Q406", _place, text));
+  } else {
+    _findings.push_back(findingOf("Q406", _place, text + "; did you mean " + similar + "?", "write " + similar + ";"));
+  }
+}
+
+const Setting* filterOf(const ConfigurationFile& _cfg) {
+  const Setting* const filter = _cfg.setting(Quillmark_logging::COMMON_LOG_FILE_FILTER);
+  // An empty value has swallowed other lines, which is said of the key.
+  return filter != nullptr && filter->value.find('\n') == std::string::npos ? filter : nullptr;
+}
+
+}  // namespace
+
+std::span<const FindingKind> classListKinds() { return classListTable; }
+
+void checkFilter(const ConfigurationFile& _cfg, Findings& _findings) {
+  const Setting* const filter = filterOf(_cfg);
+  if (filter == nullptr) return;
+  const auto placeAt = [&](std::size_t _offset) {
+    return placeIn(_cfg, {filter->valuePlace.line, filter->valuePlace.column + static_cast<int>(_offset)});
+  };
+  for (const ClassEntry& entry : filterClasses(filter->value))
+    checkEntry(entry, placeAt(entry.begin), _findings);
+  const std::size_t rest = filter->value.rfind(';') + 1;
+  if (rest < filter->value.size()) {
+    const std::string dropped = filter->value.substr(rest);
+    _findings.push_back(findingOf(
+        "Q401", placeAt(rest), "the last entry of the filter, " + inQuotes(dropped) + ", has no \";\"",
+        "write " + inQuotes(dropped + ";"), "it is dropped: " + dropped + " does not write to the common log"));
+  }
+}
+
+void checkClassList(const ConfigurationFile& _init, const ConfigurationFile* _filter,
+                    const std::vector<std::string>& _knownLogs, Findings& _findings) {
+  if (!_init.isRead) return;
+  const std::set<int> commented = checkComments(_init, _findings);
+  const std::vector<ClassEntry> entries = enabledClasses(_init.text);
+  if (entries.empty()) _findings.push_back(findingOf("Q408", placeOf(_init.path), "the class list is empty"));
+  const Setting* const setting = _filter == nullptr ? nullptr : filterOf(*_filter);
+  const std::vector<ClassEntry> filter = setting == nullptr ? std::vector<ClassEntry>{} : filterClasses(setting->value);
+  const TextPlaces places(_init.text);
+  for (const ClassEntry& entry : entries) {
+    const TextPlace place = places.of(entry.begin);
+    if (commented.contains(place.line)) continue;
+    const std::size_t before = _findings.size();
+    if (entry.isOverLines) {
+      _findings.push_back(
+          findingOf("Q404", placeIn(_init, place), "entries of two lines are joined to " + inQuotes(entry.pattern)));
+    } else {
+      checkEntry(entry, placeIn(_init, place), _findings);
+    }
+    if (_findings.size() != before) continue;
+    if (setting != nullptr) checkReach(entry, placeIn(_init, place), filter, _findings);
+    checkKnown(entry, placeIn(_init, place), _knownLogs, _findings);
+  }
+}
+
+}  // namespace qmrkctl

@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: MIT
+#include <filesystem>
+#include <system_error>
+
+#include "platform/native_path.h"
+#include "tools/qmrkctl/check/checks.h"
+
+namespace qmrkctl {
+namespace {
+
+using toolsystem::PathFacts;
+using toolsystem::PathKind;
+
+constexpr std::uint64_t hardlyAnySpace = 64 * 1024;
+constexpr std::uint64_t littleSpace = 64 * 1024 * 1024;
+
+constexpr FindingKind folderTable[] = {
+    {"Q501", Severity::error, "The log folder cannot be created", "initDefaultLogs fails and connects nothing",
+     "let the user write in the folder above it, or create it for the user", "the home of the user belongs to root"},
+    {"Q502", Severity::error, "A log cannot be written", "the set-up says true, and every line is lost",
+     "give the file and its folder to the user who logs", "the application ran as root before"},
+    {"Q503", Severity::warning, "The log folder belongs to another user",
+     "that user can remove and replace the logs, and links in the folder are not followed",
+     "give the folder to the user who logs (chown)", ""},
+    {"Q504", Severity::error, "The log is a link in a folder that others can change",
+     "the link is not followed: the set-up says true, and every line is lost",
+     "take the right to write in the folder from group and others (chmod go-w), or replace the link", ""},
+    {"Q505", Severity::error, "Something else stands in place of a log or of its folder",
+     "the log cannot be opened: every line is lost", "remove what stands there", "a folder, a pipe, a dangling link"},
+    {"Q506", Severity::error, "The disk of the logs is full",
+     "lines are lost until there is space; a line in the log then says how many", "make space, or move the logs", ""},
+    {"Q507", Severity::warning, "The disk of the logs is almost full", "lines are lost once it is full",
+     "make space, or move the logs", ""},
+    {"Q508", Severity::warning, "Error records cannot be written", "problems with the configuration leave no record",
+     "give qmrk.info and its folder to the user who logs", ""},
+    {"Q509", Severity::error, "The folder of the application logs cannot be used",
+     "createApplicationSpecificLogFile fails, or the lines of the applications' own logs are lost",
+     "give the folder to the user who logs", ""},
+    {"Q510", Severity::warning, "Everybody may change a file of the configuration",
+     "any user can switch logging off or fill the disk for all others",
+     "take the right to write from others (chmod o-w)", "mode 0666"},
+};
+
+std::string parentOf(const std::string& _path) {
+  const std::size_t end = _path.find_last_of("\\/");
+  return end == std::string::npos ? "" : _path.substr(0, end);
+}
+
+// The logs of a configuration for one user, and what is found about them.
+class FolderCheck {
+ public:
+  FolderCheck(const Viewpoint& _viewpoint, Findings& _findings) : viewpoint_(_viewpoint), findings_(_findings) {}
+
+  void checkLogs(const LogPlaces& _places) {
+    const std::string existing = existingPart(_places.folder);
+    checkSpace(existing);
+    if (existing != _places.folder) {
+      checkCreation(_places.folder, existing);
+      return;
+    }
+    if (!isFolder(_places.folder, "Q505")) return;
+    checkOwner(_places.folder);
+    if (!_places.commonLog.empty()) checkLog(_places.folder, _places.commonLog);
+    checkRecords(_places.errorRecords);
+    checkApplicationFolder(_places.applicationFolder);
+  }
+
+  void checkForeignRights(const ConfigurationFile& _file) {
+    if (_file.path.empty()) return;
+    for (const std::string& path : {_file.path, parentOf(_file.path)}) {
+      if (factsOf(viewpoint_, path).everybodyMayWrite) add("Q510", path, "everybody may write here");
+    }
+  }
+
+ private:
+  void add(std::string_view _code, const std::string& _path, const std::string& _text, const std::string& _fix = "",
+           const std::string& _effect = "") {
+    findings_.push_back(findingOf(_code, placeOf(_path), _text, _fix, _effect));
+  }
+
+  std::string user() const { return "the user " + viewpoint_.account.name; }
+
+  // The path itself, or the nearest folder above it that is there.
+  std::string existingPart(std::string _path) const {
+    while (factsOf(viewpoint_, _path).kind == PathKind::missing && !parentOf(_path).empty())
+      _path = parentOf(_path);
+    return _path;
+  }
+
+  void checkSpace(const std::string& _folder) {
+    const auto bytes = toolsystem::freeBytes(reachedPath(viewpoint_, _folder));
+    if (!bytes || *bytes >= littleSpace) return;
+    add(*bytes < hardlyAnySpace ? "Q506" : "Q507", _folder, std::to_string(*bytes) + " bytes are free");
+  }
+
+  bool isFolder(const std::string& _path, std::string_view _code) {
+    if (factsOf(viewpoint_, _path).kind == PathKind::folder) return true;
+    add(_code, _path, "there is something else in place of the folder", "remove what stands there",
+        "the folder cannot be created: the set-up fails");
+    return false;
+  }
+
+  void checkCreation(const std::string& _folder, const std::string& _existing) {
+    if (!isFolder(_existing, "Q505") || mayWrite(viewpoint_, _existing)) return;
+    add("Q501", _folder, user() + " may not create it in " + platform::nativePath(_existing));
+  }
+
+  void checkOwner(const std::string& _folder) {
+    const PathFacts facts = factsOf(viewpoint_, _folder);
+    if (facts.owner == viewpoint_.account.uid || facts.owner == 0) return;
+    add("Q503", _folder, "the folder belongs to " + facts.ownerName + ", not to " + viewpoint_.account.name);
+  }
+
+  // A link leads others wherever its maker wants, so the library follows it only where its maker can be trusted.
+  bool isLinkFollowed(const std::string& _folder) const {
+    const PathFacts facts = factsOf(viewpoint_, _folder);
+    return (facts.owner == viewpoint_.account.uid || facts.owner == 0) && !facts.othersMayWrite;
+  }
+
+  // Whether the target of a dangling link can be created.
+  bool hasFolderOfTarget(const std::string& _link) const {
+    std::error_code error;
+    const std::filesystem::path link(reachedPath(viewpoint_, _link));
+    const std::filesystem::path target = std::filesystem::read_symlink(link, error);
+    return !error && std::filesystem::is_directory((link.parent_path() / target).parent_path(), error);
+  }
+
+  void checkLog(const std::string& _folder, const std::string& _log) {
+    const PathFacts facts = factsOf(viewpoint_, _log);
+    if (facts.isLink && !isLinkFollowed(_folder)) {
+      add("Q504", _log, "the log is a link, and its folder is not " + viewpoint_.account.name + "'s alone");
+    } else if (facts.kind == PathKind::danglingLink) {
+      if (!hasFolderOfTarget(_log)) add("Q505", _log, "the log is a link that leads nowhere");
+    } else if (facts.kind == PathKind::missing) {
+      if (!mayWrite(viewpoint_, _folder)) add("Q502", _log, user() + " may not create the log in its folder");
+    } else if (facts.kind != PathKind::file) {
+      add("Q505", _log, "there is something else in place of the log");
+    } else if (!mayWrite(viewpoint_, _log)) {
+      add("Q502", _log, user() + " may not write the log");
+    }
+  }
+
+  void checkRecords(const std::string& _records) {
+    const PathFacts facts = factsOf(viewpoint_, _records);
+    if (facts.kind == PathKind::missing) return;
+    if (facts.kind != PathKind::file || !mayWrite(viewpoint_, _records))
+      add("Q508", _records, user() + " may not write it");
+  }
+
+  void checkApplicationFolder(const std::string& _folder) {
+    const PathFacts facts = factsOf(viewpoint_, _folder);
+    if (facts.kind == PathKind::missing) return;
+    if (facts.kind != PathKind::folder) {
+      add("Q509", _folder, "there is something else in place of the folder", "remove what stands there");
+    } else if (!mayWrite(viewpoint_, _folder)) {
+      add("Q509", _folder, user() + " may not write in it");
+    }
+  }
+
+  const Viewpoint& viewpoint_;
+  Findings& findings_;
+};
+
+}  // namespace
+
+std::span<const FindingKind> folderKinds() { return folderTable; }
+
+void checkFolders(const Viewpoint& _viewpoint, const Configuration& _configuration, Findings& _findings) {
+  FolderCheck check(_viewpoint, _findings);
+  check.checkForeignRights(_configuration.cfg);
+  if (_configuration.generic.path != _configuration.cfg.path) check.checkForeignRights(_configuration.generic);
+  if (_configuration.init.path != _configuration.cfg.path) check.checkForeignRights(_configuration.init);
+  if (_configuration.logs && _configuration.failure.empty()) check.checkLogs(*_configuration.logs);
+}
+
+}  // namespace qmrkctl

@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+
+#include "config/cfg_data_manager.h"
+#include "platform/native_path.h"
+#include "platform/text_file.h"
+#include "quillmark_logging_names.h"
+#include "tools/qmrkctl/check/checks.h"
+#include "tools/qmrkctl/check/similar_name.h"
+
+namespace qmrkctl {
+namespace {
+
+namespace names = Quillmark_logging;
+using toolsystem::PathKind;
+
+std::string native(const std::string& _path) { return platform::nativePath(_path); }
+
+std::string nameOf(const std::string& _path) { return _path.substr(_path.rfind('\\') + 1); }
+
+// The file in the same folder whose name differs in letter case alone; empty when there is none.
+std::string otherLetterCase(const Viewpoint& _viewpoint, const std::string& _path) {
+  const std::vector<std::string> files = fileNamesIn(_viewpoint, _path.substr(0, _path.rfind('\\')));
+  const auto found = std::find_if(files.begin(), files.end(), [name = nameOf(_path)](const std::string& _file) {
+    return _file != name && isSameIgnoringCase(_file, name);
+  });
+  return found == files.end() ? "" : *found;
+}
+
+const char* kindName(PathKind _kind) {
+  switch (_kind) {
+    case PathKind::folder:
+      return "a folder";
+    case PathKind::pipe:
+      return "a pipe";
+    case PathKind::socket:
+      return "a socket";
+    case PathKind::danglingLink:
+      return "a link that leads nowhere";
+    default:
+      return "a device";
+  }
+}
+
+// A file that the library cannot find. _code is that of the plain case.
+void addMissing(const Viewpoint& _viewpoint, const ConfigurationFile& _file, std::string_view _code,
+                const std::string& _effect, Findings& _findings) {
+  const FindingPlace place = placeOf(_file.path);
+  const std::string other = otherLetterCase(_viewpoint, _file.path);
+  if (_file.facts.kind == PathKind::danglingLink) {
+    _findings.push_back(findingOf("Q213", place, "in place of the file stands a link that leads nowhere", "", _effect));
+  } else if (_file.facts.kind == PathKind::file) {
+    _findings.push_back(findingOf("Q211", place, "the user " + _viewpoint.account.name + " may not enter its folder",
+                                  "let the user read and enter the folder (mode 0755)", _effect));
+  } else if (!other.empty()) {
+    _findings.push_back(findingOf("Q208", place, "the file is missing, but there is " + other,
+                                  "rename " + other + " to " + nameOf(_file.path), _effect));
+  } else {
+    _findings.push_back(findingOf(_code, place, "the file is missing", "", _effect));
+  }
+}
+
+void checkAsked(const Viewpoint& _viewpoint, const Configuration& _configuration, Findings& _findings) {
+  if (!_configuration.isFallenBack || _configuration.asked.path == _configuration.cfg.path) return;
+  const bool isGeneric = CfgDataManager::getInstance(false)->toUpperCopy(_configuration.caAsked) == names::GENERIC_CA;
+  if (isGeneric) return;
+  std::string effect = "the set-up writes a record to qmrk.info and falls back to \"GE\"";
+  if (_configuration.cfg.exists()) effect += ", so " + native(_configuration.cfg.path) + " is read instead";
+  addMissing(_viewpoint, _configuration.asked, "Q201", effect, _findings);
+}
+
+void checkTarget(const Viewpoint& _viewpoint, const Configuration& _configuration, const Setting& _redirection,
+                 Findings& _findings) {
+  const ConfigurationFile& generic = _configuration.generic;
+  const FindingPlace place = placeIn(generic, _redirection.valuePlace);
+  if (_redirection.value == names::GENERIC_CA) {
+    _findings.push_back(findingOf("Q206", place, "REDIRECT_CA_NR leads to GE itself"));
+    return;
+  }
+  const std::string path = redirectedCfgPath(_configuration, _redirection.value);
+  const ConfigurationFile target = readConfigurationFile(_viewpoint, path, "");
+  if (!target.exists()) {
+    const std::string other = otherLetterCase(_viewpoint, path);
+    const std::string text = "REDIRECT_CA_NR=" + _redirection.value + " leads to " + nameOf(path);
+    if (target.facts.kind == PathKind::missing && !other.empty()) {
+      const std::string ca = other.substr(nameOf(path).find(_redirection.value), _redirection.value.size());
+      _findings.push_back(findingOf("Q207", place, text + ", but the file is " + other, "write REDIRECT_CA_NR=" + ca));
+    } else {
+      _findings.push_back(findingOf("Q204", place, text + ", which is missing"));
+    }
+  } else if (const Setting* const second = target.setting(names::REDIRECT_CA_NR)) {
+    _findings.push_back(
+        findingOf("Q205", placeIn(target, second->keyPlace),
+                  "the file to which GE is redirected has REDIRECT_CA_NR=" + second->value + " itself"));
+  }
+}
+
+void checkGeneric(const Viewpoint& _viewpoint, const Configuration& _configuration, Findings& _findings) {
+  const ConfigurationFile& generic = _configuration.generic;
+  if (!generic.exists()) {
+    const bool isNeeded = _configuration.caInEffect == names::GENERIC_CA;
+    const bool fails = isNeeded && !_configuration.wouldBeGenerated;
+    const std::string effect = fails      ? ""
+                               : isNeeded ? findingEffect("Q202")
+                                          : "\"GE\" has no files: TS_APPENDERS and QMRK_TRACE are off";
+    addMissing(_viewpoint, generic, fails ? "Q203" : "Q202", effect, _findings);
+    return;
+  }
+  if (generic.path != _configuration.cfg.path) checkUsable(_viewpoint, generic, FileRole::cfg, _findings);
+  if (!generic.isUsable()) return;
+  if (const Setting* const redirection = generic.setting(names::REDIRECT_CA_NR)) {
+    checkTarget(_viewpoint, _configuration, *redirection, _findings);
+  } else {
+    _findings.push_back(findingOf("Q209", placeOf(generic.path), "the file has no REDIRECT_CA_NR"));
+  }
+}
+
+}  // namespace
+
+void checkUsable(const Viewpoint& _viewpoint, const ConfigurationFile& _file, FileRole _role, Findings& _findings) {
+  const FindingPlace place = placeOf(_file.path);
+  const bool isCfg = _role == FileRole::cfg;
+  const std::string effect = isCfg ? "no key can be read: the set-up fails" : findingEffect("Q212");
+  if (_file.facts.kind != PathKind::file) {
+    _findings.push_back(
+        findingOf("Q213", place, std::string("in place of the file stands ") + kindName(_file.facts.kind), "", effect));
+  } else if (_file.facts.size > platform::largestTextFile) {
+    const std::string bytes = std::to_string(_file.facts.size);
+    _findings.push_back(findingOf("Q214", place, "the file has " + bytes + " bytes", "", effect));
+  } else if (!_file.rights.isReadable) {
+    _findings.push_back(
+        findingOf(isCfg ? "Q211" : "Q212", place, "the user " + _viewpoint.account.name + " may not read the file"));
+  }
+}
+
+void checkRedirection(const Viewpoint& _viewpoint, const Configuration& _configuration, Findings& _findings) {
+  if (_configuration.generic.path.empty()) return;
+  checkAsked(_viewpoint, _configuration, _findings);
+  checkGeneric(_viewpoint, _configuration, _findings);
+  if (_configuration.cfg.exists()) checkUsable(_viewpoint, _configuration.cfg, FileRole::cfg, _findings);
+  if (_configuration.init.path.empty() || _configuration.init.path == _configuration.cfg.path) return;
+  if (!_configuration.init.exists()) {
+    addMissing(_viewpoint, _configuration.init, "Q210", findingEffect("Q210"), _findings);
+  } else {
+    checkUsable(_viewpoint, _configuration.init, FileRole::init, _findings);
+  }
+}
+
+}  // namespace qmrkctl

@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+
+#include "config/cfg_data_manager.h"
+#include "quillmark_logging_names.h"
+#include "tools/qmrkctl/check/checks.h"
+
+namespace qmrkctl {
+namespace {
+
+namespace names = Quillmark_logging;
+
+constexpr std::array<std::string_view, 5> switches = {names::LOG_STATE, names::MILLISECOND_RESOLUTION,
+                                                      names::SPEC_LOG_ROTATION, names::TS_APPENDERS, names::QMRK_TRACE};
+
+bool isSwitch(std::string_view _key) { return std::find(switches.begin(), switches.end(), _key) != switches.end(); }
+
+std::string upperCase(const std::string& _text) { return CfgDataManager::getInstance(false)->toUpperCopy(_text); }
+
+// One file and what is found in it.
+class ValueCheck {
+ public:
+  ValueCheck(const ConfigurationFile& _file, Findings& _findings) : file_(_file), findings_(_findings) {}
+
+  void checkAll() {
+    for (const Setting& setting : file_.settings) {
+      if (!setting.isReplaced) checkSetting(setting);
+    }
+    checkMissing();
+  }
+
+ private:
+  void add(std::string_view _code, const Setting& _setting, const std::string& _text, const std::string& _fix = "",
+           const std::string& _effect = "") {
+    findings_.push_back(findingOf(_code, placeIn(file_, _setting.valuePlace), _text, _fix, _effect));
+  }
+
+  std::string_view written(const Setting& _setting) const {
+    return std::string_view(file_.text).substr(_setting.valueBegin, _setting.end - _setting.valueBegin);
+  }
+
+  void checkSetting(const Setting& _setting) {
+    const std::string_view raw = written(_setting);
+    // Said of the key already.
+    if (raw.find('\n') != std::string_view::npos) return;
+    checkForm(_setting, raw);
+    if (isSwitch(_setting.key)) checkSwitch(_setting);
+    if (_setting.key == names::COMMON_LOG_FILE_NAME) checkName(_setting);
+    if (_setting.key == names::COMMON_LOG_FILE_ROOT) checkRoot(_setting);
+    if (_setting.key == names::SPEC_LOG_FILE_LIMIT) checkLimit(_setting);
+    if (_setting.key == names::SPEC_NR_OF_LOG_FILES) checkNumber(_setting);
+    if (_setting.key == names::CA_NR) checkCa(_setting);
+  }
+
+  void checkForm(const Setting& _setting, std::string_view _raw) {
+    const std::size_t hash = _raw.find('#');
+    // Behind a blank it is meant as a comment.
+    if (hash != std::string_view::npos && hash > 0 && _raw[hash - 1] != ' ' && _raw[hash - 1] != '\t') {
+      findings_.push_back(
+          findingOf("Q307",
+                    {placeIn(file_, _setting.valuePlace).file, _setting.valuePlace.line,
+                     _setting.valuePlace.column + static_cast<int>(hash)},
+                    "a \"#\" cuts the value of " + _setting.key, "",
+                    "the value is " + inQuotes(_setting.value) + ": a \"#\" starts a comment anywhere"));
+    }
+    const std::size_t tab = _raw.substr(0, hash).find('\t');
+    const bool isInside = tab != std::string_view::npos && tab < _raw.find_last_not_of(" \t");
+    if (isInside) add("Q323", _setting, "the value of " + _setting.key + " has a tab");
+    if (_setting.value.starts_with(' ') && !isInside) {
+      add("Q322", _setting, "the value of " + _setting.key + " begins with a blank", "",
+          "the value is " + inQuotes(_setting.value));
+    }
+  }
+
+  void checkSwitch(const Setting& _setting) {
+    const std::string value = upperCase(_setting.value);
+    if (value == "TRUE" || value.starts_with(' ')) return;
+    const bool isState = _setting.key == names::LOG_STATE;
+    if (value != "FALSE") {
+      add("Q303", _setting, _setting.key + " is " + inQuotes(_setting.value) + ", neither TRUE nor FALSE",
+          "write " + _setting.key + "=TRUE, or FALSE", isState ? "it is off: initDefaultLogs fails" : "it is off");
+    } else if (isState) {
+      add("Q311", _setting, "LOG_STATE is FALSE");
+    }
+  }
+
+  void checkName(const Setting& _setting) {
+    const std::string& name = _setting.value;
+    if (name.empty() || name.find_first_of("\\/") != std::string::npos || name == "." || name == "..") {
+      add("Q313", _setting, "COMMON_LOG_FILE_NAME is " + inQuotes(name));
+    }
+  }
+
+  void checkRoot(const Setting& _setting) {
+    const std::string& root = _setting.value;
+    const bool hasDrive = root.size() > 1 && root[1] == ':';
+    if (root.empty()) add("Q319", _setting, "COMMON_LOG_FILE_ROOT is empty");
+    if (root.starts_with('/') || root.starts_with('\\') || hasDrive) {
+      add("Q320", _setting, "COMMON_LOG_FILE_ROOT is the absolute path " + inQuotes(root));
+    }
+  }
+
+  // What is behind the digits of a number.
+  void checkDigits(const Setting& _setting) {
+    const std::size_t end = _setting.value.find_first_not_of("0123456789");
+    if (end == std::string::npos || end == 0) return;
+    add("Q317", _setting, _setting.key + " is " + inQuotes(_setting.value), "",
+        "it counts as " + _setting.value.substr(0, end));
+  }
+
+  void checkLimit(const Setting& _setting) {
+    const long limit = std::strtol(_setting.value.c_str(), nullptr, 10);
+    if (limit < 1) add("Q314", _setting, "SPEC_LOG_FILE_LIMIT is " + inQuotes(_setting.value));
+    if (limit == 1) add("Q315", _setting, "SPEC_LOG_FILE_LIMIT is 1");
+    checkDigits(_setting);
+  }
+
+  void checkNumber(const Setting& _setting) {
+    const long number = std::strtol(_setting.value.c_str(), nullptr, 10);
+    if (number < 2) add("Q316", _setting, "SPEC_NR_OF_LOG_FILES is " + inQuotes(_setting.value));
+    checkDigits(_setting);
+  }
+
+  void checkCa(const Setting& _setting) {
+    const std::string name = file_.path.substr(file_.path.find_last_of("\\/") + 1);
+    if (name.find("_" + _setting.value + ".") == std::string::npos) {
+      add("Q324", _setting, "CA_NR=" + _setting.value + " in " + name);
+    }
+  }
+
+  void addMissing(std::string_view _code, const std::string& _text) {
+    findings_.push_back(findingOf(_code, placeOf(file_.path), _text));
+  }
+
+  void checkMissing() {
+    const auto has = [this](std::string_view _key) { return file_.setting(_key) != nullptr; };
+    if (!has(names::LOG_STATE)) addMissing("Q309", "LOG_STATE is missing");
+    if (!has(names::COMMON_LOG_FILE_NAME)) addMissing("Q310", "COMMON_LOG_FILE_NAME is missing");
+    if (!has(names::COMMON_LOG_FILE_FILTER)) addMissing("Q312", "COMMON_LOG_FILE_FILTER is missing");
+    if (has(names::SPEC_LOG_FILE_LIMIT) != has(names::SPEC_NR_OF_LOG_FILES)) {
+      addMissing("Q318", has(names::SPEC_LOG_FILE_LIMIT) ? "SPEC_NR_OF_LOG_FILES is missing"
+                                                         : "SPEC_LOG_FILE_LIMIT is missing");
+    }
+  }
+
+  const ConfigurationFile& file_;
+  Findings& findings_;
+};
+
+}  // namespace
+
+void checkValues(const ConfigurationFile& _file, Findings& _findings) {
+  if (_file.isRead) ValueCheck(_file, _findings).checkAll();
+}
+
+}  // namespace qmrkctl
