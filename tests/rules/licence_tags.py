@@ -1,7 +1,8 @@
 # SPDX-License-Identifier: MIT
 """Every source, script and build file names its licence in its first line (after the line that names an interpreter)."""
 
-TAGGED_ENDINGS = (".cpp", ".h", ".hpp", ".py", ".sh", ".cmake", "CMakeLists.txt", ".in", ".map", ".rc")
+TAGGED_ENDINGS = (".cpp", ".h", ".hpp", ".py", ".sh", ".cmake", "CMakeLists.txt", ".in", ".map", ".rc", ".conf",
+                  ".service", ".scd")
 
 
 def violations(files):

@@ -67,8 +67,12 @@ PLANTED = {
     "licence_tags": (
         {"trace/a.cpp": "// SPDX-License-Identifier: MIT\n",
          "scripts/run": "#!/bin/sh\n# SPDX-License-Identifier: MIT\n",
+         "integrations/a.conf": "# SPDX-License-Identifier: MIT\n",
          "README.md": "# Title\n"},
-        {"trace/p.cpp": "#include <string>\n// SPDX-License-Identifier: MIT\n",
+        {"integrations/p.conf": "[Journal]\n",
+         "integrations/q.service": "[Unit]\n",
+         "docs/man/r.1.scd": "r(1)\n",
+         "trace/p.cpp": "#include <string>\n// SPDX-License-Identifier: MIT\n",
          "trace/q.h": "",
          "cmake/R.cmake": "# Install rules\n",
          "trace/CMakeLists.txt": "target_sources(a)\n",

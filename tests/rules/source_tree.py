@@ -7,7 +7,8 @@ import re
 
 SKIPPED_FOLDERS = {".git", ".cache", "build", "out", "__pycache__"}
 CXX_ENDINGS = (".cpp", ".h", ".hpp")
-TEXT_ENDINGS = CXX_ENDINGS + (".py", ".sh", ".cmake", ".txt", ".md", ".json", ".cfg", ".svg", ".in", ".map", ".rc")
+TEXT_ENDINGS = CXX_ENDINGS + (".py", ".sh", ".cmake", ".txt", ".md", ".json", ".cfg", ".svg", ".in", ".map", ".rc",
+                             ".conf", ".service", ".scd")
 
 _TOKEN = re.compile(
     r"""(?P<comment>//[^\n]*|/\*.*?\*/)"""

@@ -1,0 +1,66 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
+"""service_files_test.py ROOT BUILD: systemd takes the unit and the settings of the journal in integrations/, and an
+application that runs as the unit says finds its folders."""
+
+import pathlib
+import re
+import subprocess
+import sys
+import unittest
+
+from logging_machine import LoggingMachine, replaced
+
+ROOT, BUILD = (pathlib.Path(argument) for argument in sys.argv[1:3])
+UNIT = (ROOT / "integrations" / "systemd" / "shop.service").read_text(encoding="utf-8")
+JOURNAL = (ROOT / "integrations" / "journald" / "60-qmrk.conf").read_text(encoding="utf-8")
+JOURNALD = pathlib.Path("/lib/systemd/systemd-journald")
+
+
+def values(text, key):
+    return re.findall(rf"(?m)^{key}=(.*)$", text)
+
+
+class ServiceFiles(unittest.TestCase):
+    def setUp(self):
+        self.machine = LoggingMachine(self, ROOT)
+
+    def verify(self, text):
+        unit = self.machine.folder / "shop.service"
+        unit.write_text(text, encoding="utf-8")
+        return subprocess.run(["systemd-analyze", "verify", "--man=no", str(unit)], capture_output=True, text=True,
+                              check=False)
+
+    def test_systemd_has_nothing_to_say_about_the_unit(self):
+        found = self.verify(replaced(UNIT, [("/usr/bin/shop", "/usr/bin/true")]))
+        self.assertEqual((found.returncode, found.stdout, found.stderr), (0, "", ""))
+
+    def test_systemd_would_have_found_a_wrong_key(self):
+        self.assertIn("LogsDir", self.verify(replaced(UNIT, [("/usr/bin/shop", "/usr/bin/true"),
+                                                             ("LogsDirectory=", "LogsDir=")])).stderr)
+
+    def test_the_journal_knows_the_keys(self):
+        known = JOURNALD.read_bytes()
+        keys = re.findall(r"(?m)^(\w+)=", JOURNAL)
+        self.assertGreater(len(keys), 2)
+        for key in keys:
+            self.assertIn(f"Journal.{key}\0".encode(), known)
+
+    def test_an_application_run_as_the_unit_says_logs_below_its_folder(self):
+        folder = values(UNIT, "LogsDirectory")[0]
+        variables = dict(value.split("=", 1) for value in values(UNIT, "Environment"))
+        logs = self.machine.folder / "log"
+        (logs / folder).mkdir(parents=True, mode=int(values(UNIT, "LogsDirectoryMode")[0], 8))
+        self.machine.environment.update(HOME="/", QMRK_APPDATA=variables["QMRK_APPDATA"].replace("%L", str(logs)),
+                                        DEFAULT_CA_NR=variables["DEFAULT_CA_NR"])
+        self.machine.environment.pop("XDG_DATA_HOME", None)
+        program = self.machine.start("sh", "-c", 'umask "$0"; exec "$@"', values(UNIT, "UMask")[0],
+                                     BUILD / "tools/LogTest", messages=subprocess.DEVNULL)
+        self.assertEqual(program.wait(), 0)
+        log = logs / folder / "Orvane" / "Quillmark" / "Logging" / "common.log"
+        self.assertIn("[Demo.App.info]", log.read_text(encoding="utf-8"))
+        self.assertEqual((log.stat().st_mode & 0o777, log.parent.stat().st_mode & 0o777), (0o640, 0o750))
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])
