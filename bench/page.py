@@ -7,11 +7,11 @@ from workloads import EVERYBODY, LIBRARY_WORKLOADS, PEERS, UNPACKAGED_PEERS, WOR
 
 SHOWN = EVERYBODY + UNPACKAGED_PEERS
 
-DISABLED_TITLE = "A statement of a log that is off"
+DISABLED_TITLE = "A disabled statement"
 
 CONFIGURATION = """\
 Every library writes the same line, `[App.Module.info] 20261121 10:00:00.123 ` and a message of 60 characters with an
-integer in it, as near as it can be configured, and flushes it where the workload says "at once". Each is used as its
+integer in it, as closely as it can be configured, and flushes it where the workload says "at once". Each is used as its
 documentation recommends for the job; the code is in `bench/subjects/`.
 
 | subject | configuration |
@@ -110,7 +110,7 @@ def beats(metric, one, other):
 
 
 def summary(figures):
-    lines = ["## What was to be reached", "", "| | metric | to reach | measured | | best peer |", "|---|---|---|---|---|---|"]
+    lines = ["## Goals", "", "| | metric | goal | measured | | best peer |", "|---|---|---|---|---|---|"]
     for key, _, metric, unit, relative, goal, value, best in sorted(metrics_of_qmrk(figures), key=lambda row: row[0]):
         if goal is None or metric == "lines_lost" and reached(goal, value):
             continue
@@ -141,9 +141,9 @@ def workload_section(workload, figures):
         lines += [heading, "|---|---|---|", *metric_rows(figures, metric, unit, relative), ""]
         if goal is not None:
             value = typical(figures, "qmrk", metric, relative)
-            lines += [f"To reach: {goal[0]} {number(goal[1])}; measured {number(value)}: {state(goal, value)}.", ""]
+            lines += [f"Goal: {goal[0]} {number(goal[1])}; measured {number(value)}: {state(goal, value)}.", ""]
     for subject, metric, best, goal, value in compared(workload, figures):
-        lines += [f"To reach by {subject} in {metric}: {goal[0]} {number(goal[1])} of {best[1]}; measured "
+        lines += [f"Goal of {subject} for {metric}: {goal[0]} {number(goal[1])} times that of {best[1]}; measured "
                   f"{number(value)}: {state(goal, value)}.", ""]
     return lines
 
@@ -151,14 +151,14 @@ def workload_section(workload, figures):
 def lost_lines(figures):
     lost = [f"{subject} {number(max(of_subject['lines_lost']))}" for subject, of_subject in figures.items()
             if max(of_subject["lines_lost"]) > 0]
-    return f"Lost or torn lines: {', '.join(lost) if lost else 'none, of any subject'}."
+    return f"Lost or torn lines: {', '.join(lost) if lost else 'none'}."
 
 
 def disabled_section(figures):
     lines = [f"## C. {DISABLED_TITLE}", "", "Instructions, counted by callgrind; an empty loop is raw.", "",
              "| subject | instructions |", "|---|---|"]
     lines += [f"| {subject} | {number(value)} |" for subject, value in figures.items()]
-    return lines + ["", f"To reach: at most 8; measured {number(figures['qmrk'])}: {state(('at most', 8), figures['qmrk'])}.",
+    return lines + ["", f"Goal: at most 8; measured {number(figures['qmrk'])}: {state(('at most', 8), figures['qmrk'])}.",
                     ""]
 
 
@@ -168,17 +168,17 @@ def library_section(workload, figures):
         line = f"{metric}: {cell(figures[metric])} {unit}."
         if goal is not None:
             value = statistics.median(figures[metric])
-            line += f" To reach: {goal[0]} {number(goal[1])}; measured {number(value)}: {state(goal, value)}."
+            line += f" Goal: {goal[0]} {number(goal[1])}; measured {number(value)}: {state(goal, value)}."
         lines += [line, ""]
     return lines
 
 
 def profile_section(profiles):
     lines = ["## Where the instructions of a line go", "",
-             "Counted by callgrind, without what the kernel does; functions of less than ten instructions are left out.", ""]
+             "Counted by callgrind, without the kernel; functions below ten instructions are left out.", ""]
     for key, rows in profiles.items():
         total = sum(count for count, _ in rows)
-        lines += [f"{key}: {total:.0f} instructions a line", "", "| instructions | function |", "|---|---|"]
+        lines += [f"{key}: {total:.0f} instructions per line", "", "| instructions | function |", "|---|---|"]
         lines += [f"| {count:.0f} | `{function}` |" for count, function in rows if count >= 10]
         lines += [""]
     return lines
@@ -219,7 +219,7 @@ def heading(measured):
     machine = measured["machine"]
     return ["<!-- SPDX-License-Identifier: MIT -->", "# What a logging statement costs", "",
             "Written by `scripts/bench`, which installs the peers, builds everything and runs the subjects in turn. "
-            "Ratios are formed round by round and are what counts; absolute times are this machine's.", "",
+            "Ratios are taken round by round and are what counts; absolute times hold for this machine only.", "",
             f"{machine['processor']}, Linux {machine['kernel']}, {machine['compiler']}, {machine['date']}, commit "
             f"{machine['commit']}, {measured['rounds']} rounds, load {machine['load']} before the first. "
             f"Packages: {machine['versions']}.", "",

@@ -8,9 +8,9 @@
 namespace bench {
 
 /// One way to write log lines: this library, a peer, or the hand-written baseline. Every line is
-/// "[App.Module.info] 20261121 10:00:00.123 " and a message of 60 characters with an integer in it, as near to that as
-/// the library can be configured. The loops stand in the subject's own file, so that its macros and inline functions
-/// count as they do for a user. One open call is made per object and process.
+/// "[App.Module.info] 20261121 10:00:00.123 " and a message of 60 characters with an integer in it, as closely as the
+/// library can be configured. The loops stand in the subject's own file, so that its macros and inline functions count
+/// as they do for a user. Call open once per object and process.
 class Subject {
  public:
   Subject() = default;
@@ -18,7 +18,7 @@ class Subject {
   Subject(const Subject&) = delete;
   Subject& operator=(const Subject&) = delete;
 
-  /// One file, each message written at once. False where the library has no such mode; so for the two below.
+  /// One file, each message written at once. False if the library has no such mode; the same holds for the next two.
   virtual bool openPlain(const std::string& _file);
   /// The same with a size limit and numbered backups.
   virtual bool openRolling(const std::string& _file, int _bytes, int _files);
@@ -27,11 +27,11 @@ class Subject {
 
   /// Logs lines whose integer counts up from 1000000.
   virtual void logLines(int _count) = 0;
-  /// The same statements for a log that is off; false where there is no such thing.
+  /// The same statements for a log that is off; false if there is no such thing.
   virtual bool logOffLines(int _count);
 
-  /// Makes _logs loggers, once, then switches all of them off and _logs of them, by name or pattern, on again. False
-  /// where the library has no such operation.
+  /// Creates _logs loggers once, then switches all of them off and _logs of them, by name or pattern, on again. False
+  /// if the library has no such operation.
   virtual bool makeLogs(int _logs);
   virtual void updateLevels(int _logs);
 };
@@ -45,12 +45,12 @@ struct SubjectEntry {
   std::unique_ptr<Subject> (*make)();
 };
 
-/// What this build can compare: subjects/with_peers.cpp or subjects/without_peers.cpp.
+/// What this build can compare with: subjects/with_peers.cpp or subjects/without_peers.cpp.
 std::vector<SubjectEntry> subjectEntries();
-/// What no Debian package has: subjects/with_quill.cpp or subjects/without_quill.cpp.
+/// What Debian does not package: subjects/with_quill.cpp or subjects/without_quill.cpp.
 std::vector<SubjectEntry> unpackagedEntries();
 
-// Every subject's own file has one of these.
+// Each is in the subject's own file.
 std::unique_ptr<Subject> makeRaw();
 std::unique_ptr<Subject> makeQmrk();
 std::unique_ptr<Subject> makeQmrkFormatted();

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The workloads that are compared, and what each has to reach."""
+"""The workloads that are compared, and their goals."""
 import dataclasses
 import json
 import os
@@ -23,8 +23,8 @@ QUEUED = USUAL + (UNPACKAGED_PEERS if os.environ.get("QMRK_BENCH_QUILL") else []
 
 @dataclasses.dataclass
 class Workload:
-    """A program that is run for each subject; `metrics` are (name, unit, ratio to raw?, what to reach or None),
-    `comparisons` are (subject, name of a metric, others, the ratio to reach to the best of them that loses nothing)."""
+    """A program that is run for each subject; `metrics` are (name, unit, ratio to raw?, goal or None),
+    `comparisons` are (subject, name of a metric, others, the goal of the ratio to the best of them that loses nothing)."""
     key: str
     title: str
     program: str
@@ -55,18 +55,18 @@ WORKLOADS = [
              [("p50_ns", "ns", False, at_most(60)), ("p99_ns", "ns", False, None),
               ("processor_us_per_line", "us", False, at_most(5))],
              QUEUED, [("qmrk", "p99_ns", ["quill"], at_most(2.5))]),
-    Workload("E2", "Writer thread: flood of 200,000 lines until all is in the file, 1 thread", "queued_flood_bench", [],
+    Workload("E2", "Writer thread: flood of 200,000 lines until all are in the file, 1 thread", "queued_flood_bench", [],
              [("lines_per_second", "lines/s", False, at_least(6e6)), ("idle_ms", "ms in 3 s", False, at_most(0.05)),
               ("lines_lost", "lines", False, at_most(0))], QUEUED),
     Workload("E3", "Writer thread: the same flood from 4 threads", "queued_flood_bench",
              ["--threads", "4"],
              [("lines_per_second", "lines/s", False, at_least(4.5e6)), ("lines_lost", "lines", False, at_most(0))],
              QUEUED, [("qmrk", "lines_per_second", PEERS, at_least(2))]),
-    Workload("E4", "Writer thread: 100 lines a second, processor time as a share of one core", "queued_steady_bench",
+    Workload("E4", "Writer thread: 100 lines per second, processor time as a share of one core", "queued_steady_bench",
              ["--rate", "100"], [("processor_percent", "%", False, at_most(0.8))], QUEUED),
-    Workload("E5", "Writer thread: 1,000 lines a second, processor time as a share of one core", "queued_steady_bench",
+    Workload("E5", "Writer thread: 1,000 lines per second, processor time as a share of one core", "queued_steady_bench",
              ["--rate", "1000"], [("processor_percent", "%", False, at_most(5))], QUEUED),
-    Workload("E6", "Writer thread: from the statement to the line in the file, about 200 lines a second",
+    Workload("E6", "Writer thread: from the statement to the line in the file, about 200 lines per second",
              "queued_delivery_bench", [],
              [("p50_us", "us", False, None), ("p99_us", "us", False, at_most(2000)),
               ("lines_lost", "lines", False, at_most(0))], QUEUED),

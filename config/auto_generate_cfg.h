@@ -5,7 +5,7 @@
 #include <string>
 
 /// Writes a generic configuration file that redirects to the first customer adaptation (CA) whose own file lies in the
-/// configuration folder. An object is used once, by one thread; nothing throws for a failure.
+/// configuration folder. Use an object once, on one thread. Failures throw nothing.
 class AutoGenerateCfg {
  public:
   /// @param _trace whether the object writes to the console, its listing included.
@@ -16,8 +16,8 @@ class AutoGenerateCfg {
   bool setCfgPath(const std::string& _path);
 
   /// Writes qmrk_logging_GE.cfg into the folder, over an existing one.
-  /// @return false, with nothing written, when no CA was found or the file cannot be opened; also when the disk is
-  /// full, which leaves no file.
+  /// @return false, with nothing written, when it finds no CA or cannot open the file; also when the disk is full,
+  ///   which leaves no file.
   bool generateGenericCfgFile();
 
   /// Finds the CA in the names of the folder.
@@ -27,7 +27,7 @@ class AutoGenerateCfg {
   /// @param _filter what a name must contain; empty admits all.
   bool traverseDirectory(const std::string& _directory, const std::string& _filter);
 
-  /// Prints the directory map, which is filled from _directory when it is still empty.
+  /// Prints the directory map, which it fills from _directory if it is still empty.
   /// @param _filter what a name must contain to be printed.
   bool showDirContent(const std::string& _directory, const std::string& _filter);
 

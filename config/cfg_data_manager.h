@@ -28,7 +28,7 @@ class CfgDataManager {
   bool removeTrailingSpaces(std::string& _s);
 
   /// Adds the pairs of a configuration text to a map.
-  /// @param _str its tabs are replaced by eight blanks each.
+  /// @param _str each of its tabs becomes eight blanks.
   /// @return whether the map then holds anything.
   bool cfgDataStrToMap(CfgMap& _cMap, std::string& _str);
 
@@ -46,8 +46,8 @@ class CfgDataManager {
 
   // ---- Files (cfg_file_path.cpp) ----
 
-  /// The path of a CA's .cfg or .init file, which need not exist. "GE" is redirected to the CA that the generic .cfg
-  /// file names, once; a request for the .init file of a "GE" without redirection answers with its .cfg file.
+  /// The path of a CA's .cfg or .init file, which need not exist. Redirects "GE" once, to the CA that the generic .cfg
+  /// file names; without a redirection, a request for its .init file yields its .cfg file.
   /// @param _path receives the path; holds a part of it on some failures.
   /// @param _ca in any letter case.
   /// @param _cfg true: the .cfg file, false: the .init file.
@@ -78,7 +78,7 @@ class CfgDataManager {
   CfgDataManager() = default;
   ~CfgDataManager() = default;
 
-  /// A lookup in a text by way of a map, of which the trace tells.
+  /// Looks a key up in a text by way of a map, which the trace shows.
   bool findTraced(std::string& _text, const std::string& _key, std::string& _value);
 
   /// Turns the path of a generic file into that of the CA to which the generic .cfg file redirects.

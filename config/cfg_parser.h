@@ -22,18 +22,17 @@ struct CfgPairPlace {
   std::size_t end = 0;    ///< of the line feed that ends the pair
 };
 
-/// Takes (key, value, place); what it is handed lives for the call only.
+/// Takes (key, value, place), which live for the call only.
 using TakeCfgPair = std::function<void(std::string_view, std::string_view, const CfgPairPlace&)>;
 
-/// Replaces every tab by eight blanks, as is done before a text is scanned.
+/// Replaces every tab by eight blanks, as a scan does first.
 void expandTabs(std::string& _text);
 
-/// Calls _take for each pair of a configuration text, in order, repeated keys included; the value still has
-/// the blanks at its end. "KEY=value" and "KEY:value" make a pair,
-/// which ends at the first line feed after the value has begun. A comment runs from "#", or from "//" after a blank, a
-/// tab or a line end, to the end of its line. A tab elsewhere counts as eight blanks. What is pending at the end of the
-/// text is dropped. The time grows with the text alone, and nothing is copied but a pair with a comment, a slash or a
-/// tab in it.
+/// Calls _take for each pair of a configuration text, in order, repeated keys included; the value still has the blanks
+/// at its end. "KEY=value" and "KEY:value" make a pair, which ends at the first line feed after the value has begun. A
+/// comment runs from "#", or from "//" after a blank, a tab or a line end, to the end of its line. A tab elsewhere
+/// counts as eight blanks. What is pending at the end of the text is dropped. Takes linear time, and copies only pairs
+/// with a comment, a slash or a tab in them.
 void forEachCfgPair(std::string_view _text, const TakeCfgPair& _take);
 
 /// The same pairs all at once.

@@ -6,7 +6,7 @@
 namespace Quillmark_logging {
 
 /// The text of a record of the class store, without the time stamp and the line end.
-/// @param _caller nothing is written for an empty one.
+/// @param _caller if empty, the record names none.
 std::string errorRecordText(const std::string& _ca, const std::string& _text, const std::string& _caller);
 
 }  // namespace Quillmark_logging

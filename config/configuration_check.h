@@ -5,8 +5,8 @@
 
 namespace Quillmark_logging {
 
-/// Makes sure that a readable configuration file exists for a CA: falls back to "GE", and generates the generic file
-/// when that is missing too. Every problem leaves an error record.
+/// Makes sure that a CA has a readable configuration file: falls back to "GE", and generates the generic file if that
+/// is missing too. Records every problem.
 /// @param _ca becomes "GE" when the CA's own file is missing.
 /// @param _caller name of the application for the error records; may be empty.
 /// @return whether a readable file is available.

@@ -7,7 +7,7 @@
 
 namespace Quillmark_logging {
 
-/// Appends a backslash and COMMON_LOG_FILE_ROOT of a configuration file, or its default, to the user's folder.
+/// Appends a backslash and the file's COMMON_LOG_FILE_ROOT, or its default, to the user's folder.
 /// @return whether the file has the key.
 bool appendLogRoot(CfgDataManager& _manager, const std::string& _cfgFile, std::string& _path);
 

@@ -14,7 +14,8 @@ std::string recordStamp(const platform::LocalTime& _time);
 
 enum class RecordResult { written, notOpened, notWritten };
 
-/// Appends a record with the stamp of now to a file, which is created when it is missing; its folder must exist.
+/// Appends a record, stamped with the current time, to a file. Creates the file if it is missing; its folder must
+/// exist.
 /// @param _text the record without stamp and line end.
 RecordResult appendRecord(const std::string& _file, const std::string& _text);
 

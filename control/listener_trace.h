@@ -12,11 +12,11 @@
 namespace Quillmark_logging {
 
 // The trace of LogEventHandler. It goes to the standard streams, not to the console, and follows the switch as it was
-// when the library was loaded. A line and its end are inserted in one piece: lines of several threads do not mix, and
-// neither the flags nor the locale that an application has set on the stream change how numbers look.
+// when the library was loaded. Each line is inserted in one piece with its end: lines of several threads do not mix,
+// and the flags and locale that an application sets on the stream do not change how numbers look.
 
 /// Writes the line at once. A full disk, a pipe that nobody reads and a file size limit end neither the process nor the
-/// stream: the next line is tried again. What the stream throws is passed on.
+/// stream: the next line tries again. Passes on what the stream throws.
 void writeTraceLine(std::ostream& _stream, const std::string& _line);
 
 template <class... Parts>

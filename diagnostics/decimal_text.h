@@ -8,8 +8,8 @@
 
 namespace Quillmark_logging {
 
-/// A number as plain decimal digits, after a minus sign where it is negative.
-/// Throws boost::bad_lexical_cast for a value that cannot be turned into text.
+/// A number in plain decimal digits, with a minus sign if it is negative. Throws boost::bad_lexical_cast for a value
+/// that cannot be turned into text.
 template <class Number>
 std::string decimalText(const Number& _number) {
   return boost::lexical_cast<std::string>(_number);

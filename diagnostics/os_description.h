@@ -7,7 +7,7 @@
 
 namespace Quillmark_logging {
 
-/// What the description asks the system, and the console that it writes to.
+/// What the description asks of the system, and the console that it writes to.
 class SystemFacts {
  public:
   virtual ~SystemFacts() = default;
@@ -25,7 +25,7 @@ class SystemFacts {
 /// Describes a Windows version in one line: name, edition, service pack and build, as far as the version has them. The
 /// line of the NT family ends with a carriage return, those of Win32s and Windows Me with a line feed, the others with
 /// a blank.
-/// @param _text receives the description at its end; on failure perhaps a part of it.
+/// @param _text the description is appended to it; on failure perhaps a part of it.
 /// @return false when neither version query succeeds, or when the extended one fails and the registry does not name the
 ///   kind of product.
 bool describeSystem(SystemFacts& _facts, std::string& _text);

@@ -11,8 +11,8 @@ namespace Quillmark_logging {
 bool getOSDescription(std::string& _text);
 
 /// Appends the description of the running system and an empty line to the common log file of a CA. Creates the file if
-/// it is missing; its folder must exist. The file may be open elsewhere.
-/// @return whether they were written. Nothing is written when the system cannot be described.
+/// it is missing; its folder must exist. Others may have the file open.
+/// @return whether it wrote them. Writes nothing when it cannot describe the system.
 bool writeOSInfo(const std::string& _ca);
 
 /// The same with the facts of another system.

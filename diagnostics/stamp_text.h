@@ -8,7 +8,8 @@
 
 namespace Quillmark_logging {
 
-// The text of the stamps, without the source of their numbers. They trace themselves; any thread may call them.
+// The text of the stamps, apart from where their numbers come from. These functions trace themselves; any thread may
+// call them.
 
 /// The stamp of an id: its digits, formatted "[<digits>] ".
 /// @param _function the exported function that the trace names.

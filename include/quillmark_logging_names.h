@@ -5,7 +5,7 @@
 /// @file
 /// The texts that the library and its applications share: names of files and folders, configuration keys, defaults, and
 /// the names under which callables are connected in the log manager. All are 8-bit texts; paths have backslashes on
-/// every platform. They are constants of the compiler, so code that runs while libraries are loaded may use them.
+/// every platform. They are compile-time constants, so code that runs while libraries are loaded may use them.
 
 namespace Quillmark_logging {
 
@@ -76,7 +76,7 @@ constexpr char GENERIC_CA[] = "GE";
 /// Environment variable: the default CA.
 constexpr char DEFAULT_CA_NR[] = "DEFAULT_CA_NR";
 
-// ---- What counts where a key is missing ----
+// ---- Defaults of missing keys ----
 
 /// For COMMON_LOG_FILE_ROOT.
 constexpr char DEFAULT_COMMON_LOG_FILE_ROOT[] = "Orvane\\Quillmark\\Logging";

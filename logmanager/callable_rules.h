@@ -14,14 +14,14 @@
 
 namespace boost::logging::detail {
 
-/// Which callables the logs have: those additions and removals that still matter, in the order of the calls. What add
-/// and remove change counts at once and is ended by commit or rollBack. Not synchronised.
+/// Which callables the logs have: the additions and removals that still matter, in the order of the calls. A change by
+/// add or remove counts at once; commit keeps it, rollBack undoes it. Not synchronised.
 ///
-/// Patterns are kept as globs, because of this: if several globs together match all that another one matches, one of
+/// Patterns are kept as globs, for this reason: if several globs together match all that another one matches, one of
 /// them does so alone. (Put a byte that none of them contains in place of each "*" of the other one. It matches this
-/// text, so one of them does, and only by a "*" can it match these bytes.) So an addition is forgotten as soon as one
-/// removal covers it, and a removal as soon as a later one covers it; none is kept that meets no addition. Repeated
-/// calls leave what one round of them leaves.
+/// text, so one of them does, and only a "*" can match these bytes.) So an addition can go as soon as one removal
+/// covers it, and a removal as soon as a later one covers it; a removal that meets no addition is not kept at all.
+/// Repeated calls leave what one round of them leaves.
 class CallableRules {
  private:
   struct Rule {
@@ -31,31 +31,31 @@ class CallableRules {
     std::string name;
     /// Null in a removal.
     SharedCallable callable;
-    /// To be forgotten by the next commit.
+    /// The next commit forgets it.
     bool isDead = false;
   };
 
  public:
   using Rules = std::list<Rule>;
 
-  /// May throw std::bad_alloc; a call of rollBack is due then.
+  /// May throw std::bad_alloc; call rollBack then.
   void add(const NamePattern& _pattern, const SharedCallable& _callable);
   void remove(const NamePattern& _pattern, CallableKind _kind, std::string_view _name);
 
-  /// @return what is forgotten, for the caller to destroy where it holds no lock.
+  /// @return the rules that go, for the caller to destroy without holding a lock.
   Rules commit() noexcept;
 
-  /// Undoes what was done since the latest commit.
+  /// Undoes everything since the latest commit.
   void rollBack() noexcept;
 
   /// The callables of a log of that name, in the order of adding.
   std::vector<SharedCallable> callablesOf(std::string_view _name);
 
-  /// How many additions and removals are held.
+  /// How many additions and removals it holds.
   std::size_t size() const { return size_; }
 
  private:
-  /// What rollBack undoes: a rule was inserted, or marked as dead.
+  /// What rollBack undoes: the insertion of a rule, or its marking as dead.
   struct Step {
     bool isInsertion;
     Rules* home = nullptr;

@@ -16,7 +16,7 @@ namespace boost::logging::detail {
 
 struct ThreadState;
 
-/// What one logging statement needs while it runs. The slot keeps the callables alive that its log had at the start.
+/// What one logging statement needs while it runs. The slot keeps alive the callables that the log had at the start.
 class Context : public ReaderSlot {
  public:
   Context() : stream(*this) {}
@@ -44,21 +44,21 @@ class Context : public ReaderSlot {
 
   void findLane(MessageQueue& _queue);
 
-  /// Of 0, which is no queue's, there is no lane.
+  /// 0, which no queue has, while there is no lane.
   std::uint64_t latestQueue_ = 0;
   Lane* latestLane_ = nullptr;
-  /// One for each queue that the context has left messages for, and those that have gone since.
+  /// One for each queue that the context has left messages for, including queues that are gone.
   std::vector<LaneOfQueue> lanes_;
 };
 
-/// All contexts, for those who replace callables.
+/// All contexts, for whoever replaces callables.
 SlotPool<Context>& contexts();
 
 /// A context for a statement of the calling thread on the log, until leaveContext. May throw std::bad_alloc.
 Context& enterContext(const Log& _log);
 
-/// For the child of a fork: lets go of what threads of the parent held. Their contexts, which they may have been
-/// changing, are never used again.
+/// For the child of a fork: releases what threads of the parent held. Never reuses their contexts, which they may have
+/// been changing.
 void abandonContextsOfOthers();
 
 /// Whether the log of the context still has the callables that the context holds.
@@ -66,17 +66,17 @@ inline bool isUpToDate(const Context& _context) {
   return _context.log->callables.load(std::memory_order_relaxed) == _context.callables;
 }
 
-/// Gives the context the callables that its log has now. Without it a message that is begun before the first set-up and
-/// ended after it would go nowhere.
+/// Gives the context the callables that its log has now. Otherwise a message that begins before the first set-up and
+/// ends after it would go nowhere.
 inline void followSetUp(Context& _context) {
   if (!isUpToDate(_context)) _context.callables = _context.hold(_context.log->callables);
 }
 
-/// The second look of whoever has found the log of the context on, after the context got its callables: false when they
-/// may be those of a log that is off (default_log_manager::publish).
+/// The second look of a statement that found its log on, after its context got the callables: false when they may
+/// belong to a log that is off (default_log_manager::publish).
 inline bool isStillOn(const Context& _context) { return _context.log->enabled.load(std::memory_order_relaxed); }
 
-/// To be called for the innermost context of the thread.
+/// Call it for the innermost context of the thread.
 void leaveContext(Context& _context);
 
 }  // namespace boost::logging::detail

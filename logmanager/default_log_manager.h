@@ -16,8 +16,8 @@
 
 namespace boost::logging {
 
-/// The logs, and what was set up for those that do not exist yet. All functions may be called from any thread at once.
-/// Callables are destroyed where no lock is held.
+/// The logs, and the set-up of those that do not exist yet. Any threads may call all functions at once. Destroys
+/// callables without holding a lock.
 class default_log_manager {
  public:
   default_log_manager() = default;
@@ -27,8 +27,8 @@ class default_log_manager {
   /// Finds or creates a log, which lives as long as the manager.
   detail::Log& log(const std::string& _name);
 
-  /// Carries out the calls, in their order, so that a statement sees of its log the state before all of them or after
-  /// all of them. When there is no memory for it nothing is changed.
+  /// Carries out the calls in order, so that a statement sees its log as it was before all of them or as it is after
+  /// all of them. Changes nothing when memory runs out.
   void apply(const detail::SetUpCalls& _calls);
 
   detail::EarlyMessages& earlyMessages() { return earlyMessages_; }
@@ -40,7 +40,7 @@ class default_log_manager {
     logs_.forEach(_visit);
   }
 
-  /// Around a fork: the child finds the manager whole, although other threads change it.
+  /// Around a fork: the child finds the manager intact, although other threads change it.
   void lockForFork();
   void unlockAfterFork();
   /// In place of unlockAfterFork in the child.
@@ -70,7 +70,7 @@ class default_log_manager {
   detail::CallableRules callableRules_;
   detail::EnableRules enableRules_;
   detail::RetiredObjects<const detail::CallableSet> retired_;
-  /// The logs that the calls which are being applied have selected.
+  /// The logs selected by the calls in progress.
   std::vector<detail::Log*> pending_;
   detail::EarlyMessages earlyMessages_;
 };

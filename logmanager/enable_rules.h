@@ -11,23 +11,23 @@
 
 namespace boost::logging::detail {
 
-/// Which logs are on, for logs that do not exist yet: of all calls the latest one that selects a name decides. Holds at
-/// most one rule per pattern. Not synchronised.
+/// Which logs are on, for logs that do not exist yet: the latest call that selects a name decides. Holds at most one
+/// rule per pattern. Not synchronised.
 class EnableRules {
  public:
   /// Makes room for the calls of a pattern, which changes nothing yet. May throw std::bad_alloc.
   void prepare(const NamePattern& _pattern);
 
-  /// Carries out a call for a pattern that was prepared.
+  /// Carries out a call for a prepared pattern.
   void set(const NamePattern& _pattern, bool _enabled) noexcept;
 
-  /// Forgets rules that count no more, now and then. Due after calls.
+  /// Forgets obsolete rules now and then. Call it after calls.
   void forgetOverruled() noexcept;
 
-  /// On when no rule selects the name.
+  /// True when no rule selects the name.
   bool isEnabled(std::string_view _name);
 
-  /// How many rules are held, those included that a later call for all logs has overruled.
+  /// How many rules it holds, including those that a later call for all logs has overruled.
   std::size_t size() const { return plain_.size() + wild_.size(); }
 
  private:
@@ -39,7 +39,7 @@ class EnableRules {
   GlobIndex<Call> wild_;
   Call forAll_ = 1;
 
-  /// No plain pattern is longer, so no longer part of a name has to be looked up.
+  /// No plain pattern is longer, so longer parts of a name need no look-up.
   std::size_t longestPlain_ = 0;
   std::uint64_t calls_ = 0;
   /// How many calls came between the latest two calls for all logs.

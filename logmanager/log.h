@@ -11,8 +11,8 @@
 
 namespace boost::logging::detail {
 
-/// A named log. Made by the manager, lives as long as it. The manager changes what it holds; statements read it without
-/// a lock.
+/// A named log, created by the manager, which it lives as long as. The manager changes it; statements read it without a
+/// lock.
 struct Log : log_switch {
   /// @param _callables may be null.
   explicit Log(std::string _name, bool _enabled = true, std::unique_ptr<const CallableSet> _callables = nullptr)
@@ -22,10 +22,10 @@ struct Log : log_switch {
   Log& operator=(const Log&) = delete;
 
   const std::string name;
-  /// Owned; null while the log has no callables. What it pointed to before stays alive as long as a statement holds it.
+  /// Owned; null while the log has no callables. A former set stays alive as long as a statement holds it.
   std::atomic<const CallableSet*> callables;
 
-  /// What the set-up calls that the manager applies make of the log, until they take effect. Under the manager's lock.
+  /// What the set-up calls in progress make of the log, until they take effect. Guarded by the manager's lock.
   struct Next {
     bool isPending = false;
     bool enabled = false;

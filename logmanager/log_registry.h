@@ -16,14 +16,14 @@
 
 namespace boost::logging::detail {
 
-/// All logs, found by name and by pattern. A selection costs as much as the names that share the pattern's beginning or
-/// those that share its ending, whichever are fewer. Not synchronised.
+/// All logs, found by name and by pattern. The cost of a selection is that of the names that share the pattern's
+/// beginning or its ending, whichever are fewer. Not synchronised.
 class LogRegistry {
  public:
   /// Null when there is no log of that name.
   Log* find(std::string_view _name) const;
 
-  /// Adds a log of a name that has none yet. It stays where it is. When there is no memory for it, nothing is added.
+  /// Adds a log under a name that has none yet; its address never changes. Adds nothing when memory runs out.
   Log& create(const std::string& _name, bool _enabled, std::unique_ptr<const CallableSet> _callables);
 
   /// Calls _visit(Log&) once for each selected log.
@@ -62,7 +62,7 @@ class LogRegistry {
   void forEachMatched(std::string_view _glob, Visit _visit) {
     const std::string_view beginning = globBeginning(_glob);
     const std::string_view ending = globEnding(_glob);
-    // Both groups of neighbours are walked in step, to the end of the smaller one, which is then looked at.
+    // Walks both groups of neighbours in step, to the end of the smaller one, which it then examines.
     const auto firstAlike = byBeginning_.lower_bound(beginning);
     const auto firstEndingAlike = byEnding_.lower_bound(ending);
     auto alike = firstAlike;
@@ -95,8 +95,8 @@ class LogRegistry {
   std::unordered_map<std::string_view, Log*, NameHash, NameEqual> logOf_;
   std::set<Log*, LogLess<FromBeginning>> byBeginning_;
   std::set<Log*, LogLess<FromEnding>> byEnding_;
-  /// The hashes of all names that have a log below them: a quick "no" for names with nothing below them. Names with
-  /// very many parts are left out; once there is one, every answer is "maybe".
+  /// The hashes of all names that have a log below them: a quick "no" for names with nothing below them. Leaves out
+  /// names with very many parts; once there is one, every answer is "maybe".
   std::unordered_set<std::size_t> parents_;
   bool hasDeepNames_ = false;
 };

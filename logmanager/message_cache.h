@@ -11,8 +11,8 @@ namespace boost::logging::detail {
 
 struct Log;
 
-/// Messages in the order of logging, with their times and logs, at most so many bytes of text (and, as messages may be
-/// empty, no more messages than bytes); the oldest are dropped first. Not synchronised.
+/// Messages in the order of logging, with their times and logs: up to a number of bytes of text (and, as messages may
+/// be empty, no more messages than bytes). Drops the oldest first. Not synchronised.
 class MessageCache {
  public:
   static constexpr std::size_t usualLimit = std::size_t{1024} * 1024;
@@ -24,7 +24,7 @@ class MessageCache {
 
   bool isEmpty() const { return entries_.empty(); }
 
-  /// Whether a text of so many bytes can be added without dropping one.
+  /// Whether a text of that size can be added without dropping a message.
   bool hasRoomFor(std::size_t _size) const {
     return text_.size() - begin_ + _size <= limit_ && entries_.size() < limit_;
   }
@@ -32,7 +32,7 @@ class MessageCache {
   /// How many messages were dropped.
   std::uint64_t dropped() const { return dropped_; }
 
-  /// Log and time of the latest that was dropped; null when there is none.
+  /// Log and time of the latest dropped message; null when there is none.
   const Log* latestDroppedLog() const { return latestDropped_.log; }
   std::int64_t latestDroppedTime() const { return latestDropped_.time; }
 
@@ -58,7 +58,7 @@ class MessageCache {
 
   std::size_t limit_;
   std::deque<Entry> entries_;
-  /// The texts one after the other from begin_ on.
+  /// The texts, one after another from begin_ on.
   std::string text_;
   std::size_t begin_ = 0;
   std::uint64_t dropped_ = 0;

@@ -14,7 +14,7 @@ namespace boost::logging::detail {
 class Context;
 class StatementStream;
 
-/// Takes what the machinery of std::ostream makes, which goes behind the text of the stream. Has no memory of its own.
+/// Appends what the machinery of std::ostream produces to the text of the stream. Has no memory of its own.
 class LineBuffer : public std::streambuf {
  public:
   explicit LineBuffer(StatementStream& _stream) : stream_(_stream) {}
@@ -22,21 +22,20 @@ class LineBuffer : public std::streambuf {
  protected:
   int_type overflow(int_type _character) override;
   std::streamsize xsputn(const char* _text, std::streamsize _size) override;
-  /// Tells the position, for tellp(); nothing else.
+  /// Answers tellp(), nothing else.
   pos_type seekoff(off_type _offset, std::ios_base::seekdir _from, std::ios_base::openmode _which) override;
 
  private:
   StatementStream& stream_;
 };
 
-/// The stream of a context, with its text: in memory of its own, or in the room of a lane, where it is when the
-/// statement ends. Its locale is the classic one, whatever the global locale is. One thread at a time may use an
-/// object.
+/// The stream of a context, with its text: in memory of its own, or in the room of a lane, where the statement leaves
+/// it. Its locale is the classic one, whatever the global locale is. One thread at a time may use an object.
 class StatementStream : public log_stream {
  public:
-  /// So many bytes before a text in memory of its own are free, for what comes before it in the line.
+  /// Free bytes before a text in memory of its own, for what precedes it in the line.
   static constexpr std::size_t roomBefore = 128;
-  /// A lane has to have so much room for a text that is begun there.
+  /// The room that a lane must have for a text to begin there.
   static constexpr std::size_t usualRoom = 256;
 
   explicit StatementStream(Context& _context);
@@ -47,20 +46,20 @@ class StatementStream : public log_stream {
   /// The same in the lane, which has made room.
   void restart(log_stream*& _place, Lane& _lane);
 
-  /// Tells the statement that it has ended.
+  /// Lets the statement know that it has ended.
   void end() { *place_ = nullptr; }
 
   /// May throw std::bad_alloc.
   void append(const char* _text, std::size_t _size);
 
-  /// Where so many bytes can be put behind the text, of which advance() then makes a part of it.
+  /// Where that many bytes can be put after the text; advance() then adds them to it.
   char* room(std::size_t _size) {
     if (static_cast<std::size_t>(end_ - position_) < _size) makeRoom(_size);
     return position_;
   }
   void advance(std::size_t _size) { position_ += _size; }
 
-  /// Of a text in memory of its own so many bytes before it are free.
+  /// How many bytes are free before a text in memory of its own.
   char* textBegin() const { return begin_; }
 
   std::string_view text() const { return {begin_, static_cast<std::size_t>(position_ - begin_)}; }
@@ -68,10 +67,10 @@ class StatementStream : public log_stream {
   /// Where the text is; null for memory of its own.
   Lane* lane() const { return lane_; }
 
-  /// To be called at the end of a statement that may have done more to the stream than what log_stream itself offers;
-  /// the next restart puts everything back.
+  /// Call it at the end of a statement that may have used more of the stream than log_stream itself offers; the next
+  /// restart resets everything.
   void noteGeneralUse() { mayBeChanged_ = true; }
-  /// To be called at the end of any other one, which still may have changed what can be asked for.
+  /// Call it at the end of any other statement, which may still have changed what is_plain checks.
   void noteOwnUse() { mayBeChanged_ = !is_plain() || !good() || isDecorated(); }
 
   Context& context() const { return context_; }
@@ -87,7 +86,7 @@ class StatementStream : public log_stream {
   void makeRoom(std::size_t _size);
   void moveToOwnMemory(std::size_t _size);
   void giveMemoryBack() noexcept;
-  // What is_plain does not ask for.
+  // What is_plain does not check.
   bool isDecorated() const {
     return precision() != initialPrecision || fill() != ' ' || exceptions() != std::ios_base::goodbit ||
            tie() != nullptr || rdbuf() != &buffer_;

@@ -7,7 +7,7 @@ namespace Quillmark_logging {
 
 /// Calls _entryFound(entry, count) for each entry of a class list, in order and as soon as its ";" is found; the first
 /// entry has the count 1. An entry is a logs pattern, taken character for character: nothing is trimmed, and two ";" in
-/// a row have an empty entry between them. What follows the last ";" is dropped.
+/// a row enclose an empty entry. Drops what follows the last ";".
 /// @param _entryFound takes (const std::string&, int); what it throws ends the walk and is passed on.
 template <class EntryFound>
 void forEachClass(const std::string& _classList, EntryFound _entryFound) {

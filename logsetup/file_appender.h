@@ -15,7 +15,7 @@ namespace boost::logging {
 /// copies of one appender must not overlap.
 class file_appender {
  public:
-  /// Opens the file at once and creates it when it is missing; a failure is silent (logfile::open).
+  /// Opens the file at once and creates it if it is missing; a failure is silent (logfile::open).
   /// @param _fileName full path.
   /// @param _nameFn may be null.
   /// @param _append false empties an existing file.
@@ -27,7 +27,7 @@ class file_appender {
   /// What the log manager calls. The log name is ignored. Throws what write() throws.
   void operator()(const std::string& _logName, const std::string& _msg);
 
-  /// Writes the message as it is and flushes the stream, whose state is not looked at.
+  /// Writes the message as it is and flushes the stream, whatever its state.
   virtual void write(const std::string& _msg);
 
  protected:

@@ -6,8 +6,8 @@
 namespace Quillmark_logging {
 
 /// Traces the characters of a numeric setting.
-/// @return true for every text, also for the empty one and for texts without digits: what is set reaches the conversion
-///   unchecked, as it always has.
+/// @return true for every text, even the empty one and texts without digits: settings reach the conversion unchecked,
+///   as they always have.
 bool isNumber(const std::string& _s);
 
 }  // namespace Quillmark_logging

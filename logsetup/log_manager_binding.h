@@ -6,14 +6,14 @@
 
 namespace Quillmark_logging {
 
-// The operations of the log manager as this library uses them, on the one manager of the process. The arguments are
-// handed on unchanged; patterns, names and threads are as boost/logging/logging.hpp tells. The add functions return the
+// The operations of the log manager as this library uses them, on the one manager of the process. They pass their
+// arguments on unchanged; boost/logging/logging.hpp describes patterns, names and threads. The add functions return the
 // pattern, so that calls on one pattern can be chained.
 
-/// Every callable of this library is connected at this index.
+/// The library connects every callable at this index.
 constexpr int callableIndex = 100;
 
-/// The calls that this thread makes until apply() take effect together, without it never.
+/// The calls that this thread makes take effect together at apply(), and never without it.
 class SetUpChange : public boost::logging::set_up_change {
  public:
   SetUpChange() : boost::logging::set_up_change(boost::logging::get_default_log_manager()) {}

@@ -25,16 +25,15 @@ struct logfile {
 
   /// Clears the stream's error state, asks the name function again and opens the stream in text mode, sharing the file
   /// with other readers and writers. The position is then the end of the file.
-  /// @param _append false empties an existing file.
-  /// A failure leaves the stream in its failed state and is reported by nothing else: what is written is lost, and the
-  /// stream's position reads as -1.
+  /// @param _append false empties an existing file. Reports a failure only by the failed state of the stream: what is
+  ///   written is lost, and the position reads as -1.
   void open(bool _append);
 
-  /// Opens the file under its name, for appending, when what is open was moved away from there. Does nothing when the
-  /// stream is closed.
+  /// Reopens the file by its name, for appending, if the open one has been moved away. Does nothing when the stream is
+  /// closed.
   void followName();
 
-  /// Writes the message as it is and flushes the stream, whose state is not looked at. All output goes this way.
+  /// Writes the message as it is and flushes the stream, whatever its state. All output goes this way.
   void write(const std::string& _msg);
 
   /// The position of the stream: how many bytes of the file come before it, -1 when the stream is closed or has failed.

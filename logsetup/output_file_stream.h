@@ -9,8 +9,8 @@
 
 namespace Quillmark_logging {
 
-/// The stream of a log file: what std::ofstream is, on a file of the platform layer, and without a buffer, so that what
-/// has failed to reach the file is never tried again. It can tell its position but not change it.
+/// The stream of a log file: like std::ofstream, but on a file of the platform layer and without a buffer, so that it
+/// never retries what failed to reach the file. It knows its position but cannot change it.
 class OutputFileStream : public std::ostream {
  public:
   using Mode = platform::PositionedFile::Mode;
@@ -24,7 +24,7 @@ class OutputFileStream : public std::ostream {
   /// success leaves the state as it is.
   void open(const std::string& _path, Mode _mode);
 
-  /// Closes the file; without one sets the state failbit.
+  /// Closes the file; sets the state failbit when none is open.
   void close();
 
   // NOLINTNEXTLINE(readability-identifier-naming): the name that it has in std::ofstream.

@@ -10,8 +10,8 @@ namespace boost::logging {
 
 // NOLINTBEGIN(readability-identifier-naming): the log manager's namespace has names in snake case.
 
-/// Appends every message to one file, which is reopened, and thereby emptied, before the first message of each period.
-/// No backup is kept, unless the name function gives each period a name of its own.
+/// Appends every message to one file, and reopens, and thereby empties, the file before the first message of each
+/// period. Keeps no backup, unless the name function gives each period a name of its own.
 class periodic_file_appender : public file_appender {
  public:
   /// @param _periodSeconds the first period begins with the construction, each later one with its first message.
@@ -19,7 +19,7 @@ class periodic_file_appender : public file_appender {
   periodic_file_appender(const std::string& _fileName, std::int32_t _periodSeconds, name_function _nameFn,
                          bool _append);
 
-  /// The periods that have a name; the arguments are those of the constructor.
+  /// The usual periods; the arguments are those of the constructor.
   static periodic_file_appender hourly(const std::string& _fileName, name_function _nameFn, bool _append);
   static periodic_file_appender daily(const std::string& _fileName, name_function _nameFn, bool _append);
   static periodic_file_appender weekly(const std::string& _fileName, name_function _nameFn, bool _append);

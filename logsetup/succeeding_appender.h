@@ -10,12 +10,12 @@
 
 namespace Quillmark_logging {
 
-/// The time in which appenders that a set-up call makes take the place of former ones: it begins before they open their
-/// file and ends when the former ones get no more messages.
+/// The time in which the appenders of a set-up call take over from earlier ones: from before they open their file until
+/// the earlier ones get no more messages.
 class TakeOver {
  public:
-  /// To be called once, by the thread that sets up.
-  /// @param _path that of the file.
+  /// Call it once, on the thread that sets up.
+  /// @param _path path of the file.
   void end(const std::string& _path) {
     fileAtEnd_ = platform::identityOfFileAt(_path);
     isOver_.store(true, std::memory_order_release);
@@ -23,7 +23,7 @@ class TakeOver {
 
   bool isOver() const { return isOver_.load(std::memory_order_acquire); }
 
-  /// Which file stood at the path at the end; to be asked when that is over.
+  /// Which file stood at the path at the end; ask once isOver().
   const platform::FileIdentity& fileAtEnd() const { return fileAtEnd_; }
 
  private:
@@ -31,8 +31,8 @@ class TakeOver {
   platform::FileIdentity fileAtEnd_;
 };
 
-/// A rolling appender that takes the place of another one on its file. The other may roll after this one has opened the
-/// file, which is then not the one to which lines have to go: this one follows. Afterwards it follows nobody.
+/// A rolling appender that takes over a file from another one. If the other still rolls after this one has opened the
+/// file, lines belong into the new file, and this one follows. After the take-over it follows nobody.
 class SucceedingAppender : public boost::logging::rolling_file_appender {
  public:
   /// Opens the file at once, for appending. The other arguments are those of rolling_file_appender.
@@ -42,7 +42,7 @@ class SucceedingAppender : public boost::logging::rolling_file_appender {
   void write(const std::string& _msg) override;
 
  private:
-  /// Null once it is over.
+  /// Null once that is over.
   std::shared_ptr<const TakeOver> takeOver_;
 };
 

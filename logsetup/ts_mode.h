@@ -7,8 +7,8 @@
 
 namespace Quillmark_logging {
 
-/// The appender as this library connects it: with a writer thread of its own when the process is in thread-safe mode,
-/// else as it is.
+/// The appender as this library connects it: with a writer thread of its own if the process is in thread-safe mode,
+/// else unchanged.
 inline boost::logging::appender threadSafeIfConfigured(const boost::logging::appender& _appender) {
   if (!tsMode()) return _appender;
   return boost::logging::ts_appender(_appender, 0);

@@ -69,22 +69,22 @@ class AppendFile {
   Identity identity_;
 };
 
-/// Shows to other threads what a thread's latest append has done, in case the thread was ended inside it, as happens at
-/// the end of a Windows process. The system itself notes the success along with the write, so there is no moment
-/// between the two. Does nothing on Linux, where no thread is ended there.
+/// Shows other threads what a thread's latest append did, in case the thread is ended inside it, as happens at the end
+/// of a Windows process. The system itself notes the success along with the write, so there is no moment between the
+/// two. Does nothing on Linux, where nothing ends a thread there.
 class AppendWatch {
  public:
   AppendWatch() { restart(); }
   AppendWatch(const AppendWatch&) = delete;
   AppendWatch& operator=(const AppendWatch&) = delete;
 
-  /// From now on shows what the calling thread appends; must outlive it.
+  /// Shows what the calling thread appends from now on; must outlive it.
   void watchThisThread();
 
   /// The thread calls it before an append.
   void restart();
 
-  /// Whether bytes have reached a file since then.
+  /// Whether bytes have reached a file since restart().
   bool hasAppended() const;
 
  private:

@@ -24,8 +24,8 @@ std::int64_t wallClockMilliseconds();
 /// A clock that never goes back, in milliseconds from an unnamed start.
 std::int64_t steadyMilliseconds();
 
-/// The local time of a moment given in milliseconds since 1970-01-01 00:00 UTC. A zone of the system that was replaced
-/// is followed within a minute.
+/// The local time of a moment given in milliseconds since 1970-01-01 00:00 UTC. Follows a change of the system's time
+/// zone within a minute.
 LocalTime toLocalTime(std::int64_t _milliseconds);
 
 /// GetLocalTime: the local time now.

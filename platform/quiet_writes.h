@@ -7,7 +7,7 @@ namespace platform {
 
 /// While it lives, a failing write of the calling thread sends no signal to the application: neither for a pipe that
 /// nobody reads (SIGPIPE) nor beyond the file size limit (SIGXFSZ). Needed around writes by others, such as a stream;
-/// the functions of platform/ see to it themselves. Does nothing on Windows, which has no such signals.
+/// the functions of platform/ take care of it themselves. Does nothing on Windows, which has no such signals.
 class QuietWrites {
  public:
   QuietWrites();

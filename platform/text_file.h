@@ -6,7 +6,7 @@
 
 namespace platform {
 
-/// A larger text file is taken for something that was put there by mistake, and is not read.
+/// A larger text file counts as a mistake and is not read.
 constexpr std::int64_t largestTextFile = std::int64_t{64} * 1024 * 1024;
 
 /// Whether a file has more bytes than that; false when that cannot be found out.
@@ -38,7 +38,7 @@ class TextReader {
 /// One thread at a time may use an object.
 class TextWriter {
  public:
-  /// Configuration files are truncated, files of records appended to.
+  /// Truncate configuration files, append to files of records.
   enum class Mode { truncate, append };
 
   /// Opens a regular file, creating it if it is missing (on Linux with mode 0644, for records 0640, less the umask);

@@ -6,8 +6,8 @@
 namespace platform {
 
 /// A counter that goes up with time at a constant rate and costs less to read than a clock: the processor's time-stamp
-/// counter where it is invariant, else the steady clock. Two threads may read it slightly out of order, so it tells
-/// when something was, not what was first.
+/// counter where it is invariant, else the steady clock. Two threads may read it slightly out of order, so it says when
+/// something happened, not what happened first.
 std::uint64_t ticks();
 
 /// The counter, the steady clock and the wall clock (since 1970), read at one moment; clocks in nanoseconds.
@@ -22,7 +22,7 @@ TickMoment tickMoment();
 /// The rate of the counter, from two moments. A value.
 class TickRate {
  public:
-  /// @param _later is to come at least some hundred microseconds after _first; otherwise every age is 0.
+  /// @param _later must come at least some hundred microseconds after _first; otherwise every age is 0.
   TickRate(const TickMoment& _first, const TickMoment& _later);
 
   /// Nanoseconds from one reading of the counter to another; negative when _to is the earlier one.

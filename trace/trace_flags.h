@@ -3,8 +3,8 @@
 
 namespace Quillmark_logging {
 
-// The switches of the process, all false until set. They are written while the library is loaded (the second one again
-// after a generic configuration file was generated), and read by any thread.
+// The switches of the process, all false until set. The library writes them while it is loaded (the second one again
+// after it has generated a generic configuration file); any thread may read them.
 
 /// The value of QMRK_TRACE in the generic configuration at load time. Never changes after that.
 bool loadTimeTrace() noexcept;
@@ -14,7 +14,7 @@ void setLoadTimeTrace(bool _on) noexcept;
 bool freeFunctionTrace() noexcept;
 void setFreeFunctionTrace(bool _on) noexcept;
 
-/// Whether every appender that the library connects is wrapped in a thread-safe one (TS_APPENDERS of the generic
+/// Whether the library wraps every appender that it connects in a thread-safe one (TS_APPENDERS of the generic
 /// configuration at load time). Never changes after that.
 bool tsMode() noexcept;
 void setTsMode(bool _on) noexcept;

@@ -13,13 +13,13 @@
 
 namespace boost::logging::detail {
 
-/// A message on its way to a writer thread; its text follows it in memory.
+/// A message on its way to a writer thread; its text follows in memory.
 struct Record {
   /// Its place among the messages of all lanes.
   std::uint64_t stamp;
-  /// When it was logged; of a message with a plan.
+  /// When it was logged; set for a message with a plan.
   std::uint64_t ticks;
-  /// How the message becomes a line; null when it is one. Both live as long as the process.
+  /// How the message becomes a line; null if it is one already. Both live as long as the process.
   const LinePlan* plan;
   const std::string* logName;
   std::size_t size;
@@ -30,20 +30,20 @@ struct Record {
 /// Lines for one call of a wrapped appender.
 struct Batch {
   std::string text;
-  /// Where each message ends in the text.
+  /// The end of each message in the text.
   std::vector<std::size_t> ends;
 
   bool isEmpty() const { return ends.empty(); }
   void clear();
 };
 
-/// Makes the lines of a batch from records, in their order. One thread at a time.
+/// Turns records into the lines of a batch, in order. One thread at a time.
 class LineMaker {
  public:
-  /// To be called after the records of the next batch were published, which are the younger for it.
+  /// Call it after the records of the next batch were published, so that they are younger.
   void noteNow();
 
-  /// May throw std::bad_alloc; the batch is then as before, or has a text behind its last message.
+  /// May throw std::bad_alloc; the batch is then unchanged, or has a text after its last message.
   void append(const Record& _record, Batch& _batch);
 
  private:
@@ -56,7 +56,7 @@ class LineMaker {
   bool rateIsKnown_ = false;
   std::int64_t latestTime_ = 0;
   std::uint64_t latestTicks_ = 0;
-  /// What stood before the latest message, and stands before the next one of its log and millisecond.
+  /// What precedes the latest message, and also the next one of its log and millisecond.
   std::string front_;
   const LinePlan* frontPlan_ = nullptr;
   const std::string* frontLogName_ = nullptr;

@@ -9,8 +9,8 @@
 
 namespace boost::logging::detail {
 
-/// Takes batches from a queue to the wrapped appender, and remembers how far a batch has come for those who find it
-/// after its thread was ended. One thread at a time.
+/// Takes batches from a queue to the wrapped appender, and notes the progress of a batch for whoever finds it after its
+/// thread was ended. One thread at a time.
 class BatchDelivery {
  public:
   enum class Result { nothing, some, full };
@@ -19,16 +19,16 @@ class BatchDelivery {
   BatchDelivery(const BatchDelivery&) = delete;
   BatchDelivery& operator=(const BatchDelivery&) = delete;
 
-  /// Delivers what the queue has, up to the size of a batch. What the wrapped appender throws is reported.
+  /// Delivers what the queue has, up to the size of a batch. Reports what the wrapped appender throws.
   /// @param _isLast as for MessageQueue::collect.
   Result deliver(bool _isLast) noexcept;
 
-  /// To be called by the thread that delivers before it begins, so that settle can tell what it has done.
+  /// The delivering thread calls it before it begins, so that settle can find out what it has done.
   void watch();
 
-  /// After the thread that called deliver was ended in it: decides what the queue still has.
-  /// @return false when the thread was inside a foreign appender, which called again might wait for ever for what the
-  ///   thread has left behind; everything is then given up.
+  /// Decides what the queue still has, after the thread that called deliver was ended inside it.
+  /// @return false when the thread was inside a foreign appender, which might wait for ever for what that thread left
+  ///   behind if called again; everything is then given up.
   bool settle();
 
  private:
@@ -40,7 +40,7 @@ class BatchDelivery {
   const appender& wrapped_;
   Batch batch_;
   std::atomic<Stage> stage_{Stage::collecting};
-  /// Of the thread that delivers.
+  /// That of the delivering thread.
   platform::AppendWatch appends_;
 };
 

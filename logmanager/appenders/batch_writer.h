@@ -18,7 +18,7 @@
 
 namespace boost::logging::detail {
 
-/// Hands what callers leave in a queue to the wrapped appender: by a thread, which somebody else starts, as long as
+/// Passes what callers leave in a queue to the wrapped appender: on a thread, which somebody else starts, as long as
 /// there is one, else on the thread of the caller. Any thread may call any function, unless said otherwise.
 // NOLINTNEXTLINE(clang-analyzer-optin.performance.Padding): the parts of the queue do not share cache lines
 class BatchWriter {
@@ -26,33 +26,33 @@ class BatchWriter {
   /// @param _file the file that the wrapped appender writes to; empty when nobody has to know.
   BatchWriter(const appender& _wrapped, int _sleepMs, const std::string& _file = std::string());
   MessageQueue& queue() { return queue_; }
-  /// For a caller that has left a message and was asked for attention: wakes the thread, or delivers where it has
-  /// ended.
-  /// @return true when a thread has to be started.
+  /// For a caller that has left a message and whose attention is wanted: wakes the thread, or delivers if the thread
+  /// has ended.
+  /// @return true when the caller must start a thread.
   bool attend();
-  /// To be called just before the thread is started, and when it could not be.
-  /// @return false when it was started before.
+  /// Call one just before starting the thread, the other if that fails.
+  /// @return false when it was already started.
   bool noteThread();
   void noteNoThread();
-  /// The body of the thread: delivers until the stop flag is set and nothing is left.
+  /// The body of the thread: delivers until the stop flag is set and no message is left.
   void run();
-  /// For the last copy of the appender: sets the stop flag and, when there is a thread, sleeps 1.5 intervals.
+  /// For the last copy of the appender: sets the stop flag and, if there is a thread, sleeps 1.5 intervals.
   void stop();
-  /// For the end of the process or of the library: sets the stop flag and waits until all is delivered, but not beyond
-  /// the deadline. Where the thread is gone, as threads are when a Windows process ends, delivers here, unless the
-  /// thread was inside an appender other than write_to_file, whose state nobody knows then. On the thread itself, which
-  /// an appender has let call exit: delivers all but what that appender was given.
-  /// @param _threadIsGone asks whether the thread has ended, however it did.
+  /// For the end of the process or of the library: sets the stop flag and waits until everything is delivered, but not
+  /// beyond the deadline. If the thread is gone, as at the end of a Windows process, delivers here, unless the thread
+  /// was inside an appender other than write_to_file, whose state is unknown then. On the thread itself, when an
+  /// appender calls exit: delivers all but what that appender was given.
+  /// @param _threadIsGone says whether the thread has ended in any way.
   void finish(std::chrono::steady_clock::time_point _deadline, const std::function<bool()>& _threadIsGone);
 
-  /// Whether the stop flag is set, and whether run() has nothing left to do.
+  /// Whether the stop flag is set; whether run() has nothing left to do.
   bool isStopped() const { return isStopped_.load(std::memory_order_relaxed); }
   bool hasEnded() const { return hasEnded_.load(std::memory_order_acquire); }
 
-  /// Around a fork. The child begins without messages, which the parent delivers, and without the thread.
+  /// Around a fork. The child starts without messages, which the parent delivers, and without the thread.
   void lockForFork();
   void unlockAfterFork();
-  /// @return whether the thread is the one that forked, and so goes on in the child.
+  /// @return whether the thread itself forked, and so goes on in the child.
   bool restartInChild();
 
  private:
@@ -72,17 +72,17 @@ class BatchWriter {
 
   MessageQueue queue_;
   const NotedQueue noted_;
-  /// Emptied by the thread when it ends and nobody has the appender any more.
+  /// The thread empties it when it ends and nobody has the appender any more.
   appender wrapped_;
   const int sleepMs_;
   std::atomic<bool> isStopped_{false};
   std::atomic<bool> hasEnded_{false};
 
-  // Pointers, since those who find that another user was ended have to leave them as they are.
+  // Pointers, because whoever finds that another user was ended must leave them alone.
   std::unique_ptr<boost::mutex> lock_;
   Writer writer_ = Writer::none;
   boost::thread::id threadId_;
-  /// Whether the thread has to be woken for a message.
+  /// Whether a message must wake the thread.
   bool isWaiting_ = false;
   bool isDelivering_ = false;
   boost::thread::id deliverer_;

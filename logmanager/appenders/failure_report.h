@@ -8,15 +8,15 @@
 
 namespace boost::logging::detail {
 
-// What the manager reports on standard error, since there is nobody else to report it to. Any thread may call.
+// What the manager reports on standard error, for lack of anybody else to report it to. Any thread may call.
 
-/// Decides when something that happens often is reported: the first time at once, then at most once a minute with the
+/// Decides when to report something that happens often: the first time at once, then at most once per minute with the
 /// number of times since. A value.
 class OncePerMinute {
  public:
   /// @param _now a clock that never goes back, in milliseconds.
   /// @param _times how often it happened now.
-  /// @return 0 when it is not to be reported now, else how often it happened since it last was, this time included.
+  /// @return 0 when there is nothing to report now, else how often it happened since the last report, including now.
   std::uint64_t happened(std::int64_t _now, std::uint64_t _times = 1);
 
  private:
@@ -25,18 +25,18 @@ class OncePerMinute {
   std::uint64_t count_ = 0;
 };
 
-/// Counts the exception that is being handled, to be called in a handler, and reports it.
+/// Counts and reports the exception that is being handled. Call it in a handler.
 /// @param _callable the name under which the callable was added.
 void reportException(const std::string& _callable, const std::string& _logName) noexcept;
 
-/// The same for a message that callables log for ever by logging their own messages.
+/// The same for a message that would never end, because callables log their own messages.
 void reportEndlessLogging(const std::string& _logName) noexcept;
 
-/// Counts a message that an appender logged to another one, which was entered and had too many waiting, and reports it.
+/// Counts and reports a message that an appender logged to another one, which was in use and had too many waiting.
 void reportDropped(const std::string& _callable, const std::string& _logName) noexcept;
 
-/// Counts messages that could not be written to a file, and reports them, at most once a minute for each file.
-/// @param _path names the file; many writers of a file may use the same.
+/// Counts messages that could not be written to a file, and reports them at most once per minute and file.
+/// @param _path names the file, for all of its writers.
 /// @param _error why the last one could not be written.
 void reportLoss(const std::string& _path, std::uint64_t _count, platform::ErrorCode _error) noexcept;
 

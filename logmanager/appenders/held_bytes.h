@@ -6,12 +6,12 @@
 
 namespace boost::logging::detail {
 
-/// The bytes of the rings in which messages of one writer wait, up to a limit. Any thread.
+/// Counts the bytes of the rings in which messages of one writer wait, up to a limit. Any thread.
 class HeldBytes {
  public:
   explicit HeldBytes(std::size_t _limit) : limit_(_limit) {}
 
-  /// @return false, and nothing is noted, when the limit would be passed.
+  /// @return false, with nothing counted, when that would exceed the limit.
   bool add(std::size_t _size) {
     std::size_t bytes = bytes_.load(std::memory_order_relaxed);
     do {

@@ -11,12 +11,12 @@
 
 namespace boost::logging::detail {
 
-/// A way from one thread at a time to a writer thread: a ring of records, followed by further rings while the writer is
-/// behind. The producer builds the text of a message in the ring and never waits; the consumer reads behind it. When
-/// all is read, a lane keeps the ring in use and a spare one, which do not count as held.
+/// A channel from one thread at a time to a writer thread: a ring of records, followed by further rings while the
+/// writer lags. The producer builds the text of a message in the ring and never waits; the consumer reads what it has
+/// published. Once everything is read, a lane keeps the ring in use and a spare one, which do not count as held.
 ///
-/// Order of memory: what the producer has written is visible to the consumer once `written` is (release, acquire); room
-/// is free again for the producer once `consumed` is.
+/// Memory order: what the producer has written is visible to the consumer once `written` is (release, acquire); the
+/// producer may reuse room once `consumed` is visible.
 // NOLINTNEXTLINE(clang-analyzer-optin.performance.Padding): the two sides do not share cache lines
 class Lane {
  public:
@@ -27,38 +27,38 @@ class Lane {
   Lane& operator=(const Lane&) = delete;
 
   // For the producer.
-  /// Room for a record whose text is at least so long. May throw std::bad_alloc.
-  /// @return false when the limit of held bytes is reached.
+  /// Makes room for a record whose text is at least that long. May throw std::bad_alloc.
+  /// @return false at the limit of held bytes.
   bool makeRoom(std::size_t _textSize) {
     return static_cast<std::size_t>(roomEnd_ - room_) >= sizeof(Record) + _textSize || findRoom(0, _textSize);
   }
 
-  /// The same for a text of which so many bytes are in the room already; they move along.
-  /// @return false also for a text beyond the usual size of a ring: rings do not double.
+  /// The same for a text of which that many bytes are in the room already; they move along.
+  /// @return false also for a text beyond the usual size of a ring, because rings do not double.
   bool makeMoreRoom(std::size_t _begun, std::size_t _textSize);
 
-  /// After a long text was published: its ring is given back as soon as it is read.
+  /// Call it after publishing a long text: its ring is given back as soon as it is read.
   void leaveLongRing() noexcept;
-  /// Where the text of the next record goes, and where its room ends; after makeRoom.
+  /// Where the text of the next record goes, and where its room ends. Call them after makeRoom.
   char* textBegin() const { return room_ + sizeof(Record); }
   char* textEnd() const { return roomEnd_; }
 
-  /// Hands the record over, whose text of that size is in the room.
+  /// Publishes the record whose text of that size is in the room.
   void publish(std::uint64_t _stamp, std::uint64_t _ticks, const LinePlan* _plan, const std::string* _logName,
                std::size_t _size);
 
-  /// Whether the consumer's side has been released, so that nobody reads any more.
+  /// Whether the consumer has released its side, so that nobody reads any more.
   bool isAbandoned() const { return users_.load(std::memory_order_acquire) == 1; }
 
   // For the consumer.
-  /// The next record that was not passed yet; null when there is none.
+  /// The next record that pass() has not passed; null when there is none.
   const Record* peek();
   void pass(const Record& _record);
-  /// Gives the room of what was passed back to the producer.
+  /// Gives the room of passed records back to the producer.
   void consume();
-  /// Goes back to what was not consumed.
+  /// Goes back to the first record that was not consumed.
   void rewind();
-  /// In a forked child, where no other thread is: forgets everything that was published.
+  /// In a forked child, which has no other thread: forgets everything that was published.
   void forgetAll();
 
   /// The consumer's list of lanes.
@@ -91,7 +91,7 @@ class Lane {
   Ring* reading_;
   std::size_t readPosition_ = 0;
   std::size_t readEnd_ = 0;
-  /// A ring of the usual size that is not in use.
+  /// An unused ring of the usual size.
   alignas(64) std::atomic<Ring*> spare_{nullptr};
 };
 

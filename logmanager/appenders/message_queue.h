@@ -15,16 +15,16 @@
 
 namespace boost::logging::detail {
 
-/// What callers leave for one writer thread: many lanes, one consumer.
+/// The messages that callers leave for one writer thread: many lanes, one consumer.
 ///
-/// Order. Every message takes the next number of one counter just before it is published. A message B that another
-/// thread logs because it has seen that A was logged takes its number after A was published. The consumer reads the
-/// counter first, then looks at all lanes, and takes only numbers below what it read: when it takes B, the counter's
-/// change for B happened before its look at the lanes, and the publication of A before that, so it finds A and puts it
-/// first, as its number is smaller.
+/// Order. Every message takes the next number of one counter just before it is published. If a thread logs B because it
+/// has seen that A was logged, B takes its number after A was published. The consumer reads the counter first, then
+/// looks at all lanes, and takes only numbers below the one that it read. So when it takes B, the counter had changed
+/// for B before it looked at the lanes, and A had been published before that: it finds A, and puts it first because its
+/// number is smaller.
 class MessageQueue {
  public:
-  /// One call of the wrapped appender gets so much, and one line more.
+  /// One call of the wrapped appender gets at most this many bytes, plus one line.
   static constexpr std::size_t batchSize = std::size_t{256} * 1024;
   static constexpr std::size_t usualLimit = std::size_t{64} * 1024 * 1024;
 
@@ -33,44 +33,44 @@ class MessageQueue {
   MessageQueue(const MessageQueue&) = delete;
   MessageQueue& operator=(const MessageQueue&) = delete;
 
-  /// Tells queues apart for ever, as an address does not.
+  /// Unlike an address, never used again for another queue.
   std::uint64_t id() const { return id_; }
 
   // For producers, on any thread.
 
-  /// A lane of the caller's own, to be given back by Lane::release. May throw std::bad_alloc.
+  /// A lane for the caller, who gives it back by Lane::release. May throw std::bad_alloc.
   Lane* addLane();
 
   /// Publishes the message whose text of that size is in the lane's room.
-  /// @param _plan null for a finished line; it and the name have to live as long as the process.
+  /// @param _plan null for a finished line; the plan and the name must live as long as the process.
   void publish(Lane& _lane, const LinePlan* _plan, const std::string* _logName, std::size_t _size) {
     const std::uint64_t ticks = platform::ticks();
     _lane.publish(stamps_.fetch_add(1, std::memory_order_seq_cst), ticks, _plan, _logName, _size);
   }
 
-  /// Leaves a finished line, or counts it as dropped when the limit of held bytes is reached or there is no memory.
+  /// Leaves a finished line, or counts it as dropped at the limit of held bytes or when memory runs out.
   void push(std::string_view _line) noexcept;
 
-  /// Whether the consumer wants to be called, to be asked after a message was left.
+  /// Whether the consumer wants to be called. Ask after leaving a message.
   bool needsAttention() const { return needsAttention_.load(std::memory_order_seq_cst); }
 
   // For the consumer, one thread at a time.
 
-  /// Makes lines of what was left before the call, in order, up to some size. May throw std::bad_alloc.
-  /// @param _isLast whether this is the end, when what was dropped is told in any case.
+  /// Makes lines of the messages left before the call, in order, up to the size of a batch. May throw std::bad_alloc.
+  /// @param _isLast whether this is the end, when dropped messages are reported in any case.
   void collect(Batch& _batch, bool _isLast);
 
-  /// What was collected is delivered.
+  /// Marks what was collected as delivered.
   void consume();
 
-  /// What was collected and not consumed will be collected again.
+  /// Lets what was collected and not consumed be collected again.
   void rewind();
 
   /// Callers call from now on, or no more.
   void callForAttention(bool _calls) { needsAttention_.store(_calls, std::memory_order_seq_cst); }
 
-  /// Whether every message that has a number was collected. Asked after callForAttention: one that has none yet will
-  /// see the call.
+  /// Whether every numbered message was collected. Ask after callForAttention: a message without a number yet will see
+  /// the call.
   bool isDrained() const { return stamps_.load(std::memory_order_seq_cst) == collected_; }
 
   /// How many messages were dropped so far, and how many bytes wait. For people, on any thread.
@@ -105,7 +105,7 @@ class MessageQueue {
   alignas(64) std::atomic<Lane*> lanes_{nullptr};
   std::atomic<std::uint64_t> dropped_{0};
   std::atomic<std::uint64_t> toldDropped_{0};
-  /// For finished lines, which any thread may leave.
+  /// The lane of finished lines, which any thread may leave.
   boost::mutex commonLock_;
   Lane* common_;
 

@@ -14,10 +14,10 @@
 
 namespace boost::logging::detail {
 
-/// What the copies of a write_to_file share: a log file that many threads and processes append to, and that stays
-/// usable whatever happens to it: opened by the first message, recreated when it is gone from its path, tried again
-/// after a failure. All functions may be called from any thread at once. As long as all goes well a message takes no
-/// lock and costs one call of the system.
+/// What the copies of a write_to_file share: a log file to which many threads and processes append, and which stays
+/// usable whatever happens to it. The first message opens it; it is recreated when it is gone from its path, and
+/// retried after a failure. Any threads may call all functions at once. As long as all goes well, a message takes no
+/// lock and costs one system call.
 class SharedAppendFile {
  public:
   /// @param _overwrite whether the first opening empties the file.
@@ -30,18 +30,17 @@ class SharedAppendFile {
 
   const std::string& path() const { return path_; }
 
-  /// Texts that are appended together.
+  /// Messages that are appended together.
   struct Messages {
     std::string_view text;
     /// Where each message ends in the text.
     std::span<const std::size_t> ends;
 
-    /// How many messages do not end within so many bytes.
+    /// How many messages end beyond that many bytes.
     std::uint64_t countBeyond(std::size_t _size) const;
   };
 
-  /// Appends messages by one call of the system. What cannot be written is lost, counted message by message, and
-  /// reported.
+  /// Appends messages by one system call. What cannot be written is lost, counted per message, and reported.
   /// @param _now the wall clock, in milliseconds.
   void append(const Messages& _messages, std::int64_t _now);
 
@@ -52,16 +51,16 @@ class SharedAppendFile {
   }
 
  private:
-  /// What is to be repaired and told before the next message.
+  /// What to repair and report before the next message.
   struct Trouble {
-    /// The file ends in a piece of a message.
+    /// Whether the file ends with a fragment of a message.
     bool isFragment = false;
-    /// How many messages did not get into the file, and why the last one.
+    /// How many messages did not reach the file, and why the last one did not.
     std::uint64_t lost = 0;
     platform::ErrorCode error = platform::noError;
 
     std::string text() const;
-    /// @param _front how many bytes of what was written came before the messages.
+    /// @param _front how many of the written bytes precede the messages.
     /// @return how many messages were lost.
     std::uint64_t noteResult(std::size_t _front, const Messages& _messages,
                              const platform::AppendFile::Result& _result);
@@ -78,10 +77,10 @@ class SharedAppendFile {
   void restartInChild();
 
   const std::string path_;
-  /// Null until the first opening. The object stays; what is gone from the path is opened anew within it.
+  /// Null until the first opening. The object stays; it reopens a file that is gone from its path.
   std::unique_ptr<platform::AppendFile> file_;
-  /// Whether the next message has to take the lock, to open the file or because of trouble. False only once the file
-  /// is there.
+  /// Whether the next message must take the lock, to open the file or because of trouble. False only once the file is
+  /// open.
   std::atomic<bool> needsRepair_{true};
   std::atomic<std::int64_t> checkedAt_{0};
 

@@ -9,7 +9,7 @@
 
 namespace boost::logging::detail {
 
-/// What the copies of a ts_appender share; its end is the end of the last copy.
+/// What the copies of a ts_appender share; ends with the last copy.
 class BatchHandle {
  public:
   /// As for BatchWriter; a write_to_file knows its file itself.
@@ -29,8 +29,8 @@ class BatchHandle {
     if (queue().needsAttention()) attend();
   }
 
-  /// For a caller that has left a message in a lane of the queue, which needs attention. The call that starts the
-  /// thread sleeps 100 ms.
+  /// For a caller that has left a message in a lane of a queue that wants attention. The call that starts the thread
+  /// sleeps 100 ms.
   void attend();
 
  private:

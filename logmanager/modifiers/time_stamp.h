@@ -12,8 +12,8 @@
 
 namespace boost::logging::detail {
 
-/// A format of points in time: $yyyy, $MM, $dd, $hh, $mm, $ss and $mss (milliseconds, three digits) stand for parts of
-/// the time, other text for itself. A value; pure functions.
+/// A format for times: $yyyy, $MM, $dd, $hh, $mm, $ss and $mss (milliseconds, three digits) stand for parts of the
+/// time, other text for itself. A value; pure functions.
 class TimeFormat {
  public:
   explicit TimeFormat(const std::string& _format);
@@ -21,7 +21,7 @@ class TimeFormat {
   /// The time in this format.
   std::string text(const platform::LocalTime& _time) const;
 
-  /// Where the digits of the milliseconds stand in every text of up to four-digit years: all else stays for a second.
+  /// Where the milliseconds stand in every text with a year of up to four digits: the rest stays the same for a second.
   const std::vector<std::size_t>& millisecondPlaces() const { return millisecondPlaces_; }
 
  private:
@@ -38,8 +38,8 @@ class TimeFormat {
   std::vector<std::size_t> millisecondPlaces_;
 };
 
-/// A time format that keeps, for each thread, the text of the latest time: within a second only the milliseconds
-/// change, and many messages share theirs. All functions may be called from any thread at once.
+/// A time format that keeps the text of the latest time per thread: within a second only the milliseconds change, and
+/// many messages share theirs. Any threads may call all functions at once.
 class TimeStamp {
  public:
   explicit TimeStamp(const std::string& _format) : format_(_format), source_(_format), id_(nextId()) {}
@@ -49,8 +49,8 @@ class TimeStamp {
 
   /// The time in this format.
   /// @param _time in milliseconds since 1970.
-  /// @param _latest of the calling thread; the result may point into it.
-  /// @param _memory for a text that is too long for that.
+  /// @param _latest that of the calling thread; the result may point into it.
+  /// @param _memory holds a text that is too long for that.
   std::string_view text(std::int64_t _time, ThreadState::TimeText& _latest, std::string& _memory) const {
     if (_latest.formatId == id_ && _latest.time == _time) return {_latest.text, _latest.size};
     return newText(_time, _latest, _memory);
@@ -63,7 +63,7 @@ class TimeStamp {
 
   TimeFormat format_;
   std::string source_;
-  /// Tells the formats apart in the states of threads; never used again.
+  /// Tells formats apart in the states of threads; never reused.
   std::uint64_t id_;
 };
 

@@ -10,15 +10,15 @@ namespace boost::logging::detail {
 // A glob is a text in which "*" stands for any sequence of characters, including none; every other byte stands for
 // itself. Pure functions, safe from any thread.
 
-/// Whether the glob matches the whole text. Every "*" of the text is a character like any other, which only a "*" of
-/// the glob can match; so, with a glob as the text, the answer is whether the first matches all that the second does.
+/// Whether the glob matches the whole text. A "*" in the text is a character like any other, which only a "*" of the
+/// glob can match; so, if the text is a glob, the result says whether the first matches all that the second does.
 bool globMatches(std::string_view _glob, std::string_view _text);
 
-/// What the glob has before its first "*" and after its last one; without "*" each is the whole glob.
+/// The parts of the glob before its first "*" and after its last one; without a "*", each is the whole glob.
 inline std::string_view globBeginning(std::string_view _glob) { return _glob.substr(0, _glob.find('*')); }
 inline std::string_view globEnding(std::string_view _glob) { return _glob.substr(_glob.rfind('*') + 1); }
 
-/// Whether there is a text that both globs match.
+/// Whether both globs match a common text.
 bool globsMeet(std::string_view _one, std::string_view _other);
 
 // The two sides from which names and the literal ends of globs are ordered and compared.
@@ -55,8 +55,8 @@ struct NameLess {
   bool operator()(std::string_view _left, std::string_view _right) const { return Side::isLess(_left, _right); }
 };
 
-// Searches in a std::map that is ordered by NameLess. Each calls the test, bool(mapped value&), until it holds, and
-// returns whether it did. "Begins" stands for "ends" in a map ordered from the ending.
+// Searches in a std::map ordered by NameLess. Each calls the test, bool(mapped value&), until it holds, and returns
+// whether it did. In a map ordered from the ending, "begin" means "end".
 
 /// Among the keys that the literal begins with.
 template <typename Map, typename Test>

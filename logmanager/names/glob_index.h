@@ -12,12 +12,12 @@
 
 namespace boost::logging::detail {
 
-/// One value per glob, kept by what the glob begins with up to its first "*" and, among those, by what it ends with
-/// after its last one. So a search looks only at globs whose two ends fit. Not synchronised.
+/// One value per glob, ordered by the part of the glob before its first "*" and then by the part after its last one, so
+/// that a search looks only at globs whose two ends fit. Not synchronised.
 template <typename Value>
 class GlobIndex {
  public:
-  /// The value of a glob, default-constructed when it has none. The reference holds until the value is erased.
+  /// The value of a glob, default-constructed when it has none. The reference is valid until the value is erased.
   Value& at(std::string_view _glob) {
     Bucket& bucket = byBeginning_[std::string(globBeginning(_glob))][std::string(globEnding(_glob))];
     const auto [place, isNew] = bucket.try_emplace(std::string(_glob));
@@ -61,10 +61,10 @@ class GlobIndex {
   /// How many globs have a value.
   std::size_t size() const { return size_; }
 
-  // Each calls the test, bool(Value&), for values of certain globs until it holds, and returns whether it did. A glob
+  // Each calls the test, bool(Value&), for the values of some globs until it holds, and returns whether it did. A glob
   // may come up twice.
 
-  /// Of the globs that match the text; with a glob as the text, of those that match all that this one does.
+  /// The globs that match the text; if the text is a glob, those that match all that it matches.
   template <typename Test>
   bool anyMatching(std::string_view _text, Test _test) {
     return anyPartOf(byBeginning_, _text, [&](Endings& _endings) {
@@ -75,7 +75,7 @@ class GlobIndex {
     });
   }
 
-  /// Of the globs that match nothing but what the given one matches.
+  /// The globs that match nothing but what the given one matches.
   template <typename Test>
   bool anyMatchedBy(std::string_view _glob, Test _test) {
     return anyExtensionOf(byBeginning_, globBeginning(_glob), [&](Endings& _endings) {
@@ -86,7 +86,7 @@ class GlobIndex {
     });
   }
 
-  /// Of the globs that match a text which the given one matches as well.
+  /// The globs that match a text which the given one matches as well.
   template <typename Test>
   bool anyMeeting(std::string_view _glob, Test _test) {
     return anyRelatedTo(byBeginning_, globBeginning(_glob), [&](Endings& _endings) {

@@ -21,11 +21,11 @@ class NamePattern {
 
   std::string_view text() const { return text_; }
 
-  /// Whether there is no "*" in it.
+  /// Whether it contains no "*".
   bool isPlain() const { return isPlain_; }
   bool selectsAll() const { return text_ == "*"; }
 
-  /// Of the text of a plain pattern: computed once for all tables that are asked for it.
+  /// Hash of the text of a plain pattern, computed once for all look-ups.
   std::size_t hash() const { return hash_; }
 
   bool selects(std::string_view _name) const;
@@ -40,7 +40,7 @@ class NamePattern {
   std::size_t hash_;
 };
 
-// Let tables of names be asked by a part of a name without a copy, and by a plain pattern by its hash.
+// Let tables of names look up a part of a name without a copy, and a plain pattern by its hash.
 
 struct NameHash {
   using is_transparent = void;

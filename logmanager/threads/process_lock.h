@@ -13,24 +13,23 @@ struct ThreadState;
 /// What processStamp reads.
 extern constinit std::atomic<std::uint32_t> stampOfThisProcess;
 
-/// Differs from the stamp of every process that this one was forked from. The three lowest bits are free for others.
+/// Differs from the stamp of every process that this one was forked from. Leaves the three lowest bits free.
 inline std::uint32_t processStamp() { return stampOfThisProcess.load(std::memory_order_relaxed); }
 
-/// A mutex that a fork cannot leave held: what a thread of the parent holds counts as free in the child, where that
-/// thread does not exist. Without destructor and registration, so that it costs nothing to have many. std::lock_guard
-/// takes it.
+/// A mutex that a fork cannot leave held: if a thread of the parent holds it, it counts as free in the child, where
+/// that thread does not exist. Has no destructor and no registration, so many cost nothing. Works with std::lock_guard.
 ///
 ///     const bool isWhole = lock_.lock();
 ///     if (!isWhole) data_ = {};             // in a child: a thread of the parent was changing the data
 ///
-/// Who holds it while foreign code runs, which may fork, sets an InsideMark too.
+/// Whoever holds it while foreign code runs, which may fork, sets an InsideMark too.
 class ProcessLock {
  public:
   constexpr ProcessLock() = default;
   ProcessLock(const ProcessLock&) = delete;
   ProcessLock& operator=(const ProcessLock&) = delete;
 
-  /// @return false when a thread that does not exist in this process held the lock: what it guards may be half changed.
+  /// @return false when a thread that does not exist in this process held the lock: the data may be half changed.
   bool lock() {
     std::uint32_t word = freeWord;
     if (word_.compare_exchange_strong(word, processStamp() | heldBit, std::memory_order_acquire,
@@ -44,12 +43,12 @@ class ProcessLock {
     if ((word_.exchange(freeWord, std::memory_order_release) & awaitedBit) != 0) platform::wakeOne(word_);
   }
 
-  /// Takes the lock where it is free; otherwise marks it, so that unlockUnlessMarked of its holder fails. The two are
-  /// one step: there is always either a lock or a holder that finds the mark.
+  /// Takes the lock if it is free; otherwise marks it, so that unlockUnlessMarked of its holder fails. Does so in one
+  /// step: either the caller has the lock or the holder finds the mark.
   /// @return whether the calling thread holds the lock now.
   bool lockOrMark();
 
-  /// @return false, and the lock is still held, when it was marked since it was taken.
+  /// @return false, with the lock still held, when it was marked since it was taken.
   bool unlockUnlessMarked() {
     std::uint32_t word = processStamp() | heldBit;
     return word_.compare_exchange_strong(word, freeWord, std::memory_order_release, std::memory_order_relaxed) ||
@@ -74,12 +73,12 @@ class ProcessLock {
   std::atomic<std::uint32_t> word_{freeWord};
 };
 
-/// To be called where no other thread exists any more, though some were ended anywhere, as at the end of a Windows
-/// process: what they hold counts as free, as after a fork.
+/// Call it when no other thread exists any more, though some were ended anywhere, as at the end of a Windows process:
+/// what they hold counts as free, as after a fork.
 void freeLocksOfEndedThreads();
 
-/// While it lives, the calling thread holds a lock and runs foreign code. When that code forks, the thread holds the
-/// lock in the child, too. Marks of one thread end in reverse order.
+/// While it lives, the calling thread holds a lock and runs foreign code. If that code forks, the thread holds the lock
+/// in the child, too. Marks of one thread end in reverse order.
 class InsideMark {
  public:
   /// @param _thread the state of the calling thread, which has taken the lock.

@@ -6,19 +6,19 @@
 
 namespace boost::logging::detail {
 
-/// With a slot one reader at a time keeps an object alive that a pointer published, without a lock: while it reads, the
-/// slot shows the object to those that replaced it, and they free it only when no slot shows it.
+/// Lets one reader at a time keep alive an object that a pointer publishes, without a lock: while it reads, the slot
+/// shows the object to whoever replaces it, who frees it only when no slot shows it.
 ///
-/// A reader shows the object first and then makes sure that it is still the published one. As this comes in one order
-/// for all with the replacement of the pointer and the look at the slots, either the reader finds the new object or the
-/// slot is seen.
+/// A reader first shows the object and then makes sure that it is still the published one. These two steps, the
+/// replacement of the pointer and the look at the slots have one order for all threads; so either the reader finds the
+/// new object, or its slot is seen.
 class alignas(64) ReaderSlot {
  public:
   ReaderSlot() = default;
   ReaderSlot(const ReaderSlot&) = delete;
   ReaderSlot& operator=(const ReaderSlot&) = delete;
 
-  /// Takes a free slot and holds the object that is published, or null, until leave().
+  /// Takes a free slot and holds the published object, or null, until leave().
   /// @param _published a std::atomic<T*>, or what a test puts in its place.
   /// @return false when the slot is taken; _object is then undefined.
   template <typename Published, typename T>
@@ -36,7 +36,7 @@ class alignas(64) ReaderSlot {
   /// Takes a slot that nobody else knows.
   void take() { shown_.store(taken(nullptr), std::memory_order_relaxed); }
 
-  /// Holds the object that is published in a slot that the caller has taken.
+  /// Holds the published object in a slot that the caller has taken.
   template <typename Published>
   auto* hold(const Published& _published) {
     auto* object = _published.load(std::memory_order_acquire);
@@ -48,21 +48,20 @@ class alignas(64) ReaderSlot {
     }
   }
 
-  /// For the child of a fork: lets go of the object when a reader has the slot that does not exist here. The slot stays
-  /// taken.
+  /// For the child of a fork: releases the object of a reader that does not exist here. The slot stays taken.
   void holdNothing() {
     if (shown_.load(std::memory_order_relaxed) != notTaken) take();
   }
 
   void leave() { shown_.store(notTaken, std::memory_order_release); }
 
-  /// Asked after the pointer to the object has been replaced.
+  /// Ask after the pointer to the object has been replaced.
   bool mayHold(const void* _object) const { return shown_.load(std::memory_order_seq_cst) == taken(_object); }
 
  private:
   static constexpr std::uintptr_t notTaken = 0;
 
-  /// The address, made odd so that a taken slot without object is not free.
+  /// The address, made odd so that a taken slot without an object is not free.
   static std::uintptr_t taken(const void* _object) { return reinterpret_cast<std::uintptr_t>(_object) | 1U; }
 
   std::atomic<std::uintptr_t> shown_{notTaken};

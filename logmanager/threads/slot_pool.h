@@ -12,7 +12,7 @@
 namespace boost::logging::detail {
 
 /// The reader slots of one kind of object (ReaderSlot or a class derived from it). Never destroyed; has as many slots
-/// as were in use at the same time. All functions may be called from any thread at once and none takes a lock.
+/// as were in use at the same time. Any threads may call all functions at once; none takes a lock.
 template <typename Slot>
 class SlotPool {
  public:
@@ -31,7 +31,7 @@ class SlotPool {
     return slot;
   }
 
-  /// Calls _visit(Slot&) for each slot. To be called where no other thread uses the pool.
+  /// Calls _visit(Slot&) for each slot. Call it while no other thread uses the pool.
   template <typename Visit>
   void forEach(Visit _visit) {
     for (Node* node = first_.load(std::memory_order_relaxed); node != nullptr; node = node->next)
@@ -68,19 +68,19 @@ class SlotPool {
 template <typename T>
 class RetiredObjects {
  public:
-  /// To be called before published pointers are replaced, so that add() cannot fail then. May throw std::bad_alloc.
+  /// Call it before replacing published pointers, so that add() cannot fail then. May throw std::bad_alloc.
   void makeRoom(std::size_t _count = 1) {
     const std::size_t needed = objects_.size() + _count;
     if (needed > objects_.capacity()) objects_.reserve(std::max(needed, 2 * objects_.size() + 1));
   }
 
-  /// To be called after the published pointer has been replaced.
+  /// Call it after replacing the published pointer.
   /// @param _object may be null.
   void add(std::unique_ptr<T> _object) noexcept {
     if (_object) objects_.push_back(std::move(_object));
   }
 
-  /// Takes out those that no reader of the pool can hold, for the caller to destroy where it holds no lock.
+  /// Takes out those that no reader of the pool can hold, for the caller to destroy without holding a lock.
   template <typename Pool>
   std::vector<std::unique_ptr<T>> takeUnused(const Pool& _pool) {
     const auto unusedBegin = std::partition(objects_.begin(), objects_.end(), [&_pool](const std::unique_ptr<T>& _one) {

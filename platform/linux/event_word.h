@@ -7,7 +7,7 @@
 namespace platform {
 
 // The state of an event is one word of shared memory: bit 0 says whether it is set, the other bits are a generation
-// that grows with each setting. A waiter remembers the generation it has found, so that a setting that is reset before
+// that grows with each setting. A waiter remembers the generation that it found, so that a setting that is reset before
 // the waiter runs still lets it through.
 
 void setEventWord(std::uint32_t* _word);

@@ -5,8 +5,8 @@
 
 namespace platform {
 
-/// How often the process, or the one that it was forked from, has forked since it was started: a parent and a child
-/// share the positions of the files that were open. May be called from any thread.
+/// How often the process, or the one that it was forked from, has forked since its start: a parent and a child share
+/// the positions of open files. Any thread may call it.
 std::uint64_t forkCount();
 
 }  // namespace platform

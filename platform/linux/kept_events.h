@@ -12,7 +12,7 @@ namespace platform {
 /// handle open.
 void keepEvent(const std::string& _name, std::shared_ptr<EventFile> _file);
 
-/// For fork: holds the references during it. A child, whose copies of the files are closed, drops them in the last of
+/// For fork: holds the references meanwhile. A child, whose copies of the files are closed, drops them in the last of
 /// its handlers.
 void lockKeptEvents();
 void unlockKeptEvents();

@@ -27,7 +27,7 @@ constexpr int maxTries = 1000;
 struct OpenFile {
   HANDLE file = INVALID_HANDLE_VALUE;
   HANDLE queue = nullptr;
-  /// Shared while a message is appended, exclusive while the file is opened anew.
+  /// Shared while a message is appended, exclusive while the file is reopened.
   SRWLOCK lock = SRWLOCK_INIT;
   /// Whether a thread asks for the exclusive lock, which threads that append without a break would never leave to it.
   std::atomic<bool> isAskedFor{false};

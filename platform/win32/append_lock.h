@@ -14,9 +14,9 @@ namespace platform {
 HANDLE makeAppendQueue(const std::string& _name);
 
 /// Holds an exclusive lock on an open file against every other handle that takes it too, in any process. It covers one
-/// byte far beyond the end, so that it hinders nobody's reads or writes. The system drops it when a process dies. It is
-/// waited for at most 50 ms, including the queue: whoever does not get it goes on without it, since an append is atomic
-/// on Windows itself, though not under Wine.
+/// byte far beyond the end, so it hinders no reads or writes. The system drops it when a process dies. Waits for it at
+/// most 50 ms, including the queue: whoever does not get it goes on without it, since an append is atomic on Windows
+/// itself, though not under Wine.
 class AppendLock {
  public:
   /// @param _file open for reading or writing; must stay open while the object lives, like the queue.

@@ -10,7 +10,7 @@ namespace platform {
 /// The text with a carriage return before every line feed, as the C run-time writes it to a text file.
 std::string withCarriageReturns(std::string_view _text);
 
-/// How many bytes of the text are whole among the first _written bytes of its translation.
+/// How many bytes of the text are complete in the first _written bytes of its translation.
 std::size_t sizeBeforeTranslation(std::string_view _text, std::size_t _written);
 
 }  // namespace platform

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-// windows.h without its macros min and max and without the parts that nobody here uses. Only sources of this folder
-// include it.
+// windows.h without its macros min and max and without unused parts. Only sources of this folder include it.
 
 #ifndef NOMINMAX
 #define NOMINMAX

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
 """coverage_limits.py SUMMARY: prints, from a summary of gcovr in JSON, which part of the lines and branches of each
-piece of the libraries the tests reach, and fails where it is less than it has to be."""
+piece of the libraries the tests reach, and fails below the limits."""
 
 import json
 import sys

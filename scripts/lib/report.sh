@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# Runs steps, keeps their output in build/logs, counts what passed and failed, and closes with one line of sums.
+# Runs steps, keeps their output in build/logs, counts what passed and failed, and closes with one line of totals.
 # shellcheck shell=bash
 
 LOGS="$ROOT/build/logs"

@@ -63,7 +63,7 @@ logged() {
     printf '  common.log\n'
     show "$LOG_FOLDER/common.log"
   else
-    printf '  common.log is not there.\n'
+    printf '  There is no common.log.\n'
   fi
 }
 
@@ -135,6 +135,6 @@ take_the_tour() {
   station_stamps
   station_versions
   # A prefix of Wine goes with the tour.
-  [ -n "${QMRK_WINE_PREFIX:-}" ] || say "Everything of the tour is in ${SANDBOX#"$ROOT/"}."
+  [ -n "${QMRK_WINE_PREFIX:-}" ] || say "The files of the tour are in ${SANDBOX#"$ROOT/"}."
   say 'The formats and their traps: docs/file-formats.md.'
 }

@@ -25,7 +25,7 @@ wait_until() {
   local what=$1 end=$((SECONDS + 30))
   shift
   until "$@"; do
-    [ "$SECONDS" -lt "$end" ] || { printf 'scripts/demo: in vain waited for %s\n' "$what" >&2; exit 1; }
+    [ "$SECONDS" -lt "$end" ] || { printf 'scripts/demo: waited in vain for %s\n' "$what" >&2; exit 1; }
     sleep 0.05
   done
 }
@@ -56,7 +56,7 @@ station_running_process() {
   printf '  common.log, from the first line of the new class on\n'
   show "$LOG_FOLDER/common.log" | sed -n '/Demo\.Net\.info/,$p' | head -n 4
   wait "$listening"
-  say 'What LogTest has told meanwhile:'
+  say 'What LogTest has reported meanwhile:'
   show "$output"
   reset_examples
 }

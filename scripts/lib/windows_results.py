@@ -48,7 +48,7 @@ def main():
         failed += counted[1]
         cannot_run += counted[2]
         if not ran_well and not counted[1]:
-            failed.append(f"{name}: the program did not end well")
+            failed.append(f"{name}: the program did not end normally")
     # The reports of programs whose tests are an entry each.
     for report in set(folder.glob("*.xml")) - counted_reports:
         reasons = count_program(report)[2]

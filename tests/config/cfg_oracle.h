@@ -7,7 +7,7 @@
 
 namespace testsupport {
 
-/// The text without its comments. Takes one line after the other, and looks for a comment in each from its left end.
+/// The text without its comments. Takes one line after another, and searches each from the left for a comment.
 inline std::string withoutComments(const std::string& _text) {
   std::string result;
   bool isFirstLine = true;
@@ -27,8 +27,8 @@ inline std::string withoutComments(const std::string& _text) {
   return result;
 }
 
-/// A naive reading of a configuration text, to judge the scanner by: "key|value" of each pair. Cuts comments first,
-/// then takes whole keys and whole values off the front of what is left.
+/// A naive reading of a configuration text, as an oracle for the scanner: "key|value" for each pair. Cuts comments
+/// first, then takes whole keys and whole values off the front of the rest.
 inline std::vector<std::string> naivePairsOf(const std::string& _text) {
   std::string expanded;
   for (const char c : _text)
@@ -41,7 +41,7 @@ inline std::vector<std::string> naivePairsOf(const std::string& _text) {
     std::string key = rest.substr(0, separator);
     key.erase(std::remove(key.begin(), key.end(), '\n'), key.end());
     rest.erase(0, separator + 1);
-    // The first character of a value belongs to it whatever it is.
+    // The first character of a value belongs to it, whatever it is.
     const std::size_t end = rest.find('\n', 1);
     if (key.empty() || end == std::string::npos) return pairs;
     pairs.push_back(key + "|" + rest.substr(0, end));

@@ -11,7 +11,7 @@
 
 namespace testsupport {
 
-/// The text with a "d" in the place of every digit.
+/// The text with a "d" in place of every digit.
 inline std::string formOf(std::string _text) {
   for (char& c : _text) {
     if (c >= '0' && c <= '9') c = 'd';

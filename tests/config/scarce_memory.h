@@ -5,8 +5,8 @@
 
 namespace testsupport {
 
-/// While it lives, the _nth request of this thread for memory (1 is the next one) fails. Linking the source of this
-/// header replaces operator new.
+/// While it lives, the _nth allocation of this thread (1 is the next one) fails. Linking the source of this header
+/// replaces operator new.
 class ScarceMemory {
  public:
   explicit ScarceMemory(int _nth);
@@ -14,14 +14,14 @@ class ScarceMemory {
   ScarceMemory(const ScarceMemory&) = delete;
   ScarceMemory& operator=(const ScarceMemory&) = delete;
 
-  /// Lets the next request of this thread fail, for which no object has to live on.
+  /// Lets the next allocation of this thread fail, without an object that must live on.
   static void failNext();
 
-  /// Whether the failure has come.
+  /// Whether the failure has happened.
   bool hasFailed() const;
 };
 
-/// The most memory that was in use at once, above what was in use at the construction. Counts all threads.
+/// The peak of memory in use, above what was in use at the construction. Counts all threads.
 class MemoryPeak {
  public:
   MemoryPeak();

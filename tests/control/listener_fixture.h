@@ -21,7 +21,7 @@
 namespace testsupport {
 
 /// For tests of LogEventHandler: events that no other test sees, a generic configuration with its class list, the trace
-/// switched on and both streams captured.
+/// switched on, and both streams captured.
 class Listener : public ::testing::Test {
  protected:
   static void SetUpTestSuite() { usePrivateEvents(); }
@@ -52,9 +52,9 @@ class Listener : public ::testing::Test {
     return done;
   }
 
-  /// Ends the thread of a handler the friendly way.
+  /// Ends the thread of a handler gracefully.
   static void stop(LogEventHandler& _handler) {
-    // One that is not yet waiting again would end without the setting.
+    // A thread that is not yet waiting again would end without the setting.
     ASSERT_TRUE(waitUntilThreadSleeps(_handler.getThreadId()));
     _handler.setListenForEventState(false);
     ASSERT_TRUE(signal(_handler.getLogEventName()));

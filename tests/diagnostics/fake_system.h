@@ -10,7 +10,7 @@
 
 namespace testsupport {
 
-/// A system with a version block and a registry of one's own. By default the extended query works and the registry is
+/// A system whose version block and registry the test chooses. By default the extended query works and the registry is
 /// empty.
 class FakeSystem : public Quillmark_logging::SystemFacts {
  public:

@@ -6,11 +6,11 @@
 
 namespace testsupport {
 
-/// The bytes that operator new of this program has given out and not got back. Linking the source of this header
+/// The bytes that operator new of this program has handed out and not received back. Linking the source of this header
 /// replaces the operators.
 std::size_t memoryInUse();
 
-/// An allocation that waits: the one that comes after so many others of the same thread.
+/// An allocation that waits: the one after that many others of the same thread.
 struct HeldAllocation {
   int after = 0;
   std::atomic<bool> isHeld{false};
@@ -18,11 +18,11 @@ struct HeldAllocation {
   std::atomic<bool> isReleased{false};
 };
 
-/// For the next allocations of the calling thread; null: none is held any more.
+/// Applies to the next allocations of the calling thread; null holds none any more.
 void holdAllocation(HeldAllocation* _held);
 
-/// Makes the allocation that comes after so many others of the calling thread fail, once; a negative number: none.
-/// @return whether the one that the call before named has failed.
+/// Makes the allocation after that many others of the calling thread fail, once; none if the number is negative.
+/// @return whether the one that the previous call named has failed.
 bool failAllocation(int _after);
 
 }  // namespace testsupport

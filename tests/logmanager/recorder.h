@@ -34,7 +34,7 @@ class Recorder {
   std::shared_ptr<State> state_ = std::make_shared<State>();
 };
 
-/// A modifier that puts a text behind the message.
+/// A modifier that appends a text to the message.
 inline boost::logging::modifier suffix(const std::string& _text) {
   return [_text](const std::string&, std::string& _message) { _message += _text; };
 }

@@ -22,7 +22,7 @@ inline void log(const std::string& _log, const std::string& _message) {
   QMRK_LOG(boost::logging::logger(_log)) << _message;
 }
 
-/// Every test has a configuration of CA12 in which all of its logs are on, and a log manager without appenders.
+/// Gives every test a configuration of CA12 in which all of its logs are on, and a log manager without appenders.
 class ApplicationLogs : public testing::Test {
  protected:
   ApplicationLogs() {
@@ -54,13 +54,13 @@ class ApplicationLogs : public testing::Test {
   std::string backup(int _number) const { return file() + "." + std::to_string(_number); }
   Names names() const { return namesIn(folder()); }
 
-  // A file is there already, so that the folders above it need not be made.
+  // Puts a file there, so that the folders above it exist.
   void writeExisting(const std::string& _bytes) const {
     makeFolders(folder());
     writeFile(file(), _bytes);
   }
 
-  // Of a trace, the lines of the functions themselves, not those of the functions that they call.
+  // The lines of a trace by the functions themselves, without those by functions that they call.
   std::string ownLines(const std::string& _trace) const {
     std::string lines;
     for (std::size_t begin = 0, end = 0; (end = _trace.find('\n', begin)) != std::string::npos; begin = end + 1) {

@@ -31,7 +31,7 @@ class LogProbe {
     return messages_;
   }
 
-  /// The one message that a statement on a log makes; empty when the log is off.
+  /// The one message of a statement on a log; empty when the log is off.
   std::string logged(const std::string& _log, const std::string& _text) const {
     const std::size_t before = messages().size();
     QMRK_LOG(boost::logging::logger(_log)) << _text;

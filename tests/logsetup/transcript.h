@@ -9,8 +9,8 @@
 
 namespace testsupport {
 
-/// The trace without the lines about folders above the sandbox, which depend on the machine. The sandbox is masked
-/// already, so its folders begin with "<".
+/// The trace without the lines about folders above the sandbox, which depend on the machine. The names of the sandbox
+/// are already masked, so its folders begin with "<".
 inline std::string withoutOuterFolders(std::string _trace) {
   const std::string begin = "==> Quillmark_logging::checkIfFileDirectoryExists() _fileWithPath=";
   const std::string end = "<== Quillmark_logging::checkIfFileDirectoryExists() retValue=true\r\n";
@@ -24,8 +24,8 @@ inline std::string withoutOuterFolders(std::string _trace) {
   return _trace;
 }
 
-/// A trace as it is in the goldens. They show a system that cannot be described; where the running one can, the line
-/// that tells so is replaced.
+/// A trace in the form of the goldens. They show a system that cannot be described; if the running one can be, replaces
+/// the line that says so.
 inline std::string transcript(const ConfigSandbox& _sandbox, const std::string& _trace) {
   const std::string masked = withoutOuterFolders(_sandbox.masked(maskedObjectBytes(_trace)));
   platform::VersionBlock block;

@@ -9,7 +9,7 @@
 
 namespace testsupport {
 
-/// The bytes of a file that another thread writes, once it has that many; what there is after 30 seconds otherwise.
+/// The bytes of a file that another thread writes, once it has that many; else those after 30 seconds.
 inline std::string fileOfLength(const std::string& _path, std::size_t _length) {
   const auto giveUp = std::chrono::steady_clock::now() + std::chrono::seconds(30);
   std::string bytes;

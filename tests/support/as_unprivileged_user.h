@@ -6,8 +6,7 @@
 namespace testsupport {
 
 /// While it lives, the whole process acts as a user without privileges (on Linux effective user and group 65534; when
-/// the tests run without privileges anyway, as that user). Permissions of files then hold. Aborts when the switch
-/// fails.
+/// the tests run without privileges anyway, as that user). File permissions apply then. Aborts when the switch fails.
 class AsUnprivilegedUser {
  public:
   AsUnprivilegedUser();
@@ -20,7 +19,7 @@ class AsUnprivilegedUser {
   unsigned int group_;
 };
 
-/// Take rights on a file or folder from every user: all of them, or those to write. AsUnprivilegedUser feels it.
+/// Take rights on a file or folder from every user: all of them, or those to write. AsUnprivilegedUser lacks them then.
 void denyAccess(const std::string& _path);
 void denyWriting(const std::string& _path);
 

@@ -9,7 +9,7 @@
 
 namespace testsupport {
 
-/// While it lives, what is inserted into a stream (std::cout or std::cerr) by any thread is kept instead of written.
+/// While it lives, keeps what any thread inserts into a stream (std::cout or std::cerr) instead of writing it.
 /// Construct and destroy it while no other thread uses the stream.
 class CapturedStream : private std::streambuf {
  public:
@@ -24,7 +24,7 @@ class CapturedStream : private std::streambuf {
   /// How often the text occurs in what was inserted so far.
   int count(const std::string& _text) const;
 
-  /// Waits at most 30 s until the text occurs as often.
+  /// Waits at most 30 s until the text occurs that often.
   /// @return whether it does.
   bool waitFor(const std::string& _text, int _times = 1) const;
 

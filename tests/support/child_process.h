@@ -9,7 +9,7 @@ namespace testsupport {
 struct ChildResult {
   /// -1 when the program could not be started or was ended by a signal.
   int exitCode = -1;
-  /// What it wrote to the standard output and error streams, with line ends of LF.
+  /// What it wrote to standard output and standard error, with LF line ends.
   std::string output;
   std::string errors;
 };

@@ -6,8 +6,8 @@
 
 namespace testsupport {
 
-/// A process with which a test talks in lines: what the test sends arrives at its standard input, what it prints on its
-/// standard output can be read. The standard error stream is the test's own. One thread may use an object.
+/// A process with which a test talks in lines: its standard input gets what the test sends, and the test reads its
+/// standard output. It shares the test's standard error. One thread may use an object.
 class CompanionProcess {
  public:
   /// Starts the program _command[0] with the further arguments. Aborts when that fails.

@@ -8,11 +8,11 @@
 
 namespace testsupport {
 
-/// Base folders of a test's own, in which the library finds its configuration and writes its logs while the object
-/// lives. On Linux they are new folders named by the overrides of the environment (child processes inherit them); on
-/// Windows, which has no override, they are the shell folders: the product folders are removed at both ends, and
-/// whatever else is new in them at the end.
-/// DEFAULT_CA_NR is unset at the construction and again at the end. One sandbox may live at a time in a process.
+/// Base folders for one test, in which the library finds its configuration and writes its logs while the object lives.
+/// On Linux they are new folders named by the overrides of the environment (child processes inherit them). On Windows,
+/// which has no overrides, they are the shell folders: the sandbox removes the product folders at both ends, and
+/// whatever else is new in them at the end. DEFAULT_CA_NR is unset at the construction and again at the end. One
+/// sandbox may live at a time in a process.
 class ConfigSandbox {
  public:
   ConfigSandbox();
@@ -31,18 +31,18 @@ class ConfigSandbox {
   /// The folders of the .cfg and of the .init files, without a final separator; both exist.
   std::string cfgFolder() const { return commonProgramFiles_ + "\\Orvane Shared\\qmrk\\logging\\cfg"; }
   std::string initFolder() const { return commonAppData_ + "\\Orvane\\qmrk\\logging"; }
-  /// The default log root; does not exist until it is made.
+  /// The default log root; does not exist at first.
   std::string logFolder() const { return appData_ + "\\Orvane\\Quillmark\\Logging"; }
 
-  /// Paths of the files of a CA, which is taken as it is.
+  /// Paths of the files of a CA, whose letter case stays as it is.
   std::string cfgPath(const std::string& _ca) const { return cfgFolder() + "\\qmrk_logging_" + _ca + ".cfg"; }
   std::string initPath(const std::string& _ca) const { return initFolder() + "\\qmrk_logging_" + _ca + ".init"; }
 
   void writeCfg(const std::string& _ca, const std::string& _bytes) const { writeFile(cfgPath(_ca), _bytes); }
   void writeInit(const std::string& _ca, const std::string& _bytes) const { writeFile(initPath(_ca), _bytes); }
 
-  /// The configuration of CA12 with a common log for the classes of "Demo", its keys preceded by these, and the classes
-  /// that are on.
+  /// Writes the configuration of CA12 with a common log for the classes of "Demo", after the given keys, and the list
+  /// of classes that are on.
   void writeDemoOfCa12(const std::string& _keys) const;
 
   /// The text with the base folders replaced by <APPDATA>, <CFGBASE> and <INITBASE>, for comparison with a golden.

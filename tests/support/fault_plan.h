@@ -11,22 +11,22 @@ namespace testsupport {
 /// and safe from any thread.
 class FaultPlan {
  public:
-  /// The _nth call (1 is the next one) of this kind, and as many as _times of those after it, fail with _error.
+  /// Calls of this kind fail with _error, from the _nth (1 is the next one) on, _times in a row.
   FaultPlan(platform::Call _call, int _nth, platform::ErrorCode _error, int _times = 1);
   ~FaultPlan();
   FaultPlan(const FaultPlan&) = delete;
   FaultPlan& operator=(const FaultPlan&) = delete;
 
-  /// How many calls of this kind were made since the construction.
+  /// The number of calls of this kind since the construction.
   int calls() const;
 
  private:
   platform::Call call_;
 };
 
-/// While it lives, runs a function of the test at the moment at which the seam is about to make a call, on the thread
-/// that makes it: what another thread may do at that moment is then sure to happen there. One hook for a call may exist
-/// at a time. The function must not throw.
+/// While it lives, runs a function of the test when the seam is about to make a call, on the calling thread: what
+/// another thread might do at that moment then surely happens there. One hook for a call may exist at a time. The
+/// function must not throw.
 class CallHook {
  public:
   /// The function runs once, before the _nth call (1 is the next one) of this kind.

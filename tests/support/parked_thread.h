@@ -8,7 +8,7 @@
 
 namespace testsupport {
 
-/// A thread that stops at a place of the test's choice, for as long as the test wants.
+/// A thread that stops at a place that the test chooses, for as long as the test wants.
 class ParkedThread {
  public:
   /// The function calls park() of the object, the first call of which stops the thread.
@@ -18,7 +18,7 @@ class ParkedThread {
   ParkedThread(const ParkedThread&) = delete;
   ParkedThread& operator=(const ParkedThread&) = delete;
 
-  /// Returns when the test calls release; at once in other threads, and when the thread has stopped before.
+  /// Returns when the test calls release; at once on other threads, and if the thread has stopped before.
   void park() {
     std::unique_lock<std::mutex> lock(lock_);
     if (isParked_ || std::this_thread::get_id() == tester_) return;

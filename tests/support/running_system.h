@@ -5,12 +5,12 @@
 
 namespace testsupport {
 
-/// How often a test repeats what it repeats _full times on Linux: as often there, and a twentieth of it (at least once)
-/// on Windows, because under Wine a call of the system and a new process cost so much more.
+/// How often a test repeats something: _full times on Linux, and a twentieth of that (at least once) on Windows,
+/// because system calls and new processes cost much more under Wine.
 int rounds(int _full);
 
-/// For the few tests that need what Wine does not have: whether this is Wine. Then the reason is printed and put into
-/// the report of the tests, which counts such tests.
+/// For the few tests that need what Wine lacks: whether this is Wine. If so, prints the reason and puts it into the
+/// report of the tests, which counts such tests.
 bool cannotRunUnderWine(const std::string& _reason);
 
 }  // namespace testsupport

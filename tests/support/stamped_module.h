@@ -7,11 +7,11 @@
 
 namespace testsupport {
 
-/// Writes a file into a folder that carries a version as the binaries of a build do, under the name by which this
-/// system finds the module ("qmrk_log.dll" or "LogTest.exe").
+/// Writes a file with a version, as a build stamps its binaries, into a folder, under the name by which this system
+/// finds the module ("qmrk_log.dll" or "LogTest.exe").
 void writeStampedModule(const std::string& _folder, const std::string& _module, const platform::FixedVersion& _version);
 
-/// The same, as a binary that carries no version.
+/// The same, without a version.
 void writeUnstampedModule(const std::string& _folder, const std::string& _module);
 
 }  // namespace testsupport

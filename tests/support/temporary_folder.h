@@ -24,7 +24,7 @@ class TemporaryFolder {
   std::string path_;
 };
 
-/// The helpers below take paths in either form, fail the test when they cannot do their work and move bytes as they
+/// The helpers below accept paths in either form, fail the test when they cannot do their work, and keep bytes as they
 /// are.
 void writeFile(const std::string& _path, const std::string& _bytes);
 std::string readFile(const std::string& _path);

@@ -7,8 +7,8 @@
 
 namespace testsupport {
 
-/// A regular expression of ECMAScript. (GoogleTest's own expressions differ between the systems.) Everything that
-/// instantiates std::regex is in one source, since it takes the compiler seconds. May be used by several threads.
+/// A regular expression of ECMAScript. (GoogleTest's own expressions differ between the systems.) Only one source
+/// instantiates std::regex, because that takes the compiler seconds. Several threads may use an object.
 class TextPattern {
  public:
   explicit TextPattern(const std::string& _pattern);
@@ -19,10 +19,10 @@ class TextPattern {
   /// Whether a text as a whole has the pattern.
   bool matches(const std::string& _text) const;
 
-  /// The same, and what its groups stand for, from the first on.
+  /// The same, and what its groups match, from the first on.
   bool matches(const std::string& _text, std::vector<std::string>& _groups) const;
 
-  /// The text with whatever has the pattern replaced.
+  /// The text with every match of the pattern replaced.
   std::string replacedIn(const std::string& _text, const std::string& _replacement) const;
 
  private:

@@ -8,9 +8,9 @@ namespace logtest {
 
 /// What the user of the program wants.
 struct Options {
-  /// Only the versions; nothing is set up.
+  /// Print the versions only, without a set-up.
   bool version = false;
-  /// The CA, when one was given (it may be empty); else the set-up chooses one.
+  /// The CA if the user gave one (it may be empty); else the set-up chooses one.
   bool hasCa = false;
   std::string ca;
   bool writeToCout = false;
@@ -18,7 +18,7 @@ struct Options {
   std::string classes = "Demo.App.error;Demo.App.info;Demo.Net.error;Demo.Net.info;";
   /// Lines to each class.
   int lines = 3;
-  /// Seconds of listening, instead of a number of lines.
+  /// How many seconds to listen, instead of logging a number of lines.
   std::optional<double> listen;
   /// Name of an application that gets a log file of its own, and whether that is emptied.
   std::optional<std::string> app;
@@ -29,9 +29,8 @@ struct Options {
 
 enum class Parsed { run, done, wrong };
 
-/// Reads the command line. Writes what was asked for (the help) to standard output, and what is wrong to standard
-/// error.
-/// @return run: the options are set; done: nothing is left to do; wrong: the command line is not usable.
+/// Reads the command line. Writes the help, if asked for, to standard output, and mistakes to standard error.
+/// @return run: the options are set; done: there is nothing left to do; wrong: the command line is unusable.
 Parsed parseOptions(int _argc, const char* const* _argv, Options& _options);
 
 }  // namespace logtest

@@ -11,11 +11,11 @@
 namespace logtest {
 
 /// Reports on standard output where the logs are and which classes are on.
-/// @param _facts what the set-up has met.
+/// @param _facts what the set-up found.
 void reportLogs(const Options& _options, const SetupFacts& _facts, const std::vector<ClassLog>& _classes);
 
 /// Reports on standard error why the set-up failed, and where the library has recorded problems.
-/// @param _facts what the set-up has met.
+/// @param _facts what the set-up found.
 void reportFailure(const SetupFacts& _facts);
 
 /// Reports on standard error why an application's own log file could not be set up after the default logs.

@@ -6,7 +6,7 @@
 
 namespace logtest {
 
-/// What a set-up of the default logs for a CA meets, in the order in which it matters. Finding it changes nothing.
+/// What a set-up of the default logs for a CA finds, in the order in which it matters. Looking changes nothing.
 struct SetupFacts {
   std::string ca;
   /// The configuration file of the CA or, if that is missing, the generic one. Empty: the system does not know the
@@ -21,11 +21,11 @@ struct SetupFacts {
   /// The common log folder; without value: the system does not know the user's folder.
   std::optional<std::string> logFolder;
   bool logFolderExists = false;
-  /// The file of the error records, where there is one.
+  /// The file of the error records, if there is one.
   std::optional<std::string> errorRecords;
 };
 
-/// Asks nothing through the library itself, whose trace would show it.
+/// Does not use the library itself, whose trace would show it.
 /// @param _ca as the user gave it.
 SetupFacts gatherSetupFacts(const std::string& _ca);
 

@@ -5,13 +5,13 @@
 
 namespace fault {
 
-/// What an application does with this library, in one process: it sets the default logs up, makes a file of its own
-/// that rolls and one that does not, starts a listener and ends it, updates the levels, and logs at each step through
-/// old and new loggers. Whatever fails, it goes on.
-/// @return how many steps have failed, as their result or an exception says.
+/// What an application does with this library in one process: sets up the default logs, a rolling file and a plain file
+/// of its own, starts and ends a listener, updates the levels, and logs at each step through old and new loggers. Goes
+/// on whatever fails.
+/// @return how many steps failed, by their result or an exception.
 int liveOnce();
 
-/// Whether a set-up and a line still work, as they have to when nothing fails any more. The line is in the common log.
+/// Whether a set-up and a line in the common log still work, as they must when nothing fails any more.
 /// @param _commonLog its path.
 bool isWell(const std::string& _commonLog);
 

@@ -12,7 +12,7 @@
 
 namespace testsupport {
 
-/// A place at which a thread stays until the test lets it go on.
+/// A place where a thread waits until the test lets it go on.
 class Parking {
  public:
   void park() {
@@ -40,7 +40,7 @@ class Parking {
   bool isOpen_ = false;
 };
 
-/// A batch writer whose thread is as good as ended while it is parked, as a process finds it at its end on Windows.
+/// A batch writer whose thread counts as ended while it is parked, as a Windows process finds it at its end.
 class ParkedWriter {
  public:
   explicit ParkedWriter(const boost::logging::appender& _wrapped) : writer_(_wrapped, 0) {}
@@ -51,7 +51,7 @@ class ParkedWriter {
   ParkedWriter(const ParkedWriter&) = delete;
   ParkedWriter& operator=(const ParkedWriter&) = delete;
 
-  /// Starts the thread, which parks with the text, and leaves another one.
+  /// Starts the thread, which parks with the text, and leaves another text.
   void start(const std::string& _parked, const std::string& _later) {
     writer_.noteThread();
     writer_.queue().push(_parked);

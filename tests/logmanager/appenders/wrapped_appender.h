@@ -11,7 +11,7 @@
 
 namespace testsupport {
 
-/// Collects the calls of the wrapped appender; may hold it up.
+/// Collects the calls of the wrapped appender, and can hold it up.
 class Wrapped {
  public:
   boost::logging::appender appender() {

@@ -26,7 +26,7 @@ inline bool naiveMatch(const std::string& _pattern, const std::string& _name) {
   return matches[0][0];
 }
 
-/// Which logs a pattern selects, word for word.
+/// Which logs a pattern selects, word for word by the definition.
 inline bool naiveSelects(const std::string& _pattern, const std::string& _name) {
   if (_pattern.find('*') != std::string::npos) return naiveMatch(_pattern, _name);
   return _name == _pattern || (!_pattern.empty() && _name.substr(0, _pattern.size() + 1) == _pattern + ".");

@@ -21,11 +21,11 @@ struct NumberedLine {
 /// The text of a line, without a line end. Its filler differs from line to line.
 std::string textOf(const NumberedLine& _line, std::size_t _fillerSize);
 
-/// What is found between two line ends of a log.
+/// What stands between two line ends of a log.
 struct Findings {
-  /// The lines that are there whole, whatever stands before and behind them.
+  /// The complete lines, whatever surrounds them.
   std::vector<NumberedLine> whole;
-  /// How many begin and are not whole.
+  /// How many lines begin but are incomplete.
   int torn = 0;
 };
 

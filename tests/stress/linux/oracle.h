@@ -11,21 +11,21 @@
 
 namespace stress {
 
-/// What a check of the logs has found.
+/// What a check of the logs found.
 struct Tally {
-  std::int64_t written = 0;     ///< statements that were begun
-  std::int64_t found = 0;       ///< lines that are there whole, each counted once
-  std::int64_t lost = 0;        ///< lines that are not there, though their statement had returned
-  std::int64_t torn = 0;        ///< lines of which a part is there
-  std::int64_t duplicated = 0;  ///< lines that are there once more
+  std::int64_t written = 0;     ///< statements that began
+  std::int64_t found = 0;       ///< complete lines, each counted once
+  std::int64_t lost = 0;        ///< missing lines whose statement had returned
+  std::int64_t torn = 0;        ///< lines of which only a part is there
+  std::int64_t duplicated = 0;  ///< further copies of lines
   std::int64_t glued = 0;       ///< lines of the file that hold more than one, or parts of them
   std::int64_t disordered = 0;  ///< lines that stand before an earlier one of their writer
 };
 
 std::ostream& operator<<(std::ostream& _stream, const Tally& _tally);
 
-/// Knows what writers have written. Forked children share it, and what they have noted stays when they are killed.
-/// A writer's numbers count from 0. One thread at a time may be a writer.
+/// Knows what writers have written. Forked children share it, and their notes survive their death. A writer's numbers
+/// count from 0. One thread at a time may be a writer.
 class Oracle {
  public:
   explicit Oracle(std::uint32_t _writers);
@@ -36,14 +36,14 @@ class Oracle {
   /// The text of the writer's next line, which counts as written.
   std::string next(std::uint32_t _writer, std::size_t _fillerSize);
 
-  /// To be called when the statement that logs it has returned.
+  /// Call it when the statement that logs it has returned.
   void acknowledge(std::uint32_t _writer);
 
   /// How many lines were acknowledged, of one writer or of all.
   std::int64_t acknowledged(std::uint32_t _writer) const;
   std::int64_t acknowledged() const;
 
-  /// Compares what was noted with the text of all logs, in the order in which they were written.
+  /// Compares the notes with the text of all logs, in the order in which they were written.
   Tally check(const std::string& _text) const;
 
  private:

@@ -27,7 +27,7 @@ void expectNothingWrong(const Tally& _tally) {
 
 class ForkDuringLogging : public stress::Writers {
  protected:
-  /// A process whose threads log forks again and again; each child logs, sets up anew, logs and ends.
+  /// A process whose threads log forks again and again; each child logs, sets up again, logs and ends.
   void forkWhileThreadsLog(Way _way) const {
     constexpr std::uint32_t threadCount = 3;
     const auto forks = static_cast<std::uint32_t>(stress::scaled(25));

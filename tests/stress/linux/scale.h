@@ -6,11 +6,10 @@
 
 namespace stress {
 
-/// How often a case repeats what the short form repeats so often: QMRK_STRESS_SCALE times as often, which is 1 when it
-/// is not set.
+/// How often a case repeats something: as often as in the short form, times QMRK_STRESS_SCALE, which is 1 by default.
 int scaled(int _short);
 
-/// Tells the figures of a case, for the report.
+/// Gives the figures of a case to the report.
 void tell(const std::string& _figures);
 
 template <class... Parts>

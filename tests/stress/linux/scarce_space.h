@@ -15,10 +15,10 @@ class ScarceSpace {
   /// @param _folder native path; created. The mount ends with the process.
   explicit ScarceSpace(const std::string& _folder);
 
-  /// What stands in the way of further bytes is taken away; to be called in the process that writes.
+  /// Makes room for further bytes; the writing process calls it.
   void makeRoom() const;
 
-  /// The space is scarce again.
+  /// Makes the space scarce again.
   void fill() const;
 
   const char* kind() const { return isMounted_ ? "file system of 64 KiB" : "file size limit of 64 KiB"; }

@@ -27,11 +27,11 @@ class Writers : public testing::Test {
  protected:
   Writers();
 
-  /// Sets the process up: from then on the logs below "Stress" go to the file of the way.
+  /// Sets the process up: from then on, the logs below "Stress" go to the file of this way.
   /// @return whether that succeeded.
   static bool setUp(Way _way);
 
-  /// Logs so many lines of a writer, each with a filler of up to so many characters, and acknowledges each.
+  /// Logs that many lines of a writer, each with a filler of up to that many characters, and acknowledges each.
   static void logLines(Oracle& _oracle, std::uint32_t _writer, int _count, std::size_t _largestFiller);
 
   /// Forks a process that sets up, runs the function and ends normally. An alarm ends it when it hangs.
@@ -45,7 +45,7 @@ class Writers : public testing::Test {
   const testsupport::ConfigSandbox sandbox_;
 };
 
-/// Waits for the end of each process, which has to be a normal one.
+/// Waits for the end of each process, and expects a normal one.
 void expectNormalEnds(const std::vector<pid_t>& _processes);
 
 /// Waits until the condition holds, at most two minutes.

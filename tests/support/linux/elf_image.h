@@ -15,9 +15,9 @@ class ElfImage {
 
   explicit ElfImage(Class _class = Class::bits64, Order _order = Order::little) : class_(_class), order_(_order) {}
 
-  /// Begins a segment of notes whose parts are aligned so (4 or 8); the notes that follow belong to it.
+  /// Begins a segment of notes whose parts have this alignment (4 or 8); the following notes belong to it.
   ElfImage& segment(std::uint64_t _alignment);
-  /// @param _owner with its final NUL where it has one.
+  /// @param _owner with its final NUL, if it has one.
   ElfImage& note(const std::string& _owner, std::uint32_t _type, const std::string& _descriptor);
   /// The descriptor of a version note.
   std::string words(const std::vector<std::uint32_t>& _words) const;

@@ -5,7 +5,7 @@
 
 namespace testsupport {
 
-/// Makes a pipe in place of a file, if there is one: a plain open for reading waits until somebody opens it for
+/// Puts a pipe in place of a file, if there is one: a plain open for reading waits until somebody opens the pipe for
 /// writing. The path may have either separator.
 void makeNamedPipe(const std::string& _path);
 

@@ -9,7 +9,7 @@ namespace testsupport {
 /// @param _limits options of tmpfs, such as "size=4k" or "nr_inodes=1"; empty for none.
 void mountSharedMemory(const std::string& _limits);
 
-/// Takes the latest one away again.
+/// Unmounts the latest one.
 void unmountSharedMemory();
 
 }  // namespace testsupport

@@ -21,7 +21,7 @@ struct CallFate {
 /// Decides on a system call by its number (SYS_write ...).
 using CallJudge = std::function<CallFate(long)>;
 
-/// To be called by the child at the begin and at the end of what is judged; more than once if need be.
+/// The child calls it at the beginning and at the end of what is judged, more than once if need be.
 void markCalls();
 
 /// Runs the function in a forked child under ptrace (x86-64), which needs no special rights, and judges each system

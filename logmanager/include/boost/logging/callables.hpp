@@ -3,7 +3,7 @@
 #define BOOST_LOGGING_CALLABLES_HPP
 
 /// @file
-/// What an application connects to logs, and what the log manager brings. Included by boost/logging/logging.hpp.
+/// What an application connects to logs, and what the log manager offers. Included by boost/logging/logging.hpp.
 
 #include <boost/function.hpp>
 #include <boost/shared_ptr.hpp>

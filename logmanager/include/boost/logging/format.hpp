@@ -15,10 +15,10 @@ namespace boost {
 namespace logging {
 namespace detail {
 
-// Formats the arguments and logs the text. What a formatter throws goes on to the caller, without a message. The format
-// is parsed when it is compiled (before C++17, when it is used). It comes twice more: its type checks it against the
-// arguments, as {fmt} does not check every format that is parsed when it is compiled; and as the macro was given it,
-// first of the other arguments.
+// Formats the arguments and logs the text. What a formatter throws goes on to the caller, without a message. The
+// compiler parses _format (before C++17, its use does). By the type of _checked, {fmt} checks the arguments, which it
+// does not do for every format that the compiler parses. _formatText is the format once more, as the first argument
+// that the macro passes on.
 template <typename Format, typename... Arguments>
 void log_formatted(const logger& _log, const Format& _format, fmt::format_string<const Arguments&...> /*_checked*/,
                    const char* /*_formatText*/, const Arguments&... _arguments) {

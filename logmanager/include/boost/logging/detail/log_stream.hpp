@@ -14,16 +14,16 @@ namespace boost {
 namespace logging {
 namespace detail {
 
-/// The stream of one logging statement: a std::ostream in every respect. As long as it is in its initial formatting
-/// state, the types below put their text into the message without the machinery of a stream, mostly in the caller; it
-/// is the text that the stream would make. Whatever else is inserted goes through the operators of std::ostream.
+/// The stream of one logging statement: a std::ostream in every respect. While it is in its initial formatting state,
+/// values of the types below go into the message without the machinery of a stream, mostly inline and with the same
+/// text. Everything else goes through the operators of std::ostream.
 class BOOST_LOGGING_TYPE log_stream : public std::ostream {
  public:
   ~log_stream() override;
   log_stream(const log_stream&) = delete;
   log_stream& operator=(const log_stream&) = delete;
 
-  /// Whether a number needs nothing of what a stream can be told about numbers.
+  /// Whether numbers have their default format.
   bool is_plain() const {
     return flags() == (std::ios_base::skipws | std::ios_base::dec) && width() == 0 && !hasOtherLocale_;
   }
@@ -36,7 +36,7 @@ class BOOST_LOGGING_TYPE log_stream : public std::ostream {
       put_otherwise(_text, _size);
     }
   }
-  /// In the caller, so that a literal's size is no work at run time.
+  /// Inline, so that the compiler knows the size of a literal.
   void put(const char* _text) {
     if (_text == nullptr) {
       setstate(std::ios_base::badbit);
@@ -64,10 +64,10 @@ class BOOST_LOGGING_TYPE log_stream : public std::ostream {
  protected:
   explicit log_stream(std::streambuf* _buffer);
 
-  /// Where the text goes on, and where the room for it ends.
+  /// The end of the text, and the end of the room for it.
   char* position_ = nullptr;
   char* end_ = nullptr;
-  /// The locale is not the classic one, or something else was changed that cannot be asked for.
+  /// Whether the locale is not the classic one, or something has changed that cannot be queried.
   bool hasOtherLocale_ = false;
 
  private:
@@ -75,7 +75,7 @@ class BOOST_LOGGING_TYPE log_stream : public std::ostream {
   BOOST_LOGGING_API void put_digits(unsigned long long _value);
 };
 
-/// As what a value of a type is put into the stream; no member type for one that is left to std::ostream.
+/// The type as which a value goes into the stream; no member type for values that are left to std::ostream.
 template <typename T>
 struct put_as {};
 

@@ -8,10 +8,10 @@ namespace boost {
 namespace logging {
 namespace detail {
 
-/// One in each source that includes the log manager, as std::ios_base::Init is one in each that includes <iostream>, so
-/// that the last one of a program is destroyed after all its static objects that log. Windows ends the threads of a
-/// process before its libraries learn of the end; objects of the program itself are destroyed earlier. So the last one
-/// lets the threads of the log manager finish. Does nothing on Linux, nor in a library.
+/// Every source that includes the log manager has one, just as every one that includes <iostream> has a
+/// std::ios_base::Init, so that the last one of a program is destroyed after all its static objects that log. Windows
+/// ends the threads of a process before its libraries learn of the end, but destroys objects of the program itself
+/// earlier. So the last one lets the threads of the log manager finish. Does nothing on Linux or in a library.
 class program_end {
  public:
   BOOST_LOGGING_API program_end() noexcept;
