@@ -75,6 +75,9 @@ expect "$sandbox/app.log" "disk 3 failed"
 
 [ "$("$built/switching_classes")" = 'this is written' ]
 
+"$built/lost_messages" 2>"$folder/screen"
+expect "$folder/screen" '\.: 1 lost, the last by error [0-9]+'
+
 # The listener starts with CA12, while "GE" leads to another CA, whose class list has nothing for it.
 lay_out
 sed 's/CA12/CA7/' "$examples/qmrk_logging_CA12.cfg" >"$cfg/qmrk_logging_CA7.cfg"

@@ -7,7 +7,9 @@
 ///
 /// @code
 /// void showFiles() {
-///   bl::list_files([](const bl::file_state& _file) { panel.show(_file.path, _file.lost, _file.error); });
+///   bl::list_files([](const bl::file_state& _file) {
+///     std::cerr << _file.path << ": " << _file.lost << " lost, the last by error " << _file.error << "\n";
+///   });
 /// }
 ///
 /// bl::observe_files(showFiles);
