@@ -13,7 +13,7 @@
 namespace Quillmark_logging {
 
 /// Gives the id of the process as text.
-/// @param _formatted whether the digits stand in brackets, with a blank behind them: "[4711] ".
+/// @param _formatted whether the digits stand in brackets, followed by a blank: "[4711] ".
 /// @return the decimal digits, in brackets or not; "-1" in their place if the id cannot be turned into text.
 QMRK_LOG_API std::string getProcessId(bool _formatted);
 
@@ -22,7 +22,7 @@ QMRK_LOG_API std::string getProcessId(bool _formatted);
 QMRK_LOG_API std::string getFormattedProcessId();
 
 /// Gives the id of the calling thread as text.
-/// @param _formatted whether the digits stand in brackets, with a blank behind them: "[4712] ".
+/// @param _formatted whether the digits stand in brackets, followed by a blank: "[4712] ".
 /// @return the decimal digits, in brackets or not; "-1" in their place if the id cannot be turned into text.
 QMRK_LOG_API std::string getThreadId(bool _formatted);
 

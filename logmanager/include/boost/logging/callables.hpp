@@ -21,7 +21,7 @@ class SharedAppendFile;
 class TimeStamp;
 }  // namespace detail
 
-/// Writes a finished message somewhere. Its arguments are the name of the log and the message.
+/// Writes a finished message somewhere. Its arguments are the name of the log and the message, both 8-bit texts.
 ///
 /// @code
 /// void toStandardError(const std::string& /*_logName*/, const std::string& _message) { std::cerr << _message; }
@@ -33,7 +33,7 @@ class TimeStamp;
 /// or a ts_appender. Its exceptions are counted, and reported on standard error at most once a minute.
 using appender = boost::function<void(const std::string& /*log_name*/, const std::string& /*message*/)>;
 
-/// Changes a message in place. Its arguments are the name of the log and the message.
+/// Changes a message in place. Its arguments are the name of the log and the message, both 8-bit texts.
 ///
 /// @code
 /// void prependProcess(const std::string& /*_logName*/, std::string& _message) {

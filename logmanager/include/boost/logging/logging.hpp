@@ -30,7 +30,8 @@
 /// after it: the manager is created at its first use and never destroyed. A logging statement never waits for a set-up
 /// call, and sees the callables of its log as they were before such a call or after it, never a mix.
 ///
-/// **Failures.** Set-up calls throw std::bad_alloc when memory is short; nothing has changed then.
+/// **Failures.** Set-up calls and constructors throw std::bad_alloc when memory is short; nothing has changed then. The
+/// first logging statement of a thread may throw it too; all others throw only what their own operands throw.
 
 #include <string>
 
