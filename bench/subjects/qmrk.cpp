@@ -15,8 +15,6 @@ namespace {
 namespace logging = boost::logging;
 
 constexpr int index = 100;
-constexpr unsigned int on = 0;
-constexpr unsigned int off = 4294967295U;
 
 class Qmrk : public Subject {
  public:
@@ -39,7 +37,7 @@ class Qmrk : public Subject {
 
   bool logOffLines(int _count) override {
     static const logging::logger log("App.Module.debug");
-    logging::enable_logs(logging::get_default_log_manager(), log.name(), off);
+    logging::enable_logs(logging::get_default_log_manager(), log.name(), logging::level_off);
     for (int i = 0; i < _count; ++i) {
       QMRK_LOG(log) << BENCH_MESSAGE_HEAD << firstInteger + i << BENCH_MESSAGE_TAIL;
     }
@@ -57,9 +55,9 @@ class Qmrk : public Subject {
   void updateLevels(int _logs) override {
     auto& manager = logging::get_default_log_manager();
     logging::set_up_change change(manager);
-    logging::enable_logs(manager, "*", off);
+    logging::enable_logs(manager, "*", logging::level_off);
     for (int i = 0; i < _logs; ++i) {
-      logging::enable_logs(manager, patterns_[static_cast<std::size_t>(i)], on);
+      logging::enable_logs(manager, patterns_[static_cast<std::size_t>(i)], logging::level_on);
     }
     change.apply();
   }
@@ -91,7 +89,7 @@ class QmrkFormatted final : public Qmrk {
 
   bool logOffLines(int _count) override {
     static const logging::logger log("App.Module.debug");
-    logging::enable_logs(logging::get_default_log_manager(), log.name(), off);
+    logging::enable_logs(logging::get_default_log_manager(), log.name(), logging::level_off);
     for (int i = 0; i < _count; ++i) {
       QMRK_LOGF(log, BENCH_MESSAGE_HEAD "{}" BENCH_MESSAGE_TAIL, firstInteger + i);
     }

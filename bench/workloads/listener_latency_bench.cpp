@@ -19,12 +19,12 @@
 #include "boost/logging/logging.hpp"
 #include "platform/named_event.h"
 #include "quillmark_logging.h"
+#include "quillmark_logging_names.h"
 
 namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr char event[] = "QMRK_LOG_EVENT";
 constexpr char onLine[] = "switched on";
 constexpr char offLine[] = "switched off";
 
@@ -114,9 +114,9 @@ void waitForReset(platform::Handle _event) {
 
 // The listener creates the event on a thread of its own. Null when it has none after some seconds.
 platform::Handle openEvent() {
-  platform::Handle handle = platform::openEvent(event);
+  platform::Handle handle = platform::openEvent(Quillmark_logging::QMRK_LOG_EVENT);
   for (const auto end = Clock::now() + std::chrono::seconds(5); handle == nullptr && Clock::now() < end; rest()) {
-    handle = platform::openEvent(event);
+    handle = platform::openEvent(Quillmark_logging::QMRK_LOG_EVENT);
   }
   return handle;
 }

@@ -11,7 +11,6 @@
 namespace {
 
 constexpr int rules = 1000;
-constexpr unsigned int off = 4294967295U;
 
 void create(const std::string& _name) {
   const boost::logging::logger log(_name);
@@ -31,7 +30,7 @@ void createLoggersOfExistingName(int _count) {
 void createLoggersOfNewNames(int _count) {
   auto& manager = boost::logging::get_default_log_manager();
   for (int i = 0; i < rules; ++i) {
-    boost::logging::enable_logs(manager, "Rule" + std::to_string(i), off);
+    boost::logging::enable_logs(manager, "Rule" + std::to_string(i), boost::logging::level_off);
   }
   std::vector<std::string> names;
   for (int i = 0; i < _count; ++i) {

@@ -59,6 +59,13 @@ class ConfigurationCheck : public testing::Test {
 
   Records records() const { return exists(infoFile_) ? recordsIn(infoFile_) : Records{}; }
 
+  void expectUnreadable(const std::string& _ca) {
+    EXPECT_FALSE(checkTraced(_ca));
+    EXPECT_EQ(records(), Records{"Faulty file permissions. " + sandbox_.cfgPath(_ca) +
+                                 " does not have read permission. [Called by App]"});
+    EXPECT_TRUE(traceMatches("config_check_unreadable.txt"));
+  }
+
   testsupport::ConfigSandbox sandbox_;
   std::string infoFile_ = sandbox_.logFolder() + "\\qmrk.info";
   std::string ca_;
@@ -197,22 +204,16 @@ TEST_F(ConfigurationCheck, TracesAndRecordsATooLargeFileLikeAnUnreadableOne) {
   std::filesystem::resize_file(file, platform::largestTextFile);
   EXPECT_TRUE(check("CA12"));
   std::filesystem::resize_file(file, platform::largestTextFile + 1);
-  EXPECT_FALSE(checkTraced("CA12"));
-  EXPECT_EQ(records(), Records{"Faulty file permissions. " + sandbox_.cfgPath("CA12") +
-                               " does not have read permission. [Called by App]"});
-  EXPECT_TRUE(traceMatches("config_check_unreadable.txt"));
+  expectUnreadable("CA12");
 }
 
 TEST_F(ConfigurationCheck, FailsAndRecordsWhenTheFileIsUnreadable) {
   sandbox_.writeCfg("CA12", "CA_NR=CA12\n");
   {
     const testsupport::WithoutReadPermission denied(sandbox_.cfgPath("CA12"));
-    EXPECT_FALSE(checkTraced("CA12"));
+    expectUnreadable("CA12");
   }
   EXPECT_EQ(ca_, "CA12");
-  EXPECT_EQ(records(), Records{"Faulty file permissions. " + sandbox_.cfgPath("CA12") +
-                               " does not have read permission. [Called by App]"});
-  EXPECT_TRUE(traceMatches("config_check_unreadable.txt"));
 }
 
 TEST_F(ConfigurationCheck, FailsAndRecordsWhenTheGenericFileIsUnreadable) {

@@ -66,6 +66,14 @@ class ErrorInfo : public testing::Test {
     return written;
   }
 
+  void expectFailedOpening() const {
+    const std::string trace = sandbox_.masked(trace_);
+    EXPECT_TRUE(
+        trace.ends_with("<!= Quillmark_logging::writeQmrkErrorInfo() ERROR: Failed to open file "
+                        "<APPDATA>\\Orvane\\Quillmark\\Logging\\qmrk.info\r\n"))
+        << trace;
+  }
+
   testsupport::ConfigSandbox sandbox_;
   std::string infoFile_ = sandbox_.logFolder() + "\\qmrk.info";
   std::string trace_;
@@ -121,21 +129,13 @@ TEST_F(ErrorInfo, TracesAReadOnlyFile) {
     const AsUnprivilegedUser user;
     EXPECT_FALSE(writeTraced());
   }
-  const std::string trace = sandbox_.masked(trace_);
-  EXPECT_TRUE(
-      trace.ends_with("<!= Quillmark_logging::writeQmrkErrorInfo() ERROR: Failed to open file "
-                      "<APPDATA>\\Orvane\\Quillmark\\Logging\\qmrk.info\r\n"))
-      << trace;
+  expectFailedOpening();
 }
 
 TEST_F(ErrorInfo, FailsWhenTheDiskIsFull) {
   const FaultPlan failure(Call::write, 1, platform::errorDiskFull);
   EXPECT_FALSE(writeTraced());
-  const std::string trace = sandbox_.masked(trace_);
-  EXPECT_TRUE(
-      trace.ends_with("<!= Quillmark_logging::writeQmrkErrorInfo() ERROR: Failed to open file "
-                      "<APPDATA>\\Orvane\\Quillmark\\Logging\\qmrk.info\r\n"))
-      << trace;
+  expectFailedOpening();
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 namespace {
 
 using namespace platform;
+using testsupport::exitCodeOfThread;
 
 class DerivedListener : public testsupport::Listener {};
 
@@ -28,7 +29,7 @@ TEST_F(DerivedListener, ProvidesTheBodyAndTheExitCodeOfTheThread) {
   ASSERT_TRUE(handler->createWorkerThread());
   ASSERT_EQ(waitForThread(handler->getThreadHandle(), 30'000), waitObject);
   EXPECT_TRUE(handler->hadNullArgument());
-  EXPECT_EQ(exitCodeOf(handler->getThreadHandle()), 77U);
+  EXPECT_EQ(exitCodeOfThread(handler->getThreadHandle()), 77U);
 }
 
 // Its thread needs a member that only its own constructor sets.
@@ -52,7 +53,7 @@ TEST_F(DerivedListener, MayStartItsThreadAsTheLastStepOfItsConstructor) {
   EXPECT_STREQ(handler.getLogEventName(), "QMRK_LOG_EVENT");
   EXPECT_TRUE(handler.getListenForEventState());
   ASSERT_EQ(waitForThread(handler.getThreadHandle(), 30'000), waitObject);
-  EXPECT_EQ(exitCodeOf(handler.getThreadHandle()), 42U);
+  EXPECT_EQ(exitCodeOfThread(handler.getThreadHandle()), 42U);
   EXPECT_EQ(cout_.text(), "");
 }
 
@@ -67,7 +68,7 @@ class Throwing : public LogEventHandler {
 TEST_F(DerivedListener, EndsWithAllBitsSetWhenTheBodyThrows) {
   const Throwing handler;
   ASSERT_EQ(waitForThread(handler.getThreadHandle(), 30'000), waitObject);
-  EXPECT_EQ(exitCodeOf(handler.getThreadHandle()), 0xFFFFFFFF);
+  EXPECT_EQ(exitCodeOfThread(handler.getThreadHandle()), 0xFFFFFFFF);
   EXPECT_EQ(cerr_.text(), "<!= LogEventHandler::Listen4EventThread() ERROR: no more\n");
 }
 

@@ -16,6 +16,7 @@
 #include "tests/support/fault_plan.h"
 #include "tests/support/private_events.h"
 #include "tests/support/sleeping_thread.h"
+#include "tests/support/thread_exit_code.h"
 #include "trace/trace_flags.h"
 
 namespace testsupport {
@@ -59,12 +60,6 @@ class Listener : public ::testing::Test {
     _handler.setListenForEventState(false);
     ASSERT_TRUE(signal(_handler.getLogEventName()));
     ASSERT_EQ(platform::waitForThread(_handler.getThreadHandle(), 30'000), platform::waitObject);
-  }
-
-  static std::uint32_t exitCodeOf(platform::Handle _thread) {
-    std::uint32_t code = 0;
-    EXPECT_TRUE(platform::threadExitCode(_thread, code));
-    return code;
   }
 
   /// A handler whose thread could not be started.

@@ -8,6 +8,7 @@
 namespace {
 
 using namespace platform;
+using testsupport::exitCodeOfThread;
 using testsupport::FaultPlan;
 
 class LogEventHandlerTest : public testsupport::Listener {};
@@ -95,7 +96,7 @@ TEST_F(LogEventHandlerTest, TerminatesAWaitingThreadAfterItsTimeOut) {
   handler.reset();
   EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(1000));
   EXPECT_EQ(waitForThread(thread, 0), waitObject);
-  EXPECT_EQ(exitCodeOf(thread), 1U);
+  EXPECT_EQ(exitCodeOfThread(thread), 1U);
   EXPECT_TRUE(closeHandle(thread));
 }
 
@@ -107,7 +108,7 @@ TEST_F(LogEventHandlerTest, EndsWithExitCodeZeroAtTheNextSettingOnceItShouldStop
   EXPECT_EQ(waitForThread(handler.getThreadHandle(), 100), waitTimeout);
   ASSERT_TRUE(signal());
   EXPECT_EQ(waitForThread(handler.getThreadHandle(), 30'000), waitObject);
-  EXPECT_EQ(exitCodeOf(handler.getThreadHandle()), 0U);
+  EXPECT_EQ(exitCodeOfThread(handler.getThreadHandle()), 0U);
   EXPECT_EQ(cout_.count("WAIT_OBJECT_0 (0)"), 1);
   EXPECT_EQ(cout_.count("LogEventHandler::resetEvent() returns true"), 1);
 }
@@ -116,7 +117,7 @@ TEST_F(LogEventHandlerTest, EndsWithAllBitsSetWhenItCannotCreateTheEvent) {
   const FaultPlan plan(Call::openEvent, 1, errorDiskFull);
   LogEventHandler handler;
   EXPECT_EQ(waitForThread(handler.getThreadHandle(), 30'000), waitObject);
-  EXPECT_EQ(exitCodeOf(handler.getThreadHandle()), 0xFFFFFFFF);
+  EXPECT_EQ(exitCodeOfThread(handler.getThreadHandle()), 0xFFFFFFFF);
   EXPECT_EQ(handler.isCreated(), 1);
   EXPECT_EQ(cerr_.text(),
             "<!= LogEventHandler::createEvent() ERROR: Failed to create event \"QMRK_LOG_EVENT\", GetLastError=112\n"
@@ -130,7 +131,7 @@ TEST_F(LogEventHandlerTest, WaitsAgainAtOnceWhenAWaitFails) {
   ASSERT_TRUE(cout_.waitFor("WAIT_FAILED (4294967295)", 3));
   stop(handler);
   EXPECT_EQ(cout_.count("WAIT_FAILED (4294967295)"), 3);
-  EXPECT_EQ(exitCodeOf(handler.getThreadHandle()), 0U);
+  EXPECT_EQ(exitCodeOfThread(handler.getThreadHandle()), 0U);
 }
 
 TEST_F(LogEventHandlerTest, TracesAFailedReset) {
@@ -220,7 +221,7 @@ TEST_F(LogEventHandlerTest, ListensEvenIfItCannotWriteALine) {
       event = openEvent("QMRK_LOG_EVENT");
     }
     stop(handler);
-    EXPECT_EQ(exitCodeOf(handler.getThreadHandle()), 0U);
+    EXPECT_EQ(exitCodeOfThread(handler.getThreadHandle()), 0U);
     closeHandle(event);
   }
   std::cout.clear();

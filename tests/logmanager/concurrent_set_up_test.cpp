@@ -66,17 +66,17 @@ TEST(ConcurrentSetUp, AppliesLevelsAgainWhileEightThreadsLog) {
       QMRK_LOG(bl::logger("P1.one")) << "more";
     });
     for (int round = 0; round < 200; ++round) {
-      bl::enable_logs(manager, "*", 4294967295U);
+      bl::enable_logs(manager, "*", bl::level_off);
       for (int i = 0; i < threadCount; i += 2)
-        bl::enable_logs(manager, "P1." + std::to_string(i), 0);
-      bl::enable_logs(manager, "*.one", 0);
+        bl::enable_logs(manager, "P1." + std::to_string(i), bl::level_on);
+      bl::enable_logs(manager, "*.one", bl::level_on);
       threads.waitForRounds(1);
     }
   }
   EXPECT_GT(messages, 0);
   EXPECT_TRUE(bl::logger("P1.0").is_enabled());
   EXPECT_FALSE(bl::logger("P1.1").is_enabled());
-  bl::enable_logs(manager, "*", 0);
+  bl::enable_logs(manager, "*", bl::level_on);
   bl::del_appender(manager, "*", "A");
 }
 
@@ -127,7 +127,7 @@ TEST(ConcurrentSetUp, NeverMakesAStatementWait) {
   slow.reset();
   std::thread remover([&manager] { bl::del_appender(manager, "P3", "slow"); });
   log.write("passes");
-  bl::enable_logs(manager, "P3", 0);
+  bl::enable_logs(manager, "P3", bl::level_on);
   isLogged = true;
   remover.join();
   EXPECT_EQ(manager.size().retired, 0U);

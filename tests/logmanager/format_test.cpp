@@ -39,7 +39,7 @@ class Format : public testing::Test {
     boost::logging::flush_log_cache();
     boost::logging::del_appender(manager_, "*", "Format");
     boost::logging::add_appender(manager_, "Format", recorder_.appender(), "Format", 100);
-    boost::logging::enable_logs(manager_, "Format", 0);
+    boost::logging::enable_logs(manager_, "Format", boost::logging::level_on);
   }
 
   using Messages = std::vector<std::string>;
@@ -65,7 +65,7 @@ TEST_F(Format, AcceptsTextsOfAnySize) {
 }
 
 TEST_F(Format, EvaluatesAndFormatsNothingWhenTheLogIsOff) {
-  boost::logging::enable_logs(manager_, "Format", 4294967295U);
+  boost::logging::enable_logs(manager_, "Format", boost::logging::level_off);
   int evaluated = 0;
   pointsFormatted = 0;
   QMRK_LOGF(log_, "{} {}", ++evaluated, Point{1, 2});

@@ -18,8 +18,6 @@ namespace {
 
 namespace bl = boost::logging;
 using bl::default_log_manager;
-using testsupport::levelOff;
-using testsupport::levelOn;
 using testsupport::quietAppender;
 
 /// A set-up as an application makes it again and again, with removals that take away in part.
@@ -32,9 +30,9 @@ void oneRound(default_log_manager& _manager) {
   bl::del_appender(_manager, "App.quiet*", "A");
   bl::del_appender(_manager, "*.quiet", "A");
   bl::del_appender(_manager, "Mod", "A");
-  bl::enable_logs(_manager, "*", levelOff);
+  bl::enable_logs(_manager, "*", bl::level_off);
   for (const char* const name : {"App", "App.error", "*.info", "Mod*", "A*z"})
-    bl::enable_logs(_manager, name, levelOn);
+    bl::enable_logs(_manager, name, bl::level_on);
 }
 
 TEST(ManyRounds, LeaveTheMemoryOfOneRound) {
@@ -110,7 +108,7 @@ class RandomRound {
       if (call % 4 == 0) {
         bl::add_appender(_manager, pattern, &quietAppender, name, 100);
       } else if (call % 4 == 1) {
-        bl::enable_logs(_manager, pattern, call % 8 == 1 ? levelOn : levelOff);
+        bl::enable_logs(_manager, pattern, call % 8 == 1 ? bl::level_on : bl::level_off);
       } else {
         bl::del_appender(_manager, pattern, name);
       }

@@ -69,7 +69,7 @@ bool logsInsideAChange(const bl::logger& _log, int _place, std::atomic<int>& _de
   std::thread setUp([&] {
     testsupport::holdAllocation(&held);
     bl::set_up_change change(manager);
-    bl::enable_logs(manager, "*", 4294967295U);
+    bl::enable_logs(manager, "*", bl::level_off);
     bl::del_appender(manager, "*", "A");
     bl::del_modifier(manager, "*", "M");
     bl::add_modifier(
@@ -79,7 +79,7 @@ bool logsInsideAChange(const bl::logger& _log, int _place, std::atomic<int>& _de
     bl::add_appender(
         manager, "Held",
         [&](const std::string&, const std::string& _text) { ++(_text == "m12" ? _delivered : _malformed); }, "A", 100);
-    bl::enable_logs(manager, "Held", 0);
+    bl::enable_logs(manager, "Held", bl::level_on);
     change.apply();
     testsupport::holdAllocation(nullptr);
     isDone = true;
@@ -106,7 +106,7 @@ TEST(HeldSetUp, LosesNoMessageWhereverAChangeStops) {
   EXPECT_GT(logged, 30);
   bl::del_appender(bl::get_default_log_manager(), "*", "A");
   bl::del_modifier(bl::get_default_log_manager(), "*", "M");
-  bl::enable_logs(bl::get_default_log_manager(), "*", 0);
+  bl::enable_logs(bl::get_default_log_manager(), "*", bl::level_on);
 }
 
 /// Takes every context that is free, so that the next statement of the thread allocates one.

@@ -188,7 +188,7 @@ int append(const std::string& _file, char** _arguments) {
   const std::string number = _arguments[0];
   logLines("process " + number + " " + std::string(40, static_cast<char>('a' + std::stoi(number))) + " line ",
            std::atoi(_arguments[1]));
-  bl::enable_logs(bl::get_default_log_manager(), "*", 4294967295U);
+  bl::enable_logs(bl::get_default_log_manager(), "*", bl::level_off);
   return 0;
 }
 

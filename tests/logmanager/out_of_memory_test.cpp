@@ -18,8 +18,6 @@ namespace bl = boost::logging;
 using bl::default_log_manager;
 using bl::detail::CallableSet;
 using bl::detail::Log;
-using testsupport::levelOff;
-using testsupport::levelOn;
 using testsupport::quietAppender;
 
 struct Outcome {
@@ -50,7 +48,7 @@ std::size_t callableCount(const Log& _log) {
 void setUpTwoCallables(default_log_manager& _manager) {
   bl::add_appender(_manager, "*", &quietAppender, "A", 100);
   bl::add_modifier(_manager, "App", &bl::append_enter, "M", 100);
-  bl::enable_logs(_manager, "App", levelOff);
+  bl::enable_logs(_manager, "App", bl::level_off);
 }
 
 TEST(OutOfMemory, LeavesNoLogWithoutItsCallables) {
@@ -67,9 +65,9 @@ TEST(OutOfMemory, LeavesNoLogWithoutItsCallables) {
     EXPECT_FALSE(log.enabled);
     // Every pattern finds the one log.
     for (const std::string& pattern : {name, std::string("*"), std::string("App.a.*"), "*" + name.substr(5)}) {
-      bl::enable_logs(manager, pattern, levelOn);
+      bl::enable_logs(manager, pattern, bl::level_on);
       EXPECT_TRUE(log.enabled) << pattern;
-      bl::enable_logs(manager, "*", levelOff);
+      bl::enable_logs(manager, "*", bl::level_off);
       EXPECT_FALSE(log.enabled);
     }
     EXPECT_EQ(&manager.log(name), &log);
@@ -78,14 +76,14 @@ TEST(OutOfMemory, LeavesNoLogWithoutItsCallables) {
 
 /// Nearly everything that a change can do.
 void noteCalls(default_log_manager& _manager) {
-  bl::enable_logs(_manager, "*", levelOff);
+  bl::enable_logs(_manager, "*", bl::level_off);
   bl::del_appender(_manager, "App.part", "A");
   bl::del_appender(_manager, "*.end", "A");
   bl::del_modifier(_manager, "*", "M");
   bl::add_modifier(_manager, "App.*", &bl::prepend_prefix, "M", 100);
   bl::add_appender(_manager, "App.part.below", &quietAppender, "a name that is longer than others", 100);
-  bl::enable_logs(_manager, "App.part.below.the.pattern", levelOn);
-  bl::enable_logs(_manager, "A*p.part*", levelOn);
+  bl::enable_logs(_manager, "App.part.below.the.pattern", bl::level_on);
+  bl::enable_logs(_manager, "A*p.part*", bl::level_on);
 }
 
 /// What is to be seen of a manager.
@@ -134,7 +132,7 @@ TEST(OutOfMemory, ForgetsNoEarlierCallOfAChange) {
     default_log_manager manager;
     const Log& log = manager.log("App");
     bl::set_up_change change(manager);
-    bl::enable_logs(manager, "App", levelOff);
+    bl::enable_logs(manager, "App", bl::level_off);
     outcome = withoutMemoryAt(allocation, [&manager] { noteCalls(manager); });
     bl::add_appender(manager, "App", &quietAppender, "A", 100);
     change.apply();

@@ -29,13 +29,10 @@ class SetUpChange : public testing::Test {
   ~SetUpChange() override {
     bl::del_appender(manager_, "*", "A");
     bl::del_modifier(manager_, "*", "M");
-    bl::enable_logs(manager_, "*", levelOn);
+    bl::enable_logs(manager_, "*", bl::level_on);
   }
 
   static void inAnotherThread(const std::function<void()>& _function) { std::thread(_function).join(); }
-
-  static constexpr unsigned int levelOn = 0;
-  static constexpr unsigned int levelOff = 4294967295U;
 
   bl::default_log_manager& manager_ = bl::get_default_log_manager();
   Recorder recorder_;
@@ -47,7 +44,7 @@ TEST_F(SetUpChange, HoldsItsCallsBackUntilApply) {
   bl::add_appender(manager_, "H1", recorder_.appender(), "A", 100);
   bl::add_modifier(manager_, "H1", suffix("!"), "M", 100);
   log.write("before");
-  bl::enable_logs(manager_, "H1.off", levelOff);
+  bl::enable_logs(manager_, "H1.off", bl::level_off);
   EXPECT_TRUE(bl::logger("H1.off").is_enabled());
   change.apply();
   log.write("after");
@@ -60,7 +57,7 @@ TEST_F(SetUpChange, ForgetsCallsThatWereNotApplied) {
   {
     const set_up_change change(manager_);
     bl::add_appender(manager_, "H2", recorder_.appender(), "A", 100);
-    bl::enable_logs(manager_, "H2", levelOff);
+    bl::enable_logs(manager_, "H2", bl::level_off);
   }
   EXPECT_TRUE(log.is_enabled());
   log.write("m");
@@ -70,9 +67,9 @@ TEST_F(SetUpChange, ForgetsCallsThatWereNotApplied) {
 TEST_F(SetUpChange, NotesCallsAgainAfterApply) {
   const bl::logger log("H3.log");
   set_up_change change(manager_);
-  bl::enable_logs(manager_, "H3", levelOff);
+  bl::enable_logs(manager_, "H3", bl::level_off);
   change.apply();
-  bl::enable_logs(manager_, "H3", levelOn);
+  bl::enable_logs(manager_, "H3", bl::level_on);
   EXPECT_FALSE(log.is_enabled());
   change.apply();
   EXPECT_TRUE(log.is_enabled());
@@ -84,9 +81,9 @@ TEST_F(SetUpChange, LeavesTheCallsOfAnInnerChangeToTheOuterOne) {
   set_up_change outer(manager_);
   {
     set_up_change inner(manager_);
-    bl::enable_logs(manager_, "H4.applied", levelOff);
+    bl::enable_logs(manager_, "H4.applied", bl::level_off);
     inner.apply();
-    bl::enable_logs(manager_, "H4.forgotten", levelOff);
+    bl::enable_logs(manager_, "H4.forgotten", bl::level_off);
   }
   EXPECT_TRUE(applied.is_enabled());
   outer.apply();
@@ -97,13 +94,13 @@ TEST_F(SetUpChange, LeavesTheCallsOfAnInnerChangeToTheOuterOne) {
 TEST_F(SetUpChange, LeavesTheCallsOfOtherThreadsAndOtherManagersAlone) {
   bl::default_log_manager other;
   const set_up_change change(manager_);
-  inAnotherThread([this] { bl::enable_logs(manager_, "H5.thread", levelOff); });
+  inAnotherThread([this] { bl::enable_logs(manager_, "H5.thread", bl::level_off); });
   EXPECT_FALSE(bl::logger("H5.thread").is_enabled());
-  bl::enable_logs(other, "H5", levelOff);
+  bl::enable_logs(other, "H5", bl::level_off);
   EXPECT_FALSE(other.log("H5").enabled);
   set_up_change changeOfOther(other);
-  bl::enable_logs(other, "H5", levelOn);
-  bl::enable_logs(manager_, "H5", levelOff);
+  bl::enable_logs(other, "H5", bl::level_on);
+  bl::enable_logs(manager_, "H5", bl::level_off);
   changeOfOther.apply();
   EXPECT_TRUE(other.log("H5").enabled);
   EXPECT_TRUE(bl::logger("H5").is_enabled());
@@ -113,7 +110,7 @@ TEST_F(SetUpChange, TakesEffectAsAWholeBesideThatOfAnotherThread) {
   const bl::logger log("H6.log");
   bl::add_appender(manager_, "H6", recorder_.appender(), "A", 100);
   const auto note = [this](const std::string& _mark, bool _isOn) {
-    bl::enable_logs(manager_, "H6.log", _isOn ? levelOn : levelOff);
+    bl::enable_logs(manager_, "H6.log", _isOn ? bl::level_on : bl::level_off);
     bl::add_modifier(manager_, "H6", suffix(_mark), "M", 100);
   };
   {
@@ -136,11 +133,11 @@ TEST_F(SetUpChange, DoesNotTouchWhatEndsUpTheSame) {
   const bl::detail::Log& log = manager_.log("H7.log");
   const auto* const callables = log.callables.load();
   set_up_change change(manager_);
-  bl::enable_logs(manager_, "*", levelOff);
+  bl::enable_logs(manager_, "*", bl::level_off);
   bl::add_appender(manager_, "H7", recorder_.appender(), "B", 100);
   bl::del_appender(manager_, "*", "B");
   bl::del_modifier(manager_, "*", "M");
-  bl::enable_logs(manager_, "H7", levelOn);
+  bl::enable_logs(manager_, "H7", bl::level_on);
   change.apply();
   EXPECT_EQ(log.callables.load(), callables);
   EXPECT_TRUE(log.enabled);
@@ -165,7 +162,7 @@ TEST_F(SetUpChange, GivesNoMessageToTheNewCallablesOfALogThatGoesOff) {
     set_up_change change(manager_);
     bl::del_appender(manager_, "H8", "A");
     bl::add_appender(manager_, "H8", recorder_.appender(), "A", 100);
-    bl::enable_logs(manager_, "H8", levelOff);
+    bl::enable_logs(manager_, "H8", bl::level_off);
     change.apply();
   };
   QMRK_LOG(log) << "m" << Trigger{switchOff};
@@ -180,11 +177,11 @@ void logWhileItGoesOff(const bl::logger& _log, const bl::appender& _next) {
   {
     set_up_change change(manager);
     bl::add_appender(manager, _log.name(), _next, "A", 100);
-    bl::enable_logs(manager, _log.name(), 4294967295U);
+    bl::enable_logs(manager, _log.name(), bl::level_off);
     change.apply();
   }
   bl::detail::finish_statement() & bl::detail::statement(_log).stream() << "off";
-  bl::enable_logs(manager, _log.name(), 0);
+  bl::enable_logs(manager, _log.name(), bl::level_on);
   QMRK_LOG(_log) << "on";
 }
 
@@ -204,7 +201,7 @@ TEST_F(SetUpChange, GivesNoLateStatementToTheCallablesOfALogThatWentOff) {
 TEST_F(SetUpChange, SetsUpLogsCreatedMeanwhile) {
   set_up_change change(manager_);
   bl::add_appender(manager_, "H9", recorder_.appender(), "A", 100);
-  bl::enable_logs(manager_, "H9.off", levelOff);
+  bl::enable_logs(manager_, "H9.off", bl::level_off);
   const bl::logger log("H9.log");
   const bl::logger off("H9.off");
   change.apply();

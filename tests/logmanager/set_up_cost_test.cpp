@@ -16,8 +16,6 @@ namespace {
 
 namespace bl = boost::logging;
 using bl::default_log_manager;
-using testsupport::levelOff;
-using testsupport::levelOn;
 using testsupport::quietAppender;
 
 /// A filter of classes: the pattern of each, and the name of a log that it selects.
@@ -39,9 +37,9 @@ void setUp(default_log_manager& _manager, const std::vector<std::string>& _patte
     bl::del_appender(_manager, pattern, "file");
     bl::add_appender(_manager, pattern, &quietAppender, "file", 100);
   }
-  bl::enable_logs(_manager, "*", levelOff);
+  bl::enable_logs(_manager, "*", bl::level_off);
   for (const std::string& pattern : _patterns)
-    bl::enable_logs(_manager, pattern, levelOn);
+    bl::enable_logs(_manager, pattern, bl::level_on);
 }
 
 /// The time, on Linux that of the processor, of the cheapest of some set-ups after the first one.

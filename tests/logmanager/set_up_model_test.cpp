@@ -117,7 +117,7 @@ class Twins {
   }
 
   void enable(const std::string& _pattern, bool _enabled) {
-    bl::enable_logs(manager_, _pattern, _enabled ? 0 : 4294967295U);
+    bl::enable_logs(manager_, _pattern, _enabled ? bl::level_on : bl::level_off);
     model_.record(_pattern, [=](Model::State& _state) { _state.enabled = _enabled; });
   }
 

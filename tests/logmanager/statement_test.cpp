@@ -213,10 +213,10 @@ TEST_F(Statement, FormatsInTheClassicLocaleWhateverTheGlobalOneIs) {
 int evaluate(int& _count) { return ++_count; }
 
 TEST_F(Statement, EvaluatesNothingWhenTheLogIsOff) {
-  boost::logging::enable_logs(manager_, "Statement", 4294967295U);
+  boost::logging::enable_logs(manager_, "Statement", boost::logging::level_off);
   int count = 0;
   QMRK_LOG(log_) << evaluate(count);
-  boost::logging::enable_logs(manager_, "Statement", 0);
+  boost::logging::enable_logs(manager_, "Statement", boost::logging::level_on);
   EXPECT_EQ(count, 0);
   EXPECT_THAT(texts(), IsEmpty());
   QMRK_LOG(log_) << evaluate(count);

@@ -10,10 +10,12 @@
 #include "platform/process.h"
 #include "tests/support/fault_plan.h"
 #include "tests/support/private_events.h"
+#include "tests/support/thread_exit_code.h"
 
 namespace {
 
 using namespace platform;
+using testsupport::exitCodeOfThread;
 using testsupport::FaultPlan;
 
 constexpr char threadEvent[] = "QMRK_THREAD_TEST";
@@ -47,9 +49,7 @@ TEST_F(Thread, ExitsWithTheResultOfItsRoutine) {
     ASSERT_NE(thread, nullptr);
     EXPECT_EQ(lastError(), noError);
     EXPECT_EQ(waitForThread(thread, platform::waitForever), waitObject);
-    std::uint32_t code = 42;
-    EXPECT_TRUE(threadExitCode(thread, code));
-    EXPECT_EQ(code, number);
+    EXPECT_EQ(exitCodeOfThread(thread), number);
     EXPECT_TRUE(closeHandle(thread));
   }
 }
@@ -76,9 +76,7 @@ TEST_F(Thread, IsStillActiveAndTimesOutWhileItRuns) {
   waitFor(isWaiting);
   EXPECT_EQ(waitForThread(thread, 0), waitTimeout);
   EXPECT_EQ(waitForThread(thread, 20), waitTimeout);
-  std::uint32_t code = 0;
-  EXPECT_TRUE(threadExitCode(thread, code));
-  EXPECT_EQ(code, stillActive);
+  EXPECT_EQ(exitCodeOfThread(thread), stillActive);
   const Handle event = openEvent(threadEvent);
   setEvent(event);
   EXPECT_EQ(waitForThread(thread, platform::waitForever), waitObject);
@@ -93,9 +91,7 @@ TEST_F(Thread, EndsWhenTerminatedDuringAWait) {
   waitFor(isWaiting);
   EXPECT_TRUE(terminateThread(thread, 1));
   EXPECT_EQ(waitForThread(thread, platform::waitForever), waitObject);
-  std::uint32_t code = 0;
-  EXPECT_TRUE(threadExitCode(thread, code));
-  EXPECT_EQ(code, 1U);
+  EXPECT_EQ(exitCodeOfThread(thread), 1U);
   EXPECT_TRUE(closeHandle(thread));
 }
 
@@ -106,9 +102,7 @@ TEST_F(Thread, CannotBeTerminatedAfterItsEnd) {
   ASSERT_EQ(waitForThread(thread, platform::waitForever), waitObject);
   EXPECT_FALSE(terminateThread(thread, 1));
   EXPECT_EQ(lastError(), errorAccessDenied);
-  std::uint32_t code = 0;
-  EXPECT_TRUE(threadExitCode(thread, code));
-  EXPECT_EQ(code, 3U);
+  EXPECT_EQ(exitCodeOfThread(thread), 3U);
   EXPECT_TRUE(closeHandle(thread));
 }
 
@@ -133,9 +127,7 @@ TEST_F(Thread, RunsOnAfterItsHandleIsClosed) {
   const Handle event = openEvent(threadEvent);
   setEvent(event);
   EXPECT_EQ(waitForThread(second, platform::waitForever), waitObject);
-  std::uint32_t code = 42;
-  EXPECT_TRUE(threadExitCode(second, code));
-  EXPECT_EQ(code, 0U);
+  EXPECT_EQ(exitCodeOfThread(second), 0U);
   EXPECT_TRUE(closeHandle(event));
   EXPECT_TRUE(closeHandle(second));
 }

@@ -13,6 +13,7 @@
 namespace {
 
 using namespace platform;
+using testsupport::exitCodeOfThread;
 
 class ListenerEnd : public testsupport::Listener {};
 
@@ -45,7 +46,7 @@ TEST_F(ListenerEnd, WaitsForAnUpdateThatIsUnderWay) {
   end.join();
   EXPECT_TRUE(late.is_enabled());
   EXPECT_EQ(waitForThread(thread, 0), waitObject);
-  EXPECT_EQ(exitCodeOf(thread), 1U);
+  EXPECT_EQ(exitCodeOfThread(thread), 1U);
   EXPECT_EQ(waitForEvent(event, 0), waitTimeout);
   EXPECT_EQ(cout_.count("<== LogEventHandler::resetEvent() returns true\n"), 1);
   EXPECT_TRUE(closeHandle(event));
@@ -104,7 +105,7 @@ TEST_F(ListenerEnd, ComesAtOnceWhenSharedMemoryIsFull) {
   {
     LogEventHandler handler;
     EXPECT_EQ(waitForThread(handler.getThreadHandle(), 30'000), waitObject);
-    EXPECT_EQ(exitCodeOf(handler.getThreadHandle()), 0xFFFFFFFF);
+    EXPECT_EQ(exitCodeOfThread(handler.getThreadHandle()), 0xFFFFFFFF);
     EXPECT_EQ(handler.isCreated(), 1);
   }
   testsupport::unmountSharedMemory();

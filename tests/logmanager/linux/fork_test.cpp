@@ -25,7 +25,7 @@ TEST(Fork, LetsAChildLog) {
   bl::logger("F1").write("parent\n");
   EXPECT_EQ(inForkedChild([&manager] {
               bl::logger("F1").write("child\n");
-              bl::enable_logs(manager, "F1", 4294967295U);
+              bl::enable_logs(manager, "F1", bl::level_off);
               return bl::logger("F1").is_enabled() ? 1 : 0;
             }),
             0);

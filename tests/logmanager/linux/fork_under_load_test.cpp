@@ -29,7 +29,7 @@ constexpr int forkCount = 25;
 void setUpAgain(const std::string& _logs) {
   bl::default_log_manager& manager = bl::get_default_log_manager();
   bl::add_modifier(manager, _logs, bl::prepend_time_ms("$hh:$mm:$ss.$mss "), "again", 100);
-  bl::enable_logs(manager, _logs, 0);
+  bl::enable_logs(manager, _logs, bl::level_on);
   bl::del_modifier(manager, _logs, "again");
 }
 

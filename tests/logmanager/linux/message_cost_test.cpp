@@ -39,7 +39,7 @@ TEST(MessageCost, IsOneSystemCall) {
 }
 
 TEST(MessageCost, IsNothingWhenTheLogIsOff) {
-  bl::enable_logs(bl::get_default_log_manager(), "Off", 4294967295U);
+  bl::enable_logs(bl::get_default_log_manager(), "Off", bl::level_off);
   const bl::logger log("Off");
   EXPECT_TRUE(testsupport::systemCallsOf([&log] {
                 for (int i = 0; i < 1000; ++i)

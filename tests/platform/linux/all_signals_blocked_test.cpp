@@ -13,6 +13,7 @@
 #include "tests/support/linux/forked_child.h"
 #include "tests/support/private_events.h"
 #include "tests/support/sleeping_thread.h"
+#include "tests/support/thread_exit_code.h"
 
 namespace {
 
@@ -68,9 +69,7 @@ TEST(ThreadSignals, StayBlocked) {
   std::uint32_t id = 0;
   const Handle thread = createThread([](void*) { return static_cast<std::uint32_t>(countBlocked()); }, nullptr, id);
   ASSERT_EQ(waitForThread(thread, waitForever), waitObject);
-  std::uint32_t blocked = 0;
-  EXPECT_TRUE(threadExitCode(thread, blocked));
-  EXPECT_EQ(static_cast<int>(blocked), countSignals());
+  EXPECT_EQ(static_cast<int>(testsupport::exitCodeOfThread(thread)), countSignals());
   EXPECT_EQ(countBlocked(), 0);
   EXPECT_TRUE(closeHandle(thread));
 }

@@ -11,10 +11,12 @@
 #include "tests/support/linux/forked_child.h"
 #include "tests/support/private_events.h"
 #include "tests/support/process_resources.h"
+#include "tests/support/thread_exit_code.h"
 
 namespace {
 
 using namespace platform;
+using testsupport::exitCodeOfThread;
 
 constexpr char endEvent[] = "QMRK_THREAD_TEST";
 constexpr unsigned int nobody = 65534;
@@ -61,9 +63,7 @@ TEST_F(ThreadEnd, ComesOnlyWhenTheThreadWaitsForAnEvent) {
   terminator.join();
   EXPECT_TRUE(work.isDone);
   EXPECT_EQ(waitForEvent(event, 0), waitTimeout);
-  std::uint32_t code = 0;
-  EXPECT_TRUE(threadExitCode(thread, code));
-  EXPECT_EQ(code, 1U);
+  EXPECT_EQ(exitCodeOfThread(thread), 1U);
   EXPECT_TRUE(closeHandle(thread));
   EXPECT_TRUE(closeHandle(event));
 }
@@ -101,9 +101,7 @@ TEST_F(ThreadEnd, ComesAtTheNextWaitOfAThreadThatTerminatesItself) {
   shared = thread;
   ASSERT_TRUE(setEvent(start));
   EXPECT_EQ(waitForThread(thread, waitForever), waitObject);
-  std::uint32_t code = 0;
-  EXPECT_TRUE(threadExitCode(thread, code));
-  EXPECT_EQ(code, 5U);
+  EXPECT_EQ(exitCodeOfThread(thread), 5U);
   EXPECT_TRUE(closeHandle(thread));
   EXPECT_TRUE(closeHandle(start));
 }
@@ -128,9 +126,7 @@ TEST_F(ThreadEnd, ComesEvenInAWaitThatIsSatisfiedAtOnce) {
     std::this_thread::yield();
   }
   EXPECT_TRUE(terminateThread(thread, 1));
-  std::uint32_t code = 0;
-  EXPECT_TRUE(threadExitCode(thread, code));
-  EXPECT_EQ(code, 1U);
+  EXPECT_EQ(exitCodeOfThread(thread), 1U);
   EXPECT_TRUE(closeHandle(thread));
   EXPECT_TRUE(closeHandle(event));
 }
