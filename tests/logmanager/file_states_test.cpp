@@ -42,14 +42,14 @@ class FileStates : public testing::Test {
   const std::string path_ = folder_.path() + "\\file.txt";
 };
 
-TEST_F(FileStates, TellNothingOfAFileThatIsWritten) {
+TEST_F(FileStates, OmitAFileWithoutTrouble) {
   const bl::write_to_file file(path_, false);
   file("", "a\n");
   EXPECT_EQ(stateOf(path_).path, "");
   EXPECT_EQ(observed, 0);
 }
 
-TEST_F(FileStates, CountWhatIsLostAndTellWhy) {
+TEST_F(FileStates, CountLostMessagesAndSayWhy) {
   const bl::write_to_file file(path_, false);
   file("", "a\n");
   const FaultPlan plan(Call::append, 1, platform::errorDiskFull, 3);
@@ -63,7 +63,7 @@ TEST_F(FileStates, CountWhatIsLostAndTellWhy) {
   EXPECT_EQ(observed, 3);
 }
 
-TEST_F(FileStates, CountMessagesOfAFileThatCannotBeOpened) {
+TEST_F(FileStates, CountMessagesForAFileThatDoesNotOpen) {
   const bl::write_to_file file(path_, false);
   const FaultPlan plan(Call::openForAppending, 1, platform::errorAccessDenied, 1);
   file("", "a\n");
@@ -71,7 +71,7 @@ TEST_F(FileStates, CountMessagesOfAFileThatCannotBeOpened) {
   EXPECT_EQ(stateOf(path_).error, platform::errorAccessDenied);
 }
 
-TEST_F(FileStates, TellThatAFileIsWrittenAgain) {
+TEST_F(FileStates, ShowThatAFileWorksAgain) {
   const bl::write_to_file file(path_, false);
   {
     const FaultPlan plan(Call::append, 1, platform::errorDiskFull, 1);
@@ -114,7 +114,7 @@ TEST_F(FileStates, KnowTheFileOfAWrappedWriteToFile) {
   EXPECT_EQ(stateOf(path_).path, path_);
 }
 
-TEST_F(FileStates, KeepTheDropsOfAQueueThatIsGone) {
+TEST_F(FileStates, KeepTheDropsOfAnEndedQueue) {
   {
     bl::detail::MessageQueue queue(1);
     const bl::detail::NotedQueue noted(path_, queue);
@@ -139,7 +139,7 @@ TEST_F(FileStates, SurviveAnObserverThatThrows) {
   EXPECT_NO_THROW(file("", "a\n"));
 }
 
-TEST(LogList, HasEachLogWithItsSwitch) {
+TEST(LogList, NamesEachLogWithItsSwitch) {
   bl::default_log_manager& manager = bl::get_default_log_manager();
   const bl::logger on("LogList.on");
   const bl::logger off("LogList.off");

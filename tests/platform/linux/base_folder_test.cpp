@@ -26,7 +26,7 @@ std::string folder(ShellFolder _folder, const std::map<std::string, std::string>
   return path;
 }
 
-TEST(BaseFolder, OfTheUserIsTheFirstOfItsSources) {
+TEST(BaseFolder, ComesFromTheFirstSourceForTheUser) {
   const ShellFolder user = ShellFolder::userAppData;
   EXPECT_EQ(folder(user, {{"QMRK_APPDATA", "/a/"}, {"XDG_DATA_HOME", "/x"}, {"HOME", "/h"}}, "/p"), "/a");
   EXPECT_EQ(folder(user, {{"XDG_DATA_HOME", "/x"}, {"HOME", "/h"}}, "/p"), "/x");
@@ -35,13 +35,13 @@ TEST(BaseFolder, OfTheUserIsTheFirstOfItsSources) {
   EXPECT_EQ(folder(user, {}), "none");
 }
 
-TEST(BaseFolder, IgnoresWhatIsNoAbsolutePath) {
+TEST(BaseFolder, IgnoresARelativePath) {
   EXPECT_EQ(folder(ShellFolder::userAppData, {{"QMRK_APPDATA", "a"}, {"XDG_DATA_HOME", ""}, {"HOME", "h"}}, "p"),
             "none");
   EXPECT_EQ(folder(ShellFolder::commonAppData, {{"QMRK_COMMON_APPDATA", "here"}}), "/var/lib");
 }
 
-TEST(BaseFolder, OfTheMachineIsTheOverrideOrTheDefault) {
+TEST(BaseFolder, ComesFromTheOverrideOrTheDefaultForTheMachine) {
   EXPECT_EQ(folder(ShellFolder::commonProgramFiles, {}), "/etc/xdg");
   EXPECT_EQ(folder(ShellFolder::commonProgramFiles, {{"QMRK_COMMON_PROGRAM_FILES", "/c"}}), "/c");
 }

@@ -62,7 +62,7 @@ TEST(QmrkctlCompletion, OffersCommandsAndOptionsInZsh) {
   EXPECT_TRUE(hasLine(completeInZsh("qmrkctl --color", ""), "--\nauto\nalways\nnever\n"));
 }
 
-TEST(QmrkctlCompletion, IsReadByEachShellWithoutComplaint) {
+TEST(QmrkctlCompletion, LoadsInEachShellWithoutAComplaint) {
   for (const std::string& shell : {std::string("bash"), std::string("zsh"), std::string("fish")}) {
     const ChildResult result =
         runProgram("/bin/bash", {"-c", std::string(QMRKCTL) + " completion " + shell + " | " + shell + " -n"});
@@ -71,7 +71,7 @@ TEST(QmrkctlCompletion, IsReadByEachShellWithoutComplaint) {
   }
 }
 
-TEST(QmrkctlCompletion, OfAnotherShellIsWrongUsage) {
+TEST(QmrkctlCompletion, RejectsAnotherShell) {
   EXPECT_EQ(runProgram(QMRKCTL, {"completion", "tcsh"}).exitCode, 2);
   EXPECT_EQ(runProgram(QMRKCTL, {"completion"}).exitCode, 2);
 }

@@ -16,7 +16,7 @@ class QmrkctlRefusal : public ::testing::Test {
   void TearDown() override { testsupport::unmountSharedMemory(); }
 };
 
-TEST_F(QmrkctlRefusal, OfANameThatCannotNameAnEventIsWrongUsage) {
+TEST_F(QmrkctlRefusal, EndsWithWrongUsageForANameThatNoEventCanHave) {
   for (const std::string& name : {std::string("a/b"), std::string("../up"), std::string(201, 'x')}) {
     const auto result = testsupport::runProgram(QMRKCTL, {"signal", "--event", name});
     EXPECT_EQ(result.exitCode, 2) << name;
@@ -24,7 +24,7 @@ TEST_F(QmrkctlRefusal, OfANameThatCannotNameAnEventIsWrongUsage) {
   }
 }
 
-TEST_F(QmrkctlRefusal, OfTheSystemIsToldApartFromNobodyListening) {
+TEST_F(QmrkctlRefusal, DiffersFromNobodyListeningWhenTheSystemRefuses) {
   std::ofstream(platform::eventFolderPath()) << "squatted";
   const auto result = testsupport::runProgram(QMRKCTL, {"signal"});
   EXPECT_EQ(result.exitCode, 4);

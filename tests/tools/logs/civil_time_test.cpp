@@ -28,7 +28,7 @@ TEST(CivilTime, RefusesDaysAndTimesThatDoNotExist) {
   EXPECT_FALSE(civilTime(LocalTime{1969, 12, 31, 23, 59, 59, 999}));
 }
 
-TEST(CivilTime, WritesTheMomentBack) {
+TEST(CivilTime, ConvertsAMomentBack) {
   EXPECT_EQ(civilText(*civilTime(LocalTime{2026, 11, 22, 5, 3, 7, 999})), "2026-11-22 05:03:07");
   EXPECT_EQ(civilText(0), "1970-01-01 00:00:00");
 }

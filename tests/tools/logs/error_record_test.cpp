@@ -26,7 +26,7 @@ ErrorRecord parsed(const std::string& _text) {
   return record.value_or(ErrorRecord());
 }
 
-TEST(ErrorRecord, OfAMissingConfigurationNamesCaAndCaller) {
+TEST(ErrorRecord, NamesCaAndCallerOfAMissingConfiguration) {
   const auto record = parsed(errorInfoText(Quillmark_logging::invalidConfiguration, "CA7", "LogTest", redirection));
   EXPECT_EQ(record.kind, RecordKind::missingConfiguration);
   EXPECT_EQ(record.ca, "CA7");
@@ -35,7 +35,7 @@ TEST(ErrorRecord, OfAMissingConfigurationNamesCaAndCaller) {
   EXPECT_EQ(qmrkctl::civilText(record.time), "2007-01-05 09:03:07");
 }
 
-TEST(ErrorRecord, OfAMissingGenericConfigurationNamesIt) {
+TEST(ErrorRecord, NamesAMissingGenericConfiguration) {
   const auto record = parsed(errorInfoText(Quillmark_logging::invalidConfiguration, "GE", "", redirection));
   EXPECT_EQ(record.kind, RecordKind::missingConfiguration);
   EXPECT_EQ(record.ca, "GE");
@@ -43,7 +43,7 @@ TEST(ErrorRecord, OfAMissingGenericConfigurationNamesIt) {
   EXPECT_EQ(parsed(errorInfoText(Quillmark_logging::invalidConfiguration, "GE", "", "")).ca, "GE");
 }
 
-TEST(ErrorRecord, OfDeniedReadingNamesTheFile) {
+TEST(ErrorRecord, NamesAnUnreadableFile) {
   const auto record = parsed(errorInfoText(Quillmark_logging::faultyPermissions, "CA7", "LogTest",
                                            "/etc/xdg\\a\\qmrk_logging_CA7.cfg does not have read permission."));
   EXPECT_EQ(record.kind, RecordKind::unreadableConfiguration);
@@ -51,14 +51,14 @@ TEST(ErrorRecord, OfDeniedReadingNamesTheFile) {
   EXPECT_EQ(record.caller, "LogTest");
 }
 
-TEST(ErrorRecord, OfAnythingElseInASetUpHasItsOwnKind) {
+TEST(ErrorRecord, HasAKindForAnyOtherProblemOfASetUp) {
   const auto record = parsed(errorInfoText(Quillmark_logging::unspecifiedError, "CA7", "LogTest",
                                            "Failed to get configuration file path for CA7"));
   EXPECT_EQ(record.kind, RecordKind::noConfiguration);
   EXPECT_EQ(record.ca, "CA7");
 }
 
-TEST(ErrorRecord, OfTheClassStoreNamesFileAndCa) {
+TEST(ErrorRecord, NamesFileAndCaOfTheClassStore) {
   const auto missing = parsed(errorRecordText("CA12", "Failed to open file /var/lib\\x\\qmrk_logging_CA12.init", ""));
   EXPECT_EQ(missing.kind, RecordKind::unreadableClassList);
   EXPECT_EQ(missing.file, "/var/lib\\x\\qmrk_logging_CA12.init");
@@ -75,7 +75,7 @@ TEST(ErrorRecord, OfTheClassStoreNamesFileAndCa) {
   EXPECT_EQ(unwritable.file, "/x.init");
 }
 
-TEST(ErrorRecord, KeepsStrangeNamesApart) {
+TEST(ErrorRecord, SeparatesStrangeNames) {
   const auto record =
       parsed(errorInfoText(Quillmark_logging::invalidConfiguration, "CA.7 [x]", "a] [Called by b", redirection));
   EXPECT_EQ(record.kind, RecordKind::missingConfiguration);
@@ -83,7 +83,7 @@ TEST(ErrorRecord, KeepsStrangeNamesApart) {
   EXPECT_EQ(parsed(errorRecordText("a [b] ", "Failed to open file /x", "")).kind, RecordKind::unreadableClassList);
 }
 
-TEST(ErrorRecord, OfNoKnownTextIsKeptAsItIs) {
+TEST(ErrorRecord, KeepsAnUnknownTextAsItIs) {
   for (const char* const text : {"something", "", " [CA1] ", " [Called by X]", "Faulty", "Failed to open file /x"}) {
     const auto record = parsed(text);
     EXPECT_EQ(record.kind, RecordKind::unknown) << text;
@@ -97,7 +97,7 @@ TEST(ErrorRecord, NeedsAStamp) {
     EXPECT_FALSE(parseErrorRecord(text)) << text;
 }
 
-TEST(ErrorRecord, OfEachKindIsExplained) {
+TEST(ErrorRecord, ExplainsEachKind) {
   for (int kind = 0; kind <= static_cast<int>(RecordKind::unknown); ++kind) {
     ErrorRecord record;
     record.kind = static_cast<RecordKind>(kind);

@@ -26,13 +26,13 @@ TEST(LineSplitter, JoinsThePiecesOfALine) {
   EXPECT_FALSE(splitter.hasFragment());
 }
 
-TEST(LineSplitter, TakesCrLfForALineEnd) {
+TEST(LineSplitter, AcceptsCrLfAsALineEnd) {
   LineSplitter splitter;
   EXPECT_EQ(fed(splitter, "one\r\ntwo\r"), Lines{"one"});
   EXPECT_EQ(fed(splitter, "\na\rb\n"), (Lines{"two", "a\rb"}));
 }
 
-TEST(LineSplitter, CutsALineThatIsTooLong) {
+TEST(LineSplitter, CutsATooLongLine) {
   LineSplitter splitter;
   const std::string half(LineSplitter::longestLine / 2, 'x');
   EXPECT_TRUE(fed(splitter, half).empty());

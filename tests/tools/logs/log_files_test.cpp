@@ -15,7 +15,7 @@ using testsupport::TemporaryFolder;
 using testsupport::writeFile;
 using Names = std::vector<std::string>;
 
-TEST(LogFiles, AreKnownByTheirNumber) {
+TEST(LogFiles, HaveNumbersInTheirNames) {
   EXPECT_EQ(backupNumber("x_log.txt.3", "x_log.txt"), 3U);
   EXPECT_EQ(backupNumber("x_log.txt.120", "x_log.txt"), 120U);
   for (const char* const name : {"x_log.txt", "x_log.txt.", "x_log.txt.0", "x_log.txt.01", "x_log.txt.1a", "x_log.txt1",
@@ -33,7 +33,7 @@ TEST(LogFiles, ComeOldestFirst) {
                    folder.file("x_log.txt")}));
 }
 
-TEST(LogFiles, MayHaveNoLogAnyMore) {
+TEST(LogFiles, MayLackTheLogItself) {
   const TemporaryFolder folder;
   EXPECT_EQ(qmrkctl::filesOfLog(folder.file("x_log.txt")), Names{});
   EXPECT_EQ(qmrkctl::filesOfLog(folder.file("missing\\x_log.txt")), Names{});
@@ -41,7 +41,7 @@ TEST(LogFiles, MayHaveNoLogAnyMore) {
   EXPECT_EQ(qmrkctl::filesOfLog(folder.file("x_log.txt")), Names{folder.file("x_log.txt.1")});
 }
 
-TEST(LogFiles, OfApplicationsAreFoundByTheirNames) {
+TEST(LogFiles, IncludeThoseOfApplicationsByTheirNames) {
   const TemporaryFolder folder;
   for (const char* const name :
        {"b_log.txt", "b_log.txt.1", "a_log.txt.2", "c.txt", "d_log.txt.old", "e_log.txt_log.txt"})

@@ -10,7 +10,7 @@ using qmrkctl::Gravity;
 using qmrkctl::gravityOf;
 using qmrkctl::parseLogLine;
 
-TEST(LogLine, HoldsClassTimeAndText) {
+TEST(LogLine, ConsistsOfClassTimeAndText) {
   const auto line = parseLogLine("[Demo.App.info] 20261121 10:00:00.123 line 1 of 3");
   ASSERT_TRUE(line);
   EXPECT_EQ(line->logClass, "Demo.App.info");
@@ -19,14 +19,14 @@ TEST(LogLine, HoldsClassTimeAndText) {
   EXPECT_EQ(line->text, "line 1 of 3");
 }
 
-TEST(LogLine, MayHaveNoMilliseconds) {
+TEST(LogLine, MayLackMilliseconds) {
   const auto line = parseLogLine("[Demo] 20261121 10:00:00 text");
   ASSERT_TRUE(line);
   EXPECT_EQ(line->time % 1000, 0);
   EXPECT_EQ(line->text, "text");
 }
 
-TEST(LogLine, MayHaveNoTextAndNoClass) {
+TEST(LogLine, MayLackTextAndClass) {
   ASSERT_TRUE(parseLogLine("[A] 20261121 10:00:00 "));
   ASSERT_TRUE(parseLogLine("[A] 20261121 10:00:00"));
   const auto line = parseLogLine("[] 20261121 10:00:00.000 x");
@@ -34,14 +34,14 @@ TEST(LogLine, MayHaveNoTextAndNoClass) {
   EXPECT_EQ(line->logClass, "");
 }
 
-TEST(LogLine, TakesBracketsInTheNameOfAClass) {
+TEST(LogLine, AcceptsBracketsInTheNameOfAClass) {
   const auto line = parseLogLine("[Demo [x] y] 20261121 10:00:00.123 text [z] 20261121 10:00:00.123 ");
   ASSERT_TRUE(line);
   EXPECT_EQ(line->logClass, "Demo [x] y");
   EXPECT_EQ(line->text, "text [z] 20261121 10:00:00.123 ");
 }
 
-TEST(LogLine, OfAnotherFormContinuesAMessage) {
+TEST(LogLine, ContinuesAMessageWhenItHasAnotherForm) {
   for (const char* const text :
        {"", "[", "text", " [A] 20261121 10:00:00 x", "[A]20261121 10:00:00 x", "[A] 2026112 10:00:00 x",
         "[A] 20261321 10:00:00 x", "[A] 20261121 10:00:00.12 x", "[A] 20261121 10:00:00,123 x",
@@ -50,7 +50,7 @@ TEST(LogLine, OfAnotherFormContinuesAMessage) {
   }
 }
 
-TEST(LogLine, TellsTheGravityByTheLastPartOfItsClass) {
+TEST(LogLine, TakesItsGravityFromTheLastPartOfItsClass) {
   EXPECT_EQ(gravityOf("Demo.App.error"), Gravity::error);
   EXPECT_EQ(gravityOf("Demo.App.ERR"), Gravity::error);
   EXPECT_EQ(gravityOf("warn"), Gravity::warning);

@@ -69,7 +69,7 @@ class LogReader : public testing::Test {
 
 // ---- The last lines ----
 
-TEST_F(LogReader, BeginsAtTheLastLines) {
+TEST_F(LogReader, StartsAtTheLastLines) {
   writeFile(path(), "1\n2\n3\n4\n");
   EXPECT_EQ(last(2), (Lines{"3", "4"}));
   EXPECT_EQ(last(4), (Lines{"1", "2", "3", "4"}));
@@ -83,7 +83,7 @@ TEST_F(LogReader, CountsEmptyLines) {
   EXPECT_EQ(last(5), (Lines{"", "", "", "1", ""}));
 }
 
-TEST_F(LogReader, TakesTheBackupsForItsBeginning) {
+TEST_F(LogReader, ReadsTheBackupsFirst) {
   writeFile(folder_.file("x_log.txt.2"), "1\n2\n");
   writeFile(folder_.file("x_log.txt.1"), "3\n");
   writeFile(path(), "4\n5\n");
@@ -128,7 +128,7 @@ TEST_F(LogReader, FindsALineAtEveryDistanceFromTheEndOfABlock) {
   }
 }
 
-TEST_F(LogReader, StopsWhereMessagesAreTooOld) {
+TEST_F(LogReader, StopsAtMessagesThatAreTooOld) {
   writeFile(folder_.file("x_log.txt.1"), message("A", 1, "old") + "\n");
   writeFile(path(), message("A", 29, "before") + "\n" + message("A", 30, "since") + "\nmore\n");
   MessageQuery query;
@@ -160,7 +160,7 @@ TEST_F(LogReader, ReadsOnlyTheEndOfAHugeFile) {
   EXPECT_EQ(last(1), Lines{message("A", 1, "last")});
 }
 
-TEST_F(LogReader, TellsWhyThereIsNothing) {
+TEST_F(LogReader, SaysWhyItFindsNothing) {
   qmrkctl::LogReader missing(path());
   EXPECT_EQ(missing.begin({}, 1), OpenResult::missing);
   EXPECT_FALSE(missing.isOpen());
@@ -184,7 +184,7 @@ TEST_F(LogReader, FollowsAGrowingFile) {
   EXPECT_EQ(refreshed(reader), Lines{});
 }
 
-TEST_F(LogReader, FollowsOneThatComesLater) {
+TEST_F(LogReader, FollowsAFileThatAppearsLater) {
   qmrkctl::LogReader reader(path());
   reader.begin({}, 9);
   EXPECT_EQ(refreshed(reader), Lines{});
@@ -221,7 +221,7 @@ TEST_F(LogReader, FollowsThroughSeveralRollsAtOnce) {
   EXPECT_EQ(refreshed(reader), Lines{"6"});
 }
 
-TEST_F(LogReader, ReadsOnInARenamedFileThatIsStillWritten) {
+TEST_F(LogReader, FollowsWritesToARenamedFile) {
   writeFile(path(), "1\n");
   qmrkctl::LogReader reader(path());
   reader.begin({}, 9);
@@ -233,7 +233,7 @@ TEST_F(LogReader, ReadsOnInARenamedFileThatIsStillWritten) {
   EXPECT_EQ(refreshed(reader), Lines{"late"});
 }
 
-TEST_F(LogReader, FollowsThroughRemovalAndReadsNoBackupAgain) {
+TEST_F(LogReader, FollowsThroughARemovalWithoutRereadingABackup) {
   writeFile(folder_.file("x_log.txt.1"), "0\n");
   writeFile(path(), "1\n");
   qmrkctl::LogReader reader(path());
@@ -245,7 +245,7 @@ TEST_F(LogReader, FollowsThroughRemovalAndReadsNoBackupAgain) {
   EXPECT_EQ(refreshed(reader), Lines{"2"});
 }
 
-TEST_F(LogReader, BeginsAgainInAnEmptiedFile) {
+TEST_F(LogReader, StartsAgainInAnEmptiedFile) {
   writeFile(path(), "1\n2\n3\n");
   qmrkctl::LogReader reader(path());
   reader.begin({}, 9);
@@ -254,7 +254,7 @@ TEST_F(LogReader, BeginsAgainInAnEmptiedFile) {
   EXPECT_EQ(refreshed(reader), Lines{"4"});
 }
 
-TEST_F(LogReader, NoticesAFileThatWasEmptiedAndHasGrownBeyond) {
+TEST_F(LogReader, NoticesAFileEmptiedAndGrownBeyondItsFormerSize) {
   writeFile(path(), "1\n2\n");
   qmrkctl::LogReader reader(path());
   reader.begin({}, 9);
@@ -263,7 +263,7 @@ TEST_F(LogReader, NoticesAFileThatWasEmptiedAndHasGrownBeyond) {
   EXPECT_EQ(refreshed(reader), (Lines{"3", "4", "5", "6"}));
 }
 
-TEST_F(LogReader, HandsOutAFragmentThatStaysOne) {
+TEST_F(LogReader, YieldsAFragmentThatStaysOne) {
   writeFile(path(), "1\nfragment");
   qmrkctl::LogReader reader(path());
   reader.begin({}, 9);

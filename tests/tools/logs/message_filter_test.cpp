@@ -30,7 +30,7 @@ const std::vector<std::string> lines = {
     "[Demo.Apple] 20261121 10:00:02.000 five",
 };
 
-TEST(MessageFilter, AcceptsEverythingWithoutAQuestion) { EXPECT_EQ(accepted({}, lines), "++++++"); }
+TEST(MessageFilter, AcceptsEverythingByDefault) { EXPECT_EQ(accepted({}, lines), "++++++"); }
 
 TEST(MessageFilter, SelectsClassesByTheRulesOfTheLogManager) {
   EXPECT_EQ(accepted({{"Demo.App"}, {}}, lines), "-++---");
@@ -48,7 +48,7 @@ TEST(MessageFilter, SelectsMessagesSinceATime) {
   EXPECT_EQ(accepted(query, lines), "-----+");
 }
 
-TEST(MessageFilter, TellsTheMessageOfALine) {
+TEST(MessageFilter, KnowsTheMessageOfALine) {
   MessageFilter filter{MessageQuery()};
   filter.accepts(lines[0]);
   EXPECT_EQ(filter.logClass(), "");
@@ -58,7 +58,7 @@ TEST(MessageFilter, TellsTheMessageOfALine) {
   EXPECT_EQ(qmrkctl::civilText(filter.time()), "2026-11-21 10:00:00");
 }
 
-TEST(MessageFilter, TakesAListOfPatterns) {
+TEST(MessageFilter, AcceptsAListOfPatterns) {
   using Patterns = std::vector<std::string>;
   EXPECT_EQ(patternsOf("A"), Patterns{"A"});
   EXPECT_EQ(patternsOf("A;*.error"), (Patterns{"A", "*.error"}));

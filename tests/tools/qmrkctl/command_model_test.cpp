@@ -58,7 +58,7 @@ TEST_F(CommandModelTest, KnowsTheValuesOfAnOption) {
   EXPECT_EQ(model_.values[0].choices, (std::vector<std::string>{"auto", "never"}));
 }
 
-TEST(Commands, HaveADescriptionAndASchemaEach) {
+TEST(Commands, EachHaveADescriptionAndASchema) {
   CLI::App program("", "qmrkctl");
   Options options;
   Choice choice;

@@ -35,7 +35,7 @@ TEST_F(ConfigurationTest, FollowsTheRedirectionOfTheGenericFile) {
   EXPECT_EQ(found.logs->commonLog, sandbox_.appData() + "\\Logs\\Common\\common.log");
 }
 
-TEST_F(ConfigurationTest, TakesTheNamedCaInUpperCase) {
+TEST_F(ConfigurationTest, UsesTheNamedCaInUpperCase) {
   sandbox_.writeDemoOfCa12("LOG_STATE=TRUE\n");
   const Configuration found = read("ca12");
   EXPECT_EQ(found.origin, CaOrigin::option);
@@ -44,7 +44,7 @@ TEST_F(ConfigurationTest, TakesTheNamedCaInUpperCase) {
   EXPECT_FALSE(found.isFallenBack);
 }
 
-TEST_F(ConfigurationTest, TakesTheCaOfTheEnvironment) {
+TEST_F(ConfigurationTest, UsesTheCaOfTheEnvironment) {
   sandbox_.writeDemoOfCa12("");
   testsupport::setEnvironment("DEFAULT_CA_NR", "CA12");
   const Configuration found = read();
@@ -62,7 +62,7 @@ TEST_F(ConfigurationTest, FallsBackToTheGenericFile) {
   EXPECT_EQ(found.caOfFiles, "CA12");
 }
 
-TEST_F(ConfigurationTest, SaysWhatWouldBeGenerated) {
+TEST_F(ConfigurationTest, SaysWhatTheLibraryWouldGenerate) {
   sandbox_.writeDemoOfCa12("LOG_STATE=TRUE\n");
   const Configuration found = read();
   EXPECT_TRUE(found.wouldBeGenerated);
@@ -72,18 +72,18 @@ TEST_F(ConfigurationTest, SaysWhatWouldBeGenerated) {
   EXPECT_FALSE(testsupport::exists(sandbox_.cfgPath("GE")));
 }
 
-TEST_F(ConfigurationTest, SaysThatNothingCanBeGenerated) {
+TEST_F(ConfigurationTest, SaysThatTheLibraryCanGenerateNothing) {
   EXPECT_NE(read().failure.find("none can be generated"), std::string::npos);
 }
 
-TEST_F(ConfigurationTest, TakesTheCfgFileForTheClassListOfAGenericCaWithoutRedirection) {
+TEST_F(ConfigurationTest, ReadsTheClassListOfAGenericCaWithoutRedirectionFromItsCfgFile) {
   sandbox_.writeCfg("GE", "LOG_STATE=TRUE\n");
   const Configuration found = read();
   EXPECT_EQ(found.cfg.path, sandbox_.cfgPath("GE"));
   EXPECT_EQ(found.init.path, sandbox_.cfgPath("GE"));
 }
 
-TEST_F(ConfigurationTest, KnowsWhereEachSettingStandsAndWhichOfTwoCounts) {
+TEST_F(ConfigurationTest, KnowsThePlaceOfEachSettingAndWhichOfTwoCounts) {
   sandbox_.writeCfg("CA1", "A=1\n\n  B:two  \nA=3\n");
   const Configuration found = read("CA1");
   ASSERT_EQ(found.cfg.settings.size(), 3U);

@@ -13,12 +13,12 @@ using qmrkctl::Severity;
 const Finding whole = {
     "Q301", Severity::error, "/a/b.cfg", 3, 7, "unknown key \"LOG_STAT\"", "nothing reads it", "write LOG_STATE"};
 
-TEST(Finding, StandsOnThreeLines) {
+TEST(Finding, TakesThreeLines) {
   EXPECT_EQ(findingText(whole),
             "error Q301 /a/b.cfg:3:7 unknown key \"LOG_STAT\"\n  effect: nothing reads it\n  fix: write LOG_STATE\n");
 }
 
-TEST(Finding, LeavesOutWhatIsAbsent) {
+TEST(Finding, OmitsWhatIsAbsent) {
   EXPECT_EQ(findingText({"Q501", Severity::note, "/a", 0, 0, "t", "", ""}), "note Q501 /a t\n");
   EXPECT_EQ(findingText({"Q501", Severity::warning, "", 4, 5, "t", "", "f"}), "warning Q501 t\n  fix: f\n");
 }
@@ -28,7 +28,7 @@ TEST(Finding, ShowsHostileNamesEscaped) {
             "note Q501 /a\\n\\x1b[2J:1 t\\n\n");
 }
 
-TEST(Finding, HasAbsentPlacesAsAbsentKeysOfJson) {
+TEST(Finding, OmitsTheKeysOfAbsentPlacesInJson) {
   EXPECT_EQ(findingJson(whole).dump(),
             R"({"code":"Q301","severity":"error","file":"/a/b.cfg","line":3,"column":7,)"
             R"("text":"unknown key \"LOG_STAT\"","effect":"nothing reads it","fix":"write LOG_STATE"})");

@@ -16,7 +16,7 @@ TEST(ShownText, KeepsWhatATerminalCanShow) {
   EXPECT_EQ(shown(""), "");
 }
 
-TEST(ShownText, EscapesWhatSteersATerminal) {
+TEST(ShownText, EscapesWhatControlsATerminal) {
   EXPECT_EQ(shown("a\nb\r\tc"), "a\\nb\\r\\tc");
   EXPECT_EQ(shown("\x1b[2J\x7f"), "\\x1b[2J\\x7f");
   EXPECT_EQ(shown(std::string("\0", 1)), "\\x00");
@@ -25,7 +25,7 @@ TEST(ShownText, EscapesWhatSteersATerminal) {
   EXPECT_EQ(shown("\xEF\xBB\xBF"), "\\xef\\xbb\\xbf") << "byte-order mark";
 }
 
-TEST(ShownText, EscapesBytesThatAreNoUtf8) {
+TEST(ShownText, EscapesInvalidUtf8) {
   EXPECT_EQ(shown("\xFF"), "\\xff");
   EXPECT_EQ(shown("a\xC3"), "a\\xc3") << "cut short";
   EXPECT_EQ(shown("\xC0\xAF"), "\\xc0\\xaf") << "longer than needed";

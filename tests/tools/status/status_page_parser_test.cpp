@@ -17,7 +17,7 @@ constexpr std::size_t firstFile = status::files.offset;
 
 bool isRefused(const PageImage& _page) { return !parseStatusPage(_page.bytes()); }
 
-TEST(StatusPageParser, ReadsAPageWithoutAnything) {
+TEST(StatusPageParser, ReadsAnEmptyPage) {
   const auto process = parseStatusPage(PageImage().bytes());
   ASSERT_TRUE(process);
   EXPECT_EQ(0u, process->pid);
@@ -111,7 +111,7 @@ TEST(StatusPageParser, ReadsSetUpClassesListenerAndFiles) {
   EXPECT_EQ(112u, process->files[0].error);
 }
 
-TEST(StatusPageParser, RefusesWhatIsNoPageOfThisLayout) {
+TEST(StatusPageParser, RefusesPagesOfAnotherLayout) {
   EXPECT_TRUE(isRefused(PageImage().raw(0, "qmrkstat")));
   EXPECT_TRUE(isRefused(PageImage().number(status::version, 2)));
   EXPECT_TRUE(isRefused(PageImage().number(status::size, 4096)));
@@ -120,12 +120,12 @@ TEST(StatusPageParser, RefusesWhatIsNoPageOfThisLayout) {
   EXPECT_FALSE(parseStatusPage(PageImage().bytes() + "x"));
 }
 
-TEST(StatusPageParser, RefusesAPageThatIsBeingWritten) {
+TEST(StatusPageParser, RefusesAnUnfinishedPage) {
   EXPECT_TRUE(isRefused(PageImage().number(status::sequence, 7)));
   EXPECT_TRUE(isRefused(PageImage().number(status::sequence, 0)));
 }
 
-TEST(StatusPageParser, TellsThatATextIsCut) {
+TEST(StatusPageParser, MarksATruncatedText) {
   const auto process = parseStatusPage(PageImage().text(status::filter, "abc", 3, 100).bytes());
   ASSERT_TRUE(process);
   EXPECT_EQ("abc", process->classes.filter.text);
@@ -153,7 +153,7 @@ TEST(StatusPageParser, StopsAtAnEntryBeyondItsList) {
   EXPECT_EQ("a", process->classes.logs[0].name);
 }
 
-TEST(StatusPageParser, TakesUnknownNumbersAsNothing) {
+TEST(StatusPageParser, ReadsUnknownNumbersAsNothing) {
   PageImage page;
   page.number(status::caSource, 77).number(status::setUpFailure, 0xFFFFFFFF).number(status::listenerState, 9);
   page.number(status::writtenAt, 0xFFFFFFFFFFFFFFFF);
@@ -165,7 +165,7 @@ TEST(StatusPageParser, TakesUnknownNumbersAsNothing) {
   EXPECT_FALSE(process->writtenAt);
 }
 
-TEST(StatusPageParser, ReplacesWhatIsNoUtf8) {
+TEST(StatusPageParser, ReplacesInvalidUtf8) {
   const auto process = parseStatusPage(PageImage().text(status::cfgPath, "a\xFF\xC3\xA4").bytes());
   ASSERT_TRUE(process);
   EXPECT_EQ("a\xEF\xBF\xBD\xC3\xA4", process->cfgPath.text);

@@ -55,7 +55,7 @@ void expectNoOverlap(const Fields& _fields, std::size_t _size) {
   EXPECT_LE(end, _size);
 }
 
-TEST(StatusPageReference, GivesEveryFieldAPlaceOfItsOwn) {
+TEST(StatusPageReference, GivesEveryFieldItsOwnPlace) {
   expectNoOverlap(status::allFields, status::pageSize);
   expectNoOverlap(status::allFileFields, status::fileSize);
 }

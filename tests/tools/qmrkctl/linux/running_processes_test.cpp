@@ -67,7 +67,7 @@ TEST_F(RunningProcessSearch, ReadsThePageAndNamesTheApplications) {
   EXPECT_EQ(find(runningProcesses(query), listener.pid()), nullptr);
 }
 
-TEST_F(RunningProcessSearch, SeesThatAProcessIsStopped) {
+TEST_F(RunningProcessSearch, SeesAStoppedProcess) {
   const SleepingListener listener({});
   ASSERT_EQ(::kill(listener.pid(), SIGSTOP), 0);
   ASSERT_EQ(::waitpid(listener.pid(), nullptr, WUNTRACED), listener.pid());
@@ -77,7 +77,7 @@ TEST_F(RunningProcessSearch, SeesThatAProcessIsStopped) {
   EXPECT_EQ(found->facts.activity, Activity::stopped);
 }
 
-TEST_F(RunningProcessSearch, CountsTheProcessesOfOthersUnlessTheyAreWanted) {
+TEST_F(RunningProcessSearch, OnlyCountsTheProcessesOfOthersUnlessAskedForThem) {
   SleepingListener::Settings settings;
   settings.userId = stranger;
   settings.applications = {"Pump"};
@@ -95,7 +95,7 @@ TEST_F(RunningProcessSearch, CountsTheProcessesOfOthersUnlessTheyAreWanted) {
   EXPECT_NE(find(runningProcesses(query), listener.pid()), nullptr);
 }
 
-TEST_F(RunningProcessSearch, CountsListenersOfOthersThatItMayNotLookAt) {
+TEST_F(RunningProcessSearch, CountsListenersOfOthersThatItMayNotInspect) {
   SleepingListener::Settings settings;
   settings.userId = stranger;
   const SleepingListener one(settings);
@@ -120,7 +120,7 @@ TEST_F(RunningProcessSearch, ReadsThePageInAPrivateSharedMemory) {
   EXPECT_EQ(found->facts.root, "/proc/" + std::to_string(listener.pid()) + "/root");
 }
 
-TEST_F(RunningProcessSearch, AsksForOneProcessAlone) {
+TEST_F(RunningProcessSearch, CanFindOneProcessOnly) {
   const SleepingListener one({});
   const SleepingListener other({});
   ProcessQuery query;

@@ -16,14 +16,14 @@ namespace fs = std::filesystem;
 
 Viewpoint nobody() { return viewpointOfUser("65534").value(); }
 
-TEST(ViewpointTest, OfTheRunningUserHasThisEnvironment) {
+TEST(ViewpointTest, HasThisEnvironmentForTheRunningUser) {
   const testsupport::ConfigSandbox sandbox;
   std::string path;
   EXPECT_TRUE(baseFolder(ownViewpoint(), platform::ShellFolder::userAppData, path));
   EXPECT_EQ(path, sandbox.appData());
 }
 
-TEST(ViewpointTest, OfAUserHasHisHomeAndTheFoldersOfTheMachine) {
+TEST(ViewpointTest, HasTheHomeOfAUserAndTheFoldersOfTheMachine) {
   const testsupport::ConfigSandbox sandbox;
   const Viewpoint root = viewpointOfUser("root").value();
   std::string path;
@@ -33,13 +33,13 @@ TEST(ViewpointTest, OfAUserHasHisHomeAndTheFoldersOfTheMachine) {
   EXPECT_EQ(path, sandbox.commonProgramFiles());
 }
 
-TEST(ViewpointTest, DoesNotExistForAUserOrProcessThatDoesNot) {
+TEST(ViewpointTest, DoesNotExistForAnUnknownUserOrProcess) {
   EXPECT_FALSE(viewpointOfUser("no such user"));
   EXPECT_FALSE(viewpointOfUser(""));
   EXPECT_FALSE(viewpointOfProcess(0x7FFFFFFF));
 }
 
-TEST(ViewpointTest, OfAProcessHasItsUserAndItsFileSystem) {
+TEST(ViewpointTest, HasUserAndFileSystemOfAProcess) {
   const Viewpoint self = viewpointOfProcess(::getpid()).value();
   EXPECT_EQ(self.account.uid, ::geteuid());
   EXPECT_EQ(self.root, "");
@@ -70,7 +70,7 @@ TEST(ViewpointTest, FindsNothingInAFolderThatTheUserMayNotEnter) {
   EXPECT_TRUE(rightsOn(ownViewpoint(), folder.path() + "/d/f").exists);
 }
 
-TEST(ViewpointTest, SeesWhatStandsAtAPath) {
+TEST(ViewpointTest, SeesWhatIsAtAPath) {
   using toolsystem::PathKind;
   const testsupport::TemporaryFolder folder;
   const std::string base = folder.path() + "/";

@@ -94,7 +94,7 @@ TEST_F(ProcessFinder, KnowsAnEarlierProcessOfTheSameIdByItsStart) {
   EXPECT_EQ(onlyState(), PageState::stale);
 }
 
-TEST_F(ProcessFinder, KnowsAKilledProcessEvenBeforeItIsWaitedFor) {
+TEST_F(ProcessFinder, KnowsAKilledProcessEvenAsAZombie) {
   const pid_t child = ::fork();
   if (child == 0) ::_exit(0);
   siginfo_t ended;
@@ -113,7 +113,7 @@ TEST_F(ProcessFinder, CannotJudgeAProcessOfAnotherNamespace) {
   EXPECT_EQ(found[0].processId, 0U);
 }
 
-TEST_F(ProcessFinder, DoesNotTrustWhatIsNoPage) {
+TEST_F(ProcessFinder, DoesNotTrustAFileThatIsNoPage) {
   write(own(), std::string(status::pageSize, 'x'));
   EXPECT_EQ(onlyState(), PageState::notTrusted);
 }
@@ -159,7 +159,7 @@ TEST_F(ProcessFinder, DoesNotWaitForAPipeOrReadADevice) {
   EXPECT_EQ(onlyState(), PageState::notTrusted);
 }
 
-TEST_F(ProcessFinder, PassesByWhatIsNotNamedAfterAProcess) {
+TEST_F(ProcessFinder, SkipsNamesThatAreNoProcessIds) {
   for (const char* name : {"x", "-1", "+1", "007", "1.", " 1", "99999999999"})
     write(pages() + "/" + name, "x");
   EXPECT_TRUE(findOwn().empty());
@@ -185,12 +185,12 @@ TEST_F(ProcessFinder, FollowsNoLinkInPlaceOfAFolder) {
   EXPECT_EQ(onlyState(), PageState::notTrusted);
 }
 
-TEST_F(ProcessFinder, GivesUpAPageThatIsWrittenWithoutEnd) {
+TEST_F(ProcessFinder, GivesUpOnAPageThatStaysBusy) {
   write(own(), ownPage().number(status::sequence, 7).bytes());
   EXPECT_EQ(onlyState(), PageState::busy);
 }
 
-TEST_F(ProcessFinder, TellsOfFoldersThatItMayNotOpen) {
+TEST_F(ProcessFinder, ReportsFoldersThatItMayNotOpen) {
   const testsupport::AsUnprivilegedUser unprivileged;
   const auto found = findProcesses({"", std::nullopt});
   ASSERT_EQ(found.size(), 1U);
@@ -215,7 +215,7 @@ TEST_F(ProcessFinder, FindsTheProcessesOfAllUsers) {
   EXPECT_EQ(found[1].state, PageState::live);
 }
 
-TEST_F(ProcessFinder, LooksThroughTheRootOfAProcessWithASharedMemoryOfItsOwn) {
+TEST_F(ProcessFinder, LooksThroughTheRootOfAProcessWithItsOwnSharedMemory) {
   const testsupport::SleepingChild child([] {
     testsupport::mountSharedMemory("");
     makeFolders("");

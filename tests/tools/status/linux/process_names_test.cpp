@@ -13,7 +13,7 @@ namespace {
 using platform::numberOfName;
 using platform::ProcessNames;
 
-TEST(ProcessNames, TakesPlainNumbersOnly) {
+TEST(ProcessNames, AcceptsPlainNumbersOnly) {
   EXPECT_EQ(numberOfName("0"), 0U);
   EXPECT_EQ(numberOfName("4711"), 4711U);
   EXPECT_EQ(numberOfName("4294967295"), 4294967295U);
@@ -21,7 +21,7 @@ TEST(ProcessNames, TakesPlainNumbersOnly) {
     EXPECT_FALSE(numberOfName(name)) << name;
 }
 
-TEST(ProcessNames, LeavesNumbersOfTheOwnNamespaceAsTheyAre) {
+TEST(ProcessNames, KeepsNumbersOfTheCallersNamespace) {
   EXPECT_EQ(ProcessNames("").processId(17), 17U);
   EXPECT_EQ(ProcessNames("/proc/self/root").processId(17), 17U);
   EXPECT_EQ(ProcessNames("/somewhere").processId(17), 17U);

@@ -7,7 +7,7 @@ namespace {
 
 using namespace toolsystem;
 
-TEST(ProcessText, TellsWhatAProcessDoesByItsState) {
+TEST(ProcessText, NamesTheStateOfAProcess) {
   EXPECT_EQ(activityOfStat("12 (a) S 1 2"), Activity::running);
   EXPECT_EQ(activityOfStat("12 (a) T 1 2"), Activity::stopped);
   EXPECT_EQ(activityOfStat("12 (a) t 1 2"), Activity::stopped);
@@ -23,7 +23,7 @@ TEST(ProcessText, KeepsBracketsAndBlanksOfAName) {
   EXPECT_EQ(nameOfStat("nothing"), "");
 }
 
-TEST(ProcessText, TakesTheEffectiveUser) {
+TEST(ProcessText, ReadsTheEffectiveUser) {
   EXPECT_EQ(effectiveUserId("Name:\tx\nUid:\t1\t2\t3\t4\nGid:\t5\n"), 2U);
   EXPECT_EQ(effectiveUserId("Name:\tUid: 7 7\n"), std::nullopt);
   EXPECT_EQ(effectiveUserId(""), std::nullopt);
