@@ -254,4 +254,57 @@ TEST(EarlyMessages, GoStraightThroughWhenTheFlushEndsBetweenTheTwoLooks) {
   EXPECT_FALSE(early.keep(*log, "nobody would deliver it any more"));
 }
 
+TEST(EarlyMessages, HoldUpAFlushOfAnotherThreadUntilTheyAreDelivered) {
+  EarlyMessages early;
+  std::vector<std::string> got;
+  std::atomic<std::uint32_t> id{0};
+  std::thread other;
+  ConnectedLog log("l", [&](const std::string&, const std::string& _message) {
+    if (_message == "1") {
+      other = std::thread([&] {
+        id = platform::threadId();
+        early.flush();
+        got.emplace_back("the other flush");
+      });
+      while (id == 0)
+        std::this_thread::yield();
+      EXPECT_TRUE(testsupport::waitUntilThreadSleeps(id));
+    }
+    got.push_back(_message);
+  });
+  early.keep(*log, "1");
+  early.keep(*log, "2");
+  early.flush();
+  other.join();
+  EXPECT_THAT(got, ElementsAre("1", "2", "the other flush"));
+}
+
+TEST(EarlyMessages, HoldUpNoFlushFromInsideTheirAppender) {
+  EarlyMessages early;
+  int count = 0;
+  ConnectedLog log("l", [&](const std::string&, const std::string&) {
+    early.flush();
+    ++count;
+  });
+  early.keep(*log, "1");
+  early.flush();
+  EXPECT_EQ(count, 1);
+}
+
+TEST(EarlyMessages, LeaveTheirNumberInTheFirstLogThatIsOn) {
+  const Recorder recorder;
+  ConnectedLog off("off", recorder.appender());
+  ConnectedLog on("on", recorder.appender());
+  EarlyMessages early;
+  early.keep(*on, "dropped");
+  early.keep(*on, std::string(bl::detail::MessageCache::usualLimit - 2, 'x'));
+  early.keep(*off, "1");
+  early.keep(*on, "2");
+  (*off).enabled = false;
+  early.flush();
+  EXPECT_EQ(recorder.messages().size(), 3U);
+  EXPECT_EQ(recorder.messages()[0], "on|1 message was dropped before the log cache was flushed");
+  EXPECT_EQ(recorder.messages()[2], "on|2");
+}
+
 }  // namespace

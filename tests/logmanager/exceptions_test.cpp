@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <stdexcept>
 #include <string>
 
@@ -73,6 +74,20 @@ TEST(EndlessLogging, EndsWithAReportWhenAnAppenderLogsToItself) {
   log.write("");
   EXPECT_EQ(calls, 8);
   EXPECT_EQ(exceptionCount() - before, 1U);
+}
+
+// A program that writes to ever new files must not make the manager keep ever more of them.
+TEST(Losses, AppearOncePerMinuteForEachOfManyFilesAndOnceForAllOthers) {
+  testing::internal::CaptureStderr();
+  for (int round = 0; round < 2; ++round) {
+    for (int file = 0; file < 1005; ++file)
+      bl::detail::reportLoss("file" + std::to_string(file), 1, 5);
+  }
+  const std::string text = testing::internal::GetCapturedStderr();
+  EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 1001);
+  EXPECT_NE(text.find("1 message could not be written to file999, error 5\n"), std::string::npos);
+  EXPECT_NE(text.find("1 message could not be written to file1000, error 5\n"), std::string::npos);
+  EXPECT_EQ(text.find("file1001"), std::string::npos);
 }
 
 }  // namespace

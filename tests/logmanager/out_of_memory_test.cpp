@@ -9,6 +9,8 @@
 
 #include "boost/logging/logging.hpp"
 #include "logmanager/default_log_manager.h"
+#include "logmanager/early_messages.h"
+#include "logmanager/message_cache.h"
 #include "tests/logmanager/counted_memory.h"
 #include "tests/logmanager/quiet_appender.h"
 
@@ -138,6 +140,23 @@ TEST(OutOfMemory, ForgetsNoEarlierCallOfAChange) {
     change.apply();
     EXPECT_FALSE(log.enabled);
     EXPECT_EQ(callableCount(log), 1U);
+  }
+}
+
+TEST(OutOfMemory, WhileTheCacheIsFlushedEndsTheFlush) {
+  Outcome outcome{true, false};
+  for (int allocation = 0; outcome.hasFailed; ++allocation) {
+    Log log("App");
+    log.callables = new CallableSet({bl::detail::makeAppender(&quietAppender, "A", 100)});
+    bl::detail::EarlyMessages early;
+    early.keep(log, "dropped");
+    early.keep(log, std::string(bl::detail::MessageCache::usualLimit, 'x'));
+    testing::internal::CaptureStderr();
+    outcome = withoutMemoryAt(allocation, [&early] { early.flush(); });
+    testing::internal::GetCapturedStderr();
+    EXPECT_FALSE(outcome.hasThrown) << "allocation " << allocation;
+    EXPECT_FALSE(early.keep(log, "later")) << "allocation " << allocation;
+    early.flush();
   }
 }
 

@@ -123,5 +123,37 @@ TEST_F(StatementStream, ForgetsEachChangeAtTheEndOfTheStatement) {
   }
 }
 
+TEST_F(StatementStream, TellsItsPositionAndTakesNoOther) {
+  static std::vector<std::streamoff> positions;
+  const Change look{"position", [](std::ostream& _stream) {
+                      std::streambuf& buffer = *_stream.rdbuf();
+                      positions = {buffer.pubseekoff(0, std::ios::cur, std::ios::out),
+                                   buffer.pubseekoff(0, std::ios::cur, std::ios::in),
+                                   buffer.pubseekoff(1, std::ios::cur, std::ios::out),
+                                   buffer.pubseekoff(0, std::ios::end, std::ios::out)};
+                    }};
+  QMRK_LOG(log_) << "text" << look;
+  EXPECT_THAT(positions, testing::ElementsAre(4, -1, -1, -1));
+}
+
+TEST_F(StatementStream, TakesNoMoreAfterAFailure) {
+  QMRK_LOG(log_) << "text" << otherChanges[1] << "more" << 42;
+  EXPECT_EQ(latest(), "text");
+}
+
+TEST_F(StatementStream, TakesSingleCharactersAndNoEnd) {
+  /// Gives access to what a buffer's own functions call.
+  struct Buffer : std::streambuf {
+    using std::streambuf::overflow;
+  };
+  const Change put{"characters", [](std::ostream& _stream) {
+                     _stream.put('b');
+                     std::streambuf& buffer = *_stream.rdbuf();
+                     EXPECT_NE((buffer.*(&Buffer::overflow))(Buffer::traits_type::eof()), Buffer::traits_type::eof());
+                   }};
+  QMRK_LOG(log_) << "a" << put << "c";
+  EXPECT_EQ(latest(), "abc");
+}
+
 }  // namespace
 }  // namespace app

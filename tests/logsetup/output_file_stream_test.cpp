@@ -82,4 +82,14 @@ TEST_F(OutputFileStreamTest, KnowsItsCurrentPositionOnly) {
   EXPECT_EQ(stream_.rdbuf()->pubseekoff(0, std::ios::end, std::ios::out), -1);
 }
 
+TEST_F(OutputFileStreamTest, WritesNoEnd) {
+  /// Gives access to what a buffer's own functions call.
+  struct Buffer : std::streambuf {
+    using std::streambuf::overflow;
+  };
+  stream_.open(path_, OutputFileStream::Mode::truncate);
+  EXPECT_NE((stream_.rdbuf()->*(&Buffer::overflow))(Buffer::traits_type::eof()), Buffer::traits_type::eof());
+  EXPECT_EQ(testsupport::readFile(path_), "");
+}
+
 }  // namespace

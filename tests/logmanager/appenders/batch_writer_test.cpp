@@ -90,4 +90,16 @@ TEST(MessageGaps, ExpectNoMessageLongAfterAQuickSequence) {
   EXPECT_FALSE(gapsAfter(100, milliseconds(1), now).isOneExpectedWithin(soon, now + milliseconds(3)));
 }
 
+TEST(MessageGaps, ExpectAMessageOnlyWhereTheyCameAtSuchARateAndHaveNotStopped) {
+  MessageGaps gaps;
+  MessageGaps::Time now{};
+  EXPECT_FALSE(gaps.isOneExpectedWithin(milliseconds(1), now));
+  for (int i = 0; i < 30; ++i)
+    gaps.noteArrival(now += std::chrono::microseconds(500));
+  EXPECT_TRUE(gaps.isOneExpectedWithin(milliseconds(1), now));
+  EXPECT_TRUE(gaps.isOneExpectedWithin(milliseconds(1), now + std::chrono::microseconds(900)));
+  EXPECT_FALSE(gaps.isOneExpectedWithin(milliseconds(1), now + milliseconds(1)));
+  EXPECT_FALSE(gaps.isOneExpectedWithin(std::chrono::microseconds(400), now));
+}
+
 }  // namespace

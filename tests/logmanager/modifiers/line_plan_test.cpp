@@ -80,4 +80,16 @@ TEST(LinePlan, CoversTheModifiersOfTheDefaultLogsAndNoOthers) {
   EXPECT_FALSE(usable({&bl::prepend_prefix, &bl::prepend_prefix, &bl::prepend_prefix, time, &bl::prepend_prefix}));
 }
 
+// Line feeds may stand anywhere among the modifiers, and a time has the same text as another one of its format.
+TEST(LinePlan, EqualsThePlansThatMakeTheSameLinesAndNoOthers) {
+  const bl::detail::MessageScope scope(bl::detail::threadState(), 1795255200123);
+  std::vector<Modifiers> rows = allRows(3);
+  rows.push_back({bl::detail::makeModifier(bl::prepend_time_ms("$mss "), "m", 100)});
+  std::erase_if(rows, [](const Modifiers& _row) { return !planOf(_row).isUsable(); });
+  for (const Modifiers& one : rows) {
+    for (const Modifiers& other : rows)
+      EXPECT_EQ(planOf(one) == planOf(other), oneByOne(one, "text") == oneByOne(other, "text"));
+  }
+}
+
 }  // namespace

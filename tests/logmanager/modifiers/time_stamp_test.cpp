@@ -4,11 +4,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <string>
 
 namespace {
 
 using boost::logging::detail::TimeFormat;
+using boost::logging::detail::TimeStamp;
 using testing::ElementsAre;
 
 std::string formatted(const std::string& _format) { return TimeFormat(_format).text({2026, 11, 21, 10, 2, 3, 45}); }
@@ -34,5 +36,20 @@ TEST(TimeFormat, KnowsWhereTheMillisecondsStand) {
 }
 
 TEST(TimeFormat, PadsWithZeros) { EXPECT_EQ(TimeFormat("$yyyy-$dd").text({7, 1, 2, 0, 0, 0, 0}), "0007-02"); }
+
+TEST(TimeStamp, IsTheTextOfTheTimeWheneverAndHoweverLong) {
+  constexpr std::int64_t now = 1795255200123;
+  constexpr std::int64_t year10000 = 253402300800000;
+  for (const std::string& format : {std::string("$yyyy $mss"), std::string(80, '-') + "$ss.$mss", std::string("$ss")}) {
+    const TimeStamp stamp(format);
+    boost::logging::detail::ThreadState::TimeText latest;
+    std::string memory;
+    for (const std::int64_t time : {now, now + 1, now, now + 900, -now, -now + 1, std::int64_t{-1}, std::int64_t{0},
+                                    year10000 + now, year10000 + now + 1, -year10000 / 2, now}) {
+      EXPECT_EQ(stamp.text(time, latest, memory), TimeFormat(format).text(platform::toLocalTime(time)))
+          << format << ' ' << time;
+    }
+  }
+}
 
 }  // namespace
