@@ -15,7 +15,7 @@ namespace {
 constexpr std::int64_t minute = 60000;
 
 /// Files beyond that are reported as one, so that the table is bounded.
-constexpr std::size_t mostFiles = 1000;
+constexpr std::size_t mostReportedFiles = 1000;
 
 struct Reports {
   OncePerMinute exceptions;
@@ -115,7 +115,7 @@ void reportDropped(const std::string& _callable, const std::string& _logName) no
 
 void reportLoss(const std::string& _path, std::uint64_t _count, platform::ErrorCode _error) noexcept {
   const auto happened = [&](Reports& _reports, std::int64_t _now) {
-    const bool isListed = _reports.losses.size() < mostFiles || _reports.losses.contains(_path);
+    const bool isListed = _reports.losses.size() < mostReportedFiles || _reports.losses.contains(_path);
     return _reports.losses[isListed ? _path : std::string()].happened(_now, _count);
   };
   report(happened, [&](std::uint64_t _all) {
