@@ -11,11 +11,10 @@
 #include <vector>
 
 #include "boost/logging/logging.hpp"
-#include "logmanager/callable_set.h"
-#include "logmanager/log.h"
 #include "logmanager/message_cache.h"
 #include "logmanager/threads/thread_state.h"
 #include "platform/process.h"
+#include "tests/logmanager/connected_log.h"
 #include "tests/logmanager/recorder.h"
 #include "tests/support/fault_plan.h"
 #include "tests/support/sleeping_thread.h"
@@ -26,19 +25,8 @@ namespace bl = boost::logging;
 using bl::detail::EarlyMessages;
 using bl::detail::Log;
 using testing::ElementsAre;
+using testsupport::ConnectedLog;
 using testsupport::Recorder;
-
-/// A log that passes everything to the appender.
-class ConnectedLog {
- public:
-  ConnectedLog(const std::string& _name, const bl::appender& _appender) : log_(_name) {
-    log_.callables = new bl::detail::CallableSet({bl::detail::makeAppender(_appender, "A", 0)});
-  }
-  Log& operator*() { return log_; }
-
- private:
-  Log log_;
-};
 
 TEST(EarlyMessages, ArriveInOrderAtTheFlush) {
   const Recorder recorder;
