@@ -14,12 +14,12 @@
 namespace Quillmark_logging {
 namespace {
 
-// @param _makeAppender is called for each pattern.
+// @param _makeAppender is called for each pattern, with it.
 template <class MakeAppender>
 void connectPatterns(const std::string& _logLevel, const char* _name, MakeAppender _makeAppender) {
   const auto connect = [&](const std::string& _spec) {
     deleteAppender(_spec, _name);
-    addAppender(_spec, threadSafeIfConfigured(_makeAppender()), _name, callableIndex);
+    addAppender(_spec, threadSafeIfConfigured(_makeAppender(_spec)), _name, callableIndex);
   };
   if (_logLevel.find(';') == std::string::npos) {
     connect(_logLevel);
@@ -35,17 +35,17 @@ void connectPatterns(const std::string& _logLevel, const char* _name, MakeAppend
 }  // namespace
 
 void connectApplicationLogs(const std::string& _logLevel, const std::string& _file, const std::string& _ca,
-                            bool _overWrite, const std::shared_ptr<TakeOver>& _takeOver) {
+                            bool _overWrite) {
   if (!CfgDataManager::getInstance(loadTimeTrace())->getCfgFlag(SPEC_LOG_ROTATION, _ca)) {
     traceLine("--- Quillmark_logging::createApplicationSpecificLogFile() Log rotation is disabled.\r\n");
     // Its copies share the file, which is emptied by the first message of any pattern, and by no other one.
     boost::logging::write_to_file writer(_file, _overWrite);
-    connectPatterns(_logLevel, APPENDER_COUT_APPL_SPEC, [&writer] { return writer; });
+    connectPatterns(_logLevel, APPENDER_COUT_APPL_SPEC, [&writer](const std::string&) { return writer; });
     return;
   }
   const RotationSettings settings = readRotationSettings(_ca);
-  connectPatterns(_logLevel, APPENDER_COUT_ROLLING_APPL_SPEC, [&] {
-    return SucceedingAppender(_file, oneLessThan(settings.fileLimit), oneLessThan(settings.nrOfFiles), _takeOver);
+  connectPatterns(_logLevel, APPENDER_COUT_ROLLING_APPL_SPEC, [&](const std::string& _spec) {
+    return SucceedingAppender(_file, oneLessThan(settings.fileLimit), oneLessThan(settings.nrOfFiles), _spec);
   });
 }
 

@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <memory>
 #include <string>
-
-#include "logsetup/succeeding_appender.h"
 
 namespace Quillmark_logging {
 
@@ -14,8 +11,7 @@ namespace Quillmark_logging {
 /// @param _logLevel one logs pattern, or several, each ended by ";" (what follows the last ";" is dropped).
 /// @param _file full path.
 /// @param _overWrite whether the plain appenders empty the file, once, at the first message of any pattern.
-/// @param _takeOver ends when the calls have taken effect.
 void connectApplicationLogs(const std::string& _logLevel, const std::string& _file, const std::string& _ca,
-                            bool _overWrite, const std::shared_ptr<TakeOver>& _takeOver);
+                            bool _overWrite);
 
 }  // namespace Quillmark_logging

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <memory>
 #include <utility>
 
 #include "config/configuration_check.h"
@@ -87,11 +86,9 @@ bool createApplicationSpecificLogFile(std::string _logLevel, std::string _fileNa
   }
   setBoostFileSystemNameCheck();
   SetUpChange change;
-  const auto takeOver = std::make_shared<TakeOver>();
-  connectApplicationLogs(_logLevel, file, ca, _overWrite, takeOver);
+  connectApplicationLogs(_logLevel, file, ca, _overWrite);
   updateLogLevels(ca);
   change.apply();
-  takeOver->end(file);
   traceLine("<== Quillmark_logging::createApplicationSpecificLogFile() OK\r\n");
   return true;
 }

@@ -14,8 +14,7 @@ void logfile::open(bool _append) {
   out.open(current_name, _append ? Mode::append : Mode::truncate);
 }
 
-void logfile::followName() {
-  if (!out.is_open() || out.identity() == platform::identityOfFileAt(current_name)) return;
+void logfile::reopen() {
   out.close();
   open(true);
 }

@@ -29,9 +29,8 @@ struct logfile {
   ///   written is lost, and the position reads as -1.
   void open(bool _append);
 
-  /// Reopens the file by its name, for appending, if the open one has been moved away. Does nothing when the stream is
-  /// closed.
-  void followName();
+  /// Closes what is open, and opens the file that has the name by now, for appending.
+  void reopen();
 
   /// Writes the message as it is and flushes the stream, whatever its state. All output goes this way.
   void write(const std::string& _msg);

@@ -30,9 +30,6 @@ class OutputFileStream : public std::ostream {
   // NOLINTNEXTLINE(readability-identifier-naming): the name that it has in std::ofstream.
   bool is_open() const { return buffer_.file.isOpen(); }
 
-  /// Which file is open.
-  platform::FileIdentity identity() const { return buffer_.file.identity(); }
-
  private:
   struct Buffer : std::streambuf {
     int_type overflow(int_type _character) override;

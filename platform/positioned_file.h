@@ -7,17 +7,6 @@
 
 namespace platform {
 
-/// Identifies a file, whatever it is named. On Windows all have one identity: a file that is shared as below keeps its
-/// name while it is open, so there is nothing to distinguish.
-struct FileIdentity {
-  std::uint64_t volume = 0;
-  std::uint64_t file = 0;
-  bool operator==(const FileIdentity&) const = default;
-};
-
-/// The identity of the file that the path names now; that of no file when there is none.
-FileIdentity identityOfFileAt(const std::string& _path);
-
 /// A log file with a position of its own, for one process. Text is written at the position, wherever others write, or
 /// at the end of a file opened for appending. Child programs do not inherit the handle; forked children share the
 /// position. One thread at a time may use an object.
@@ -50,9 +39,6 @@ class PositionedFile {
 
   /// How many bytes of the file come before the position; -1 when nothing is open or the system does not say.
   std::int64_t position();
-
-  /// The identity of the open file; that of no file when none is open.
-  FileIdentity identity() const;
 
  private:
   int file_ = -1;

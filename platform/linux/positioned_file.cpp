@@ -2,29 +2,17 @@
 #include "platform/positioned_file.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
+
+#include <utility>
 
 #include "platform/fault.h"
 #include "platform/linux/file_descriptor.h"
 #include "platform/linux/file_write.h"
 #include "platform/linux/fork_count.h"
 #include "platform/linux/open_file.h"
-#include "platform/native_path.h"
 
 namespace platform {
-namespace {
-
-FileIdentity identityOf(const struct stat& _status) {
-  return {static_cast<std::uint64_t>(_status.st_dev), static_cast<std::uint64_t>(_status.st_ino)};
-}
-
-}  // namespace
-
-FileIdentity identityOfFileAt(const std::string& _path) {
-  struct stat status {};
-  return ::stat(nativePath(_path).c_str(), &status) == 0 ? identityOf(status) : FileIdentity();
-}
 
 bool PositionedFile::open(const std::string& _path, Mode _mode) {
   if (injectedFault(Call::openForWriting) != noError) return false;
@@ -42,8 +30,9 @@ bool PositionedFile::open(const std::string& _path, Mode _mode) {
 
 bool PositionedFile::close() {
   if (!isOpen()) return false;
-  if (injectedFault(Call::closeFile) == noError) closeDescriptor(file_);
-  file_ = -1;
+  // In this order, as a process can be forked between the two: its child must not close what has the number by then.
+  const int file = std::exchange(file_, -1);
+  if (injectedFault(Call::closeFile) == noError) closeDescriptor(file);
   return true;
 }
 
@@ -63,11 +52,6 @@ bool PositionedFile::write(const char* _text, std::size_t _size) {
 std::int64_t PositionedFile::position() {
   if (!isOpen()) return -1;
   return isCounted_ && forkCount() == forksAtOpen_ ? counted_ : ::lseek(file_, 0, SEEK_CUR);
-}
-
-FileIdentity PositionedFile::identity() const {
-  struct stat status {};
-  return ::fstat(file_, &status) == 0 ? identityOf(status) : FileIdentity();
 }
 
 }  // namespace platform

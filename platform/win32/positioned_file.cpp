@@ -9,8 +9,6 @@
 
 namespace platform {
 
-FileIdentity identityOfFileAt(const std::string& /*_path*/) { return {}; }
-
 bool PositionedFile::open(const std::string& _path, Mode _mode) {
   if (injectedFault(Call::openForWriting) != noError) return false;
   file_ = openRunTimeFile(_path, _O_WRONLY | _O_CREAT | (_mode == Mode::truncate ? _O_TRUNC : _O_APPEND));
@@ -29,7 +27,5 @@ bool PositionedFile::close() {
 bool PositionedFile::write(const char* _text, std::size_t _size) { return writeToRunTimeFile(file_, _text, _size); }
 
 std::int64_t PositionedFile::position() { return isOpen() ? ::_telli64(file_) : -1; }
-
-FileIdentity PositionedFile::identity() const { return {}; }
 
 }  // namespace platform
