@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Every source, script and build file names its licence in its first line (after the line that names an interpreter)."""
+"""Every source, script and build file names its licence in its first line (after the line that names an interpreter or a man page)."""
 
 TAGGED_ENDINGS = (".cpp", ".h", ".hpp", ".py", ".sh", ".cmake", "CMakeLists.txt", ".in", ".map", ".rc", ".conf",
                   ".service", ".scd")
@@ -11,7 +11,7 @@ def violations(files):
         script = first.startswith("#!")
         if not script and not file.path.endswith(TAGGED_ENDINGS):
             continue
-        if script:
+        if script or file.path.endswith(".scd"):
             first = file.lines[1] if len(file.lines) > 1 else ""
         if "SPDX-License-Identifier: MIT" not in first:
             yield f"{file.path}:1: the licence tag is missing"

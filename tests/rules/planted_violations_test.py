@@ -67,6 +67,7 @@ PLANTED = {
     "licence_tags": (
         {"trace/a.cpp": "// SPDX-License-Identifier: MIT\n",
          "scripts/run": "#!/bin/sh\n# SPDX-License-Identifier: MIT\n",
+         "docs/man/a.1.scd": "a(1)\n; SPDX-License-Identifier: MIT\n",
          "integrations/a.conf": "# SPDX-License-Identifier: MIT\n",
          "README.md": "# Title\n"},
         {"integrations/p.conf": "[Journal]\n",
@@ -94,6 +95,10 @@ PLANTED = {
          "docs/q.md": "```cmake\nadd_executable(b b.cpp)\n```\n",
          "include/r.h": "/// @code\n/// fourth();\n/// @endcode\n",
          "logmanager/include/boost/logging/s.hpp": "  /// @code\n  /// first();\n  /// fourth();\n  /// @endcode\n"}),
+    "page_commands": (
+        {"docs/a.md": "```sh\nls\n```\n", "README.md": "    ls\n```text\nsh\n```\n",
+         "tests/docs/CMakeLists.txt": "foreach(page IN ITEMS a b)\nendforeach()\n"},
+        {"docs/p.md": "Text.\n```sh\nls\n```\n", "examples/README.md": "```console\nls\n```\n"}),
     "file_names": (
         {"platform/linux/clock.cpp": "", "platform/win32/clock.cpp": "", "trace/trace.h": "", "trace/trace.cpp": ""},
         {"zlast/trace.h": "", "trace/string_utils.h": "", "config/common.cpp": "", "config/helpers.h": ""}),

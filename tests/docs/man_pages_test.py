@@ -1,0 +1,71 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
+"""man_pages_test.py ROOT BUILD: scdoc makes the man pages and man shows them without a warning; they name every option of
+LogTest, every key of the configuration, and only pages that exist."""
+
+import os
+import pathlib
+import re
+import subprocess
+import sys
+import tempfile
+import unittest
+
+ROOT, BUILD = (pathlib.Path(argument) for argument in sys.argv[1:3])
+SOURCES = sorted((ROOT / "docs" / "man").glob("*.scd"))
+
+
+def made(source):
+    return subprocess.run(["scdoc"], input=source.read_bytes(), capture_output=True, check=False)
+
+
+def source_of(name):
+    return (ROOT / "docs" / "man" / f"{name}.scd").read_text(encoding="utf-8")
+
+
+def warnings_of(roff):
+    with tempfile.TemporaryDirectory() as folder:
+        page = pathlib.Path(folder, "page.1")
+        page.write_bytes(roff)
+        shown = subprocess.run(["man", "--warnings", "--local-file", "-Tutf8", str(page)], capture_output=True, text=True,
+                               env={**os.environ, "LC_ALL": "C.UTF-8", "MANROFFSEQ": "", "MANWIDTH": "80"}, check=False)
+    return shown.returncode, shown.stderr
+
+
+class ManPages(unittest.TestCase):
+    def test_every_page_is_made_and_shown_without_a_warning(self):
+        self.assertGreater(len(SOURCES), 4)
+        for source in SOURCES:
+            page = made(source)
+            self.assertEqual((page.returncode, page.stderr), (0, b""), source.name)
+            self.assertEqual(warnings_of(page.stdout), (0, ""), source.name)
+
+    def test_man_would_have_warned_of_an_unknown_request(self):
+        self.assertIn("warning", warnings_of(b".TH a 1\n.SH NAME\na \\- b\n.nonsense\n")[1])
+
+    def test_a_page_has_the_name_of_its_file(self):
+        for source in SOURCES:
+            name, section = source.stem.rsplit(".", 1)
+            self.assertEqual(source_of(source.stem).splitlines()[0], f"{name}({section})")
+
+    def test_pages_refer_to_pages_that_exist(self):
+        names = {source.stem for source in SOURCES}
+        for source in SOURCES:
+            for name, section in re.findall(r"\*([\w.]+)\*\((\d)\)", source.read_text(encoding="utf-8")):
+                self.assertIn(f"{name}.{section}", names, source.name)
+
+    def test_the_page_of_the_companion_program_has_its_options(self):
+        told = subprocess.run([str(BUILD / "tools" / "LogTest"), "--help"], capture_output=True, text=True, check=True)
+        options = set(re.findall(r"(?m)^  (?:-h,)?(--[a-z]+)", told.stdout))
+        self.assertGreater(len(options), 5)
+        self.assertEqual(set(re.findall(r"(?m)^\*(--[a-z]+)\*", source_of("LogTest.1"))), options)
+
+    def test_the_page_of_the_configuration_has_its_keys(self):
+        table = (ROOT / "docs" / "file-formats.md").read_text(encoding="utf-8")
+        keys = set(re.findall(r"(?m)^\| `([A-Z_]+)` \|", table))
+        self.assertGreater(len(keys), 8)
+        self.assertEqual(set(re.findall(r"(?m)^\*([A-Z_]+)\*$", source_of("qmrk_logging.cfg.5"))), keys)
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])

@@ -1,0 +1,17 @@
+# SPDX-License-Identifier: MIT
+"""A page that shows commands as ```sh is one whose commands a test runs: tests/docs/CMakeLists.txt names it."""
+
+import re
+
+_COMMANDS = re.compile(r"^```(?:sh|bash|console)$", re.MULTILINE)
+_TESTED = re.compile(r"foreach\(page IN ITEMS ([^)]*)\)")
+
+
+def violations(files):
+    lists = [file.content for file in files if file.path == "tests/docs/CMakeLists.txt"]
+    tested = {name for text in lists for names in _TESTED.findall(text) for name in names.split()}
+    for file in files:
+        found = _COMMANDS.search(file.content) if file.path.endswith(".md") else None
+        if found and file.path not in {f"docs/{name}.md" for name in tested}:
+            line = file.content.count("\n", 0, found.start()) + 1
+            yield f"{file.path}:{line}: no test runs the commands of this page"
