@@ -4,6 +4,7 @@
 
 import json
 import pathlib
+import re
 import subprocess
 import sys
 import unittest
@@ -53,6 +54,14 @@ class LnavFormat(unittest.TestCase):
         rows = self.query("SELECT process, thread FROM qmrk_log", self.machine.logs / "common.log")
         self.assertEqual([row["process"] for row in rows], [str(program.pid)])
         self.assertRegex(rows[0]["thread"], r"^\d+$")
+
+    def test_the_query_of_the_page_counts_the_lines_of_each_class(self):
+        self.run_writer()
+        page = (ROOT / "docs" / "integrations.md").read_text(encoding="utf-8")
+        command = re.search(r"(?m)^lnav -n .*$", page).group(0)
+        counted = subprocess.run(["bash", "-c", command], cwd=self.machine.logs, env=self.environment, text=True,
+                                 capture_output=True, stdin=subprocess.DEVNULL, check=True)
+        self.assertEqual(counted.stdout, "class,lines\nDemo.App.shared,5\n")
 
     def test_files_are_merged_by_time(self):
         first = self.write("first.log", "[Demo.App.info] 20261121 10:00:00.123 a\n[Demo.App.info] 20261121 10:00:02.000 c\n")

@@ -6,6 +6,7 @@ has 16 processes of 6,250 lines to the common log and as many to files of their 
 seconds."""
 
 import collections
+import os
 import pathlib
 import re
 import socket
@@ -133,6 +134,25 @@ class CentralLog(Machines):
         self.assertEqual(self.different("common.log"), HOSTILE)
         wait_for("the record", lambda: self.different("qmrk.info"))
         self.assertEqual(self.different("qmrk.info"), ["2007/01/05 09:03:07 Unspecified error."])
+
+    def test_a_sender_that_was_stopped_goes_on_where_it_was(self):
+        # Its stop waits for the receiver, which is not there.
+        receiver, sender = self.rsyslogd("receiver"), self.rsyslogd("sender", ('Completion="30000"', 'Completion="1000"'))
+        self.machine.logs.mkdir(parents=True)
+        log = self.machine.logs / "common.log"
+        lines = [f"line {number}" for number in range(3000)]
+        log.write_text("\n".join(lines[:1000]) + "\n", encoding="utf-8")
+        sender.start()
+        wait_for("the sender to read", lambda: "imfile-state" in " ".join(os.listdir(sender.folder)))
+        sender.stop()
+        with open(log, "a", encoding="utf-8") as stream:
+            stream.write("\n".join(lines[1000:2000]) + "\n")
+        log.rename(self.machine.logs / "common.log.1")
+        log.write_text("\n".join(lines[2000:]) + "\n", encoding="utf-8")
+        receiver.start()
+        sender.start()
+        wait_for("all lines", lambda: set(self.arrived("common.log")) >= set(lines))
+        self.assertEqual(set(self.arrived("common.log")), set(lines))
 
     def test_a_line_without_its_end_is_not_sent_before_it_is_whole(self):
         receiver, sender = self.rsyslogd("receiver"), self.rsyslogd("sender")
