@@ -42,9 +42,9 @@ class Machines(unittest.TestCase):
         self.central = self.machine.folder / "central"
 
     def rsyslogd(self, name, *replacements):
-        home = f"{self.machine.folder}/home"
-        places = {"sender": [('="/home', f'="{home}'), ('"^/home', f'"^{home}'), ('target="central.example.com"',
-                                                                                  'target="127.0.0.1"')],
+        folder = self.machine.folder
+        places = {"sender": [('="/home', f'="{folder}/home'), ('="/var', f'="{folder}/var'), ('"^/', f'"^{folder}/'),
+                             ('target="central.example.com"', 'target="127.0.0.1"')],
                   "receiver": [("/var/log/qmrk", str(self.central))]}[name]
         text = (ROOT / "integrations" / "rsyslog" / f"30-qmrk-{name}.conf").read_text(encoding="utf-8")
         return Rsyslogd(self.machine, name, replaced(text, [*replacements, *places, ("2514", self.port)]))
@@ -153,6 +153,18 @@ class CentralLog(Machines):
         sender.start()
         wait_for("all lines", lambda: set(self.arrived("common.log")) >= set(lines))
         self.assertEqual(set(self.arrived("common.log")), set(lines))
+
+    def test_lines_of_a_service_arrive_under_its_name(self):
+        receiver, sender = self.rsyslogd("receiver"), self.rsyslogd("sender")
+        logs = self.machine.folder / "var" / "log" / "shop" / "Orvane" / "Quillmark" / "Logging"
+        (logs / "Application logs").mkdir(parents=True)
+        receiver.start()
+        sender.start()
+        for name in ("common.log", "qmrk.info", "Application logs/Shop_log.txt"):
+            (logs / name).write_text(f"of {name}\n", encoding="utf-8")
+        wait_for("all files", lambda: len(list(self.central.glob("*/shop/*"))) == 3)
+        wait_for("the line of the last", lambda: list(self.central.glob("*/shop/Shop_log.txt"))[0].read_text(
+            encoding="utf-8").startswith("of Application logs"))
 
     def test_a_line_without_its_end_is_not_sent_before_it_is_whole(self):
         receiver, sender = self.rsyslogd("receiver"), self.rsyslogd("sender")
