@@ -18,6 +18,7 @@ void addCheckCommand(CLI::App& _program, Choice& _choice);
 void addCompletionCommand(CLI::App& _program, Choice& _choice);
 void addErrorsCommand(CLI::App& _program, Choice& _choice);
 void addExplainCommand(CLI::App& _program, Choice& _choice);
+void addInitConfigCommand(CLI::App& _program, Choice& _choice);
 void addSchemaCommand(CLI::App& _program, Choice& _choice);
 void addShowCommand(CLI::App& _program, Choice& _choice);
 void addSignalCommand(CLI::App& _program, Choice& _choice);

@@ -34,7 +34,7 @@ constexpr FindingKind folderTable[] = {
     {"Q508", Severity::warning, "Error records cannot be written", "problems with the configuration leave no record",
      "give qmrk.info and its folder to the user who logs", ""},
     {"Q509", Severity::error, "The folder of the application logs cannot be used",
-     "createApplicationSpecificLogFile fails, or the lines of the applications' own logs are lost",
+     "createApplicationSpecificLogFile says true, and the lines of the applications' own logs are lost",
      "give the folder to the user who logs", ""},
     {"Q510", Severity::warning, "Everybody may change a file of the configuration",
      "any user can switch logging off or fill the disk for all others",

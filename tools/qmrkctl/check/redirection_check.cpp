@@ -82,7 +82,11 @@ void checkTarget(const Viewpoint& _viewpoint, const Configuration& _configuratio
   if (!target.exists()) {
     const std::string other = otherLetterCase(_viewpoint, path);
     const std::string text = "REDIRECT_CA_NR=" + _redirection.value + " leads to " + nameOf(path);
-    if (target.facts.kind == PathKind::missing && !other.empty()) {
+    const bool isInUpperCase =
+        CfgDataManager::getInstance(false)->toUpperCopy(_redirection.value) == _redirection.value;
+    if (target.facts.kind == PathKind::missing && !other.empty() && isInUpperCase) {
+      addMissing(_viewpoint, target, "Q204", "", _findings);
+    } else if (target.facts.kind == PathKind::missing && !other.empty()) {
       const std::string ca = other.substr(nameOf(path).find(_redirection.value), _redirection.value.size());
       _findings.push_back(findingOf("Q207", place, text + ", but the file is " + other, "write REDIRECT_CA_NR=" + ca));
     } else {

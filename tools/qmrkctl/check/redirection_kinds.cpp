@@ -33,7 +33,9 @@ constexpr FindingKind redirectionTable[] = {
      "the file is not found: the CA stands in upper case in the name, all else as shown", "rename the file",
      "qmrk_logging_ca12.cfg"},
     {"Q209", Severity::warning, "The generic file has no REDIRECT_CA_NR",
-     "the text of the generic .cfg file is taken as the class list of \"GE\", which switches all classes off",
+     "the text of the generic .cfg file is taken as the class list of \"GE\": classes that stand behind the first "
+     "\";\" of "
+     "its filter are on, all others off",
      "add the line REDIRECT_CA_NR=<the CA that is installed>", ""},
     {"Q210", Severity::error, "The class list is missing",
      "no class is switched on or off: all classes stay as they are, on at the start of an application; a record goes "

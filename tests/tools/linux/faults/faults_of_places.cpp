@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: MIT
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "tests/tools/linux/faults/fault_table.h"
+
+namespace testsupport {
+namespace {
+
+namespace fs = std::filesystem;
+using Installation = FaultInstallation;
+
+constexpr unsigned int nobodyId = 65534;
+constexpr unsigned int userWithoutEntry = 54321;
+
+const FaultEffect noSetUp = {false, {}};
+const FaultEffect noLine = {true, {}};
+const FaultEffect usualLines = {true, {"Demo.App.error", "Demo.App.info", "Demo.Net.error"}};
+const FaultEffect allClasses = {true, {"Demo.App.error", "Demo.App.info", "Demo.Net.error", "Demo.Net.info"}};
+
+void makeLogFolder(const Installation& _at, unsigned int _mode) {
+  fs::create_directories(_at.logFolder());
+  fs::permissions(_at.logFolder(), fs::perms(_mode));
+}
+
+}  // namespace
+
+std::vector<Fault> faultsOfFolders() {
+  return {
+      {"the log folder cannot be created",
+       "the set-up fails",
+       [](Installation& _at) {
+         fs::permissions(_at.data(), fs::perms(0755));
+         _at.runAs(nobodyId);
+       },
+       noSetUp,
+       {"Q501", "Logs/Common", 0, "let the user write"}},
+      {"the log folder cannot be written",
+       "the set-up says true, every line is lost",
+       [](Installation& _at) {
+         makeLogFolder(_at, 0755);
+         _at.runAs(nobodyId);
+       },
+       noLine,
+       {"Q502", "common.log", 0, "give the file and its folder"}},
+      {"the log belongs to root",
+       "the set-up says true, every line is lost",
+       [](Installation& _at) {
+         makeLogFolder(_at, 0777);
+         writeFile(_at.log(), "");
+         _at.runAs(nobodyId);
+       },
+       noLine,
+       {"Q502", "common.log", 0, "give the file and its folder"}},
+      {"the log folder belongs to another user",
+       "lines are written; the other user can remove them",
+       [](Installation& _at) {
+         makeLogFolder(_at, 0777);
+         if (::chown(_at.logFolder().c_str(), userWithoutEntry, userWithoutEntry) == 0) _at.runAs(nobodyId);
+       },
+       usualLines,
+       {"Q503", "Logs/Common", 0, "chown"}},
+      {"the log is a link in a folder that others may write",
+       "the set-up says true, every line is lost",
+       [](Installation& _at) {
+         makeLogFolder(_at, 0777);
+         fs::create_symlink(_at.data() + "/target.log", _at.log());
+       },
+       noLine,
+       {"Q504", "common.log", 0, "chmod go-w"},
+       {},
+       [](const Installation& _at) { return !exists(_at.data() + "/target.log"); }},
+      {"a folder in place of the log",
+       "the set-up says true, every line is lost",
+       [](Installation& _at) { fs::create_directories(_at.log()); },
+       noLine,
+       {"Q505", "common.log", 0, "remove what stands there"}},
+      {"a pipe in place of the log",
+       "the set-up says true, every line is lost",
+       [](Installation& _at) {
+         makeLogFolder(_at, 0755);
+         ::mkfifo(_at.log().c_str(), 0644);
+       },
+       noLine,
+       {"Q505", "common.log", 0, "remove what stands there"}},
+      {"a link that leads nowhere in place of the log",
+       "the set-up says true, every line is lost",
+       [](Installation& _at) {
+         makeLogFolder(_at, 0755);
+         fs::create_symlink("/nowhere/at/all/common.log", _at.log());
+       },
+       noLine,
+       {"Q505", "common.log", 0, "remove what stands there"}},
+      {"a file in place of a folder above the log",
+       "the set-up fails",
+       [](Installation& _at) { writeFile(_at.data() + "/Logs", ""); },
+       noSetUp,
+       {"Q505", "/Logs", 0, "remove what stands there"}},
+      {"the disk is full",
+       "the set-up says true, every line is lost",
+       [](Installation& _at) { _at.fillDisk(); },
+       noLine,
+       {"Q506", "/dev/shm", 0, "make space"},
+       {},
+       [](const Installation&) { return FaultInstallation::classesIn("/dev/shm/Logs/Common/common.log").empty(); }},
+      {"a folder in place of `qmrk.info`",
+       "problems leave no record",
+       [](Installation& _at) {
+         fs::create_directories(_at.logFolder() + "/qmrk.info");
+         _at.environment("DEFAULT_CA_NR", "CA99");
+       },
+       usualLines,
+       {"Q508", "qmrk.info", 0, "qmrk.info"},
+       {},
+       [](const Installation& _at) { return fs::is_empty(_at.logFolder() + "/qmrk.info"); }},
+      {"a file in place of `Application logs`",
+       "the set-up says true, the lines of the application's own log are lost",
+       [](Installation& _at) {
+         makeLogFolder(_at, 0755);
+         writeFile(_at.logFolder() + "/Application logs", "");
+       },
+       usualLines,
+       {"Q509", "Application logs", 0, "remove"},
+       {"--app", "app"}},
+      {"a class list that everybody may write",
+       "any user can switch classes of all others",
+       [](Installation& _at) {
+         fs::permissions(_at.initPath(), fs::perms(0666));
+         _at.runAs(nobodyId);
+       },
+       usualLines,
+       {"Q510", "qmrk_logging_CA12.init", 0, "chmod o-w"}},
+  };
+}
+
+std::vector<Fault> faultsOfEnvironment() {
+  return {
+      {"an override that is no absolute path",
+       "it is ignored: no class list is found, all classes stay on",
+       [](Installation& _at) { _at.environment("QMRK_COMMON_APPDATA", "appdata"); },
+       allClasses,
+       {"Q701", "", 0, "absolute path"}},
+      {"`HOME` unset",
+       "the home of the password entry counts; that of this user cannot be created: the set-up fails",
+       [](Installation& _at) {
+         _at.environment("QMRK_APPDATA", "");
+         _at.environment("HOME", "");
+         _at.runAs(nobodyId);
+       },
+       noSetUp,
+       {"Q702", "", 0, "set HOME"}},
+      {"`HOME` unset, a user without password entry",
+       "there is no folder for logs: the set-up fails",
+       [](Installation& _at) {
+         _at.environment("QMRK_APPDATA", "");
+         _at.environment("HOME", "");
+         _at.runAs(userWithoutEntry);
+       },
+       noSetUp,
+       {"Q703", "", 0, "set HOME"}},
+      {"`DEFAULT_CA_NR` above 255 characters",
+       "it counts as empty: the set-up fails",
+       [](Installation& _at) { _at.environment("DEFAULT_CA_NR", std::string(300, 'C')); },
+       noSetUp,
+       {"Q704", "", 0, "CA alone"}},
+  };
+}
+
+std::vector<Fault> faultsOfPlaces() {
+  std::vector<Fault> all = faultsOfFolders();
+  const std::vector<Fault> more = faultsOfEnvironment();
+  all.insert(all.end(), more.begin(), more.end());
+  return all;
+}
+
+std::vector<Fault> allFaults() {
+  std::vector<Fault> all = faultsOfTexts();
+  for (const auto& more : {faultsOfFiles(), faultsOfPlaces()})
+    all.insert(all.end(), more.begin(), more.end());
+  return all;
+}
+
+}  // namespace testsupport
