@@ -124,7 +124,7 @@ TEST_F(QmrkctlConfiguration, InitConfigWritesIntoAFolderThatIsNamed) {
 }
 
 TEST_F(QmrkctlConfiguration, InitConfigTakesOnlyANameThatCanStandInAFileName) {
-  for (const std::string& ca : {"GE", "ge", "../CA1", "a b", "CA12\n"}) {
+  for (const char* const ca : {"GE", "ge", "../CA1", "a b", "CA12\n"}) {
     const ChildResult result = qmrkctl({"init-config", "--ca", ca, "--install"});
     EXPECT_EQ(result.exitCode, 2) << ca;
   }

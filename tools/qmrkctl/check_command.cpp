@@ -63,10 +63,12 @@ class CheckRun {
   std::set<std::tuple<std::string, std::string, int, int, std::string>> told_;
 };
 
-std::vector<std::string> logsOfRunningApplications(const Options& _options) {
+// The logs of the applications that follow a class list; none when some are not known.
+std::vector<std::string> logsThatFollow(const RunningProcesses& _processes, const std::string& _initPath) {
   std::vector<std::string> logs;
-  for (const RunningProcess& process : runningProcesses(queryOf(_options)).found) {
-    if (!process.status) continue;
+  for (const RunningProcess& process : _processes.found) {
+    if (!process.status || process.status->initPath.text != _initPath) continue;
+    if (process.status->classes.logsLeftOut > 0) return {};
     for (const LogState& log : process.status->classes.logs)
       logs.push_back(log.name);
   }
@@ -100,13 +102,13 @@ int checkCas(const Options& _options, bool _isAll, Report& _report) {
     const std::vector<std::string> installed = installedCas(*viewpoint);
     cas.insert(cas.end(), installed.begin(), installed.end());
   }
-  const std::vector<std::string> logs = logsOfRunningApplications(_options);
+  const RunningProcesses processes = runningProcesses(queryOf(_options));
   CheckRun run(_report);
   for (const std::string& ca : cas) {
     const Configuration configuration = readConfiguration(*viewpoint, ca);
     for (const ConfigurationFile* const file : {&configuration.generic, &configuration.cfg, &configuration.init})
       run.note(*file);
-    run.add(checkConfiguration(*viewpoint, configuration, logs));
+    run.add(checkConfiguration(*viewpoint, configuration, logsThatFollow(processes, configuration.init.path)));
   }
   return run.end();
 }

@@ -36,6 +36,7 @@ void makeUnreadable(const std::string& _path) { fs::permissions(_path, fs::perms
 
 }  // namespace
 
+// NOLINTNEXTLINE(readability-function-size): one table of one meaning.
 std::vector<Fault> faultsOfRedirection() {
   return {
       {"the `.cfg` of the CA that is asked for is missing",
@@ -105,6 +106,7 @@ std::vector<Fault> faultsOfRedirection() {
   };
 }
 
+// NOLINTNEXTLINE(readability-function-size): one table of one meaning.
 std::vector<Fault> faultsOfUnreadableFiles() {
   return {
       {"the class list is missing",

@@ -27,6 +27,7 @@ void makeLogFolder(const Installation& _at, unsigned int _mode) {
 
 }  // namespace
 
+// NOLINTNEXTLINE(readability-function-size): one table of one meaning.
 std::vector<Fault> faultsOfFolders() {
   return {
       {"the log folder cannot be created",

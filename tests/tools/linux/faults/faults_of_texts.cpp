@@ -39,6 +39,7 @@ const std::vector<std::string> manyLines = {"--app", "app", "--lines", "100"};
 
 }  // namespace
 
+// NOLINTNEXTLINE(readability-function-size): one table of one meaning.
 std::vector<Fault> faultsOfBytes() {
   return {
       {"byte-order mark in front of the first key",
@@ -89,6 +90,7 @@ std::vector<Fault> faultsOfBytes() {
   };
 }
 
+// NOLINTNEXTLINE(readability-function-size): one table of one meaning.
 std::vector<Fault> faultsOfKeys() {
   return {
       {"typing error in a key",
@@ -205,6 +207,7 @@ std::vector<Fault> faultsOfKeys() {
   };
 }
 
+// NOLINTNEXTLINE(readability-function-size): one table of one meaning.
 std::vector<Fault> faultsOfLimits() {
   const auto rolls = [](const Installation& _at) { return hasApplicationLog(_at, ".2"); };
   const auto grows = [](const Installation& _at) {
@@ -259,6 +262,7 @@ std::vector<Fault> faultsOfLimits() {
   };
 }
 
+// NOLINTNEXTLINE(readability-function-size): one table of one meaning.
 std::vector<Fault> faultsOfClassLists() {
   return {
       {"no `;` at the end of the filter",
