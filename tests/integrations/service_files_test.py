@@ -3,8 +3,10 @@
 """service_files_test.py ROOT BUILD: systemd takes the unit and the settings of the journal in integrations/, and an
 application that runs as the unit says finds its folders."""
 
+import os
 import pathlib
 import re
+import shutil
 import subprocess
 import sys
 import unittest
@@ -45,6 +47,30 @@ class ServiceFiles(unittest.TestCase):
         self.assertGreater(len(keys), 2)
         for key in keys:
             self.assertIn(f"Journal.{key}\0".encode(), known)
+
+    def run_without_rights(self, **variables):
+        """Runs LogTest as an account without rights, from where that account can read it."""
+        program = self.machine.folder / "bin" / "LogTest"
+        program.parent.mkdir(exist_ok=True)
+        for file in (BUILD / "tools" / "LogTest", *BUILD.glob("*/libqmrk*.so.1")):
+            shutil.copy(file, program.parent)
+        subprocess.run(["chmod", "-R", "a+rX", str(self.machine.folder)], check=True)
+        account = ["setpriv", "--reuid=65534", "--regid=65534", "--clear-groups"] if os.geteuid() == 0 else []
+        environment = {name: value for name, value in self.machine.environment.items()
+                       if name not in ("HOME", "XDG_DATA_HOME", "QMRK_APPDATA")}
+        environment.update(variables, LD_LIBRARY_PATH=str(program.parent))
+        return subprocess.run([*account, str(program)], env=environment, capture_output=True, text=True, check=False)
+
+    def test_an_account_without_a_home_needs_the_variable(self):
+        refused = self.run_without_rights(HOME="/nonexistent")
+        self.assertEqual(refused.returncode, 1, refused.stdout)
+        self.assertIn("/nonexistent/.local/share", refused.stderr)
+        logs = self.machine.folder / "log"
+        logs.mkdir()
+        logs.chmod(0o777)
+        found = self.run_without_rights(HOME="/nonexistent", QMRK_APPDATA=str(logs))
+        self.assertEqual((found.returncode, found.stderr), (0, ""))
+        self.assertTrue((logs / "Orvane" / "Quillmark" / "Logging" / "common.log").exists())
 
     def test_an_application_run_as_the_unit_says_logs_below_its_folder(self):
         folder = values(UNIT, "LogsDirectory")[0]
