@@ -45,3 +45,10 @@ file(RELATIVE_PATH QMRK_PREFIX_FROM_PC
 get_target_property(QMRK_LOG_MANAGER_NAME log_manager OUTPUT_NAME)
 configure_file(cmake/qmrk_log.pc.in ${PROJECT_BINARY_DIR}/qmrk_log.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/qmrk_log.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+if(NOT WIN32)
+  configure_file(cmake/QmrkAfterInstall.cmake.in ${PROJECT_BINARY_DIR}/QmrkAfterInstall.cmake @ONLY)
+  install(SCRIPT ${PROJECT_BINARY_DIR}/QmrkAfterInstall.cmake)
+endif()
+add_custom_target(uninstall COMMENT "Removing what was installed"
+  COMMAND ${CMAKE_COMMAND} -DQMRK_BUILD=${PROJECT_BINARY_DIR} -P ${PROJECT_SOURCE_DIR}/cmake/QmrkUninstall.cmake VERBATIM)

@@ -63,7 +63,7 @@ def row(what, tests):
 
 def report(results, scale):
     tests = list(tests_of(results))
-    print(f"Run with scale {scale}: `scripts/stress --scale {scale}`; one case alone: `ctest --preset linux-release -R NAME`.\n")
+    print(f"Run with scale {scale}: `scripts/stress --scale {scale}`; one case alone: `ctest --preset linux-tests -R NAME`.\n")
     print("| what happens | what was found | shown by |\n|---|---|---|")
     well = True
     for what, pattern in cases():
