@@ -15,7 +15,7 @@ namespace detail {
 namespace {
 
 /// Files beyond that are noted as one without a path, so that the table is bounded.
-constexpr std::size_t mostFiles = 1000;
+constexpr std::size_t mostNotes = 1000;
 
 using States = std::map<std::string, file_state>;
 
@@ -46,7 +46,7 @@ class NotesScope {
 };
 
 file_state& stateOf(States& _states, const std::string& _path) {
-  const bool isListed = _states.size() < mostFiles || _states.contains(_path);
+  const bool isListed = _states.size() < mostNotes || _states.contains(_path);
   const std::string& path = isListed ? _path : std::string();
   return _states.try_emplace(path, file_state{path, 0, 0, 0, 0, 0, false}).first->second;
 }
