@@ -1,0 +1,43 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+# install_test.sh: the packages, installed into the clean root, bring all that they need. An application is built there
+# in both ways, and logs with no further step; so do the tools.
+set -euo pipefail
+. "$ROOT/scripts/lib/packages.sh"
+. "$ROOT/scripts/lib/clean_root.sh"
+
+# What was there before, for the test of the removal.
+in_root find / -xdev ! -path '/proc/*' ! -path '/tmp/*' -print | LC_ALL=C sort | as_root tee "$CLEAN_ROOT/../before" >/dev/null
+as_root mkdir -p "$CLEAN_ROOT/packages" "$CLEAN_ROOT/home/ann"
+as_root cp "$BUILD"/*.deb "$CLEAN_ROOT/packages/"
+as_root chown 1234:1234 "$CLEAN_ROOT/home/ann"
+in_root sh -c 'apt-get install -y -q --no-install-recommends /packages/*.deb'
+
+echo '-- the machine'
+folder=/var/lib/Orvane/qmrk/logging
+[ "$(in_root stat -c '%a %U %G' $folder)" = '2775 root qmrk' ]
+[ "$(in_root stat -c '%a %U %G' $folder/qmrk_logging_CA12.init)" = '664 root qmrk' ]
+[ "$(in_root stat -c '%a %U %G' /var/lib/Orvane)" = '755 root root' ]
+[ "$(in_root dpkg-query -W -f '${Conffiles}' qmrk-log-tools | grep -c 'Orvane Shared/qmrk/logging/cfg/qmrk_logging_.*\.cfg')" = 2 ]
+
+echo '-- applications'
+examples=/usr/share/doc/libqmrk-log-dev/examples
+as_user sh -ec "cd && cp -r $examples examples && cd examples
+  cmake -S find_package -B built -DCMAKE_BUILD_TYPE=None >cmake.log && cmake --build built --target default_set_up
+  g++ -std=c++11 programs/process_stamp.cpp -o process_stamp \$(pkg-config --cflags --libs qmrk_log)"
+log=/home/ann/.local/share/Orvane/Quillmark/Logging/common.log
+as_user /home/ann/examples/built/default_set_up
+in_root grep -E '^\[Demo\.App\.info\] [0-9]{8} [0-9:.]{12} started with 3 workers$' $log
+as_user /home/ann/examples/process_stamp
+in_root grep -E '^\[Demo\.App\.info\] [0-9]{8} [0-9:.]{12} \[[0-9]+\] started$' $log
+
+echo '-- tools'
+as_user qmrkctl --version
+as_user LogTest --help >/dev/null
+as_user bash -n /usr/share/bash-completion/completions/qmrkctl
+in_root sh -c 'grep -q "#compdef qmrkctl" /usr/share/zsh/vendor-completions/_qmrkctl'
+in_root test -s /usr/share/fish/vendor_completions.d/qmrkctl.fish
+in_root test -s /usr/share/qmrk_log/schemas/signal.json
+for page in man1/LogTest.1 man5/qmrk_logging.cfg.5 man7/qmrk_logging.7; do
+  in_root sh -c "gunzip -c /usr/share/man/$page.gz | grep -q '^\.TH '"
+done
