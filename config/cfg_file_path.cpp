@@ -3,6 +3,7 @@
 
 #include "config/cfg_data_manager.h"
 #include "config/cfg_path_rules.h"
+#include "config/found_configuration.h"
 #include "platform/shell_folder.h"
 #include "quillmark_logging_names.h"
 #include "trace/trace_line.h"
@@ -37,6 +38,7 @@ bool CfgDataManager::getQmrkCfgFilePath(std::string& _path, const std::string& _
     }
     _path = cfgFilePath(kind, _path, ca);
     if (ca == Quillmark_logging::GENERIC_CA) redirectGeneric(_path, _cfg);
+    if (!_cfg) Quillmark_logging::FoundConfiguration::noteInitPath(_path);
   } catch (const std::exception&) {
     return false;
   }

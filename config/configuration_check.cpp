@@ -3,6 +3,7 @@
 
 #include "config/auto_generate_cfg.h"
 #include "config/cfg_data_manager.h"
+#include "config/found_configuration.h"
 #include "config/setup_error_record.h"
 #include "platform/access.h"
 #include "platform/text_file.h"
@@ -38,6 +39,7 @@ bool generateGenericFile(const std::string& _path) {
     return false;
   }
   traceLine("<== Quillmark_logging::checkSpecifiedConfiguration() New \"%s\" generated.\r\n", _path.c_str());
+  FoundConfiguration::noteGenerated();
   setFreeFunctionTrace(CfgDataManager::getInstance(false)->getCfgFlag(QMRK_TRACE, GENERIC_CA));
   generator.showDirContent(folder, "");
   return true;
@@ -62,6 +64,7 @@ bool checkSpecifiedConfiguration(std::string& _ca, const std::string& _caller) {
         _ca.c_str());
     return false;
   }
+  FoundConfiguration::noteCheckedPath(path);
   if (exists(path)) return checkExistingFile(path, _ca, _caller);
   traceLine(
       "-!- Quillmark_logging::checkSpecifiedConfiguration() File %s does not exist. Redirecting to GE "
@@ -71,6 +74,7 @@ bool checkSpecifiedConfiguration(std::string& _ca, const std::string& _caller) {
                      " Redirecting to configuration file appointed by qmrk_logging_GE.cfg instead.");
   if (!manager->getQmrkCfgFilePath(path, GENERIC_CA, true)) return false;
   _ca = GENERIC_CA;
+  FoundConfiguration::noteCheckedPath(path);
   if (exists(path)) return checkExistingFile(path, _ca, _caller);
   return handleMissingFile(path, _ca, _caller);
 }

@@ -4,6 +4,7 @@
 #include <memory>
 #include <utility>
 
+#include "control/listener_status.h"
 #include "control/listener_trace.h"
 #include "control/wait_result_line.h"
 #include "platform/cancellation.h"
@@ -14,6 +15,7 @@
 #include "trace/trace_line.h"
 
 using Quillmark_logging::boolName;
+using Quillmark_logging::ListenerStatus;
 using Quillmark_logging::traceError;
 using Quillmark_logging::traceOut;
 
@@ -39,6 +41,7 @@ void store(Value& _field, Value _value) {
 // The termination of the thread passes, because it is none.
 void traceException(const std::exception& _exception) {
   traceError("<!= LogEventHandler::Listen4EventThread() ERROR: ", _exception.what());
+  ListenerStatus::showFailure("exception: ", _exception.what(), platform::noError);
 }
 
 void updateAndGoOn() {
@@ -75,6 +78,7 @@ LogEventHandler::~LogEventHandler() {
   if (threadHandle_ != nullptr) {
     if (platform::waitForThread(threadHandle_, timeout_) == platform::waitTimeout) {
       platform::terminateThread(threadHandle_, terminated);
+      ListenerStatus::showEnd(threadId_);
     }
     closeHandle(threadHandle_);
   }
@@ -84,6 +88,7 @@ LogEventHandler::~LogEventHandler() {
 
 bool LogEventHandler::createWorkerThread() {
   if (isCreated() != 0) return false;
+  ListenerStatus::showCa();
   // The new thread frees the box. When there is none, the box is left alone.
   auto* box = new LogEventHandler*(this);
   std::uint32_t id = threadId_;
@@ -132,16 +137,20 @@ Quillmark_logging::dword LogEventHandler::listen4EventThread(void* /*_argument*/
     // The name as it is now, which another thread may have set meanwhile.
     traceError("<!= LogEventHandler::Listen4EventThread() ERROR: Failed to create event \"", load(logEventName_),
                "\", GetLastError=", error);
+    ListenerStatus::showNoStart(eventName, error);
     return noEvent;
   }
+  ListenerStatus shown(eventName, event);
   while (load(listenForEventState_)) {
     try {
       const std::uint32_t result = platform::waitForEvent(event, platform::waitForever);
       traceOut(Quillmark_logging::waitResultLine(result));
       if (result == platform::waitObject) {
+        shown.showUpdate();
         updateAndGoOn();
         // After the update on purpose: one update is enough for all settings until here.
         resetEvent(event);
+        shown.showWait();
       }
     } catch (const std::exception& exception) {
       traceException(exception);

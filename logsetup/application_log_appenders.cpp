@@ -5,6 +5,7 @@
 #include "logsetup/class_list.h"
 #include "logsetup/log_manager_binding.h"
 #include "logsetup/rotation_settings.h"
+#include "logsetup/set_up_status.h"
 #include "logsetup/succeeding_appender.h"
 #include "logsetup/ts_mode.h"
 #include "quillmark_logging_names.h"
@@ -16,10 +17,11 @@ namespace {
 
 // @param _makeAppender is called for each pattern, with it.
 template <class MakeAppender>
-void connectPatterns(const std::string& _logLevel, const char* _name, MakeAppender _makeAppender) {
+void connectPatterns(const std::string& _logLevel, const char* _name, const std::string& _file,
+                     MakeAppender _makeAppender) {
   const auto connect = [&](const std::string& _spec) {
     deleteAppender(_spec, _name);
-    addAppender(_spec, threadSafeIfConfigured(_makeAppender(_spec)), _name, callableIndex);
+    addAppender(_spec, threadSafeIfConfigured(_makeAppender(_spec), _file), _name, callableIndex);
   };
   if (_logLevel.find(';') == std::string::npos) {
     connect(_logLevel);
@@ -40,11 +42,13 @@ void connectApplicationLogs(const std::string& _logLevel, const std::string& _fi
     traceLine("--- Quillmark_logging::createApplicationSpecificLogFile() Log rotation is disabled.\r\n");
     // Its copies share the file, which is emptied by the first message of any pattern, and by no other one.
     boost::logging::write_to_file writer(_file, _overWrite);
-    connectPatterns(_logLevel, APPENDER_COUT_APPL_SPEC, [&writer](const std::string&) { return writer; });
+    SetUpStatus::noteFile(_file, status::FileKind::plain);
+    connectPatterns(_logLevel, APPENDER_COUT_APPL_SPEC, _file, [&writer](const std::string&) { return writer; });
     return;
   }
   const RotationSettings settings = readRotationSettings(_ca);
-  connectPatterns(_logLevel, APPENDER_COUT_ROLLING_APPL_SPEC, [&](const std::string& _spec) {
+  SetUpStatus::noteFile(_file, status::FileKind::rolling);
+  connectPatterns(_logLevel, APPENDER_COUT_ROLLING_APPL_SPEC, _file, [&](const std::string& _spec) {
     return SucceedingAppender(_file, oneLessThan(settings.fileLimit), oneLessThan(settings.nrOfFiles), _spec);
   });
 }

@@ -32,7 +32,8 @@ struct logfile {
   /// Closes what is open, and opens the file that has the name by now, for appending.
   void reopen();
 
-  /// Writes the message as it is and flushes the stream, whatever its state. All output goes this way.
+  /// Writes the message as it is, at once. One that is lost is noted for the status page, and reported by nothing else.
+  /// All output goes this way.
   void write(const std::string& _msg);
 
   /// The position of the stream: how many bytes of the file come before it, -1 when the stream is closed or has failed.

@@ -30,6 +30,9 @@ class OutputFileStream : public std::ostream {
   // NOLINTNEXTLINE(readability-identifier-naming): the name that it has in std::ofstream.
   bool is_open() const { return buffer_.file.isOpen(); }
 
+  /// Why the latest opening or writing failed.
+  platform::ErrorCode error() const { return buffer_.file.error(); }
+
  private:
   struct Buffer : std::streambuf {
     int_type overflow(int_type _character) override;

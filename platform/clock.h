@@ -21,6 +21,9 @@ struct LocalTime {
 /// The wall clock in milliseconds since 1970-01-01 00:00 UTC.
 std::int64_t wallClockMilliseconds();
 
+/// The same in nanoseconds, as exactly as the system has it.
+std::int64_t wallClockNanoseconds();
+
 /// A clock that never goes back, in milliseconds from an unnamed start.
 std::int64_t steadyMilliseconds();
 

@@ -38,6 +38,7 @@ enum class Call {
   setEvent,
   resetEvent,
   closeHandle,
+  createStatusPage,
   moduleVersion,
 };
 

@@ -36,6 +36,10 @@ bool setEvent(Handle _event);
 /// @return false when the handle is not an open one of an event (lastError: 6).
 bool resetEvent(Handle _event);
 
+/// How often the event was set since somebody began to use it, for people: on Linux modulo 2^31, and without lastError;
+/// on Windows, where the system does not tell, 0.
+std::uint32_t settingsOf(Handle _event);
+
 /// WaitForSingleObject on an event: waits until it is set. On Linux this is the only place where a thread made by
 /// createThread can be terminated, even if the event is already set. The stack is then unwound from here, so no frame
 /// above may be noexcept or swallow everything it catches.

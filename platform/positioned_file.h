@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string>
 
+#include "platform/errors.h"
+
 namespace platform {
 
 /// A log file with a position of its own, for one process. Text is written at the position, wherever others write, or
@@ -37,11 +39,17 @@ class PositionedFile {
   /// @return whether all was written. After a failure, a part may have been.
   bool write(const char* _text, std::size_t _size);
 
+  /// Why the latest failing open or write failed; noError when none has.
+  ErrorCode error() const { return error_; }
+
   /// How many bytes of the file come before the position; -1 when nothing is open or the system does not say.
   std::int64_t position();
 
  private:
+  bool fails(ErrorCode _error);
+
   int file_ = -1;
+  ErrorCode error_ = noError;
   /// Linux: whether the position can be counted, because nobody else moves it, and the count.
   bool isCounted_ = false;
   std::int64_t counted_ = 0;

@@ -13,6 +13,7 @@ namespace {
 
 constexpr std::int64_t millisecondsPerSecond = 1000;
 constexpr std::int64_t nanosecondsPerMillisecond = 1000000;
+constexpr std::int64_t nanosecondsPerSecond = 1000000000;
 
 // The C library keeps the time zone under a lock, which a fork leaves held in the child when another thread has it. So
 // no thread of ours may be inside at that moment.
@@ -34,6 +35,12 @@ std::int64_t read(clockid_t _clock) {
 }  // namespace
 
 std::int64_t wallClockMilliseconds() { return read(CLOCK_REALTIME); }
+
+std::int64_t wallClockNanoseconds() {
+  timespec now{};
+  if (::clock_gettime(CLOCK_REALTIME, &now) != 0) return 0;
+  return static_cast<std::int64_t>(now.tv_sec) * nanosecondsPerSecond + now.tv_nsec;
+}
 
 std::int64_t steadyMilliseconds() { return read(CLOCK_MONOTONIC); }
 

@@ -31,6 +31,8 @@ void setEventWord(std::uint32_t* _word) {
 
 void resetEventWord(std::uint32_t* _word) { Word(*_word).fetch_and(~setBit); }
 
+std::uint32_t countSettings(std::uint32_t* _word) { return Word(*_word).load() / generationStep; }
+
 void wakeEventWaiters(std::uint32_t* _word) { ::syscall(SYS_futex, _word, FUTEX_WAKE, INT_MAX, nullptr, nullptr, 0); }
 
 EventWatch::EventWatch(std::uint32_t* _word)

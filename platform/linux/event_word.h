@@ -13,6 +13,9 @@ namespace platform {
 void setEventWord(std::uint32_t* _word);
 void resetEventWord(std::uint32_t* _word);
 
+/// The generation, as a number that grows by 1.
+std::uint32_t countSettings(std::uint32_t* _word);
+
 /// Wakes every thread of every process that sleeps on the word. The word does not change: a waiter that is not let
 /// through sleeps again.
 void wakeEventWaiters(std::uint32_t* _word);

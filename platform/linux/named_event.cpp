@@ -37,12 +37,12 @@ class NamedEvent : public HandleTarget {
 
   void outliveOwner() override { keepEvent(name_, heldFile()); }
 
- private:
   std::shared_ptr<EventFile> heldFile() {
     const std::lock_guard<std::mutex> lock(mutex_);
     return file_;
   }
 
+ private:
   const std::string name_;
   std::mutex mutex_;
   std::shared_ptr<EventFile> file_;
@@ -120,6 +120,11 @@ bool resetEvent(Handle _event) {
   if (event == nullptr) return false;
   resetEventWord(event->file()->word());
   return true;
+}
+
+std::uint32_t settingsOf(Handle _event) {
+  const auto event = HandleTable::instance().find<NamedEvent>(_event);
+  return event != nullptr ? countSettings(event->heldFile()->word()) : 0;
 }
 
 std::uint32_t waitForEvent(Handle _event, std::uint32_t _milliseconds) {

@@ -4,9 +4,11 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <utility>
 
 #include "platform/fault.h"
+#include "platform/linux/errno_code.h"
 #include "platform/linux/file_descriptor.h"
 #include "platform/linux/file_write.h"
 #include "platform/linux/fork_count.h"
@@ -15,11 +17,11 @@
 namespace platform {
 
 bool PositionedFile::open(const std::string& _path, Mode _mode) {
-  if (injectedFault(Call::openForWriting) != noError) return false;
+  if (const ErrorCode fault = injectedFault(Call::openForWriting); fault != noError) return fails(fault);
   const int flags = O_WRONLY | O_CREAT | (_mode == Mode::truncate ? O_TRUNC : O_APPEND);
   FileDescriptor file(openFile(_path, flags, FileRole::log));
   // Appending alone would leave the position at 0 until the first byte is written.
-  if (!file.isOpen() || ::lseek(file.get(), 0, SEEK_END) == -1) return false;
+  if (!file.isOpen() || ::lseek(file.get(), 0, SEEK_END) == -1) return fails(errnoCode(errno));
   file_ = file.release();
   isCounted_ = _mode == Mode::truncate;
   counted_ = 0;
@@ -39,13 +41,18 @@ bool PositionedFile::close() {
 bool PositionedFile::write(const char* _text, std::size_t _size) {
   std::size_t done = 0;
   while (done < _size) {
-    if (injectedFault(Call::write) != noError) return false;
+    if (const ErrorCode fault = injectedFault(Call::write); fault != noError) return fails(fault);
     const ssize_t written = writeToFile(file_, _text + done, _size - done);
-    if (written <= 0) return false;
+    if (written <= 0) return fails(errnoCode(errno));
     done += static_cast<std::size_t>(written);
     counted_ += written;
   }
   return true;
+}
+
+bool PositionedFile::fails(ErrorCode _error) {
+  error_ = _error;
+  return false;
 }
 
 // To ask costs a call of the system.

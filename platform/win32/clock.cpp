@@ -9,6 +9,7 @@ namespace {
 
 // A FILETIME counts steps of 100 ns since 1601-01-01 00:00 UTC.
 constexpr std::int64_t stepsPerMillisecond = 10000;
+constexpr std::int64_t nanosecondsPerStep = 100;
 constexpr std::int64_t millisecondsFrom1601To1970 = 11644473600000;
 constexpr std::int64_t millisecondsPerSecond = 1000;
 
@@ -24,6 +25,13 @@ std::int64_t wallClockMilliseconds() {
   ::GetSystemTimeAsFileTime(&now);
   const std::int64_t steps = static_cast<std::int64_t>(now.dwHighDateTime) << 32 | now.dwLowDateTime;
   return steps / stepsPerMillisecond - millisecondsFrom1601To1970;
+}
+
+std::int64_t wallClockNanoseconds() {
+  FILETIME now{};
+  ::GetSystemTimeAsFileTime(&now);
+  const std::uint64_t steps = std::uint64_t{now.dwHighDateTime} << 32U | now.dwLowDateTime;
+  return (static_cast<std::int64_t>(steps) - millisecondsFrom1601To1970 * stepsPerMillisecond) * nanosecondsPerStep;
 }
 
 std::int64_t steadyMilliseconds() {

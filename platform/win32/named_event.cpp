@@ -29,6 +29,8 @@ bool setEvent(Handle _event) { return mayCall(Call::setEvent) && ::SetEvent(_eve
 
 bool resetEvent(Handle _event) { return mayCall(Call::resetEvent) && ::ResetEvent(_event) == TRUE; }
 
+std::uint32_t settingsOf(Handle /*_event*/) { return 0; }
+
 std::uint32_t waitForEvent(Handle _event, std::uint32_t _milliseconds) {
   return mayCall(Call::waitEvent) ? ::WaitForSingleObject(_event, _milliseconds) : waitResultOfFault(::GetLastError());
 }

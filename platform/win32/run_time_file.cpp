@@ -30,7 +30,10 @@ HANDLE handleOfRunTimeFile(int _file) { return reinterpret_cast<HANDLE>(::_get_o
 bool writeToRunTimeFile(int _file, const char* _text, std::size_t _size) {
   std::size_t done = 0;
   while (done < _size) {
-    if (injectedFault(Call::write) != noError) return false;
+    if (const ErrorCode fault = injectedFault(Call::write); fault != noError) {
+      ::SetLastError(fault);
+      return false;
+    }
     const auto size = static_cast<unsigned int>(std::min(_size - done, largestWrite));
     const int written = ::_write(_file, _text + done, size);
     if (written <= 0) return false;

@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+#include "logsetup/set_up_status.h"
+
+#include <exception>
+#include <utility>
+
+#include "logsetup/status_contents.h"
+#include "platform/cancellation.h"
+#include "trace/trace_flags.h"
+
+namespace Quillmark_logging {
+namespace {
+
+using status::Failure;
+using status::Result;
+
+SetUpStatus*& outermost() noexcept {
+  static thread_local constinit SetUpStatus* found = nullptr;
+  return found;
+}
+
+void setFailure(SetUpStatus::Outcome& _outcome, Failure _failure, const char* _text, const std::string& _subject) {
+  _outcome.result = Result::failed;
+  _outcome.failure = _failure;
+  _outcome.error = _text + _subject;
+}
+
+}  // namespace
+
+template <class Note>
+void SetUpStatus::note(Note _note) noexcept {
+  SetUpStatus* const call = outermost();
+  if (call == nullptr) return;
+  try {
+    _note(call->notes_);
+  } catch (...) {
+    // No memory.
+  }
+}
+
+SetUpStatus::SetUpStatus(status::Call _call) noexcept : outer_(outermost()), exceptions_(std::uncaught_exceptions()) {
+  if (outer_ != nullptr) return;
+  outermost() = this;
+  notes_.call = _call;
+}
+
+SetUpStatus::~SetUpStatus() {
+  if (outer_ != nullptr) return;
+  outermost() = nullptr;
+  const platform::CancellationDelay delay;
+  if (std::uncaught_exceptions() > exceptions_) {
+    notes_.outcome.result = Result::failed;
+    notes_.outcome.failure = Failure::exception;
+    notes_.outcome.error.clear();
+    notes_.update = {};
+    notes_.classes.reset();
+  }
+  showSetUp(notes_, found_);
+}
+
+void SetUpStatus::noteSource(status::CaSource _source) noexcept {
+  note([&](Notes& _notes) {
+    if (_notes.source == status::CaSource::unknown) _notes.source = _source;
+  });
+}
+
+void SetUpStatus::noteAsked(const std::string& _ca) noexcept {
+  note([&](Notes& _notes) { _notes.asked = _ca; });
+}
+
+void SetUpStatus::noteInEffect(const std::string& _ca, const std::string& _cfgPath) noexcept {
+  note([&](Notes& _notes) {
+    _notes.checkedCa = _ca;
+    _notes.cfgPath = _cfgPath;
+  });
+}
+
+void SetUpStatus::noteApplication(const std::string& _name) noexcept {
+  note([&](Notes& _notes) { _notes.application = _name; });
+}
+
+void SetUpStatus::noteUnregistered(const std::string& _name) noexcept {
+  note([&](Notes& _notes) { _notes.unregistered = _name; });
+}
+
+void SetUpStatus::noteCommonLog(const std::string& _path) noexcept {
+  note([&](Notes& _notes) { _notes.commonLog = _path; });
+}
+
+void SetUpStatus::noteFile(const std::string& _path, status::FileKind _kind) noexcept {
+  note([&](Notes& _notes) { _notes.files.push_back({_path, _kind, tsMode() ? status::hasOwnThread : 0}); });
+}
+
+void SetUpStatus::noteFilter(const std::string& _filter) noexcept {
+  note([&](Notes& _notes) { _notes.filter = _filter; });
+}
+
+void SetUpStatus::noteClasses(const std::string& _text) noexcept {
+  note([&](Notes& _notes) {
+    _notes.update = {Result::done, Failure::none, ""};
+    _notes.classes = _text;
+  });
+}
+
+void SetUpStatus::notePattern(const std::string& _pattern) noexcept {
+  note([&](Notes& _notes) { _notes.pattern = _pattern; });
+}
+
+void SetUpStatus::noteFailure(Failure _failure, const char* _text, const std::string& _subject) noexcept {
+  note([&](Notes& _notes) { setFailure(_notes.outcome, _failure, _text, _subject); });
+}
+
+void SetUpStatus::noteUpdateFailure(Failure _failure, const char* _text, const std::string& _subject) noexcept {
+  note([&](Notes& _notes) { setFailure(_notes.update, _failure, _text, _subject); });
+}
+
+void SetUpStatus::noteDone() noexcept {
+  note([](Notes& _notes) { _notes.outcome = {Result::done, Failure::none, ""}; });
+}
+
+}  // namespace Quillmark_logging
