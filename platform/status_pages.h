@@ -43,6 +43,9 @@ struct StatusPageCopy {
   /// 50 ms.
   ErrorCode error = noError;
   std::string bytes;
+  /// Whether the process has the page in its memory; a program that was started in its place (exec) has not. Nothing
+  /// when that cannot be found out.
+  std::optional<bool> isInUse;
 };
 
 /// What is no file of the owner, of the right size and closed to others.

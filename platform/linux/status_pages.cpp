@@ -15,6 +15,7 @@
 
 #include "platform/linux/errno_code.h"
 #include "platform/linux/file_descriptor.h"
+#include "platform/linux/mapped_file.h"
 #include "platform/linux/process_names.h"
 
 namespace platform {
@@ -102,7 +103,7 @@ struct UserFolder {
 };
 
 ErrorCode copyPage(const UserFolder& _folder, const std::string& _name, const StatusPageForm& _form,
-                   std::string& _bytes) {
+                   StatusPageCopy& _copy) {
   const FileDescriptor file(
       ::openat(_folder.pages.get(), _name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
   if (!file.isOpen()) return errno == ELOOP || errno == ENXIO ? errorNotTrusted : errnoCode(errno);
@@ -110,7 +111,9 @@ ErrorCode copyPage(const UserFolder& _folder, const std::string& _name, const St
   if (::fstat(file.get(), &status) != 0) return errnoCode(errno);
   const bool isTrusted = S_ISREG(status.st_mode) && status.st_uid == _folder.owner &&
                          (status.st_mode & othersBits) == 0 && status.st_size == static_cast<off_t>(_form.size);
-  return isTrusted ? copyWhole(file.get(), _form, _bytes) : errorNotTrusted;
+  if (!isTrusted) return errorNotTrusted;
+  _copy.isInUse = mapsFile(_copy.processId, status.st_dev, status.st_ino);
+  return copyWhole(file.get(), _form, _copy.bytes);
 }
 
 // noError with closed pages when there are none.
@@ -147,7 +150,7 @@ void addPages(int _sharedMemory, const std::string& _name, const StatusPagePlace
     added.path += "/apps/" + page;
     added.pageProcessId = numberOfName(page).value_or(0);
     added.processId = names.processId(added.pageProcessId);
-    added.error = copyPage(folder, page, _form, added.bytes);
+    added.error = copyPage(folder, page, _form, added);
     if (added.error != noError) added.bytes.clear();
     // It was removed meanwhile.
     if (added.error == errorPathNotFound) _copies.pop_back();

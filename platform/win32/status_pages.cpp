@@ -73,6 +73,7 @@ std::vector<StatusPageCopy> copyStatusPages(const StatusPagePlace& /*_place*/, c
     void* const page = ::MapViewOfFile(section, FILE_MAP_READ, 0, 0, _form.size);
     copy.error = page != nullptr ? copyWhole(static_cast<const char*>(page), _form, copy.bytes) : errorNotTrusted;
     if (copy.error != noError) copy.bytes.clear();
+    copy.isInUse = true;
     if (page != nullptr) ::UnmapViewOfFile(page);
     ::CloseHandle(section);
     copies.push_back(copy);

@@ -47,7 +47,10 @@ FoundProcess examine(const platform::StatusPagePlace& _place, const platform::St
     found.processId = 0;
     found.state = PageState::live;
   } else {
-    found.state = runs(found.processId, found.status->startTime) ? PageState::live : PageState::stale;
+    // One that names no program is not the library's, and need not be in use as the library's are.
+    const bool isLeft = !found.status->program.text.empty() && !_copy.isInUse.value_or(true);
+    const bool isLive = !isLeft && runs(found.processId, found.status->startTime);
+    found.state = isLive ? PageState::live : PageState::stale;
   }
   return found;
 }

@@ -13,7 +13,7 @@ namespace qmrkctl {
 
 enum class PageState {
   live,        ///< the process runs
-  stale,       ///< the process was killed
+  stale,       ///< the process was killed, or runs another program now (Linux: exec)
   denied,      ///< the caller may not look at it
   notTrusted,  ///< something else stands in place of a page or of the folder of pages
   busy,        ///< the process was stopped or killed while it wrote the page
