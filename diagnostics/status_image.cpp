@@ -64,7 +64,7 @@ void StatusImage::putFiles(const std::vector<FileValues>& _files) {
     put(base + fileFailedAt.offset, fileFailedAt.size, static_cast<std::uint64_t>(file.failedAt));
     put(base + fileHeld.offset, fileHeld.size, file.held);
     put(base + fileError.offset, fileError.size, file.error);
-    textAt(base + filePath.offset, filePath.size, file.path);
+    textAt(base + filePath.offset, filePath.size, file.path, file.path.size());
   }
   number(filesUsed, count);
   number(filesLeftOut, _files.size() - count);
@@ -90,11 +90,13 @@ void StatusImage::put(std::size_t _offset, std::size_t _size, std::uint64_t _val
   std::memcpy(reinterpret_cast<char*>(words_.data()) + _offset, &_value, _size);
 }
 
-void StatusImage::textAt(std::size_t _offset, std::size_t _size, std::string_view _text) {
-  const std::size_t stored = std::min(_text.size(), _size - textHead);
+void StatusImage::textAt(std::size_t _offset, std::size_t _size, std::string_view _beginning, std::size_t _wholeSize) {
+  const std::size_t stored = std::min(_beginning.size(), _size - textHead);
   put(_offset, 4, stored);
-  put(_offset + 4, 4, std::min<std::size_t>(_text.size(), 0xFFFFFFFF));
-  if (stored > 0) std::memcpy(reinterpret_cast<char*>(words_.data()) + _offset + textHead, _text.data(), stored);
+  put(_offset + 4, 4, std::min<std::size_t>(_wholeSize, 0xFFFFFFFF));
+  if (stored > 0) {
+    std::memcpy(reinterpret_cast<char*>(words_.data()) + _offset + textHead, _beginning.data(), stored);
+  }
 }
 
 }  // namespace Quillmark_logging::status

@@ -25,7 +25,12 @@ class StatusImage {
   StatusImage();
 
   void number(const Field& _field, std::uint64_t _value) { put(_field.offset, _field.size, _value); }
-  void text(const Field& _field, std::string_view _text) { textAt(_field.offset, _field.size, _text); }
+  void text(const Field& _field, std::string_view _text) { text(_field, _text, _text.size()); }
+
+  /// The beginning of a text of that size; at least as much of it as there is room for.
+  void text(const Field& _field, std::string_view _beginning, std::size_t _wholeSize) {
+    textAt(_field.offset, _field.size, _beginning, _wholeSize);
+  }
 
   /// @param _leftOut how many entries the caller has left out itself.
   void list(const Field& _field, const std::vector<Entry>& _entries, std::uint32_t _leftOut = 0);
@@ -39,7 +44,7 @@ class StatusImage {
 
  private:
   void put(std::size_t _offset, std::size_t _size, std::uint64_t _value);
-  void textAt(std::size_t _offset, std::size_t _size, std::string_view _text);
+  void textAt(std::size_t _offset, std::size_t _size, std::string_view _beginning, std::size_t _wholeSize);
 
   std::vector<std::uint64_t> words_;
 };

@@ -4,6 +4,7 @@
 #include <exception>
 #include <utility>
 
+#include "diagnostics/status_page_layout.h"
 #include "logsetup/status_contents.h"
 #include "platform/cancellation.h"
 #include "trace/trace_flags.h"
@@ -23,6 +24,10 @@ void setFailure(SetUpStatus::Outcome& _outcome, Failure _failure, const char* _t
   _outcome.result = Result::failed;
   _outcome.failure = _failure;
   _outcome.error = _text + _subject;
+}
+
+SetUpStatus::LongText longText(const std::string& _text, const status::Field& _field) {
+  return {_text.substr(0, _field.size), _text.size(), status::hashOf(_text)};
 }
 
 }  // namespace
@@ -92,13 +97,13 @@ void SetUpStatus::noteFile(const std::string& _path, status::FileKind _kind) noe
 }
 
 void SetUpStatus::noteFilter(const std::string& _filter) noexcept {
-  note([&](Notes& _notes) { _notes.filter = _filter; });
+  note([&](Notes& _notes) { _notes.filter = longText(_filter, status::filter); });
 }
 
 void SetUpStatus::noteClasses(const std::string& _text) noexcept {
   note([&](Notes& _notes) {
     _notes.update = {Result::done, Failure::none, ""};
-    _notes.classes = _text;
+    _notes.classes = longText(_text, status::classText);
   });
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -41,6 +42,13 @@ class SetUpStatus {
   static void noteUpdateFailure(status::Failure _failure, const char* _text, const std::string& _subject) noexcept;
   static void noteDone() noexcept;
 
+  /// As much of a long text as the page has room for.
+  struct LongText {
+    std::string beginning;
+    std::size_t wholeSize = 0;
+    std::uint64_t hash = 0;
+  };
+
   struct Outcome {
     status::Result result = status::Result::none;
     status::Failure failure = status::Failure::none;
@@ -57,8 +65,8 @@ class SetUpStatus {
     std::optional<std::string> unregistered;
     std::optional<std::string> commonLog;
     std::vector<status::FileValues> files;
-    std::optional<std::string> filter;
-    std::optional<std::string> classes;
+    std::optional<LongText> filter;
+    std::optional<LongText> classes;
     std::string pattern;
     Outcome outcome;
     Outcome update;

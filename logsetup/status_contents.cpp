@@ -111,7 +111,7 @@ void putOutcome(const Notes& _notes, StatusImage& _image) {
   putOneOf(_image, status::setUpFailure, _notes.outcome.failure);
   _image.text(status::setUpError, _notes.outcome.error);
   if (_notes.commonLog) _image.text(status::commonLogPath, *_notes.commonLog);
-  if (_notes.filter) _image.text(status::filter, *_notes.filter);
+  if (_notes.filter) _image.text(status::filter, _notes.filter->beginning, _notes.filter->wholeSize);
 }
 
 void putUpdate(const Notes& _notes, const FoundConfiguration& _found, StatusImage& _image) {
@@ -124,8 +124,8 @@ void putUpdate(const Notes& _notes, const FoundConfiguration& _found, StatusImag
   if (!_notes.classes) return;
   _image.number(status::classGeneration, ++formerCalls().classGeneration);
   _image.number(status::classesAt, now());
-  _image.number(status::classHash, status::hashOf(*_notes.classes));
-  _image.text(status::classText, *_notes.classes);
+  _image.number(status::classHash, _notes.classes->hash);
+  _image.text(status::classText, _notes.classes->beginning, _notes.classes->wholeSize);
   _image.text(status::classCa, caOfPath(_found.initPath()));
   _image.number(status::ownChange, 0);
   _image.number(status::ownChangeAt, 0);

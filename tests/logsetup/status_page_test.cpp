@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <string>
 
 #include "platform/clock.h"
 #include "quillmark_logging.h"
-#include "tests/logsetup/log_set_up.h"
-#include "tests/logsetup/own_status.h"
+#include "tests/logsetup/page_of_set_up.h"
 #include "tests/support/fault_plan.h"
-#include "tests/support/private_events.h"
 
 namespace {
 
@@ -18,43 +15,7 @@ using qmrkctl::ProcessStatus;
 using testsupport::FaultPlan;
 using testsupport::ownStatus;
 
-class StatusPage : public testsupport::LogSetUp {
- protected:
-  static void SetUpTestSuite() { testsupport::usePrivateEvents(); }
-
-  StatusPage() {
-    sandbox_.writeInit("CA12", "Def.a;\n");
-    writeCfg("CA12", "LOG_STATE=TRUE\n");
-  }
-
-  void writeCfg(const std::string& _ca, const std::string& _keys) const {
-    sandbox_.writeCfg(_ca, "COMMON_LOG_FILE_NAME=common.log\nCOMMON_LOG_FILE_FILTER=Def.a;Def.b;\n" + _keys);
-  }
-
-  std::string commonLog() const { return sandbox_.logFolder() + "\\common.log"; }
-
-  static void expectFailure(status::Failure _failure, const std::string& _error) {
-    const ProcessStatus process = ownStatus();
-    EXPECT_EQ(process.setUp.result, status::Result::failed);
-    EXPECT_EQ(process.setUp.failure, _failure);
-    EXPECT_EQ(process.setUp.error.text, _error);
-  }
-
-  static qmrkctl::LogFileStatus fileOf(const std::string& _path) {
-    for (const qmrkctl::LogFileStatus& file : ownStatus().files) {
-      if (file.path.text == _path) return file;
-    }
-    ADD_FAILURE() << "no file " << _path;
-    return {};
-  }
-
-  static bool isShownOn(const std::string& _log) {
-    const auto logs = ownStatus().classes.logs;
-    const auto log = std::find_if(logs.begin(), logs.end(), [&](const auto& _one) { return _one.name == _log; });
-    EXPECT_NE(log, logs.end()) << _log;
-    return log != logs.end() && log->isOn;
-  }
-};
+using StatusPage = testsupport::PageOfSetUp;
 
 TEST_F(StatusPage, IsNotThereBeforeASetUp) { EXPECT_TRUE(testsupport::showsNothing()); }
 
@@ -252,72 +213,6 @@ TEST_F(StatusPage, TellsWhatTheApplicationSwitchesItself) {
   ASSERT_TRUE(updateLogLevels("CA12"));
   EXPECT_EQ(ownStatus().classes.ownChange, status::Call::none);
   EXPECT_FALSE(ownStatus().classes.ownChangeAt);
-}
-
-// ---- Files ----
-
-TEST_F(StatusPage, TellsOfTheFiles) {
-  ASSERT_TRUE(initDefaultLogs("App", "CA12", false));
-  ASSERT_TRUE(createApplicationSpecificLogFile("Def.a;", "plain", "CA12", false));
-  writeCfg("CA12", "LOG_STATE=TRUE\nSPEC_LOG_ROTATION=TRUE\n");
-  ASSERT_TRUE(createApplicationSpecificLogFile("Def.a;", "rolling", "CA12", false));
-  const std::string folder = sandbox_.logFolder() + "\\Application logs\\";
-  EXPECT_EQ(fileOf(commonLog()).kind, status::FileKind::common);
-  EXPECT_EQ(fileOf(folder + "plain_log.txt").kind, status::FileKind::plain);
-  EXPECT_EQ(fileOf(folder + "rolling_log.txt").kind, status::FileKind::rolling);
-  EXPECT_EQ(fileOf(commonLog()).lost, 0U);
-  EXPECT_FALSE(fileOf(commonLog()).failedAt);
-}
-
-TEST_F(StatusPage, TellsAtOnceWhatTheCommonLogLoses) {
-  ASSERT_TRUE(initDefaultLogs("App", "CA12", false));
-  {
-    const FaultPlan plan(platform::Call::append, 1, platform::errorDiskFull, 3);
-    for (int i = 0; i < 3; ++i)
-      log("Def.a", "lost");
-  }
-  const qmrkctl::LogFileStatus failing = fileOf(commonLog());
-  EXPECT_EQ(failing.lost, 3U);
-  EXPECT_EQ(failing.error, platform::errorDiskFull);
-  EXPECT_TRUE(failing.isFailing);
-  EXPECT_TRUE(failing.failedAt);
-  log("Def.a", "written");
-  EXPECT_FALSE(fileOf(commonLog()).isFailing);
-  EXPECT_EQ(fileOf(commonLog()).lost, 3U);
-}
-
-TEST_F(StatusPage, TellsAtOnceWhatARotatedLogLoses) {
-  writeCfg("CA12", "LOG_STATE=TRUE\nSPEC_LOG_ROTATION=TRUE\n");
-  ASSERT_TRUE(createApplicationSpecificLogFile("Def.a;", "rolling", "CA12", false));
-  const std::string path = sandbox_.logFolder() + "\\Application logs\\rolling_log.txt";
-  {
-    const FaultPlan plan(platform::Call::write, 1, platform::errorDiskFull, 1);
-    log("Def.a", "lost");
-  }
-  EXPECT_EQ(fileOf(path).lost, 1U);
-  EXPECT_EQ(fileOf(path).error, platform::errorDiskFull);
-  EXPECT_TRUE(fileOf(path).isFailing);
-  log("Def.a", "lost, as the stream has failed");
-  EXPECT_EQ(fileOf(path).lost, 2U);
-  ASSERT_TRUE(createApplicationSpecificLogFile("Def.a;", "rolling", "CA12", false));
-  EXPECT_FALSE(fileOf(path).isFailing);
-}
-
-TEST_F(StatusPage, TellsThatThreadsWriteTheFiles) {
-  setTsMode(true);
-  ASSERT_TRUE(initDefaultLogs("App", "CA12", false));
-  ASSERT_TRUE(createApplicationSpecificLogFile("Def.a;", "plain", "CA12", false));
-  EXPECT_TRUE(ownStatus().isThreadSafe);
-  EXPECT_TRUE(fileOf(commonLog()).hasOwnThread);
-  EXPECT_EQ(fileOf(commonLog()).held, 0U);
-}
-
-TEST_F(StatusPage, CountsFilesForWhichThereIsNoRoom) {
-  for (int i = 0; i < 20; ++i) {
-    ASSERT_TRUE(createApplicationSpecificLogFile("Def.a;", "file" + std::to_string(i), "CA12", false));
-  }
-  EXPECT_EQ(ownStatus().files.size(), 16U);
-  EXPECT_EQ(ownStatus().filesLeftOut, 4U);
 }
 
 // ---- When there is none ----

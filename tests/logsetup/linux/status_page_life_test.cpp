@@ -3,7 +3,6 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <pthread.h>
-#include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
@@ -13,15 +12,9 @@
 #include <cstdlib>
 #include <thread>
 
-#include "platform/linux/event_folder.h"
-#include "platform/linux/status_folder.h"
 #include "quillmark_logging.h"
-#include "tests/logsetup/log_set_up.h"
-#include "tests/logsetup/own_status.h"
-#include "tests/support/fault_plan.h"
-#include "tests/support/linux/file_size_limit.h"
+#include "tests/logsetup/linux/page_in_its_folder.h"
 #include "tests/support/linux/forked_child.h"
-#include "tests/support/linux/shared_memory_mount.h"
 
 namespace {
 
@@ -32,33 +25,7 @@ using testsupport::ownStatus;
 using testsupport::pageOf;
 using testsupport::SleepingChild;
 
-// Every test gets an empty /dev/shm.
-class StatusPageLife : public testsupport::LogSetUp {
- protected:
-  StatusPageLife() {
-    testsupport::mountSharedMemory("");
-    sandbox_.writeInit("CA12", "Def;");
-    sandbox_.writeCfg("CA12", "LOG_STATE=TRUE\nCOMMON_LOG_FILE_NAME=common.log\nCOMMON_LOG_FILE_FILTER=Def;\n");
-  }
-
-  static bool setUp() { return initDefaultLogs("App", "CA12", false); }
-  static std::string pathOf(int _process) { return platform::statusFolderPath() + "/" + std::to_string(_process); }
-  static std::string own() { return pathOf(::getpid()); }
-  static bool exists(const std::string& _path) { return ::access(_path.c_str(), F_OK) == 0; }
-  static testsupport::FaultPlan aFullDisk() { return {platform::Call::append, 1, platform::errorDiskFull, 1000}; }
-
-  static mode_t modeOf(const std::string& _path) {
-    struct stat status {};
-    EXPECT_EQ(::lstat(_path.c_str(), &status), 0) << _path;
-    return status.st_mode & 07777;
-  }
-
-  static void expectNoPage() {
-    EXPECT_TRUE(setUp());
-    EXPECT_TRUE(testsupport::showsNothing());
-    log("Def.a", "works all the same");
-  }
-};
+using StatusPageLife = testsupport::PageInItsFolder;
 
 TEST_F(StatusPageLife, BeginsForTheUserAloneUnderAnyUmask) {
   const mode_t former = ::umask(0777);
@@ -156,78 +123,6 @@ TEST_F(StatusPageLife, LetsChildrenBeForkedWhileItIsWritten) {
   }
   isOver = true;
   writer.join();
-}
-
-TEST_F(StatusPageLife, IsMadeAgainWhenItsFolderIsRemoved) {
-  ASSERT_TRUE(setUp());
-  ASSERT_EQ(::unlink(own().c_str()), 0);
-  ASSERT_EQ(::rmdir(platform::statusFolderPath().c_str()), 0);
-  ASSERT_EQ(::rmdir(platform::eventFolderPath().c_str()), 0);
-  ASSERT_TRUE(updateLogLevels("CA12"));
-  EXPECT_EQ(ownStatus().caInEffect, "CA12");
-}
-
-TEST_F(StatusPageLife, IsMadeAgainWhenAnotherFileTookItsPlace) {
-  ASSERT_TRUE(setUp());
-  testsupport::writeFile(own(), "not a page");
-  ASSERT_EQ(::unlink(own().c_str()), 0);
-  testsupport::writeFile(own(), "not a page");
-  ASSERT_TRUE(updateLogLevels("CA12"));
-  EXPECT_EQ(pageOf(::getpid()).state, PageState::live);
-}
-
-TEST_F(StatusPageLife, IsMissedByNobodyInAFullSharedMemory) {
-  for (const char* limits : {"size=4k", "size=8k", "nr_inodes=2", "nr_inodes=3"}) {
-    testsupport::mountSharedMemory(limits);
-    expectNoPage();
-    testsupport::unmountSharedMemory();
-  }
-}
-
-TEST_F(StatusPageLife, IsMissedByNobodyInAReadOnlySharedMemory) {
-  ASSERT_EQ(::mount(nullptr, "/dev/shm", nullptr, MS_REMOUNT | MS_RDONLY, nullptr), 0);
-  expectNoPage();
-}
-
-TEST_F(StatusPageLife, IsMissedByNobodyBeyondAFileSizeLimit) {
-  ASSERT_TRUE(setUp());
-  ASSERT_EQ(::unlink(own().c_str()), 0);
-  const testsupport::FileSizeLimit limit(1000);
-  EXPECT_TRUE(updateLogLevels("CA12"));
-  EXPECT_TRUE(testsupport::showsNothing());
-}
-
-TEST_F(StatusPageLife, TrustsNoForeignFolder) {
-  ASSERT_EQ(::mkdir(platform::eventFolderPath().c_str(), 0700), 0);
-  ASSERT_EQ(::mkdir(platform::statusFolderPath().c_str(), 0777), 0);
-  ASSERT_EQ(::chmod(platform::statusFolderPath().c_str(), 0777), 0);
-  expectNoPage();
-  ASSERT_EQ(::rmdir(platform::statusFolderPath().c_str()), 0);
-  ASSERT_EQ(::symlink("/tmp", platform::statusFolderPath().c_str()), 0);
-  expectNoPage();
-  EXPECT_FALSE(exists("/tmp/" + std::to_string(::getpid())));
-}
-
-TEST_F(StatusPageLife, FollowsNoLinkInItsPlace) {
-  const testsupport::TemporaryFolder elsewhere;
-  testsupport::writeFile(elsewhere.path() + "/victim", "untouched");
-  ASSERT_EQ(::mkdir(platform::eventFolderPath().c_str(), 0700), 0);
-  ASSERT_EQ(::mkdir(platform::statusFolderPath().c_str(), 0700), 0);
-  for (const char* name : {"", "."}) {
-    const std::string link = platform::statusFolderPath() + "/" + name + std::to_string(::getpid());
-    ASSERT_EQ(::symlink((elsewhere.path() + "/victim").c_str(), link.c_str()), 0);
-  }
-  ASSERT_TRUE(setUp());
-  EXPECT_EQ(testsupport::readFile(elsewhere.path() + "/victim"), "untouched");
-  EXPECT_EQ(pageOf(::getpid()).state, PageState::live);
-}
-
-TEST_F(StatusPageLife, IsNotMadeInPlaceOfAFolder) {
-  ASSERT_EQ(::mkdir(platform::eventFolderPath().c_str(), 0700), 0);
-  ASSERT_EQ(::mkdir(platform::statusFolderPath().c_str(), 0700), 0);
-  ASSERT_EQ(::mkdir(own().c_str(), 0700), 0);
-  expectNoPage();
-  EXPECT_FALSE(exists(platform::statusFolderPath() + "/." + std::to_string(::getpid())));
 }
 
 TEST_F(StatusPageLife, IsWholeForWhoReadsItWhileItIsWritten) {

@@ -56,6 +56,7 @@ BOOST_LOGGING_API void list_files(const boost::function<void(const file_state& /
 /// The function is called on the thread whose message it was, without a lock. It must not wait, since that thread is
 /// in a logging statement, nor throw. It may log, though the message may be lost too. As long as all goes well it is
 /// never called and costs nothing.
+/// The set-up library has an observer of its own, which shows the files on the status page.
 /// @param _observer takes the place of the former one; null for none.
 BOOST_LOGGING_API void observe_files(void (*_observer)());
 
