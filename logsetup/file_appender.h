@@ -27,7 +27,7 @@ class file_appender {
   /// What the log manager calls. The log name is ignored. Throws what write() throws.
   void operator()(const std::string& _logName, const std::string& _msg);
 
-  /// Writes the message as it is and flushes the stream, whatever its state.
+  /// Writes the message as it is, at once. One that is lost is only shown on the status page.
   virtual void write(const std::string& _msg);
 
  protected:

@@ -2,8 +2,10 @@
 #include "logsetup/status_contents.h"
 
 #include <algorithm>
+#include <atomic>
 #include <boost/logging/logging.hpp>
 #include <cctype>
+#include <cstdlib>
 #include <utility>
 
 #include "diagnostics/status_page.h"
@@ -147,11 +149,19 @@ void putLogs(const std::vector<Log>& _logs, StatusImage& _image) {
   _image.list(status::logs, entries);
 }
 
+// The log manager may stay when this library is unloaded.
+void observeFiles() {
+  static constinit std::atomic<bool> isObserving{false};
+  if (isObserving.exchange(true)) return;
+  boost::logging::observe_files(&showFiles);
+  std::atexit([] { boost::logging::observe_files(nullptr); });
+}
+
 }  // namespace
 
 void showSetUp(const Notes& _notes, const FoundConfiguration& _found) noexcept {
   try {
-    boost::logging::observe_files(&showFiles);
+    observeFiles();
     addFiles(_notes.files);
     const std::vector<status::FileValues> files = currentFiles();
     const std::vector<Log> logs = currentLogs();

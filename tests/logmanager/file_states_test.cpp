@@ -107,6 +107,8 @@ TEST_F(FileStates, ReportWhatWaitsForAThread) {
     toThread("", mebi);
   EXPECT_GE(stateOf(path_).held, 3 * mebi.size());
   wrapped.holdUp(false);
+  // The thread still uses what is destroyed here.
+  wrapped.waitForText(2 + 3 * mebi.size());
 }
 
 TEST_F(FileStates, KnowTheFileOfAWrappedWriteToFile) {
