@@ -32,12 +32,12 @@ Listeners& listeners() {
   return all;
 }
 
-std::uint64_t now() { return static_cast<std::uint64_t>(platform::wallClockNanoseconds()); }
+std::uint64_t listenerTime() { return static_cast<std::uint64_t>(platform::wallClockNanoseconds()); }
 
 void putState(StatusImage& _image, ListenerState _state) {
   _image.number(status::listenerState, static_cast<std::uint32_t>(_state));
   _image.number(status::listenerThreads, listeners().threads.size());
-  _image.number(status::listenerAt, now());
+  _image.number(status::listenerAt, listenerTime());
 }
 
 // An update follows the environment as it is then. Looked at where the application or the update look at it as well,
@@ -49,7 +49,7 @@ void putCa(StatusImage& _image) {
 }
 
 void putFailure(StatusImage& _image, const std::string& _text, platform::ErrorCode _error) {
-  _image.number(status::listenerFailedAt, now());
+  _image.number(status::listenerFailedAt, listenerTime());
   _image.number(status::listenerError, _error);
   _image.text(status::listenerFailure, _text);
 }

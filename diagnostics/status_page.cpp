@@ -19,9 +19,9 @@
 namespace Quillmark_logging::status {
 namespace {
 
-constexpr platform::StatusMapping::Form form{pageSize, pidNamespace.offset};
-constexpr int mostTries = 100;
-constexpr std::chrono::milliseconds betweenTries{1};
+constexpr platform::StatusMapping::Form pageForm{pageSize, pidNamespace.offset};
+constexpr int mostLockTries = 100;
+constexpr std::chrono::milliseconds betweenLockTries{1};
 
 struct Page {
   std::unique_ptr<StatusImage> image;
@@ -43,8 +43,8 @@ Page& page() {
 
 bool lockSoon(std::unique_lock<std::mutex>& _lock) {
   for (int tries = 1; !_lock.try_lock(); ++tries) {
-    if (tries >= mostTries) return false;
-    std::this_thread::sleep_for(betweenTries);
+    if (tries >= mostLockTries) return false;
+    std::this_thread::sleep_for(betweenLockTries);
   }
   return true;
 }
@@ -101,14 +101,14 @@ void show(Page& _page) {
     return;
   }
   if (_page.isOver) return;
-  _page.mapping = platform::StatusMapping::create(form);
+  _page.mapping = platform::StatusMapping::create(pageForm);
   if (_page.mapping == nullptr) return;
   _page.image->copyTo(_page.mapping->words());
   if (!_page.mapping->show()) _page.mapping.reset();
 }
 
 // At the latest when the library is loaded. The child's first call finds that the page is its parent's.
-[[maybe_unused]] const bool isRegistered = [] {
+[[maybe_unused]] const bool arePageForksWatched = [] {
   platform::registerForkHandlers([] { pageLock.lock(); }, [] { pageLock.unlock(); }, [] { pageLock.unlock(); });
   return true;
 }();

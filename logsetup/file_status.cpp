@@ -18,7 +18,7 @@ namespace {
 using status::FileValues;
 
 constexpr std::int64_t nanosecondsPerMillisecond = 1'000'000;
-constexpr std::size_t mostFiles = 1000;
+constexpr std::size_t mostKnownFiles = 1000;
 
 struct Files {
   /// In the order in which they were set up.
@@ -37,7 +37,7 @@ Files& files() {
 }
 
 // At the latest when the library is loaded.
-[[maybe_unused]] const bool isRegistered = [] {
+[[maybe_unused]] const bool areFileForksWatched = [] {
   platform::registerForkHandlers([] { filesLock.lock(); }, [] { filesLock.unlock(); }, [] { filesLock.unlock(); });
   return true;
 }();
@@ -90,7 +90,7 @@ void noteLostLine(const std::string& _path, platform::ErrorCode _error) noexcept
   try {
     const std::lock_guard<std::mutex> lock(filesLock);
     std::map<std::string, FileValues>& failures = files().failures;
-    const bool isListed = failures.size() < mostFiles || failures.contains(_path);
+    const bool isListed = failures.size() < mostKnownFiles || failures.contains(_path);
     FileValues& failure = failures[isListed ? _path : std::string()];
     ++failure.lost;
     failure.error = _error;
@@ -119,7 +119,7 @@ void addFiles(const std::vector<FileValues>& _files) {
     const auto place = placeOf(known, file.path);
     if (place != known.end()) {
       *place = file;
-    } else if (known.size() < mostFiles) {
+    } else if (known.size() < mostKnownFiles) {
       known.push_back(file);
     }
   }

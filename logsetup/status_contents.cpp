@@ -57,7 +57,7 @@ bool isSameCa(const std::string& _left, const std::string& _right) {
   return std::equal(_left.begin(), _left.end(), _right.begin(), _right.end(), isSame);
 }
 
-std::uint64_t now() { return static_cast<std::uint64_t>(platform::wallClockNanoseconds()); }
+std::uint64_t momentNow() { return static_cast<std::uint64_t>(platform::wallClockNanoseconds()); }
 
 template <class Enumeration>
 void putOneOf(StatusImage& _image, const status::Field& _field, Enumeration _value) {
@@ -108,7 +108,7 @@ void putConfiguration(const Notes& _notes, const FoundConfiguration& _found, Sta
 void putOutcome(const Notes& _notes, StatusImage& _image) {
   if (_notes.outcome.result == status::Result::none) return;
   putOneOf(_image, status::setUpCall, _notes.call);
-  _image.number(status::setUpAt, now());
+  _image.number(status::setUpAt, momentNow());
   putOneOf(_image, status::setUpResult, _notes.outcome.result);
   putOneOf(_image, status::setUpFailure, _notes.outcome.failure);
   _image.text(status::setUpError, _notes.outcome.error);
@@ -118,14 +118,14 @@ void putOutcome(const Notes& _notes, StatusImage& _image) {
 
 void putUpdate(const Notes& _notes, const FoundConfiguration& _found, StatusImage& _image) {
   if (_notes.update.result == status::Result::none) return;
-  _image.number(status::updateAt, now());
+  _image.number(status::updateAt, momentNow());
   putOneOf(_image, status::updateResult, _notes.update.result);
   putOneOf(_image, status::updateFailure, _notes.update.failure);
   _image.text(status::updateError, _notes.update.error);
   _image.text(status::initPath, _found.initPath());
   if (!_notes.classes) return;
   _image.number(status::classGeneration, ++formerCalls().classGeneration);
-  _image.number(status::classesAt, now());
+  _image.number(status::classesAt, momentNow());
   _image.number(status::classHash, _notes.classes->hash);
   _image.text(status::classText, _notes.classes->beginning, _notes.classes->wholeSize);
   _image.text(status::classCa, caOfPath(_found.initPath()));
@@ -137,7 +137,7 @@ void putUpdate(const Notes& _notes, const FoundConfiguration& _found, StatusImag
 void putOwnChange(const Notes& _notes, StatusImage& _image) {
   if (_notes.call < status::Call::enableAllLogs) return;
   putOneOf(_image, status::ownChange, _notes.call);
-  _image.number(status::ownChangeAt, now());
+  _image.number(status::ownChangeAt, momentNow());
   _image.text(status::ownPattern, _notes.pattern);
 }
 

@@ -20,24 +20,25 @@ namespace platform {
 namespace {
 
 constexpr char folderName[] = "apps";
-constexpr mode_t ownerOnly = 0700;
-constexpr mode_t permissionBits = 07777;
-constexpr int mostAttempts = 10;
+constexpr mode_t pagesFolderMode = 0700;
+constexpr mode_t folderModeBits = 07777;
+constexpr int mostFolderAttempts = 10;
 
 FileDescriptor openBelow(const FileDescriptor& _folder, const char* _name) {
   const int flags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
   return FileDescriptor(aboveStandardStreams(::openat(_folder.get(), _name, flags)));
 }
 
-bool isTrusted(const FileDescriptor& _folder) {
+bool isTrustedFolderOfPages(const FileDescriptor& _folder) {
   struct stat status {};
   return ::fstat(_folder.get(), &status) == 0 && status.st_uid == ::geteuid() &&
-         (status.st_mode & permissionBits) == ownerOnly;
+         (status.st_mode & folderModeBits) == pagesFolderMode;
 }
 
 // The umask may have taken bits away.
-void makeFolder(const FileDescriptor& _parent) {
-  if (::mkdirat(_parent.get(), folderName, ownerOnly) == 0) ::fchmodat(_parent.get(), folderName, ownerOnly, 0);
+void makeFolderOfPages(const FileDescriptor& _parent) {
+  if (::mkdirat(_parent.get(), folderName, pagesFolderMode) == 0)
+    ::fchmodat(_parent.get(), folderName, pagesFolderMode, 0);
 }
 
 // The process id of a name: that of a page, or of one that was not shown yet; 0 for any other.
@@ -64,16 +65,16 @@ bool isStale(const FileDescriptor& _folder, const char* _name, std::size_t _name
 std::string statusFolderPath() { return eventFolderPath() + "/" + folderName; }
 
 FileDescriptor openStatusFolder() {
-  for (int attempt = 0; attempt < mostAttempts; ++attempt) {
+  for (int attempt = 0; attempt < mostFolderAttempts; ++attempt) {
     const FileDescriptor parent = openEventFolder(true);
     if (!parent.isOpen() && errno != ENOENT) return FileDescriptor();
     if (!parent.isOpen()) continue;
     FileDescriptor folder = openBelow(parent, folderName);
     if (!folder.isOpen() && errno == ENOENT) {
-      makeFolder(parent);
+      makeFolderOfPages(parent);
       folder = openBelow(parent, folderName);
     }
-    if (folder.isOpen()) return isTrusted(folder) ? std::move(folder) : FileDescriptor();
+    if (folder.isOpen()) return isTrustedFolderOfPages(folder) ? std::move(folder) : FileDescriptor();
     // Somebody removes the folders meanwhile.
     if (errno != ENOENT) return FileDescriptor();
   }

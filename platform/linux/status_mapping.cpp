@@ -19,10 +19,10 @@
 namespace platform {
 namespace {
 
-constexpr mode_t ownerBits = 0600;
+constexpr mode_t pageMode = 0600;
 
 // Takes the memory now: with a full /dev/shm the first write to the mapping would otherwise be a SIGBUS.
-bool reserve(int _file, std::size_t _size) {
+bool reservePage(int _file, std::size_t _size) {
   BlockedSignal blocked(SIGXFSZ);
   int error = 0;
   do {
@@ -36,7 +36,7 @@ bool reserve(int _file, std::size_t _size) {
 FileDescriptor createFile(const FileDescriptor& _folder, const std::string& _name) {
   ::unlinkat(_folder.get(), _name.c_str(), 0);
   const int flags = O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
-  return FileDescriptor(aboveStandardStreams(::openat(_folder.get(), _name.c_str(), flags, ownerBits)));
+  return FileDescriptor(aboveStandardStreams(::openat(_folder.get(), _name.c_str(), flags, pageMode)));
 }
 
 }  // namespace
@@ -55,7 +55,8 @@ std::unique_ptr<StatusMapping> StatusMapping::create(const Form& _form) {
   if (!file.isOpen()) return nullptr;
   mapping->path_ = statusFolderPath() + "/" + name;
   // The umask may have taken bits away.
-  if (::fchmod(file.get(), ownerBits) != 0 || !reserve(file.get(), _form.size) || ::fstat(file.get(), &status) != 0) {
+  if (::fchmod(file.get(), pageMode) != 0 || !reservePage(file.get(), _form.size) ||
+      ::fstat(file.get(), &status) != 0) {
     ::unlinkat(folder.get(), name.c_str(), 0);
     return nullptr;
   }

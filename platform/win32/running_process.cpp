@@ -8,7 +8,7 @@
 namespace platform {
 namespace {
 
-constexpr DWORD longestPath = 32'768;
+constexpr DWORD longestProgramPath = 32'768;
 constexpr DWORD longestUserName = 257;
 
 }  // namespace
@@ -32,8 +32,8 @@ std::uint64_t startTimeOf(std::uint32_t _processId) {
 std::uint64_t processNamespace() { return 0; }
 
 std::string programPath() {
-  std::string path(longestPath, '\0');
-  path.resize(::GetModuleFileNameA(nullptr, path.data(), longestPath));
+  std::string path(longestProgramPath, '\0');
+  path.resize(::GetModuleFileNameA(nullptr, path.data(), longestProgramPath));
   return path;
 }
 
