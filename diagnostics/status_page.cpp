@@ -33,7 +33,11 @@ struct Page {
   bool isOver = false;
 };
 
-constinit std::mutex pageLock;
+/// Never destroyed.
+std::mutex& pageLock() {
+  static std::mutex& lock = *new std::mutex;
+  return lock;
+}
 
 /// Never destroyed: threads go on while the process ends. Under the lock.
 Page& page() {
@@ -51,7 +55,7 @@ bool lockSoon(std::unique_lock<std::mutex>& _lock) {
 
 void removeAtExit() {
   const platform::CancellationDelay delay;
-  std::unique_lock<std::mutex> lock(pageLock, std::defer_lock);
+  std::unique_lock<std::mutex> lock(pageLock(), std::defer_lock);
   if (!lockSoon(lock)) return;
   page().isOver = true;
   // A child leaves its parent's page.
@@ -109,7 +113,8 @@ void show(Page& _page) {
 
 // At the latest when the library is loaded. The child's first call finds that the page is its parent's.
 [[maybe_unused]] const bool arePageForksWatched = [] {
-  platform::registerForkHandlers([] { pageLock.lock(); }, [] { pageLock.unlock(); }, [] { pageLock.unlock(); });
+  pageLock();
+  platform::registerForkHandlers([] { pageLock().lock(); }, [] { pageLock().unlock(); }, [] { pageLock().unlock(); });
   return true;
 }();
 
@@ -117,7 +122,7 @@ void show(Page& _page) {
 
 void changePage(Change& _change) noexcept {
   const platform::CancellationDelay delay;
-  std::unique_lock<std::mutex> lock(pageLock, std::defer_lock);
+  std::unique_lock<std::mutex> lock(pageLock(), std::defer_lock);
   if (!lockSoon(lock)) return;
   try {
     provideMapping(page());
@@ -130,7 +135,7 @@ void changePage(Change& _change) noexcept {
 
 bool tryToChangePage(Change& _change) noexcept {
   const platform::CancellationDelay delay;
-  const std::unique_lock<std::mutex> lock(pageLock, std::try_to_lock);
+  const std::unique_lock<std::mutex> lock(pageLock(), std::try_to_lock);
   if (!lock.owns_lock()) return false;
   Page& own = page();
   if (own.mapping == nullptr || own.process != platform::processId()) return true;

@@ -27,8 +27,13 @@ struct Files {
   std::map<std::string, FileValues> failures;
 };
 
-constinit std::mutex filesLock;
 constinit std::atomic<bool> isMissed{false};
+
+/// Never destroyed.
+std::mutex& filesLock() {
+  static std::mutex& lock = *new std::mutex;
+  return lock;
+}
 
 /// Never destroyed. Under the lock.
 Files& files() {
@@ -38,7 +43,9 @@ Files& files() {
 
 // At the latest when the library is loaded.
 [[maybe_unused]] const bool areFileForksWatched = [] {
-  platform::registerForkHandlers([] { filesLock.lock(); }, [] { filesLock.unlock(); }, [] { filesLock.unlock(); });
+  filesLock();
+  platform::registerForkHandlers([] { filesLock().lock(); }, [] { filesLock().unlock(); },
+                                 [] { filesLock().unlock(); });
   return true;
 }();
 
@@ -88,7 +95,7 @@ bool tryToShow() noexcept {
 
 void noteLostLine(const std::string& _path, platform::ErrorCode _error) noexcept {
   try {
-    const std::lock_guard<std::mutex> lock(filesLock);
+    const std::lock_guard<std::mutex> lock(filesLock());
     std::map<std::string, FileValues>& failures = files().failures;
     const bool isListed = failures.size() < mostKnownFiles || failures.contains(_path);
     FileValues& failure = failures[isListed ? _path : std::string()];
@@ -104,7 +111,7 @@ void noteLostLine(const std::string& _path, platform::ErrorCode _error) noexcept
 
 void noteOpenedFile(const std::string& _path) noexcept {
   {
-    const std::lock_guard<std::mutex> lock(filesLock);
+    const std::lock_guard<std::mutex> lock(filesLock());
     const auto failure = files().failures.find(_path);
     if (failure == files().failures.end() || failure->second.state == 0) return;
     failure->second.state = 0;
@@ -113,7 +120,7 @@ void noteOpenedFile(const std::string& _path) noexcept {
 }
 
 void addFiles(const std::vector<FileValues>& _files) {
-  const std::lock_guard<std::mutex> lock(filesLock);
+  const std::lock_guard<std::mutex> lock(filesLock());
   std::vector<FileValues>& known = files().known;
   for (const FileValues& file : _files) {
     const auto place = placeOf(known, file.path);
@@ -128,7 +135,7 @@ void addFiles(const std::vector<FileValues>& _files) {
 std::vector<FileValues> currentFiles() {
   std::vector<FileValues> current;
   {
-    const std::lock_guard<std::mutex> lock(filesLock);
+    const std::lock_guard<std::mutex> lock(filesLock());
     current = files().known;
     for (const auto& [path, failure] : files().failures)
       addFailure(*valuesFor(current, path, true), failure);
