@@ -47,14 +47,14 @@ OpenFiles& openFiles() {
   return files;
 }
 
-bool isOwn(const struct stat& _status) {
-  return S_ISREG(_status.st_mode) && _status.st_uid == ::geteuid() && (_status.st_mode & othersBits) == 0;
+bool isOwn(const struct stat& _status, uid_t _owner) {
+  return S_ISREG(_status.st_mode) && _status.st_uid == _owner && (_status.st_mode & othersBits) == 0;
 }
 
-bool isTrusted(int _file) {
+bool isTrusted(int _file, uid_t _owner) {
   struct stat status {};
   if (::fstat(_file, &status) != 0) return false;
-  if (!isOwn(status)) {
+  if (!isOwn(status, _owner)) {
     errno = EACCES;
     return false;
   }
@@ -63,9 +63,9 @@ bool isTrusted(int _file) {
 }
 
 // Opens a file for its owner whose creator has not come to do so yet, or was killed before.
-bool isMadeAccessible(int _folder, const char* _name) {
+bool isMadeAccessible(int _folder, const char* _name, uid_t _owner) {
   struct stat status {};
-  return ::fstatat(_folder, _name, &status, AT_SYMLINK_NOFOLLOW) == 0 && isOwn(status) &&
+  return ::fstatat(_folder, _name, &status, AT_SYMLINK_NOFOLLOW) == 0 && isOwn(status, _owner) &&
          (status.st_mode & ownerBits) != ownerBits && ::fchmodat(_folder, _name, ownerBits, 0) == 0;
 }
 
@@ -92,7 +92,8 @@ void pause(std::unique_lock<std::mutex>& _lock) {
 
 }  // namespace
 
-EventFile::EventFile(const std::string& _name) : name_(_name), path_(eventFolderPath() + "/" + _name) {
+EventFile::EventFile(const std::string& _name, const EventFolder& _folder)
+    : name_(_name), folder_(_folder), path_(_folder.path + "/" + _name) {
   const std::lock_guard<std::mutex> lock(openFiles().mutex);
   openFiles().files.insert(this);
 }
@@ -106,9 +107,9 @@ EventFile::~EventFile() {
   openFiles().files.erase(this);
 }
 
-EventFile::Joined EventFile::join(const std::string& _name, Joining _joining) {
+EventFile::Joined EventFile::join(const std::string& _name, Joining _joining, const EventFolder& _folder) {
   Joined result;
-  std::shared_ptr<EventFile> file(new EventFile(_name));
+  std::shared_ptr<EventFile> file(new EventFile(_name, _folder));
   Step step = Step::again;
   for (int attempt = 0; step == Step::again && attempt < mostAttempts; ++attempt) {
     step = file->tryToJoin(_joining, result.existed);
@@ -143,7 +144,7 @@ EventFile::Step EventFile::tryToJoin(Joining _joining, bool& _existed) {
 EventFile::Step EventFile::open(Joining _joining) {
   const bool create = _joining == Joining::createOrOpen;
   const Step missing = create ? Step::again : Step::failed;
-  const FileDescriptor folder = openEventFolder(create);
+  const FileDescriptor folder = openEventFolder(folder_, create);
   if (!folder.isOpen()) return errno == ENOENT ? missing : Step::failed;
   if (injectedFault(Call::openEventFile) != noError) {
     errno = EACCES;
@@ -152,11 +153,13 @@ EventFile::Step EventFile::open(Joining _joining) {
   // O_NONBLOCK is for what may stand there instead of a file.
   const int flags = O_RDWR | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK | (create ? O_CREAT : 0);
   file_ = FileDescriptor(aboveStandardStreams(::openat(folder.get(), name_.c_str(), flags, ownerBits)));
-  if (file_.isOpen()) return isTrusted(file_.get()) ? Step::joined : Step::failed;
+  if (file_.isOpen()) return isTrusted(file_.get(), folder_.owner) ? Step::joined : Step::failed;
   if (errno == ENOENT) return missing;
   if (errno == ELOOP) errno = EACCES;
   if (errno != EACCES) return Step::failed;
-  const bool isAccessible = isMadeAccessible(folder.get(), name_.c_str());
+  // What belongs to others is left alone: they can put a link in its place.
+  const bool isAccessible =
+      folder_.owner == ::geteuid() && isMadeAccessible(folder.get(), name_.c_str(), folder_.owner);
   errno = EACCES;
   return isAccessible ? Step::again : Step::failed;
 }

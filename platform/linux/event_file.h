@@ -7,6 +7,7 @@
 #include <string>
 
 #include "platform/errors.h"
+#include "platform/linux/event_folder.h"
 #include "platform/linux/file_descriptor.h"
 
 namespace platform {
@@ -35,7 +36,7 @@ class EventFile {
 
   /// Becomes a user of the event, waiting a moment for others to pass the gate. Recreates a folder or file that is
   /// removed meanwhile.
-  static Joined join(const std::string& _name, Joining _joining);
+  static Joined join(const std::string& _name, Joining _joining, const EventFolder& _folder = ownEventFolder());
 
   /// Leaves the event; the last user removes the file.
   ~EventFile();
@@ -56,7 +57,7 @@ class EventFile {
  private:
   enum class Step { joined, again, failed };
 
-  explicit EventFile(const std::string& _name);
+  EventFile(const std::string& _name, const EventFolder& _folder);
   Step tryToJoin(Joining _joining, bool& _existed);
   Step open(Joining _joining);
   bool passGate(std::unique_lock<std::mutex>& _lock);
@@ -68,6 +69,7 @@ class EventFile {
   void leave(std::unique_lock<std::mutex>& _lock);
 
   std::string name_;
+  EventFolder folder_;
   std::string path_;
   FileDescriptor file_;
   std::uint32_t* word_ = nullptr;

@@ -20,10 +20,10 @@ bool makeFolder(const std::string& _path) {
   return ::chmod(_path.c_str(), ownerOnly) == 0;
 }
 
-bool isTrustedFolder(int _folder) {
+bool isTrustedFolder(int _folder, uid_t _owner) {
   struct stat status {};
   if (::fstat(_folder, &status) != 0) return false;
-  if (status.st_uid == ::geteuid() && (status.st_mode & permissionBits) == ownerOnly) return true;
+  if (status.st_uid == _owner && (status.st_mode & permissionBits) == ownerOnly) return true;
   errno = EACCES;
   return false;
 }
@@ -47,15 +47,19 @@ FileDescriptor openFolder(const std::string& _path) {
 
 std::string eventFolderPath() { return "/dev/shm/qmrk-" + std::to_string(::geteuid()); }
 
-FileDescriptor openEventFolder(bool _create) {
-  const std::string path = eventFolderPath();
-  FileDescriptor folder = openFolder(path);
-  if (!folder.isOpen() && errno == ENOENT && _create && makeFolder(path)) folder = openFolder(path);
-  if (folder.isOpen() && isTrustedFolder(folder.get())) return folder;
+EventFolder ownEventFolder() { return {eventFolderPath(), ::geteuid()}; }
+
+FileDescriptor openEventFolder(const EventFolder& _folder, bool _create) {
+  const auto isTrusted = [&_folder](const FileDescriptor& _opened) {
+    return _opened.isOpen() && isTrustedFolder(_opened.get(), _folder.owner);
+  };
+  FileDescriptor folder = openFolder(_folder.path);
+  if (!folder.isOpen() && errno == ENOENT && _create && makeFolder(_folder.path)) folder = openFolder(_folder.path);
+  if (isTrusted(folder)) return folder;
   if (errno != EACCES) return FileDescriptor();
-  // Root can open a folder whatever its mode.
-  if (isMadeAccessible(path)) folder = openFolder(path);
-  if (folder.isOpen() && isTrustedFolder(folder.get())) return folder;
+  // Root can open a folder whatever its mode. What belongs to others is left alone: they can put a link in its place.
+  if (_folder.owner == ::geteuid() && isMadeAccessible(_folder.path)) folder = openFolder(_folder.path);
+  if (isTrusted(folder)) return folder;
   errno = EACCES;
   return FileDescriptor();
 }
