@@ -8,4 +8,10 @@ namespace testsupport {
 /// /dev/shm of its own, for which the tests must run as root; aborts when that fails.
 void usePrivateEvents();
 
+/// From the call on, this process sees no other processes than those that it starts, as they see it: for tests of tools
+/// that look at every process of the machine. On Linux the rest of the program runs in a child, with process ids of its
+/// own, while the former process waits for its end. To be called before any thread is started; more calls change
+/// nothing.
+void usePrivateProcesses();
+
 }  // namespace testsupport

@@ -49,8 +49,9 @@ void addOptions(CLI::App& _program, Options& _options) {
 
 void addCommands(CLI::App& _program, Choice& _choice) {
   constexpr AddCommand all[] = {
-      addCheckCommand,  addCompletionCommand, addErrorsCommand, addExplainCommand, addInitConfigCommand,
-      addSchemaCommand, addShowCommand,       addSignalCommand, addTailCommand,    addWhereCommand,
+      addAppsCommand,    addCheckCommand,   addClassesCommand,    addCompletionCommand, addErrorsCommand,
+      addExplainCommand, addHistoryCommand, addInitConfigCommand, addLeasesCommand,     addMarkCommand,
+      addSchemaCommand,  addShowCommand,    addSignalCommand,     addTailCommand,       addWhereCommand,
   };
   for (const AddCommand add : all)
     add(_program, _choice);

@@ -14,11 +14,16 @@ void addOptions(CLI::App& _program, Options& _options);
 void addCommands(CLI::App& _program, Choice& _choice);
 
 // Each is in the file of its name.
+void addAppsCommand(CLI::App& _program, Choice& _choice);
 void addCheckCommand(CLI::App& _program, Choice& _choice);
+void addClassesCommand(CLI::App& _program, Choice& _choice);
 void addCompletionCommand(CLI::App& _program, Choice& _choice);
 void addErrorsCommand(CLI::App& _program, Choice& _choice);
 void addExplainCommand(CLI::App& _program, Choice& _choice);
+void addHistoryCommand(CLI::App& _program, Choice& _choice);
 void addInitConfigCommand(CLI::App& _program, Choice& _choice);
+void addLeasesCommand(CLI::App& _program, Choice& _choice);
+void addMarkCommand(CLI::App& _program, Choice& _choice);
 void addSchemaCommand(CLI::App& _program, Choice& _choice);
 void addShowCommand(CLI::App& _program, Choice& _choice);
 void addSignalCommand(CLI::App& _program, Choice& _choice);

@@ -8,6 +8,7 @@
 #include "quillmark_logging_version.h"
 #include "tools/qmrkctl/commands.h"
 #include "tools/qmrkctl/exit_code.h"
+#include "tools/qmrkctl/lease_sweep.h"
 #include "tools/system/terminal.h"
 
 namespace {
@@ -15,6 +16,7 @@ namespace {
 int run(const qmrkctl::Choice& _choice, const qmrkctl::Options& _options) {
   qmrkctl::Report report(_options);
   int exitCode = qmrkctl::exitInternal;
+  qmrkctl::sweepInPassing();
   try {
     exitCode = _choice.action(_options, report);
   } catch (const std::exception& error) {

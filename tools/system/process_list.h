@@ -42,6 +42,9 @@ std::vector<ProcessFacts> listProcesses(std::optional<std::uint32_t> _only = std
 /// What the system shows of a process, whether it has the library or not; what cannot be read is empty.
 ProcessFacts factsOfProcess(std::uint32_t _pid);
 
+/// A process of the user that sees the caller's shared memory, without a process: where his events would be.
+ProcessFacts placeFacts(std::uint32_t _userId);
+
 /// What such a process does; ended also when there is no process of that id any more.
 Activity activityOf(std::uint32_t _pid);
 

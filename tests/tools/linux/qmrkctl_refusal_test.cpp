@@ -7,12 +7,16 @@
 #include "platform/linux/event_folder.h"
 #include "tests/support/child_process.h"
 #include "tests/support/linux/shared_memory_mount.h"
+#include "tests/support/private_events.h"
 
 namespace {
 
 class QmrkctlRefusal : public ::testing::Test {
  protected:
-  void SetUp() override { testsupport::mountSharedMemory(""); }
+  void SetUp() override {
+    testsupport::usePrivateProcesses();
+    testsupport::mountSharedMemory("");
+  }
   void TearDown() override { testsupport::unmountSharedMemory(); }
 };
 

@@ -59,6 +59,10 @@ std::string sharedMemoryOf(const std::string& _root) {
   return std::to_string(status.st_dev) + ":" + std::to_string(status.st_ino);
 }
 
+std::string spaceOf(std::uint32_t _userId, const std::string& _sharedMemory) {
+  return std::to_string(_userId) + "@" + _sharedMemory;
+}
+
 std::string executableOf(std::uint32_t _pid) {
   std::array<char, PATH_MAX> path{};
   const ssize_t size = ::readlink(processFile(_pid, "exe").c_str(), path.data(), path.size());
@@ -79,7 +83,7 @@ ProcessFacts allFactsOf(std::uint32_t _pid, const std::string& _ownMemory) {
   const std::string root = processFile(_pid, "root");
   const std::string memory = sharedMemoryOf(root);
   if (!memory.empty() && memory != _ownMemory) facts.root = root;
-  facts.space = std::to_string(facts.userId) + "@" + (memory.empty() ? _ownMemory : memory);
+  facts.space = spaceOf(facts.userId, memory.empty() ? _ownMemory : memory);
   return facts;
 }
 
@@ -136,6 +140,15 @@ std::vector<ProcessFacts> listProcesses(std::optional<std::uint32_t> _only) {
 }
 
 ProcessFacts factsOfProcess(std::uint32_t _pid) { return allFactsOf(_pid, sharedMemoryOf("")); }
+
+ProcessFacts placeFacts(std::uint32_t _userId) {
+  ProcessFacts facts;
+  facts.userId = _userId;
+  facts.pageUserId = _userId;
+  facts.user = userName(_userId);
+  facts.space = spaceOf(_userId, sharedMemoryOf(""));
+  return facts;
+}
 
 Activity activityOf(std::uint32_t _pid) {
   const auto line = textOf(processFile(_pid, "stat"));

@@ -108,6 +108,13 @@ ProcessFacts factsOfProcess(std::uint32_t _pid) {
   return facts;
 }
 
+ProcessFacts placeFacts(std::uint32_t _userId) {
+  ProcessFacts facts;
+  facts.userId = _userId;
+  facts.pageUserId = _userId;
+  return facts;
+}
+
 Activity activityOf(std::uint32_t _pid) {
   const Closed process(::OpenProcess(SYNCHRONIZE, FALSE, _pid));
   if (!process.isValid()) return ::GetLastError() == ERROR_ACCESS_DENIED ? Activity::running : Activity::ended;

@@ -9,6 +9,7 @@
 #include "platform/named_event.h"
 #include "tests/support/linux/forked_child.h"
 #include "tests/support/linux/shared_memory_mount.h"
+#include "tests/support/private_events.h"
 #include "tests/tools/qmrkctl/linux/sleeping_listener.h"
 
 namespace {
@@ -21,7 +22,10 @@ constexpr unsigned int stranger = 12345;
 
 class RunningProcessSearch : public ::testing::Test {
  protected:
-  void SetUp() override { testsupport::mountSharedMemory(""); }
+  void SetUp() override {
+    testsupport::usePrivateProcesses();
+    testsupport::mountSharedMemory("");
+  }
   void TearDown() override { testsupport::unmountSharedMemory(); }
 
   static const RunningProcess* find(const RunningProcesses& _processes, pid_t _pid) {

@@ -1,0 +1,224 @@
+// SPDX-License-Identifier: MIT
+#include <sys/mount.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <thread>
+
+#include "tests/support/companion_process.h"
+#include "tests/support/linux/forked_child.h"
+#include "tests/tools/linux/qmrkctl_on_sandbox.h"
+
+namespace {
+
+using testsupport::ChildResult;
+using testsupport::Json;
+using testsupport::Names;
+using testsupport::other;
+using testsupport::SleepingListener;
+using testsupport::stranger;
+
+using QmrkctlClasses = testsupport::QmrkctlOnSandbox;
+
+TEST_F(QmrkctlClasses, RefusesAListWithAnErrorUnlessForced) {
+  const std::string before = list();
+  const ChildResult refused = qmrkctl({"classes", "set",
+                                       "\xEF\xBB\xBF"
+                                       "Demo.App;"});
+  EXPECT_EQ(refused.exitCode, 1) << refused.output << refused.errors;
+  EXPECT_EQ(list(), before);
+  EXPECT_EQ(qmrkctl({"classes", "set",
+                     "\xEF\xBB\xBF"
+                     "Demo.App;",
+                     "--force"})
+                .exitCode,
+            0);
+  EXPECT_EQ(list(),
+            "\xEF\xBB\xBF"
+            "Demo.App;");
+}
+
+TEST_F(QmrkctlClasses, WritesNothingOnADryRun) {
+  const std::string before = list();
+  const ChildResult result = qmrkctl({"classes", "only", "Demo.Net", "--dry-run"});
+  EXPECT_EQ(result.exitCode, 0);
+  EXPECT_TRUE(contains(result.output, "would change: +Demo.Net -Demo.App -Demo.Net.error")) << result.output;
+  EXPECT_EQ(list(), before);
+  EXPECT_FALSE(testsupport::exists(beside("history")));
+}
+
+TEST_F(QmrkctlClasses, ClearsTheListToALineEnd) {
+  EXPECT_EQ(qmrkctl({"classes", "clear"}).exitCode, 0);
+  EXPECT_EQ(list(), "\n");
+}
+
+TEST_F(QmrkctlClasses, KeepsOwnerModeAndLink) {
+  const std::string path = testsupport::replaced(sandbox_.initPath("CA12"), "\\", "/");
+  const std::string target = path + ".real";
+  ASSERT_EQ(::rename(path.c_str(), target.c_str()), 0);
+  ASSERT_EQ(::symlink(target.c_str(), path.c_str()), 0);
+  ASSERT_EQ(::chown(target.c_str(), stranger, other), 0);
+  ASSERT_EQ(::chmod(target.c_str(), 0664), 0);
+  EXPECT_EQ(qmrkctl({"classes", "enable", "Demo.Net"}).exitCode, 0);
+  struct stat status {};
+  ASSERT_EQ(::lstat(path.c_str(), &status), 0);
+  EXPECT_TRUE(S_ISLNK(status.st_mode));
+  ASSERT_EQ(::stat(target.c_str(), &status), 0);
+  EXPECT_EQ(status.st_uid, stranger);
+  EXPECT_EQ(status.st_gid, other);
+  EXPECT_EQ(status.st_mode & 07777U, 0664U);
+  EXPECT_EQ(testsupport::readFile(target), "Demo.App;\nDemo.Net.error;\nDemo.Net;\n");
+}
+
+TEST_F(QmrkctlClasses, SaysWhoMayChangeAListThatItMayNot) {
+  EXPECT_EQ(testsupport::inForkedChild([&] {
+              if (::setresuid(other, other, other) != 0) return 1;
+              const ChildResult result = qmrkctl({"classes", "enable", "Demo.Net"});
+              return result.exitCode == 4 && contains(result.errors, "sudo") ? 0 : 2;
+            }),
+            0);
+  EXPECT_EQ(list(), "Demo.App;\nDemo.Net.error;\n");
+}
+
+TEST_F(QmrkctlClasses, EndsALeaseAfterItsTimeAndAfterARestart) {
+  const SleepingListener pump(follower("Pump"));
+  EXPECT_EQ(qmrkctl({"classes", "enable", "Demo.App", "Demo.Net", "--for", "1h"}).exitCode, 0);
+  EXPECT_TRUE(contains(qmrkctl({"leases", "list"}).output, "Demo.Net"));
+  EXPECT_EQ(list(), "Demo.App;\nDemo.Net.error;\nDemo.Net;\n");
+  // Somebody adds a class meanwhile; then the machine is started again, later.
+  list(list() + "Demo.Extra;\n");
+  Json leases = Json::parse(testsupport::readFile(beside("lease")));
+  ASSERT_EQ(leases["leases"].size(), 1U);
+  leases["leases"][0]["bootId"] = "another start";
+  leases["leases"][0]["since"] = 1000;
+  leases["leases"][0]["until"] = 2000;
+  testsupport::writeFile(beside("lease"), leases.dump());
+  // Any command sweeps in passing.
+  EXPECT_EQ(qmrkctl({"history"}).exitCode, 0);
+  EXPECT_EQ(list(), "Demo.App;\nDemo.Net.error;\nDemo.Extra;\n");
+  EXPECT_TRUE(Json::parse(testsupport::readFile(beside("lease")))["leases"].empty());
+  const Json apps = json({"--pid", std::to_string(pump.pid()), "apps"});
+  EXPECT_EQ(apps["result"]["apps"][0]["applied"], "yes");
+}
+
+TEST_F(QmrkctlClasses, LeavesAClassOnThatSomebodyEnablesForGood) {
+  EXPECT_EQ(qmrkctl({"classes", "enable", "Demo.Net", "--for", "1h"}).exitCode, 0);
+  EXPECT_EQ(qmrkctl({"classes", "enable", "Demo.Net"}).exitCode, 0);
+  EXPECT_TRUE(Json::parse(testsupport::readFile(beside("lease")))["leases"].empty());
+}
+
+TEST_F(QmrkctlClasses, KeepsTheLeaseOfATrialThatIsKilled) {
+  testsupport::CompanionProcess trial({QMRKCTL, "classes", "try", "Demo.Net", "--for", "1h"});
+  while (!contains(trial.readLine(), "+Demo.Net")) {
+  }
+  // The difference is shown before the list is written.
+  while (!contains(list(), "Demo.Net;\n"))
+    std::this_thread::yield();
+  trial.kill();
+  EXPECT_TRUE(contains(list(), "Demo.Net;\n"));
+  Json leases = Json::parse(testsupport::readFile(beside("lease")));
+  ASSERT_EQ(leases["leases"].size(), 1U);
+  leases["leases"][0]["untilUptime"] = 1;
+  testsupport::writeFile(beside("lease"), leases.dump());
+  EXPECT_EQ(qmrkctl({"leases", "sweep"}).exitCode, 0);
+  EXPECT_EQ(list(), "Demo.App;\nDemo.Net.error;\n");
+}
+
+TEST_F(QmrkctlClasses, MeasuresATrialAndSwitchesBack) {
+  const ChildResult result = qmrkctl({"classes", "try", "Demo.Net", "--for", "300ms"});
+  EXPECT_EQ(result.exitCode, 0) << result.output << result.errors;
+  EXPECT_TRUE(contains(result.output, "lines/s")) << result.output;
+  EXPECT_EQ(list(), "Demo.App;\nDemo.Net.error;\n");
+}
+
+TEST_F(QmrkctlClasses, RecordsEveryChange) {
+  const SleepingListener pump(follower("Pump"));
+  EXPECT_EQ(qmrkctl({"classes", "enable", "Demo.Net", "--reason", "slow\nstart"}).exitCode, 0);
+  testsupport::writeFile(beside("history"), testsupport::readFile(beside("history")) + "{\"torn");
+  EXPECT_EQ(qmrkctl({"classes", "disable", "Demo.Net"}).exitCode, 0);
+  const Json result = json({"history"})["result"];
+  ASSERT_EQ(result["records"].size(), 2U);
+  EXPECT_EQ(result["unreadableLines"], 1);
+  EXPECT_EQ(result["records"][0]["reason"], "slow\nstart");
+  EXPECT_EQ(result["records"][0]["answers"][0]["outcome"], "applied");
+  EXPECT_EQ(result["records"][0]["after"], "Demo.App;\nDemo.Net.error;\nDemo.Net;\n");
+  EXPECT_TRUE(contains(qmrkctl({"history"}).output, "slow\\nstart"));
+}
+
+TEST_F(QmrkctlClasses, MarksEveryLogAndCreatesNone) {
+  const std::string common = sandbox_.appData() + "\\Logs\\Common\\common.log";
+  EXPECT_EQ(qmrkctl({"mark", "nothing there"}).exitCode, 3);
+  EXPECT_FALSE(testsupport::exists(common));
+  testsupport::makeFolders(sandbox_.appData() + "\\Logs\\Common");
+  testsupport::writeFile(common, "[Demo.App] before\n");
+  auto settings = follower("Valve", stranger);
+  settings.commonLog = sandbox_.appData() + "\\valve.log";
+  testsupport::writeFile(settings.commonLog, "");
+  ASSERT_EQ(::chown(testsupport::replaced(settings.commonLog, "\\", "/").c_str(), stranger, stranger), 0);
+  const SleepingListener valve(settings);
+  EXPECT_EQ(qmrkctl({"mark", "pump\non"}).exitCode, 0);
+  const std::string line = testsupport::readFile(settings.commonLog);
+  EXPECT_TRUE(line.starts_with("[qmrkctl.mark] 20")) << line;
+  EXPECT_TRUE(line.ends_with(" pump\\non\n")) << line;
+  EXPECT_EQ(testsupport::readFile(common), "[Demo.App] before\n" + line);
+}
+
+TEST_F(QmrkctlClasses, MarksNoFileThatAUserPutsInPlaceOfHisLog) {
+  const std::string victim = sandbox_.appData() + "\\victim";
+  testsupport::writeFile(victim, "untouched");
+  auto settings = follower("Valve", stranger);
+  settings.commonLog = victim;
+  const SleepingListener valve(settings);
+  EXPECT_EQ(qmrkctl({"mark", "x"}).exitCode, 4);
+  EXPECT_EQ(testsupport::readFile(victim), "untouched");
+}
+
+TEST_F(QmrkctlClasses, SerialisesChangesOfSeveralTools) {
+  std::vector<testsupport::CompanionProcess> tools;
+  for (int i = 0; i < 8; ++i) {
+    tools.emplace_back(Names{QMRKCTL, "classes", "enable", "Demo.N" + std::to_string(i), "--no-signal"});
+  }
+  for (auto& tool : tools)
+    EXPECT_EQ(tool.finish(), 0);
+  for (int i = 0; i < 8; ++i) {
+    EXPECT_TRUE(contains(list(), "Demo.N" + std::to_string(i) + ";")) << list();
+  }
+}
+
+TEST_F(QmrkctlClasses, LeavesTheListAsItIsOnAFullDisk) {
+  const std::string folder = testsupport::replaced(sandbox_.initFolder(), "\\", "/");
+  ASSERT_EQ(::mount("qmrk-test", folder.c_str(), "tmpfs", 0, "size=8k"), 0);
+  list("Demo.App;\n");
+  testsupport::writeFile(sandbox_.initFolder() + "\\filler", std::string(4000, 'x'));
+  const ChildResult result = qmrkctl({"classes", "set", std::string(6000, 'a') + ";", "--force"});
+  EXPECT_EQ(result.exitCode, 70) << result.output;
+  EXPECT_EQ(list(), "Demo.App;\n");
+  EXPECT_EQ(testsupport::namesIn(sandbox_.initFolder()), (Names{"CA12.lock", "filler", "qmrk_logging_CA12.init"}));
+  EXPECT_EQ(::umount2(folder.c_str(), MNT_DETACH), 0);
+}
+
+TEST_F(QmrkctlClasses, RefusesTheGenericCaWithoutARedirection) {
+  sandbox_.writeCfg("GE", "LOG_STATE=TRUE\n");
+  const ChildResult result = qmrkctl({"classes", "enable", "Demo.Net"});
+  EXPECT_EQ(result.exitCode, 3) << result.output;
+  EXPECT_EQ(testsupport::readFile(sandbox_.cfgPath("GE")), "LOG_STATE=TRUE\n");
+}
+
+TEST_F(QmrkctlClasses, UnitesListFilterProcessesAndLog) {
+  const SleepingListener pump(follower("Pump"));
+  testsupport::makeFolders(sandbox_.appData() + "\\Logs\\Common");
+  testsupport::writeFile(sandbox_.appData() + "\\Logs\\Common\\common.log", "[Demo.Old] 2026 x\n[Demo.Old] 2026 y\n");
+  const Json object = json({"classes", "list"});
+  Json old;
+  Json net;
+  for (const Json& row : object["result"]["overview"]) {
+    if (row["class"] == "Demo.Old") old = row;
+    if (row["class"] == "Demo.Net.error") net = row;
+  }
+  EXPECT_EQ(old["logged"], 2) << object;
+  EXPECT_EQ(net["listed"], true);
+  EXPECT_EQ(net["filtered"], true);
+  EXPECT_EQ(net["on"], 1);
+}
+
+}  // namespace

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+#include "tools/system/replaced_file.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <string>
+
+#include "tests/support/linux/traced_child.h"
+#include "tests/support/temporary_folder.h"
+
+namespace {
+
+using testsupport::CallFate;
+using testsupport::readFile;
+using testsupport::TemporaryFolder;
+using testsupport::writeFile;
+using toolsystem::replaceFile;
+
+// Longer than one page, so that a torn text would be seen.
+const std::string formerText = std::string(9'000, 'a') + ";\n";
+const std::string newText = std::string(20'000, 'b') + ";\n";
+
+TEST(ReplacedFile, IsTheFormerOrTheNewOneWhereverItsWriterIsKilled) {
+  const TemporaryFolder folder;
+  const std::string path = folder.path() + "/list";
+  bool wasKilled = true;
+  bool wasSeenOld = false;
+  bool wasSeenNew = false;
+  int kills = 0;
+  for (int call = 0; wasKilled; ++call) {
+    for (const auto kind : {CallFate::Kind::killsBefore, CallFate::Kind::killsAfter}) {
+      writeFile(path, formerText);
+      int number = 0;
+      const int status = testsupport::runTraced(
+          [&path] {
+            testsupport::markCalls();
+            const bool isDone = !replaceFile(path, newText);
+            testsupport::markCalls();
+            return isDone ? 0 : 1;
+          },
+          [&](long) {
+            CallFate fate;
+            if (number++ == call) fate.kind = kind;
+            return fate;
+          });
+      wasKilled = WIFSIGNALED(status);
+      if (wasKilled) ++kills;
+      const std::string text = readFile(path);
+      wasSeenOld = wasSeenOld || text == formerText;
+      wasSeenNew = wasSeenNew || text == newText;
+      ASSERT_TRUE(text == formerText || text == newText) << "call " << call << ": " << text.size() << " bytes";
+    }
+  }
+  EXPECT_TRUE(wasSeenOld);
+  EXPECT_TRUE(wasSeenNew);
+  EXPECT_GT(kills, 10);
+}
+
+// Reads the file again and again until it is killed, and ends with 1 when it finds another text than one of the two.
+pid_t startReader(const std::string& _path) {
+  const pid_t child = ::fork();
+  if (child != 0) return child;
+  for (;;) {
+    const int file = ::open(_path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (file == -1) ::_exit(2);
+    std::array<char, 64> bytes{};
+    const ssize_t size = ::read(file, bytes.data(), bytes.size());
+    ::close(file);
+    const std::string text(bytes.data(), size > 0 ? static_cast<std::size_t>(size) : 0);
+    if (text != "Demo.A;\n" && text != "Demo.A;\nDemo.B;\n") ::_exit(1);
+  }
+}
+
+TEST(ReplacedFile, IsNeverTornOrEmptyUnderReaders) {
+  const TemporaryFolder folder;
+  const std::string path = folder.path() + "/list";
+  writeFile(path, "Demo.A;\n");
+  const std::array<pid_t, 2> readers = {startReader(path), startReader(path)};
+  for (int round = 0; round < 10'000; ++round) {
+    ASSERT_FALSE(replaceFile(path, round % 2 == 0 ? "Demo.A;\nDemo.B;\n" : "Demo.A;\n"));
+  }
+  for (const pid_t reader : readers) {
+    ::kill(reader, SIGKILL);
+    int status = 0;
+    ::waitpid(reader, &status, 0);
+    EXPECT_TRUE(WIFSIGNALED(status)) << "a reader ended with " << WEXITSTATUS(status);
+  }
+}
+
+TEST(ReplacedFile, LeavesNothingBehindWhenItFails) {
+  const TemporaryFolder folder;
+  const std::string path = folder.path() + "/list";
+  ASSERT_EQ(::mkdir(path.c_str(), 0700), 0);
+  EXPECT_TRUE(replaceFile(path, "x"));
+  EXPECT_EQ(testsupport::namesIn(folder.path()), std::vector<std::string>{"list"});
+  const auto missing = replaceFile(folder.path() + "/no/list", "x");
+  ASSERT_TRUE(missing);
+  EXPECT_TRUE(missing->isMissing);
+}
+
+TEST(ReplacedFile, GivesANewFileTheModeOfTheUmask) {
+  const TemporaryFolder folder;
+  const std::string path = folder.path() + "/list";
+  const mode_t former = ::umask(027);
+  EXPECT_FALSE(replaceFile(path, "x"));
+  ::umask(former);
+  struct stat status {};
+  ASSERT_EQ(::stat(path.c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 07777U, 0640U);
+}
+
+}  // namespace

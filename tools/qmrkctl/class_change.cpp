@@ -1,0 +1,246 @@
+// SPDX-License-Identifier: MIT
+#include "tools/qmrkctl/class_change.h"
+#include "tools/qmrkctl/asked_viewpoint.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/native_path.h"
+#include "quillmark_logging_names.h"
+#include "tools/qmrkctl/actor.h"
+#include "tools/qmrkctl/answer_report.h"
+#include "tools/qmrkctl/class_list_text.h"
+#include "tools/qmrkctl/duration.h"
+#include "tools/qmrkctl/exit_code.h"
+#include "tools/qmrkctl/history.h"
+#include "tools/qmrkctl/shown_text.h"
+#include "tools/qmrkctl/steering.h"
+#include "tools/qmrkctl/utc_time.h"
+#include "tools/system/end_request.h"
+
+namespace qmrkctl {
+namespace {
+
+using Names = std::vector<std::string>;
+
+constexpr std::chrono::milliseconds longestLockWait(5000);
+
+std::string changedList(const std::string& _list, const ChangeRequest& _request) {
+  switch (_request.kind) {
+    case ChangeKind::enable:
+      return withClasses(_list, _request.names);
+    case ChangeKind::disable:
+      return withoutClasses(_list, _request.names);
+    case ChangeKind::only:
+      return classListOf(_request.names);
+    case ChangeKind::set:
+      return _request.list;
+    case ChangeKind::clear:
+      break;
+  }
+  return std::string(emptyClassList);
+}
+
+Names namesMeant(const ChangeRequest& _request) {
+  return _request.kind == ChangeKind::set ? classesIn(_request.list) : _request.names;
+}
+
+// "+A -B", or "no change".
+std::string differenceText(const Names& _added, const Names& _removed) {
+  std::string text;
+  for (const std::string& name : _added)
+    text += " +" + shown(name);
+  for (const std::string& name : _removed)
+    text += " -" + shown(name);
+  return text.empty() ? " no change" : text;
+}
+
+int refuse(const toolsystem::FileFailure& _failure) {
+  Report::message(shown(_failure.text));
+  if (_failure.isDenied) {
+    Report::message("the owner of the file may do that, or root: run the same command by sudo");
+    return exitNoPermission;
+  }
+  return _failure.isMissing ? exitNotFound : exitInternal;
+}
+
+// One change, from the lock to the answers.
+class Change {
+ public:
+  Change(const ChangeRequest& _request, const Options& _options, Report& _report)
+      : request_(_request), options_(_options), report_(_report) {}
+
+  int run() {
+    int refusal = exitOk;
+    const auto viewpoint = askedViewpoint(options_, refusal);
+    if (!viewpoint) return refusal;
+    const Configuration configuration = readConfiguration(*viewpoint, options_.ca);
+    const auto place = classListPlace(*viewpoint, configuration);
+    if (!place) {
+      Report::message("the CA " + shown(configuration.caInEffect) +
+                      " has no class list of its own: let qmrk_logging_GE.cfg name one by REDIRECT_CA_NR");
+      return exitNotFound;
+    }
+    place_ = *place;
+    toolsystem::catchEndRequests();
+    const toolsystem::FileLock lock(place_.lock, request_.isDryRun ? std::chrono::milliseconds(0) : longestLockWait);
+    // Who may only look at the list may still ask what would change.
+    if (!lock.isHeld() && !request_.isDryRun) return tellNoLock(lock);
+    return changeLocked(*viewpoint, configuration);
+  }
+
+ private:
+  static int tellNoLock(const toolsystem::FileLock& _lock) {
+    if (_lock.failure()) return refuse(*_lock.failure());
+    if (toolsystem::isEndRequested()) return exitInterrupted;
+    Report::message("somebody else is changing the class list, and has been for 5 s");
+    return exitTimeout;
+  }
+
+  int changeLocked(const Viewpoint& _viewpoint, const Configuration& _configuration) {
+    auto state = readClassList(place_);
+    if (!state) return refuse({"cannot read " + place_.reached, true, false});
+    before_ = *state;
+    const Clocks now = clocksNow();
+    Swept swept = sweep(before_.list, before_.leases, now);
+    after_ = changed({before_.exists, swept.list, swept.leases}, request_, now);
+    if (const int code = lint(_viewpoint, _configuration); code != exitOk) return code;
+    tellDifference();
+    if (request_.isDryRun) return exitOk;
+    const RunningProcesses processes =
+        request_.isSilent ? RunningProcesses() : runningProcesses(steeredProcesses(options_));
+    std::vector<Addressee> addressees = addresseesOf(processes.found);
+    if (const auto failure = writeClassList(place_, before_, after_)) return refuse(*failure);
+    return awaitAnswers(addressees);
+  }
+
+  // What is wrong with the new list. That an empty one is empty has been asked for.
+  int lint(const Viewpoint& _viewpoint, Configuration _configuration) {
+    if (request_.kind == ChangeKind::clear) return exitOk;
+    _configuration.init.isRead = true;
+    _configuration.init.bytes = after_.list;
+    _configuration.init.text = withoutCarriageReturns(after_.list);
+    bool isRefused = false;
+    for (const Finding& finding : checkConfiguration(_viewpoint, _configuration)) {
+      if (finding.file != platform::nativePath(_configuration.init.path) || finding.severity == Severity::note)
+        continue;
+      report_.add(finding);
+      isRefused = isRefused || finding.severity == Severity::error;
+    }
+    if (!isRefused || request_.isForced) return exitOk;
+    Report::message("the list is left as it is; --force writes it all the same");
+    return exitNegative;
+  }
+
+  void tellDifference() {
+    const Names before = classesIn(before_.list);
+    const Names after = classesIn(after_.list);
+    const Names added = classesMissingIn(after, before);
+    const Names removed = classesMissingIn(before, after);
+    report_.line(shown(place_.ca) + " " + shown(place_.path) + (request_.isDryRun ? " would change:" : ":") +
+                 differenceText(added, removed));
+    report_.result() = {{"ca", place_.ca},    {"file", place_.path}, {"added", added},
+                        {"removed", removed}, {"classes", after},    {"dryRun", request_.isDryRun}};
+    if (!request_.duration) return;
+    const std::string until = utcText(millisecondsNow() + request_.duration->count());
+    report_.line("what it switches on goes off again after " + durationText(*request_.duration) + ", at " + until);
+    report_.result()["until"] = until;
+  }
+
+  std::vector<Addressee> addresseesOf(const std::vector<RunningProcess>& _processes) {
+    std::vector<Addressee> addressees;
+    for (const RunningProcess& process : _processes) {
+      if (process.status && !follows(process, place_)) {
+        report_.detail(std::to_string(process.pid()) + " " + shown(process.application) + " " +
+                       shown(process.facts.user) +
+                       " follows another class list: " + shown(process.status->initPath.text));
+      } else {
+        addressees.push_back({process, classListHash(after_.list)});
+      }
+    }
+    return addressees;
+  }
+
+  int awaitAnswers(const std::vector<Addressee>& _addressees) {
+    Acknowledgement result;
+    if (!request_.isSilent) {
+      std::vector<RunningProcess> processes;
+      for (const Addressee& each : _addressees)
+        processes.push_back(each.process);
+      result = signalAndAwait(placesOf(steeredProcesses(options_), processes), Quillmark_logging::QMRK_LOG_EVENT,
+                              _addressees, request_.wait);
+    }
+    // Only where somebody listens, or where the event cannot be set, is a place worth a line.
+    std::erase_if(result.places, [](const PlaceResult& _place) { return _place.error == platform::errorFileNotFound; });
+    reportAcknowledgement(result, report_);
+    if (result.answers.empty() && !request_.isSilent) report_.line("no running application follows this list");
+    record(result.answers);
+    return exitCodeOf(result, true);
+  }
+
+  void record(const std::vector<Answer>& _answers) const {
+    ChangeRecord record{place_.ca,       std::string(changeName(request_.kind)),
+                        before_.list,    after_.list,
+                        request_.reason, request_.duration ? durationText(*request_.duration) : ""};
+    if (const auto failure = appendToHistory(place_.history, record, _answers)) {
+      Report::message("the history was not written: " + shown(failure->text));
+    }
+  }
+
+  const ChangeRequest& request_;
+  const Options& options_;
+  Report& report_;
+  ClassListPlace place_;
+  ClassListState before_;
+  ClassListState after_;
+};
+
+}  // namespace
+
+std::string_view changeName(ChangeKind _kind) {
+  switch (_kind) {
+    case ChangeKind::enable:
+      return "enable";
+    case ChangeKind::disable:
+      return "disable";
+    case ChangeKind::only:
+      return "only";
+    case ChangeKind::set:
+      return "set";
+    case ChangeKind::clear:
+      break;
+  }
+  return "clear";
+}
+
+ClassListState changed(const ClassListState& _state, const ChangeRequest& _request, const Clocks& _now) {
+  ClassListState after = _state;
+  after.list = changedList(_state.list, _request);
+  const Names meant = namesMeant(_request);
+  const Names former = classesIn(_state.list);
+  const Names current = classesIn(after.list);
+  Names leased = classesMissingIn(current, former);
+  for (const Lease& lease : _state.leases) {
+    for (const std::string& name : lease.classes) {
+      const bool isMeant = std::find(meant.begin(), meant.end(), name) != meant.end();
+      if (isMeant) leased.push_back(name);
+    }
+  }
+  // What is switched now by name is no longer the former leases' business, nor is what has gone.
+  after.leases = withoutLeased(after.leases, classesMissingIn(former, current));
+  if (!_request.duration) after.leases = withoutLeased(after.leases, meant);
+  leased = classesMissingIn(leased, {});
+  if (_request.duration && !leased.empty()) {
+    Lease lease = leaseOf(leased, *_request.duration, _now);
+    lease.who = actorText();
+    lease.reason = _request.reason;
+    after.leases.push_back(std::move(lease));
+  }
+  return after;
+}
+
+int changeClasses(const ChangeRequest& _request, const Options& _options, Report& _report) {
+  return Change(_request, _options, _report).run();
+}
+
+}  // namespace qmrkctl

@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: MIT
+#include <array>
+#include <cstdio>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "platform/clock.h"
+#include "quillmark_logging_names.h"
+#include "tools/qmrkctl/asked_viewpoint.h"
+#include "tools/qmrkctl/commands.h"
+#include "tools/qmrkctl/exit_code.h"
+#include "tools/qmrkctl/shown_text.h"
+#include "tools/qmrkctl/steering.h"
+#include "tools/system/appended_line.h"
+
+namespace qmrkctl {
+namespace {
+
+constexpr const char* markName = "qmrkctl.mark";
+
+// Who must own a log, by its path as this program reaches it.
+using Logs = std::map<std::string, std::optional<std::uint32_t>>;
+
+void addLog(const std::string& _root, const PageText& _path, std::uint32_t _owner, Logs& _logs) {
+  if (_path.isCut || _path.text.empty()) return;
+  // Windows has no such owners.
+  const bool isOwned = _owner != status::noUserId;
+  _logs.emplace(_root + _path.text, isOwned ? std::optional<std::uint32_t>(_owner) : std::nullopt);
+}
+
+Logs findLogs(const Viewpoint& _viewpoint, const Configuration& _configuration, const Options& _options) {
+  Logs logs;
+  for (const RunningProcess& process : runningProcesses(steeredProcesses(_options)).found) {
+    if (!process.status) continue;
+    addLog(process.facts.root, process.status->commonLogPath, process.facts.userId, logs);
+    for (const LogFileStatus& file : process.status->files)
+      addLog(process.facts.root, file.path, process.facts.userId, logs);
+  }
+  if (_configuration.logs && !_configuration.logs->commonLog.empty() && !_options.pid && _options.app.empty()) {
+    addLog("", {reachedPath(_viewpoint, _configuration.logs->commonLog), 0, false}, _viewpoint.account.uid, logs);
+  }
+  return logs;
+}
+
+std::string stamp(bool _withMilliseconds) {
+  const platform::LocalTime now = platform::localTime();
+  std::array<char, 96> text{};
+  std::snprintf(text.data(), text.size(), "%04d%02d%02d %02d:%02d:%02d", now.year, now.month, now.day, now.hour,
+                now.minute, now.second);
+  std::string stamp = text.data();
+  if (!_withMilliseconds) return stamp;
+  std::snprintf(text.data(), text.size(), ".%03d", now.millisecond);
+  return stamp + text.data();
+}
+
+int markLogs(const std::string& _text, const Options& _options, Report& _report) {
+  int refusal = exitOk;
+  const auto viewpoint = askedViewpoint(_options, refusal);
+  if (!viewpoint) return refusal;
+  const Configuration configuration = readConfiguration(*viewpoint, _options.ca);
+  // One line, whatever was given.
+  const std::string line = "[" + std::string(markName) + "] " +
+                           stamp(configuration.isOn(Quillmark_logging::MILLISECOND_RESOLUTION)) + " " + shown(_text) +
+                           "\n";
+  Json marked = Json::array();
+  Json failed = Json::array();
+  bool isDenied = false;
+  for (const auto& [path, owner] : findLogs(*viewpoint, configuration, _options)) {
+    const auto failure = toolsystem::appendToLog(path, line, owner);
+    if (!failure) {
+      _report.line("marked " + shown(path));
+      marked.push_back(path);
+    } else if (!failure->isMissing) {
+      _report.line("not marked: " + shown(failure->text));
+      failed.push_back({{"file", path}, {"text", failure->text}});
+      isDenied = isDenied || failure->isDenied;
+    }
+  }
+  _report.result() = {{"line", line.substr(0, line.size() - 1)}, {"marked", marked}, {"failed", failed}};
+  if (marked.empty() && failed.empty()) _report.line("there is no log yet");
+  if (!marked.empty()) return failed.empty() ? exitOk : exitPartial;
+  if (failed.empty()) return exitNotFound;
+  if (isDenied) Report::message("\"sudo qmrkctl mark\" may write there");
+  return isDenied ? exitNoPermission : exitNegative;
+}
+
+}  // namespace
+
+void addMarkCommand(CLI::App& _program, Choice& _choice) {
+  CLI::App* const command = _program.add_subcommand("mark", "Append a line to every log, to find a moment again");
+  const auto text = std::make_shared<std::string>();
+  command->add_option("TEXT", *text, "The text of the line")->required();
+  command->footer("Example: qmrkctl mark \"pump switched on\"");
+  command->callback([text, &_choice] {
+    _choice = {"mark", [text](const Options& _options, Report& _report) { return markLogs(*text, _options, _report); }};
+  });
+}
+
+}  // namespace qmrkctl

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#include "tools/system/appended_line.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <system_error>
+
+#include "platform/linux/file_descriptor.h"
+#include "platform/native_path.h"
+
+namespace toolsystem {
+namespace {
+
+using platform::FileDescriptor;
+
+constexpr mode_t recordMode = 0644;
+
+FileFailure failureOf(const std::string& _what, int _error) {
+  return {_what + ": " + std::generic_category().message(_error),
+          _error == EACCES || _error == EPERM || _error == EROFS || _error == ELOOP,
+          _error == ENOENT || _error == ENOTDIR};
+}
+
+bool endsWithLine(int _file, off_t _size) {
+  char last = 0;
+  return _size == 0 || ::pread(_file, &last, 1, _size - 1) != 1 || last == '\n';
+}
+
+std::optional<FileFailure> append(const std::string& _path, int _file, const std::string& _line) {
+  const ssize_t size = ::write(_file, _line.data(), _line.size());
+  if (size == static_cast<ssize_t>(_line.size())) return std::nullopt;
+  return failureOf("cannot append to " + _path, size < 0 ? errno : ENOSPC);
+}
+
+}  // namespace
+
+std::optional<FileFailure> appendToLog(const std::string& _path, const std::string& _line,
+                                       std::optional<std::uint32_t> _owner) {
+  const std::string path = platform::nativePath(_path);
+  const FileDescriptor file(::open(path.c_str(), O_WRONLY | O_APPEND | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+  struct stat status {};
+  if (!file.isOpen() || ::fstat(file.get(), &status) != 0) return failureOf("cannot open " + path, errno);
+  if (!S_ISREG(status.st_mode)) return FileFailure{path + " is no regular file", false, false};
+  if (_owner && status.st_uid != *_owner) return FileFailure{path + " belongs to another user", true, false};
+  return append(path, file.get(), _line);
+}
+
+std::optional<FileFailure> appendRecord(const std::string& _path, const std::string& _line) {
+  const std::string path = platform::nativePath(_path);
+  const FileDescriptor file(
+      ::open(path.c_str(), O_RDWR | O_APPEND | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, recordMode));
+  struct stat status {};
+  if (!file.isOpen() || ::fstat(file.get(), &status) != 0) return failureOf("cannot open " + path, errno);
+  if (!S_ISREG(status.st_mode)) return FileFailure{path + " is no regular file", false, false};
+  const bool isWhole = endsWithLine(file.get(), status.st_size);
+  return append(path, file.get(), isWhole ? _line : "\n" + _line);
+}
+
+}  // namespace toolsystem

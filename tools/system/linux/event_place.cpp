@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#include "tools/system/event_place.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <charconv>
+#include <memory>
+#include <string_view>
+
+#include "platform/linux/errno_code.h"
+#include "platform/linux/event_folder.h"
+#include "platform/linux/file_descriptor.h"
+#include "platform/linux/foreign_event.h"
+
+namespace toolsystem {
+namespace {
+
+using platform::FileDescriptor;
+
+constexpr std::string_view folderPrefix = "qmrk-";
+
+FileDescriptor openFolder(int _folder, const char* _name, int _flags) {
+  return FileDescriptor(::openat(_folder, _name, O_RDONLY | O_DIRECTORY | O_CLOEXEC | _flags));
+}
+
+// A foreign root may lead anywhere by its links, which would count from the caller's root.
+FileDescriptor openSharedMemory(const std::string& _root) {
+  if (_root.empty()) return openFolder(AT_FDCWD, "/dev/shm", 0);
+  const FileDescriptor root = openFolder(AT_FDCWD, _root.c_str(), 0);
+  if (!root.isOpen()) return FileDescriptor();
+  const FileDescriptor devices = openFolder(root.get(), "dev", O_NOFOLLOW);
+  return devices.isOpen() ? openFolder(devices.get(), "shm", O_NOFOLLOW) : FileDescriptor();
+}
+
+EventPlace placeOf(const ProcessFacts& _process) {
+  EventPlace place;
+  place.text = "user " + _process.user;
+  if (!_process.root.empty()) {
+    place.text += " with a /dev/shm of its own (process " + std::to_string(_process.pid) + ")";
+  }
+  place.space = _process.space;
+  place.root = _process.root;
+  place.folderUserId = _process.pageUserId;
+  place.owner = _process.userId;
+  return place;
+}
+
+// The users who have a folder in the caller's shared memory.
+std::vector<std::uint32_t> usersWithFolder() {
+  std::vector<std::uint32_t> users;
+  const std::unique_ptr<DIR, int (*)(DIR*)> list(::opendir("/dev/shm"), &::closedir);
+  if (list == nullptr) return users;
+  for (const dirent* entry = ::readdir(list.get()); entry != nullptr; entry = ::readdir(list.get())) {
+    std::string_view name = entry->d_name;
+    if (!name.starts_with(folderPrefix)) continue;
+    name.remove_prefix(folderPrefix.size());
+    std::uint32_t user = 0;
+    const auto [stop, error] = std::from_chars(name.data(), name.data() + name.size(), user);
+    if (error == std::errc() && stop == name.data() + name.size()) users.push_back(user);
+  }
+  std::sort(users.begin(), users.end());
+  return users;
+}
+
+void addPlace(EventPlace _place, std::vector<EventPlace>& _places) {
+  const bool isThere = std::any_of(_places.begin(), _places.end(),
+                                   [&_place](const EventPlace& _other) { return _other.space == _place.space; });
+  if (!isThere) _places.push_back(std::move(_place));
+}
+
+}  // namespace
+
+std::vector<EventPlace> eventPlaces(const std::vector<ProcessFacts>& _processes, const EventScope& _scope) {
+  std::vector<EventPlace> places;
+  if (_scope.isOwnWanted) addPlace(placeOf(placeFacts(::geteuid())), places);
+  for (const ProcessFacts& process : _processes)
+    addPlace(placeOf(process), places);
+  if (!_scope.areAllWanted) return places;
+  for (const std::uint32_t user : usersWithFolder())
+    addPlace(placeOf(placeFacts(user)), places);
+  return places;
+}
+
+platform::ErrorCode setEventAt(const EventPlace& _place, const std::string& _event) {
+  const FileDescriptor memory = openSharedMemory(_place.root);
+  if (!memory.isOpen()) return platform::errnoCode(errno);
+  const std::string path = "/proc/self/fd/" + std::to_string(memory.get()) + "/" + std::string(folderPrefix) +
+                           std::to_string(_place.folderUserId);
+  const platform::ErrorCode error = platform::setForeignEvent({path, _place.owner}, _event);
+  // Who has no folder holds no event.
+  return error == platform::errorPathNotFound ? platform::errorFileNotFound : error;
+}
+
+}  // namespace toolsystem

@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: MIT
+#include "tools/system/replaced_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <string_view>
+#include <system_error>
+#include <vector>
+
+#include "platform/linux/file_descriptor.h"
+#include "platform/native_path.h"
+
+namespace toolsystem {
+namespace {
+
+using platform::FileDescriptor;
+
+constexpr mode_t newFileMode = 0666;
+constexpr mode_t mostNewBits = 0644;
+constexpr mode_t permissionBits = 07777;
+constexpr std::size_t largestAttribute = 65'536;
+
+FileFailure failureOf(const std::string& _what) {
+  const int error = errno;
+  return {_what + ": " + std::generic_category().message(error), error == EACCES || error == EPERM || error == EROFS,
+          error == ENOENT || error == ENOTDIR};
+}
+
+// Where the chain of links ends; the path itself when nothing is there yet.
+std::string targetOf(const std::string& _path) {
+  std::array<char, PATH_MAX> target{};
+  return ::realpath(_path.c_str(), target.data()) != nullptr ? std::string(target.data()) : _path;
+}
+
+// The new file, removed unless it takes the name.
+class NewFile {
+ public:
+  explicit NewFile(const std::string& _target) : target_(_target), path_(folder() + "/.qmrkctl-XXXXXX") {
+    file_ = FileDescriptor(::mkostemp(path_.data(), O_CLOEXEC));
+  }
+  ~NewFile() {
+    if (file_.isOpen() && !hasName_) ::unlink(path_.c_str());
+  }
+  NewFile(const NewFile&) = delete;
+  NewFile& operator=(const NewFile&) = delete;
+
+  bool isOpen() const { return file_.isOpen(); }
+  int get() const { return file_.get(); }
+
+  std::string folder() const {
+    const std::size_t end = target_.find_last_of('/');
+    if (end == std::string::npos) return ".";
+    return end == 0 ? "/" : target_.substr(0, end);
+  }
+
+  bool write(std::string_view _bytes) const {
+    while (!_bytes.empty()) {
+      const ssize_t size = ::write(get(), _bytes.data(), _bytes.size());
+      if (size < 0 && errno == EINTR) continue;
+      if (size < 0) return false;
+      _bytes.remove_prefix(static_cast<std::size_t>(size));
+    }
+    return true;
+  }
+
+  bool takeName() {
+    hasName_ = ::rename(path_.c_str(), target_.c_str()) == 0;
+    return hasName_;
+  }
+
+ private:
+  const std::string target_;
+  std::string path_;
+  FileDescriptor file_;
+  bool hasName_ = false;
+};
+
+// Access control lists and whatever else stands with the file; a file system without them has none to copy.
+void copyAttributes(int _from, int _to) {
+  std::vector<char> names(largestAttribute);
+  const ssize_t size = ::flistxattr(_from, names.data(), names.size());
+  if (size <= 0) return;
+  std::vector<char> value(largestAttribute);
+  for (const char* name = names.data(); name < names.data() + size; name += std::string_view(name).size() + 1) {
+    const ssize_t length = ::fgetxattr(_from, name, value.data(), value.size());
+    if (length >= 0) ::fsetxattr(_to, name, value.data(), static_cast<std::size_t>(length), 0);
+  }
+}
+
+bool takeOver(const std::string& _target, int _file) {
+  struct stat former {};
+  const FileDescriptor file(::open(_target.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  const bool isThere = file.isOpen() ? ::fstat(file.get(), &former) == 0 : ::stat(_target.c_str(), &former) == 0;
+  if (!isThere) {
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    return ::fchmod(_file, newFileMode & mostNewBits & ~mask) == 0;
+  }
+  struct stat now {};
+  if (::fstat(_file, &now) != 0) return false;
+  const bool isOwn = now.st_uid == former.st_uid && now.st_gid == former.st_gid;
+  // A list that changes its owner may be out of reach for the one who looks after it.
+  if (!isOwn && ::fchown(_file, former.st_uid, former.st_gid) != 0) return false;
+  if (::fchmod(_file, former.st_mode & permissionBits) != 0) return false;
+  if (file.isOpen()) copyAttributes(file.get(), _file);
+  return true;
+}
+
+bool isFolderOnDisk(const std::string& _folder) {
+  const FileDescriptor folder(::open(_folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  // Some file systems cannot do it, and do not need it.
+  return !folder.isOpen() || ::fsync(folder.get()) == 0 || errno == EINVAL;
+}
+
+}  // namespace
+
+std::optional<FileFailure> replaceFile(const std::string& _path, const std::string& _bytes) {
+  const std::string target = targetOf(platform::nativePath(_path));
+  struct stat status {};
+  if (::stat(target.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) {
+    return FileFailure{target + " is no regular file", false, false};
+  }
+  NewFile file(target);
+  if (!file.isOpen()) return failureOf("cannot make a file in " + file.folder());
+  if (!file.write(_bytes)) return failureOf("cannot write a new " + target);
+  if (!takeOver(target, file.get())) return failureOf("cannot keep owner and mode of " + target);
+  if (::fsync(file.get()) != 0) return failureOf("cannot bring a new " + target + " to the disk");
+  if (!file.takeName()) return failureOf("cannot replace " + target);
+  if (!isFolderOnDisk(file.folder())) return failureOf("cannot bring the folder of " + target + " to the disk");
+  return std::nullopt;
+}
+
+}  // namespace toolsystem
