@@ -38,7 +38,7 @@ TEST(FoundConfiguration, HearsNothingOfOtherThreads) {
   EXPECT_EQ(found.initPath(), "");
 }
 
-TEST(FoundConfiguration, IsNotNeededByThoseWhoNote) {
+TEST(FoundConfiguration, MayBeAbsentForThoseWhoNoteIt) {
   FoundConfiguration::noteCheckedPath("a");
   FoundConfiguration::noteGenerated();
   EXPECT_FALSE(FoundConfiguration().isGenerated());
@@ -51,7 +51,7 @@ TEST(CaOfPath, StandsBetweenThePrefixAndTheEnding) {
   EXPECT_EQ(caOfPath("\\qmrk_logging_.cfg"), "");
 }
 
-TEST(CaOfPath, IsEmptyForAnyOtherName) {
+TEST(CaOfPath, StaysEmptyForAnyOtherName) {
   for (const char* path : {"", "\\", "a.cfg", "qmrk_logging_CA12", "qmrk_logging.cfg", "a.b\\qmrk_logging_CA12"}) {
     EXPECT_EQ(caOfPath(path), "") << path;
   }

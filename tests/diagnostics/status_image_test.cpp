@@ -106,7 +106,7 @@ bool tryToCopy(Words& _page, Words& _copy) {
   return before % 2 == 0 && before != 0 && Word(_page[counter]).load(std::memory_order_relaxed) == before;
 }
 
-TEST(StatusImage, IsNeverReadInParts) {
+TEST(StatusImage, NeverShowsAReaderAPart) {
   Words page(pageSize / sizeof(std::uint64_t));
   std::atomic<bool> isOver{false};
   std::thread writer([&] {

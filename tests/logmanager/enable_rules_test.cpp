@@ -21,7 +21,7 @@ void enable(EnableRules& _rules, const std::string& _pattern, bool _enabled) {
   _rules.set(NamePattern(_pattern), _enabled);
 }
 
-TEST(EnableRules, OfManyClassesTakeLittleMoreMemoryThanTheirNames) {
+TEST(EnableRules, TakeLittleMoreMemoryThanTheNamesOfTheirClasses) {
   EnableRules rules;
   const std::size_t before = testsupport::memoryInUse();
   for (int i = 0; i < classCount; ++i)

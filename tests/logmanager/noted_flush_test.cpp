@@ -38,7 +38,7 @@ TEST_F(NotedFlush, ComesAtOnceWhenNoCallIsBeforeIt) {
   EXPECT_THAT(recorder_.messages(), ElementsAre("Flush|kept"));
 }
 
-TEST_F(NotedFlush, IsForgottenWithTheInnerChange) {
+TEST_F(NotedFlush, DisappearsWithTheInnerChange) {
   bl::set_up_change change(manager_);
   connect();
   {

@@ -17,7 +17,7 @@ using testsupport::ownStatus;
 
 using StatusPage = testsupport::PageOfSetUp;
 
-TEST_F(StatusPage, IsNotThereBeforeASetUp) { EXPECT_TRUE(testsupport::showsNothing()); }
+TEST_F(StatusPage, DoesNotExistBeforeASetUp) { EXPECT_TRUE(testsupport::showsNothing()); }
 
 TEST_F(StatusPage, TellsWhoTheProcessIs) {
   ASSERT_TRUE(initDefaultLogs("App", "CA12", false));
@@ -217,7 +217,7 @@ TEST_F(StatusPage, TellsWhatTheApplicationSwitchesItself) {
 
 // ---- When there is none ----
 
-TEST_F(StatusPage, IsMadeByALaterCallWhereItCouldNotBeMade) {
+TEST_F(StatusPage, AppearsWithALaterCallWhenAnEarlierOneFails) {
   {
     const FaultPlan plan(platform::Call::createStatusPage, 1, platform::errorDiskFull, 1);
     EXPECT_TRUE(initDefaultLogs("App", "CA12", false));

@@ -20,14 +20,14 @@ class QmrkctlErrors : public testsupport::QmrkctlRun {
   }
 };
 
-TEST_F(QmrkctlErrors, AreNoneWhereNothingWentWrong) {
+TEST_F(QmrkctlErrors, ListNothingWhenNothingWentWrong) {
   ASSERT_EQ(logTest({}).exitCode, 0);
   const ChildResult result = qmrkctl({"errors"});
   EXPECT_EQ(result.output, "no error records\n");
   EXPECT_EQ(result.exitCode, 0);
 }
 
-TEST_F(QmrkctlErrors, OfASetUpAndOfTheClassListComeTogether) {
+TEST_F(QmrkctlErrors, JoinThoseOfASetUpAndOfTheClassList) {
   // A CA without a file, and one without a class list, whose records go elsewhere.
   logTest({"--ca", "CA99"});
   sandbox_.writeCfg("CA7",
@@ -49,7 +49,7 @@ TEST_F(QmrkctlErrors, OfASetUpAndOfTheClassListComeTogether) {
   EXPECT_EQ(found[1]["in"], nativePath(sandbox_.appData() + "\\Other\\qmrk.info"));
 }
 
-TEST_F(QmrkctlErrors, AreExplained) {
+TEST_F(QmrkctlErrors, ExplainEachRecord) {
   writeRecords("2026/11/21 10:00:00 Faulty file permissions. /x.cfg does not have read permission. [Called by demo]\n");
   const ChildResult result = qmrkctl({"errors", "-v"});
   EXPECT_EQ(result.exitCode, 1);
@@ -71,7 +71,7 @@ TEST_F(QmrkctlErrors, SinceATimeLeaveOutEarlierOnes) {
   EXPECT_EQ(object["result"]["records"][0]["line"], 2);
 }
 
-TEST_F(QmrkctlErrors, ThatAreNoRecordsAreShownEscaped) {
+TEST_F(QmrkctlErrors, EscapeLinesThatAreNoRecords) {
   writeRecords("\x1b[2Jjunk\n");
   const ChildResult result = qmrkctl({"errors"});
   EXPECT_THAT(result.output, HasSubstr("unknown"));

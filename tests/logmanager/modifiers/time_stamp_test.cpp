@@ -37,7 +37,7 @@ TEST(TimeFormat, KnowsWhereTheMillisecondsStand) {
 
 TEST(TimeFormat, PadsWithZeros) { EXPECT_EQ(TimeFormat("$yyyy-$dd").text({7, 1, 2, 0, 0, 0, 0}), "0007-02"); }
 
-TEST(TimeStamp, IsTheTextOfTheTimeWheneverAndHoweverLong) {
+TEST(TimeStamp, ShowsTheTimeWheneverAndHoweverLong) {
   constexpr std::int64_t now = 1795255200123;
   constexpr std::int64_t year10000 = 253402300800000;
   for (const std::string& format : {std::string("$yyyy $mss"), std::string(80, '-') + "$ss.$mss", std::string("$ss")}) {

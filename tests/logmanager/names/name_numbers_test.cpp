@@ -51,7 +51,7 @@ std::string randomName(std::mt19937& _random) {
   return name;
 }
 
-TEST(NameNumbers, AreThoseOfAnOrdinaryMap) {
+TEST(NameNumbers, AgreeWithAnOrdinaryMap) {
   std::mt19937 random(1);
   NameNumbers numbers;
   std::map<std::string, std::uint64_t> model;

@@ -44,7 +44,7 @@ TEST_F(StatusPageLife, EndsWithANormalExit) {
   EXPECT_FALSE(exists(pathOf(child)));
 }
 
-TEST_F(StatusPageLife, IsLeftByAKilledProcessAndRemovedByTheNextOne) {
+TEST_F(StatusPageLife, OutlastsAKilledProcessUntilTheNextOneRemovesIt) {
   SleepingChild child([] { setUp(); });
   const pid_t process = child.process();
   EXPECT_EQ(pageOf(process).state, PageState::live);
@@ -54,7 +54,7 @@ TEST_F(StatusPageLife, IsLeftByAKilledProcessAndRemovedByTheNextOne) {
   EXPECT_FALSE(exists(pathOf(process)));
 }
 
-TEST_F(StatusPageLife, IsStaleWhenAnotherProgramRunsInItsProcess) {
+TEST_F(StatusPageLife, BecomesStaleWhenItsProcessRunsAnotherProgram) {
   int ends[2];
   ASSERT_EQ(::pipe2(ends, O_CLOEXEC), 0);
   const pid_t child = ::fork();
@@ -125,7 +125,7 @@ TEST_F(StatusPageLife, LetsChildrenBeForkedWhileItIsWritten) {
   writer.join();
 }
 
-TEST_F(StatusPageLife, IsWholeForWhoReadsItWhileItIsWritten) {
+TEST_F(StatusPageLife, StaysWholeForAReaderDuringAWrite) {
   ASSERT_TRUE(setUp());
   std::atomic<bool> isOver{false};
   std::thread writer([&] {

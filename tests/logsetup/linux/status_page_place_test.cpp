@@ -20,7 +20,7 @@ using testsupport::pageOf;
 
 using StatusPagePlace = testsupport::PageInItsFolder;
 
-TEST_F(StatusPagePlace, IsMadeAgainWhenItsFolderIsRemoved) {
+TEST_F(StatusPagePlace, ReappearsWhenItsFolderIsRemoved) {
   ASSERT_TRUE(setUp());
   ASSERT_EQ(::unlink(own().c_str()), 0);
   ASSERT_EQ(::rmdir(platform::statusFolderPath().c_str()), 0);
@@ -29,7 +29,7 @@ TEST_F(StatusPagePlace, IsMadeAgainWhenItsFolderIsRemoved) {
   EXPECT_EQ(ownStatus().caInEffect, "CA12");
 }
 
-TEST_F(StatusPagePlace, IsMadeAgainWhenAnotherFileTookItsPlace) {
+TEST_F(StatusPagePlace, ReappearsWhenAnotherFileTakesItsPlace) {
   ASSERT_TRUE(setUp());
   testsupport::writeFile(own(), "not a page");
   ASSERT_EQ(::unlink(own().c_str()), 0);
@@ -38,7 +38,7 @@ TEST_F(StatusPagePlace, IsMadeAgainWhenAnotherFileTookItsPlace) {
   EXPECT_EQ(pageOf(::getpid()).state, PageState::live);
 }
 
-TEST_F(StatusPagePlace, IsMissedByNobodyInAFullSharedMemory) {
+TEST_F(StatusPagePlace, MayBeMissingInAFullSharedMemory) {
   for (const char* limits : {"size=4k", "size=8k", "nr_inodes=2", "nr_inodes=3"}) {
     testsupport::mountSharedMemory(limits);
     expectNoPage();
@@ -46,12 +46,12 @@ TEST_F(StatusPagePlace, IsMissedByNobodyInAFullSharedMemory) {
   }
 }
 
-TEST_F(StatusPagePlace, IsMissedByNobodyInAReadOnlySharedMemory) {
+TEST_F(StatusPagePlace, MayBeMissingInAReadOnlySharedMemory) {
   ASSERT_EQ(::mount(nullptr, "/dev/shm", nullptr, MS_REMOUNT | MS_RDONLY, nullptr), 0);
   expectNoPage();
 }
 
-TEST_F(StatusPagePlace, IsMissedByNobodyBeyondAFileSizeLimit) {
+TEST_F(StatusPagePlace, MayBeMissingBeyondAFileSizeLimit) {
   ASSERT_TRUE(setUp());
   ASSERT_EQ(::unlink(own().c_str()), 0);
   const testsupport::FileSizeLimit limit(1000);
@@ -84,7 +84,7 @@ TEST_F(StatusPagePlace, FollowsNoLinkInItsPlace) {
   EXPECT_EQ(pageOf(::getpid()).state, PageState::live);
 }
 
-TEST_F(StatusPagePlace, IsNotMadeInPlaceOfAFolder) {
+TEST_F(StatusPagePlace, DoesNotReplaceAFolder) {
   ASSERT_EQ(::mkdir(platform::eventFolderPath().c_str(), 0700), 0);
   ASSERT_EQ(::mkdir(platform::statusFolderPath().c_str(), 0700), 0);
   ASSERT_EQ(::mkdir(own().c_str(), 0700), 0);

@@ -155,7 +155,7 @@ TEST_F(TwoAppenders, WriteInAForkedChildWhateverTheOtherWasDoing) {
   EXPECT_EQ(readFile(file()), "cp");
 }
 
-TEST_F(TwoAppenders, OfDifferentPatternsKnowNothingOfEachOther) {
+TEST_F(TwoAppenders, IgnoreEachOtherForDifferentPatterns) {
   auto one = appender("App");
   auto other = appender("Other");
   one.write("12345");

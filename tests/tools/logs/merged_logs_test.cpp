@@ -53,7 +53,7 @@ TEST(MergedLogs, HoldOnlyWhatIsAskedFor) {
   EXPECT_EQ(line.text, timed("B", 3));
 }
 
-TEST(MergedLogs, AreThereWhenOnlyBackupsAre) {
+TEST(MergedLogs, ExistWhenOnlyBackupsDo) {
   const testsupport::TemporaryFolder folder;
   writeFile(folder.file("a.1"), timed("A", 1) + "\n");
   MergedLogs logs({folder.file("a")}, {});

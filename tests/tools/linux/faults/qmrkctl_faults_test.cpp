@@ -32,7 +32,7 @@ class QmrkctlFaults : public ::testing::TestWithParam<std::size_t> {
   FaultInstallation installation_;
 };
 
-TEST_P(QmrkctlFaults, AreNamedWithPlaceAndFixAndHaveTheEffectThatIsTold) {
+TEST_P(QmrkctlFaults, HaveTheReportedPlaceFixAndEffect) {
   fault_.make(installation_);
   // First, since the library repairs some of them.
   std::vector<std::string> command = fault_.command;
@@ -89,9 +89,9 @@ void expectNoFinding(const FaultInstallation& _installation) {
   EXPECT_EQ(again.exitCode, 0) << again.output << again.errors;
 }
 
-TEST(QmrkctlSoundInstallation, OfOneCaHasNoFinding) { expectNoFinding(FaultInstallation()); }
+TEST(QmrkctlSoundInstallation, HasNoFindingForOneCa) { expectNoFinding(FaultInstallation()); }
 
-TEST(QmrkctlSoundInstallation, OfTheExamplesHasNoFinding) {
+TEST(QmrkctlSoundInstallation, HasNoFindingForTheExamples) {
   const FaultInstallation installation;
   const std::string examples = QMRK_EXAMPLES;
   installation.cfg(testsupport::readFile(examples + "/qmrk_logging_CA12.cfg"));
@@ -100,7 +100,7 @@ TEST(QmrkctlSoundInstallation, OfTheExamplesHasNoFinding) {
   expectNoFinding(installation);
 }
 
-TEST(QmrkctlSoundInstallation, OfTwoCasWithCrLfCommentsAndAnotherUserHasNoFinding) {
+TEST(QmrkctlSoundInstallation, HasNoFindingForTwoCasWithCrLfCommentsAndAnotherUser) {
   FaultInstallation installation;
   installation.cfg(testsupport::replaced("# the plant = main hall\n\n" + installation.cfgText(), "\n", "\r\n"));
   installation.init("Demo.*;\r\n*.error;\r\n");

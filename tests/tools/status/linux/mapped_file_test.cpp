@@ -9,7 +9,7 @@ namespace {
 
 using platform::isMappingOf;
 
-TEST(MappedFile, IsNamedByDeviceAndInode) {
+TEST(MappedFile, HasANameOfDeviceAndInode) {
   const std::string line = "7f0c7a1e0000-7f0c7a1f0000 rw-s 00000000 00:1a 4711                   /dev/shm/a b";
   EXPECT_TRUE(isMappingOf(line, makedev(0, 0x1a), 4711));
   EXPECT_FALSE(isMappingOf(line, makedev(0, 0x1b), 4711));
@@ -18,6 +18,8 @@ TEST(MappedFile, IsNamedByDeviceAndInode) {
   EXPECT_FALSE(isMappingOf("7f0c7a1e0000-7f0c7a1f0000 rw-s", makedev(0, 0), 0));
 }
 
-TEST(MappedFile, IsUnknownForAProcessThatDoesNotRun) { EXPECT_EQ(platform::mapsFile(0x7FFFFFFC, 0, 0), std::nullopt); }
+TEST(MappedFile, StaysUnknownForAProcessThatDoesNotRun) {
+  EXPECT_EQ(platform::mapsFile(0x7FFFFFFC, 0, 0), std::nullopt);
+}
 
 }  // namespace
