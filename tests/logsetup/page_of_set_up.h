@@ -23,6 +23,12 @@ class PageOfSetUp : public LogSetUp {
     writeCfg("CA12", "LOG_STATE=TRUE\n");
   }
 
+  // Windows removes no file that is open.
+  ~PageOfSetUp() override {
+    Quillmark_logging::deleteAppender("*", Quillmark_logging::APPENDER_COUT_APPL_SPEC);
+    Quillmark_logging::deleteAppender("*", Quillmark_logging::APPENDER_COUT_ROLLING_APPL_SPEC);
+  }
+
   void writeCfg(const std::string& _ca, const std::string& _keys) const {
     sandbox_.writeCfg(_ca, "COMMON_LOG_FILE_NAME=common.log\nCOMMON_LOG_FILE_FILTER=Def.a;Def.b;\n" + _keys);
   }
