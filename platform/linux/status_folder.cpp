@@ -66,7 +66,7 @@ std::string statusFolderPath() { return eventFolderPath() + "/" + folderName; }
 
 FileDescriptor openStatusFolder() {
   for (int attempt = 0; attempt < mostFolderAttempts; ++attempt) {
-    const FileDescriptor parent = openEventFolder(true);
+    const FileDescriptor parent = openEventFolder(ownEventFolder(), true);
     if (!parent.isOpen() && errno != ENOENT) return FileDescriptor();
     if (!parent.isOpen()) continue;
     FileDescriptor folder = openBelow(parent, folderName);
