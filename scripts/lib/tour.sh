@@ -134,6 +134,8 @@ take_the_tour() {
   station_running_process
   station_stamps
   station_versions
+  station_fault
+  station_steering
   # A prefix of Wine goes with the tour.
   [ -n "${QMRK_WINE_PREFIX:-}" ] || say "The files of the tour are in ${SANDBOX#"$ROOT/"}."
   say 'The formats and their traps: docs/file-formats.md.'
