@@ -58,7 +58,12 @@ std::int64_t BackwardScan::scan(const toolsystem::LogFile& _file) {
       limit = lineEnd;
     }
     following = block.substr(0, beginningSize);
+    seen_ += end - begin;
     end = begin;
+    if (seen_ >= query_.farthest) {
+      isDone_ = true;
+      return begin;
+    }
   }
   onLine(following);
   return 0;

@@ -34,6 +34,7 @@ class BackwardScan {
   std::uint64_t wanted_;
   std::uint64_t found_ = 0;
   std::uint64_t continued_ = 0;  ///< lines whose message is not known yet
+  std::int64_t seen_ = 0;        ///< bytes
   bool isDone_;
 };
 

@@ -134,11 +134,11 @@ std::string explanationOf(const ErrorRecord& _record) {
     case RecordKind::noConfiguration:
       return "The application found no configuration at all, and logged nothing. See \"qmrkctl doctor\".";
     case RecordKind::unreadableClassList:
-      return "The list of enabled classes could not be read; classes stayed as they were, at a start all of them off. "
+      return "The list of enabled classes could not be read; classes stayed as they were, at a start all of them on. "
              "Create the file, or give the user the right to read.";
     case RecordKind::noClassListPath:
       return "No folder for the list of enabled classes is known; classes stayed as they were, at a start all of them "
-             "off.";
+             "on.";
     case RecordKind::unwritableClassList:
       return "The list of enabled classes could not be changed. Give the user the right to write.";
     case RecordKind::unknown:

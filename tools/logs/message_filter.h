@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
+#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,6 +17,8 @@ struct MessageQuery {
   /// Patterns of classes, by the rules of the log manager; none: all classes.
   std::vector<std::string> classes;
   std::optional<CivilTime> since;
+  /// Look back no farther than so many bytes from the end of a log.
+  std::int64_t farthest = std::numeric_limits<std::int64_t>::max();
 
   bool asksForAll() const { return classes.empty() && !since; }
 

@@ -49,9 +49,10 @@ void addOptions(CLI::App& _program, Options& _options) {
 
 void addCommands(CLI::App& _program, Choice& _choice) {
   constexpr AddCommand all[] = {
-      addAppsCommand,    addCheckCommand,   addClassesCommand,    addCompletionCommand, addErrorsCommand,
-      addExplainCommand, addHistoryCommand, addInitConfigCommand, addLeasesCommand,     addMarkCommand,
-      addSchemaCommand,  addShowCommand,    addSignalCommand,     addTailCommand,       addWhereCommand,
+      addAppsCommand,   addBundleCommand, addCheckCommand,   addClassesCommand, addCompletionCommand,
+      addDoctorCommand, addErrorsCommand, addExplainCommand, addHistoryCommand, addInitConfigCommand,
+      addLeasesCommand, addMarkCommand,   addSchemaCommand,  addShowCommand,    addSignalCommand,
+      addTailCommand,   addWhereCommand,  addWhyCommand,
   };
   for (const AddCommand add : all)
     add(_program, _choice);

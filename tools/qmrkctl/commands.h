@@ -15,9 +15,11 @@ void addCommands(CLI::App& _program, Choice& _choice);
 
 // Each is in the file of its name.
 void addAppsCommand(CLI::App& _program, Choice& _choice);
+void addBundleCommand(CLI::App& _program, Choice& _choice);
 void addCheckCommand(CLI::App& _program, Choice& _choice);
 void addClassesCommand(CLI::App& _program, Choice& _choice);
 void addCompletionCommand(CLI::App& _program, Choice& _choice);
+void addDoctorCommand(CLI::App& _program, Choice& _choice);
 void addErrorsCommand(CLI::App& _program, Choice& _choice);
 void addExplainCommand(CLI::App& _program, Choice& _choice);
 void addHistoryCommand(CLI::App& _program, Choice& _choice);
@@ -29,5 +31,6 @@ void addShowCommand(CLI::App& _program, Choice& _choice);
 void addSignalCommand(CLI::App& _program, Choice& _choice);
 void addTailCommand(CLI::App& _program, Choice& _choice);
 void addWhereCommand(CLI::App& _program, Choice& _choice);
+void addWhyCommand(CLI::App& _program, Choice& _choice);
 
 }  // namespace qmrkctl

@@ -10,8 +10,8 @@ namespace {
 
 std::vector<FindingKind> allKinds() {
   std::vector<FindingKind> all;
-  for (const auto& kinds :
-       {byteKinds(), redirectionKinds(), keyKinds(), classListKinds(), folderKinds(), environmentKinds()}) {
+  for (const auto& kinds : {byteKinds(), redirectionKinds(), keyKinds(), classListKinds(), folderKinds(),
+                            processKinds(), environmentKinds()}) {
     all.insert(all.end(), kinds.begin(), kinds.end());
   }
   std::sort(all.begin(), all.end(), [](const FindingKind& _a, const FindingKind& _b) { return _a.code < _b.code; });

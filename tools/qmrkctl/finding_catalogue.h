@@ -32,6 +32,7 @@ std::span<const FindingKind> redirectionKinds();
 std::span<const FindingKind> keyKinds();
 std::span<const FindingKind> classListKinds();
 std::span<const FindingKind> folderKinds();
+std::span<const FindingKind> processKinds();
 std::span<const FindingKind> environmentKinds();  // Q701 to Q709
 
 /// What the catalogue says of the effect of a code, which must exist.

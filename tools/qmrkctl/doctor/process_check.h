@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vector>
+
+#include "tools/qmrkctl/configuration.h"
+#include "tools/qmrkctl/finding.h"
+#include "tools/qmrkctl/finding_catalogue.h"
+#include "tools/qmrkctl/running_processes.h"
+
+namespace qmrkctl {
+
+/// What a process finds now, with its eyes; null: not known.
+struct ProcessConfiguration {
+  const Configuration* own = nullptr;         ///< for the CA that it asked for
+  const Configuration* ofListener = nullptr;  ///< for the CA that its listener follows
+};
+
+/// What is wrong with a running process: its set-up, its listener, its class list and its log files.
+void checkProcess(const RunningProcess& _process, const ProcessConfiguration& _configuration,
+                  std::vector<Finding>& _findings);
+
+/// "demo (pid 123, user anna)".
+std::string processText(const RunningProcess& _process);
+
+}  // namespace qmrkctl

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "tools/qmrkctl/doctor/process_configurations.h"
+#include "tools/qmrkctl/finding.h"
+
+namespace qmrkctl {
+
+enum class StepState { ok, failed, unknown };
+
+/// A step on the way of a line from its statement to the common log.
+struct WhyStep {
+  StepState state = StepState::ok;
+  std::string name;
+  std::string seen;                ///< what is there, for people
+  std::optional<Finding> finding;  ///< of a failed step
+};
+
+/// "ok", "FAIL", "unknown".
+std::string_view stepStateName(StepState _state);
+
+/// What is asked.
+struct WhyQuestion {
+  std::string logClass;
+  const RunningProcess* process = nullptr;  ///< null: a program that would be started now
+  const SeenConfiguration* seen = nullptr;  ///< what it finds, with its eyes
+  std::vector<Finding> findings;            ///< of checkProcess
+};
+
+/// The steps in their order, up to the first one that has failed.
+std::vector<WhyStep> whyChain(const WhyQuestion& _question);
+
+// The parts of the chain, each up to its first failed step.
+
+/// Library, set-up and CA of the process.
+std::vector<WhyStep> setUpSteps(const WhyQuestion& _question);
+
+/// Configuration file, its keys, folder and file of the log.
+std::vector<WhyStep> fileSteps(const WhyQuestion& _question);
+
+/// Filter and class list, and what the process has of them.
+std::vector<WhyStep> classSteps(const WhyQuestion& _question);
+
+/// Listener, space, failures of writing, and the last line.
+std::vector<WhyStep> deliverySteps(const WhyQuestion& _question);
+
+/// Collects steps until one has failed.
+class StepList {
+ public:
+  bool isOpen() const { return steps_.empty() || steps_.back().state != StepState::failed; }
+  void ok(const std::string& _name, const std::string& _seen) { add({StepState::ok, _name, _seen, {}}); }
+  void unknown(const std::string& _name, const std::string& _seen) { add({StepState::unknown, _name, _seen, {}}); }
+
+  /// The text of the finding is what was seen.
+  void fail(const std::string& _name, Finding _finding) {
+    const std::string seen = _finding.text;
+    add({StepState::failed, _name, seen, std::move(_finding)});
+  }
+  void add(std::vector<WhyStep> _steps) {
+    for (WhyStep& step : _steps)
+      add(std::move(step));
+  }
+  std::vector<WhyStep> take() { return std::move(steps_); }
+
+ private:
+  void add(WhyStep _step) {
+    if (isOpen()) steps_.push_back(std::move(_step));
+  }
+
+  std::vector<WhyStep> steps_;
+};
+
+}  // namespace qmrkctl
