@@ -79,7 +79,10 @@ int sweepAll(const std::string& _wait, const Options& _options, Report& _report)
 
 void addLeasesCommand(CLI::App& _program, Choice& _choice) {
   CLI::App* const leases = _program.add_subcommand("leases", "Classes that are on for a time");
-  leases->require_subcommand(1);
+  leases->require_subcommand(0, 1);
+  leases->callback([leases, &_choice] {
+    if (leases->get_subcommands().empty()) _choice = {"leases", listLeases};
+  });
   leases->footer("Example: qmrkctl leases list");
   CLI::App* const list = leases->add_subcommand("list", "Show them, with the time that is left");
   list->fallthrough();
