@@ -19,9 +19,12 @@ class QmrkctlFollow : public testsupport::QmrkctlRun {
  protected:
   void TearDown() override { tmux({"kill-server"}); }
 
-  // A server of its own, which takes the environment of the sandbox.
+  // A server of its own for each test, which takes the environment of the sandbox. The one of the test before may still
+  // be ending.
   static testsupport::ChildResult tmux(std::vector<std::string> _arguments) {
-    _arguments.insert(_arguments.begin(), {"-L", "qmrk-test-" + std::to_string(::getpid()), "-f", "/dev/null"});
+    const std::string test = testing::UnitTest::GetInstance()->current_test_info()->name();
+    const std::string server = "qmrk-test-" + std::to_string(::getpid()) + "-" + test;
+    _arguments.insert(_arguments.begin(), {"-L", server, "-f", "/dev/null"});
     return testsupport::runProgram("/usr/bin/tmux", _arguments);
   }
 

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+// What doctor and why say of running applications with real faults.
+#include <gmock/gmock.h>
+#include <signal.h>
+
+#include <chrono>
+#include <thread>
+
+#include "platform/native_path.h"
+#include "tests/support/companion_process.h"
+#include "tests/support/private_events.h"
+#include "tests/tools/qmrkctl_run.h"
+
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+using testsupport::CompanionProcess;
+
+class QmrkctlDoctorProcesses : public testsupport::QmrkctlRun {
+ protected:
+  static void SetUpTestSuite() { testsupport::usePrivateEvents(); }
+
+  QmrkctlDoctorProcesses() {
+    configure("CA662");
+    sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA662\n");
+    writeCommonLog("");
+  }
+
+  void configure(const std::string& _ca) const {
+    sandbox_.writeCfg(_ca,
+                      "LOG_STATE=TRUE\nCOMMON_LOG_FILE_NAME=common.log\nCOMMON_LOG_FILE_ROOT=Logs\\Common\n"
+                      "COMMON_LOG_FILE_FILTER=Demo.App;Demo.Net;\n");
+    sandbox_.writeInit(_ca, "Demo.App;\nDemo.Net.error;\n");
+  }
+
+  // An application that listens, once it does. The shell's words come before it.
+  static CompanionProcess application(const std::string& _ca, const std::string& _limits = "") {
+    CompanionProcess process(
+        {"/bin/sh", "-c",
+         _limits + "exec " + std::string(QMRK_LOGTEST) + " --ca " + _ca + " --classes 'Demo.App.info;' --listen 600"});
+    EXPECT_THAT(process.readLine(), HasSubstr("Demo.App.info is on"));
+    return process;
+  }
+
+  static std::string doctor() { return qmrkctl({"--ca", "CA662", "doctor"}).output; }
+
+  // Waits at most 30 s until what doctor says holds the text.
+  static testing::AssertionResult says(const std::string& _text) {
+    std::string output;
+    for (int attempt = 0; attempt < 300; ++attempt) {
+      output = doctor();
+      if (output.find(_text) != std::string::npos) return testing::AssertionSuccess();
+      std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    }
+    return testing::AssertionFailure() << output;
+  }
+
+  // The number in "(pid 123, ".
+  static std::string pidIn(const std::string& _output) {
+    const std::size_t begin = _output.find("(pid ") + 5;
+    return _output.substr(begin, _output.find(',', begin) - begin);
+  }
+};
+
+TEST_F(QmrkctlDoctorProcesses, AreHealthyWhenTheyListenAndApplyTheirList) {
+  const CompanionProcess process = application("CA662");
+  EXPECT_TRUE(says("healthy"));
+  EXPECT_THAT(doctor(), Not(HasSubstr("Q60"))) << doctor();
+}
+
+TEST_F(QmrkctlDoctorProcesses, DoNotApplyAListThatWasChangedWithoutASignal) {
+  const CompanionProcess process = application("CA662");
+  sandbox_.writeInit("CA662", "Demo.Net;\n");
+  const std::string output = doctor();
+  EXPECT_THAT(output, HasSubstr("error Q603 " + platform::nativePath(sandbox_.initPath("CA662")) + " LogTest (pid "));
+  EXPECT_THAT(output, HasSubstr("fix: qmrkctl signal"));
+  const auto why = qmrkctl({"--pid", pidIn(output), "why", "Demo.Net.error"});
+  EXPECT_THAT(why.output, HasSubstr("FAIL    applied list"));
+  EXPECT_EQ(why.exitCode, 1);
+}
+
+TEST_F(QmrkctlDoctorProcesses, ListenForAnotherCa) {
+  configure("CA663");
+  sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA663\n");
+  const CompanionProcess process = application("CA662");
+  EXPECT_TRUE(says("error Q604 LogTest (pid "));
+  EXPECT_THAT(doctor(), HasSubstr("asked for CA662, its listener follows GE"));
+  EXPECT_THAT(qmrkctl({"--pid", pidIn(doctor()), "why", "Demo.App.info"}).output, HasSubstr("FAIL    listener"));
+}
+
+TEST_F(QmrkctlDoctorProcesses, AreStopped) {
+  const CompanionProcess process = application("CA662");
+  sandbox_.writeInit("CA662", "Demo.Net;\n");
+  const std::string pid = pidIn(doctor());
+  ASSERT_EQ(::kill(std::stoi(pid), SIGSTOP), 0);
+  EXPECT_TRUE(says("warning Q609 LogTest (pid " + pid));
+  EXPECT_THAT(doctor(), HasSubstr("fix: kill -CONT " + pid));
+  ASSERT_EQ(::kill(std::stoi(pid), SIGCONT), 0);
+}
+
+TEST_F(QmrkctlDoctorProcesses, LoseMessages) {
+  // The log is as large as a file of the application may be; its status page is not larger.
+  writeCommonLog(std::string(65536, 'x'));
+  const CompanionProcess process = application("CA662", "ulimit -f 128; ");
+  EXPECT_TRUE(says("error Q605 " + platform::nativePath(commonLog())));
+  const auto why = qmrkctl({"--pid", pidIn(doctor()), "why", "Demo.App.info"});
+  EXPECT_THAT(why.output, HasSubstr("FAIL    writing"));
+}
+
+}  // namespace
