@@ -13,7 +13,10 @@ using testsupport::ChildResult;
 
 class QmrkctlBundle : public testsupport::QmrkctlRun {
  protected:
-  static void SetUpTestSuite() { testsupport::usePrivateEvents(); }
+  static void SetUpTestSuite() {
+    testsupport::usePrivateProcesses();
+    testsupport::usePrivateEvents();
+  }
   QmrkctlBundle() { writeCommonLog("[Demo.App.info] 20261121 10:00:00 x\n"); }
 
   std::string file() const { return folder_.path() + "/bundle.tar.gz"; }

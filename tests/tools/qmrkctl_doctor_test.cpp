@@ -19,7 +19,10 @@ using testsupport::ChildResult;
 // For a CA that no application of another test uses.
 class QmrkctlDoctor : public testsupport::QmrkctlRun {
  protected:
-  static void SetUpTestSuite() { testsupport::usePrivateEvents(); }
+  static void SetUpTestSuite() {
+    testsupport::usePrivateProcesses();
+    testsupport::usePrivateEvents();
+  }
 
   QmrkctlDoctor() {
     sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA661\n");

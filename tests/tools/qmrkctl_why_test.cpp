@@ -16,7 +16,10 @@ using testsupport::ChildResult;
 // Judged for an application that would start now.
 class QmrkctlWhy : public testsupport::QmrkctlRun {
  protected:
-  static void SetUpTestSuite() { testsupport::usePrivateEvents(); }
+  static void SetUpTestSuite() {
+    testsupport::usePrivateProcesses();
+    testsupport::usePrivateEvents();
+  }
   QmrkctlWhy() { writeCommonLog("[Demo.App.info] 20261121 10:00:00 x\n"); }
 
   static ChildResult why(const std::string& _class) { return qmrkctl({"--ca", "CA12", "why", _class}); }

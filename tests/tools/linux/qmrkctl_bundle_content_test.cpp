@@ -18,7 +18,10 @@ using testsupport::ChildResult;
 
 class QmrkctlBundleContent : public testsupport::QmrkctlRun {
  protected:
-  static void SetUpTestSuite() { testsupport::usePrivateEvents(); }
+  static void SetUpTestSuite() {
+    testsupport::usePrivateProcesses();
+    testsupport::usePrivateEvents();
+  }
   QmrkctlBundleContent() { writeCommonLog("[Demo.App.info] 20261121 10:00:00 last words\n"); }
 
   std::string file() const { return folder_.path() + "/bundle.tar.gz"; }

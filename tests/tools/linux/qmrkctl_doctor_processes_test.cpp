@@ -19,7 +19,10 @@ using testsupport::CompanionProcess;
 
 class QmrkctlDoctorProcesses : public testsupport::QmrkctlRun {
  protected:
-  static void SetUpTestSuite() { testsupport::usePrivateEvents(); }
+  static void SetUpTestSuite() {
+    testsupport::usePrivateProcesses();
+    testsupport::usePrivateEvents();
+  }
 
   QmrkctlDoctorProcesses() {
     configure("CA662");
