@@ -47,7 +47,9 @@ OpenResult LogFile::open(const std::string& _path) {
   const OpenHandle file(_path, GENERIC_READ);
   if (!file.isOpen()) {
     const DWORD error = ::GetLastError();
-    if (error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND) return OpenResult::missing;
+    // A name that no file can have is that of a file that does not exist.
+    if (error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND || error == ERROR_INVALID_NAME)
+      return OpenResult::missing;
     return error == ERROR_ACCESS_DENIED ? OpenResult::denied : OpenResult::unreadable;
   }
   id_ = idOf(file.get());
