@@ -38,6 +38,6 @@ as_user bash -n /usr/share/bash-completion/completions/qmrkctl
 in_root sh -c 'grep -q "#compdef qmrkctl" /usr/share/zsh/vendor-completions/_qmrkctl'
 in_root test -s /usr/share/fish/vendor_completions.d/qmrkctl.fish
 in_root test -s /usr/share/qmrk_log/schemas/signal.json
-for page in man1/LogTest.1 man5/qmrk_logging.cfg.5 man7/qmrk_logging.7; do
+for page in man1/LogTest.1 man1/qmrkctl.1 man5/qmrk_logging.cfg.5 man7/qmrk_logging.7; do
   in_root sh -c "gunzip -c /usr/share/man/$page.gz | grep -q '^\.TH '"
 done
