@@ -84,3 +84,22 @@ function(qmrk_stamp_version _target)
   endif()
   target_sources(${_target} PRIVATE ${stamp})
 endfunction()
+
+# Tells Windows which of its versions a program knows: for one that names none, the later ones call themselves 6.2. A program
+# that opens the files of applications takes their LONG_PATHS, too; true or false.
+function(qmrk_add_manifest _target _long_paths)
+  if(NOT WIN32)
+    return()
+  endif()
+  set(manifest ${PROJECT_BINARY_DIR}/${_target}.manifest)
+  configure_file(${PROJECT_SOURCE_DIR}/platform/win32/program.manifest.in ${manifest} @ONLY)
+  if(MSVC)
+    target_sources(${_target} PRIVATE ${manifest})
+    return()
+  endif()
+  # Resource 1 of type 24 is the manifest of the process.
+  set(resource ${PROJECT_BINARY_DIR}/manifest_${_target}.rc)
+  file(CONFIGURE OUTPUT ${resource} CONTENT "1 24 \"@manifest@\"\n" @ONLY)
+  set_source_files_properties(${resource} TARGET_DIRECTORY ${_target} PROPERTIES OBJECT_DEPENDS ${manifest})
+  target_sources(${_target} PRIVATE ${resource})
+endfunction()
