@@ -18,7 +18,12 @@ NotedCalls*& latestNoted() {
   return noted;
 }
 
-constexpr std::size_t actionCount = 5;
+// What stands before a pattern: its size, the action, and whether the pattern is plain. A power of two has no division.
+constexpr std::size_t kindCount = 16;
+
+std::size_t headOf(SetUpCalls::Action _action, std::string_view _logs, bool _isPlain) {
+  return _logs.size() * kindCount + 2 * static_cast<std::size_t>(_action) + (_isPlain ? 1 : 0);
+}
 
 bool hasName(SetUpCalls::Action _action) {
   return _action == SetUpCalls::Action::disconnectAppender || _action == SetUpCalls::Action::disconnectModifier;
@@ -49,13 +54,15 @@ void SetUpCalls::disconnect(std::string_view _logs, CallableKind _kind, std::str
 }
 
 void SetUpCalls::note(Action _action, std::string_view _logs, std::string_view _name) {
-  if (_logs.find("**") != std::string_view::npos) {
+  const std::size_t star = _logs.find('*');
+  const bool isPlain = star == std::string_view::npos;
+  if (!isPlain && _logs.find("**", star) != std::string_view::npos) {
     note(_action, withoutRunsOfStars(_logs), _name);
     return;
   }
-  const std::size_t head = _logs.size() * actionCount + static_cast<std::size_t>(_action);
+  const std::size_t head = headOf(_action, _logs, isPlain);
   const std::size_t nameSize = hasName(_action) ? shortNumberSize(_name.size()) + _name.size() : 0;
-  char* to = records_.at(records_.add(shortNumberSize(head) + _logs.size() + nameSize));
+  char* to = records_.add(shortNumberSize(head) + _logs.size() + nameSize);
   to = writeShortNumber(to, head);
   to += _logs.copy(to, _logs.size());
   if (hasName(_action)) _name.copy(writeShortNumber(to, _name.size()), _name.size());
@@ -69,8 +76,8 @@ SetUpCalls::Call SetUpCalls::read(const char*& _record) {
     return text;
   };
   const std::size_t head = readShortNumber(_record);
-  const auto action = static_cast<Action>(head % actionCount);
-  const NamePattern pattern(readText(head / actionCount));
+  const auto action = static_cast<Action>(head % kindCount / 2);
+  const NamePattern pattern(readText(head / kindCount), head % 2 == 1);
   const std::string_view name = hasName(action) ? readText(readShortNumber(_record)) : std::string_view();
   return {action, pattern, name};
 }

@@ -17,12 +17,11 @@ constexpr std::size_t fewestSlots = 16;
 }  // namespace
 
 void NameNumbers::enter(const NamePattern& _name) {
-  if (!slots_.empty() && slots_[slotOf(_name.text(), _name.hash())] != freeSlot) return;
-  add(_name.text(), _name.hash(), 0);
+  if (recordOf(_name) == nullptr) add(_name.text(), _name.hash(), 0);
 }
 
 void NameNumbers::set(const NamePattern& _name, std::uint64_t _number) noexcept {
-  std::memcpy(records_.at(slots_[slotOf(_name.text(), _name.hash())]), &_number, sizeof _number);
+  std::memcpy(recordOf(_name), &_number, sizeof _number);
 }
 
 void NameNumbers::eraseBelow(std::uint64_t _number) noexcept {
@@ -55,6 +54,22 @@ std::uint64_t NameNumbers::find(std::string_view _name, std::size_t _hash) const
   return place == freeSlot ? 0 : read(records_.at(place)).number;
 }
 
+// Null when the name is missing.
+char* NameNumbers::recordOf(const NamePattern& _name) {
+  Entry entry{};
+  if (expected_.hasRecord()) entry = read(expected_.record);
+  if (entry.recordSize == 0 || entry.name != _name.text()) {
+    if (slots_.empty()) return nullptr;
+    const Place place = slots_[slotOf(_name.text(), _name.hash())];
+    if (place == freeSlot) return nullptr;
+    expected_ = records_.walkFrom(place);
+    entry = read(expected_.record);
+  }
+  char* const record = expected_.record;
+  expected_.skip(entry.recordSize);
+  return record;
+}
+
 // The slot of a name, or the free one where it is to be entered.
 std::size_t NameNumbers::slotOf(std::string_view _name, std::size_t _hash) const {
   const std::size_t mask = slots_.size() - 1;
@@ -65,12 +80,11 @@ std::size_t NameNumbers::slotOf(std::string_view _name, std::size_t _hash) const
 }
 
 NameNumbers::Place NameNumbers::addRecord(std::string_view _name, std::uint64_t _number) {
-  const Place place = records_.add(sizeof _number + shortNumberSize(_name.size()) + _name.size());
-  char* const record = records_.at(place);
+  char* const record = records_.add(sizeof _number + shortNumberSize(_name.size()) + _name.size());
   std::memcpy(record, &_number, sizeof _number);
   char* const text = writeShortNumber(record + sizeof _number, _name.size());
   _name.copy(text, _name.size());
-  return place;
+  return records_.placeOfLatest();
 }
 
 void NameNumbers::add(std::string_view _name, std::size_t _hash, std::uint64_t _number) {

@@ -41,6 +41,7 @@ class NameNumbers {
   static Entry read(const char* _record);
 
   std::uint64_t find(std::string_view _name, std::size_t _hash) const;
+  char* recordOf(const NamePattern& _name);
   std::size_t slotOf(std::string_view _name, std::size_t _hash) const;
   Place addRecord(std::string_view _name, std::uint64_t _number);
   void add(std::string_view _name, std::size_t _hash, std::uint64_t _number);
@@ -51,6 +52,9 @@ class NameNumbers {
   /// them, of which at least a quarter is free.
   std::vector<Place> slots_;
   std::size_t size_ = 0;
+  /// Behind the record of the name that was entered or set last: the same names usually come in the same order again,
+  /// and then none is searched for.
+  RecordBlocks::Walk expected_;
 };
 
 }  // namespace boost::logging::detail

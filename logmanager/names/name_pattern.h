@@ -2,22 +2,23 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "logmanager/names/name_hash.h"
 
 namespace boost::logging::detail {
 
 /// Selects logs by name. With "*", which stands for any sequence of characters, the pattern must match the whole name;
 /// without, it selects the log of that name and those below it ("App" selects "App" and "App.error", not "Apple"), or,
-/// when it is empty, only the log with the empty name. A view of its text.
+/// when it is empty, only the log with the empty name. A view of its text, for one thread.
 class NamePattern {
  public:
-  explicit NamePattern(std::string_view _text)
-      : text_(_text),
-        isPlain_(_text.find('*') == std::string_view::npos),
-        hash_(isPlain_ ? std::hash<std::string_view>()(_text) : 0) {}
+  explicit NamePattern(std::string_view _text) : NamePattern(_text, _text.find('*') == std::string_view::npos) {}
+
+  /// For a text of which it is known.
+  NamePattern(std::string_view _text, bool _isPlain) : text_(_text), isPlain_(_isPlain) {}
 
   std::string_view text() const { return text_; }
 
@@ -25,8 +26,11 @@ class NamePattern {
   bool isPlain() const { return isPlain_; }
   bool selectsAll() const { return text_ == "*"; }
 
-  /// Hash of the text of a plain pattern, computed once for all look-ups.
-  std::size_t hash() const { return hash_; }
+  /// Hash of the text, computed once for all look-ups that need it.
+  std::size_t hash() const {
+    if (hash_ == notHashed) hash_ = hashOfName(text_);
+    return hash_;
+  }
 
   bool selects(std::string_view _name) const;
 
@@ -37,14 +41,15 @@ class NamePattern {
  private:
   std::string_view text_;
   bool isPlain_;
-  std::size_t hash_;
+  static constexpr std::size_t notHashed = 0;
+  mutable std::size_t hash_ = notHashed;
 };
 
 // Let tables of names look up a part of a name without a copy, and a plain pattern by its hash.
 
 struct NameHash {
   using is_transparent = void;
-  std::size_t operator()(std::string_view _name) const { return std::hash<std::string_view>()(_name); }
+  std::size_t operator()(std::string_view _name) const { return hashOfName(_name); }
   std::size_t operator()(const NamePattern& _pattern) const { return _pattern.hash(); }
 };
 

@@ -18,16 +18,33 @@ class RecordBlocks {
   using Place = std::uint32_t;
 
   /// Adds a record of at least one byte, for the caller to fill. When there is no memory for it, nothing is added.
-  Place add(std::size_t _size) {
+  char* add(std::size_t _size) {
     if (blocks_.empty() || !blocks_.back().hasRoomFor(_size)) addBlock(_size);
     Block& block = blocks_.back();
-    const std::size_t place = (blocks_.size() - 1) * positions + block.used;
+    char* const record = &block.bytes[block.used];
+    latest_ = block.used;
     block.used += _size;
-    return static_cast<Place>(place);
+    return record;
   }
+
+  /// Of the record that was added last.
+  Place placeOfLatest() const { return static_cast<Place>((blocks_.size() - 1) * positions + latest_); }
 
   char* at(Place _place) { return &blocks_[_place / positions].bytes[_place % positions]; }
   const char* at(Place _place) const { return &blocks_[_place / positions].bytes[_place % positions]; }
+
+  /// Walks over the records of one block, as far as there are any when it begins.
+  struct Walk {
+    char* record = nullptr;
+    const char* end = nullptr;
+
+    bool hasRecord() const { return record != end; }
+    void skip(std::size_t _size) { record += _size; }
+  };
+  Walk walkFrom(Place _place) {
+    const Block& block = blocks_[_place / positions];
+    return {&block.bytes[_place % positions], &block.bytes[0] + block.used};
+  }
 
   /// Calls _visit(Place, const char* record) for each record, in order. It returns the size of the record.
   template <typename Visit>
@@ -67,6 +84,8 @@ class RecordBlocks {
   }
 
   std::vector<Block> blocks_;
+  /// Where the record that was added last begins in its block.
+  std::size_t latest_ = 0;
 };
 
 }  // namespace boost::logging::detail

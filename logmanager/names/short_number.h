@@ -24,12 +24,16 @@ inline char* writeShortNumber(char* _to, std::size_t _number) {
 
 /// Reads the number at a place, and moves the place behind it.
 inline std::size_t readShortNumber(const char*& _from) {
-  std::size_t number = 0;
-  for (unsigned int shift = 0;; shift += 7) {
-    const auto byte = static_cast<unsigned char>(*_from++);
-    number += static_cast<std::size_t>(byte % 128U) << shift;
-    if (byte < 128U) return number;
+  const auto nextByte = [&_from] { return static_cast<unsigned char>(*_from++); };
+  std::size_t byte = nextByte();
+  std::size_t number = byte;
+  // Nearly always one byte is all.
+  for (unsigned int shift = 7; byte >= 128U; shift += 7) {
+    byte = nextByte();
+    // Takes back the mark of the byte before as well.
+    number += (byte << shift) - (std::size_t{1} << shift);
   }
+  return number;
 }
 
 }  // namespace boost::logging::detail

@@ -43,6 +43,26 @@ TEST(NameNumbers, TakeNamesOfEveryLength) {
   EXPECT_EQ(numbers.find("aa"), 0U);
 }
 
+TEST(NameNumbers, TakeNamesInTheSameOrderAgainAndInAnyOther) {
+  constexpr int count = 20000;
+  const auto nameOf = [](int _number) { return "App.Class" + std::to_string(_number); };
+  NameNumbers numbers;
+  // Once through all of them, then again with some between that are new, then backwards.
+  for (int i = 0; i < count; ++i)
+    numbers.enter(NamePattern(nameOf(i)));
+  for (int i = 0; i < count; ++i) {
+    if (i % 7 == 0) numbers.enter(NamePattern(nameOf(count + i)));
+    numbers.set(NamePattern(nameOf(i)), static_cast<std::uint64_t>(i) + 1);
+  }
+  for (int i = 0; i < count; ++i)
+    ASSERT_EQ(numbers.find(nameOf(i)), static_cast<std::uint64_t>(i) + 1) << i;
+  for (int i = count - 1; i >= 0; --i)
+    numbers.set(NamePattern(nameOf(i)), static_cast<std::uint64_t>(i) + 2);
+  for (int i = 0; i < count; ++i)
+    ASSERT_EQ(numbers.find(nameOf(i)), static_cast<std::uint64_t>(i) + 2) << i;
+  EXPECT_EQ(numbers.size(), count + (count + 6) / 7);
+}
+
 /// Names of which many are prefixes of each other or differ in one byte.
 std::string randomName(std::mt19937& _random) {
   std::string name;
