@@ -111,20 +111,6 @@ TEST_F(StatusPageLife, BelongsToTheParentAfterAForkOfWhichNobodyTells) {
   EXPECT_EQ(ownStatus().files.at(0).lost, 0U);
 }
 
-TEST_F(StatusPageLife, LetsChildrenBeForkedWhileItIsWritten) {
-  ASSERT_TRUE(setUp());
-  std::atomic<bool> isOver{false};
-  std::thread writer([&] {
-    while (!isOver)
-      updateLogLevels("CA12");
-  });
-  for (int i = 0; i < 50; ++i) {
-    EXPECT_EQ(inForkedChild([] { return updateLogLevels("CA12") && pageOf(::getpid()).status ? 0 : 1; }), 0);
-  }
-  isOver = true;
-  writer.join();
-}
-
 TEST_F(StatusPageLife, StaysWholeForAReaderDuringAWrite) {
   ASSERT_TRUE(setUp());
   std::atomic<bool> isOver{false};
@@ -142,27 +128,6 @@ TEST_F(StatusPageLife, StaysWholeForAReaderDuringAWrite) {
   }
   isOver = true;
   writer.join();
-}
-
-TEST_F(StatusPageLife, SurvivesTheCancellationOfAThreadThatWritesIt) {
-  ASSERT_TRUE(setUp());
-  for (int i = 0; i < 20; ++i) {
-    pthread_t thread{};
-    const auto body = [](void* /*_unused*/) -> void* {
-      for (;;) {
-        updateLogLevels("CA12");
-        ::pthread_testcancel();
-      }
-    };
-    ASSERT_EQ(::pthread_create(&thread, nullptr, body, nullptr), 0);
-    std::this_thread::yield();
-    ::pthread_cancel(thread);
-    ASSERT_EQ(::pthread_join(thread, nullptr), 0);
-    EXPECT_EQ(pageOf(::getpid()).state, PageState::live);
-  }
-  const std::uint64_t generation = ownStatus().classes.generation;
-  ASSERT_TRUE(updateLogLevels("CA12"));
-  EXPECT_EQ(ownStatus().classes.generation, generation + 1);
 }
 
 TEST_F(StatusPageLife, CountsWhatManyThreadsLoseAtOnce) {
