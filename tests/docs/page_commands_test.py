@@ -2,7 +2,8 @@
 # SPDX-License-Identifier: MIT
 """page_commands_test.py STAGE PAGE: runs the commands of a page, its blocks ```sh, one after the other in one shell and in
 a new folder, with the installed tree STAGE in place of /usr/local. What they print must be the block ```text that follows,
-where there is one: a number of several digits stands for any number, and "..." for any text."""
+where there is one: a number of several digits stands for any number, one with a fraction for any such, several blanks for
+any, and "..." for any text."""
 
 import os
 import pathlib
@@ -23,9 +24,15 @@ def environment(folder):
             "PKG_CONFIG_PATH": str(libraries / "pkgconfig")}
 
 
+_PLACEHOLDERS = {r"\.\.\.": r"(.|\n)*", r" {2,}": " +", r"\d+\.\d+": r"\d+\.\d+", r"\d{2,}": r"\d+"}
+
+
 def pattern_of(expected):
-    return "".join("(.|\n)*" if part == "..." else r"\d+" if re.fullmatch(r"\d\d+", part) else re.escape(part)
-                   for part in re.split(r"(\.\.\.|\d+)", expected))
+    """What is printed must match this as a whole."""
+    pattern = ""
+    for part in re.split(f"({'|'.join(_PLACEHOLDERS)})", expected):
+        pattern += next((any_ for kind, any_ in _PLACEHOLDERS.items() if re.fullmatch(kind, part)), re.escape(part))
+    return pattern
 
 
 def run(blocks, folder):

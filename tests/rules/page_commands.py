@@ -3,7 +3,7 @@
 
 import re
 
-_COMMANDS = re.compile(r"^```(?:sh|bash|console)$", re.MULTILINE)
+_COMMANDS = re.compile(r"^```(?:sh|bash|console)\b", re.MULTILINE)
 _TESTED = re.compile(r"foreach\(page IN ITEMS ([^)]*)\)")
 
 

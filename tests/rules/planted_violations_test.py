@@ -98,7 +98,8 @@ PLANTED = {
     "page_commands": (
         {"docs/a.md": "```sh\nls\n```\n", "README.md": "    ls\n```text\nsh\n```\n",
          "tests/docs/CMakeLists.txt": "foreach(page IN ITEMS a b)\nendforeach()\n"},
-        {"docs/p.md": "Text.\n```sh\nls\n```\n", "examples/README.md": "```console\nls\n```\n"}),
+        {"docs/p.md": "Text.\n```sh\nls\n```\n", "examples/README.md": "```console\nls\n```\n",
+         "docs/q.md": "```sh status=1\nfalse\n```\n"}),
     "file_names": (
         {"platform/linux/clock.cpp": "", "platform/win32/clock.cpp": "", "trace/trace.h": "", "trace/trace.cpp": ""},
         {"zlast/trace.h": "", "trace/string_utils.h": "", "config/common.cpp": "", "config/helpers.h": ""}),

@@ -1,0 +1,60 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
+"""machine_page_test.py STAGE PAGE: runs the commands of a page about an installed machine, one after the other in one
+shell, as the user anna of a private machine. Each block ```sh must end with the status that it names (```sh status=1), else
+with 0, and print the block ```text behind it, as page_commands_test.py compares it. What breaks the machine before a
+command stands in a comment <!-- sh ... -->, which readers do not see."""
+
+import os
+import pathlib
+import re
+import subprocess
+import sys
+import tempfile
+
+from page_commands_test import PAGE, STAGE, pattern_of
+
+PRIVATE_MACHINE = pathlib.Path(__file__).with_name("private_machine")
+BLOCK = re.compile(r"^<!-- sh\n(?P<hidden>.*?)^-->|"
+                   r"^```sh(?: status=(?P<status>\d+))?\n(?P<shown>.*?)^```\n\n?(?:^```text\n(?P<text>.*?)^```)?",
+                   re.MULTILINE | re.DOTALL)
+
+
+def script_of(blocks, folder):
+    """What a block prints goes into a file of its number."""
+    lines = ["set -eu", "exec 3>&2 >/dev/null"]
+    for number, block in enumerate(blocks):
+        lines.append(f"echo 'block {number + 1}' >&3")
+        if block["hidden"] is not None:
+            lines.append(block["hidden"])
+            continue
+        lines.append(f"set +e\n{{\n{block['shown']}\n}} >'{folder}/{number}' 2>&1\nstatus=$?; set -e")
+        wanted = block["status"] or 0
+        lines.append(f"[ $status -eq {wanted} ] || {{ echo \"status $status instead of {wanted}:\"; cat '{folder}/{number}'; "
+                     "exit 1; } >&3")
+    return "\n".join(lines)
+
+
+def main():
+    blocks = [match.groupdict() for match in BLOCK.finditer(PAGE.read_text(encoding="utf-8"))]
+    shown = [number for number, block in enumerate(blocks) if block["hidden"] is None]
+    if not shown:
+        sys.exit(f"{PAGE} has no commands")
+    wrong = 0
+    with tempfile.TemporaryDirectory() as folder:
+        os.chmod(folder, 0o777)
+        result = subprocess.run([PRIVATE_MACHINE, STAGE, "bash", "-c", script_of(blocks, folder)], text=True,
+                                stdin=subprocess.DEVNULL, stderr=subprocess.PIPE, check=False)
+        if result.returncode != 0:
+            sys.exit(f"{PAGE.name}: status {result.returncode}\n{result.stderr}")
+        for number in shown:
+            printed = pathlib.Path(folder, str(number)).read_text(encoding="utf-8")
+            if not re.fullmatch(pattern_of(blocks[number]["text"] or ""), printed):
+                wrong += 1
+                print(f"{PAGE.name}:\n{blocks[number]['shown']}prints\n{printed}instead of\n{blocks[number]['text']}")
+    print(f"{PAGE.name}: {len(shown)} blocks of commands, {wrong} with another output")
+    return 1 if wrong else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
