@@ -4,6 +4,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <charconv>
@@ -35,10 +36,11 @@ bool isTrustedFolderOfPages(const FileDescriptor& _folder) {
          (status.st_mode & folderModeBits) == pagesFolderMode;
 }
 
-// The umask may have taken bits away.
+// The umask may have taken bits away. A folder with other rights is not trusted, so none is left there.
 void makeFolderOfPages(const FileDescriptor& _parent) {
-  if (::mkdirat(_parent.get(), folderName, pagesFolderMode) == 0)
-    ::fchmodat(_parent.get(), folderName, pagesFolderMode, 0);
+  if (::mkdirat(_parent.get(), folderName, pagesFolderMode) != 0) return;
+  if (::fchmodat(_parent.get(), folderName, pagesFolderMode, 0) != 0)
+    ::unlinkat(_parent.get(), folderName, AT_REMOVEDIR);
 }
 
 // The process id of a name: that of a page, or of one that was not shown yet; 0 for any other.
