@@ -64,7 +64,7 @@ TEST_F(ProcessCheck, FindsAFailedSetUpAndNothingThatFollowsFromIt) {
   page().setUp.result = status::Result::failed;
   page().setUp.error.text = "LOG_STATE is not on";
   page().listener.state = status::ListenerState::none;
-  EXPECT_EQ(found(), "error Q607;");
+  ASSERT_EQ(found(), "error Q607;");
   EXPECT_NE(findings_[0].text.find("demo (pid 123, user anna): the set-up failed at never: LOG_STATE is not on"),
             std::string::npos)
       << findings_[0].text;
@@ -72,7 +72,7 @@ TEST_F(ProcessCheck, FindsAFailedSetUpAndNothingThatFollowsFromIt) {
 
 TEST_F(ProcessCheck, FindsAListThatIsNotApplied) {
   configuration_.init.text = "Other;\n";
-  EXPECT_EQ(found(), "error Q603;");
+  ASSERT_EQ(found(), "error Q603;");
   EXPECT_NE(findings_[0].file.find("qmrk_logging_CA12.init"), std::string::npos);
   configuration_.init.isRead = false;
   EXPECT_EQ(found(), "") << "the file is not known";
@@ -81,7 +81,7 @@ TEST_F(ProcessCheck, FindsAListThatIsNotApplied) {
 TEST_F(ProcessCheck, FindsAnUpdateThatFailed) {
   page().classes.updateResult = status::Result::failed;
   page().classes.updateFailure = status::Failure::listUnreadable;
-  EXPECT_EQ(found(), "error Q611;");
+  ASSERT_EQ(found(), "error Q611;");
   EXPECT_NE(findings_[0].text.find("reason 8"), std::string::npos) << findings_[0].text;
 }
 
@@ -114,7 +114,7 @@ TEST_F(ProcessCheck, FindsMessagesThatAreLost) {
   EXPECT_EQ(found(), "warning Q606;");
   page().files[0].isFailing = true;
   page().files[0].error = 112;
-  EXPECT_EQ(found(), "error Q605;");
+  ASSERT_EQ(found(), "error Q605;");
   EXPECT_NE(findings_[0].text.find("(error 112 at never); 3 messages lost so far"), std::string::npos)
       << findings_[0].text;
 }
@@ -131,7 +131,7 @@ TEST_F(ProcessCheck, FindsAConfigurationThatHasChangedSinceTheStart) {
 
 TEST_F(ProcessCheck, FindsAStoppedProcessAndOneThatShowsNothing) {
   process_.facts.activity = toolsystem::Activity::stopped;
-  EXPECT_EQ(found(), "warning Q609;");
+  ASSERT_EQ(found(), "warning Q609;");
   EXPECT_NE(findings_[0].fix.find("kill -CONT 123"), std::string::npos);
   process_.status.reset();
   EXPECT_EQ(found(), "warning Q609;note Q610;");
