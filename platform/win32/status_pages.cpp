@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/status_pages.h"
 
-#include <atomic>
-#include <cstring>
-
+#include "platform/win32/status_page_copy.h"
 #include "platform/win32/windows_api.h"
 // After windows_api.h, on whose types it relies.
 #include <tlhelp32.h>
@@ -27,26 +25,10 @@ std::vector<std::uint32_t> runningProcesses() {
   return ids;
 }
 
-// Word by word, as the process that shows the page writes it.
-void copyWords(const char* _page, std::string& _bytes) {
-  for (std::size_t offset = 0; offset < _bytes.size(); offset += sizeof(std::uint64_t)) {
-    auto& word = *reinterpret_cast<std::uint64_t*>(const_cast<char*>(_page) + offset);
-    const std::uint64_t value = std::atomic_ref<std::uint64_t>(word).load(std::memory_order_relaxed);
-    std::memcpy(_bytes.data() + offset, &value, sizeof value);
-  }
-}
-
 ErrorCode copyWhole(const char* _page, const StatusPageForm& _form, std::string& _bytes) {
-  _bytes.resize(_form.size);
-  auto& place = *reinterpret_cast<std::uint64_t*>(const_cast<char*>(_page) + _form.sequenceOffset);
-  const std::atomic_ref<std::uint64_t> sequence(place);
   for (int tries = 0; tries < mostTries; ++tries) {
     if (tries > 0) ::Sleep(betweenTries);
-    const std::uint64_t before = sequence.load(std::memory_order_acquire);
-    if (before % 2 != 0) continue;
-    copyWords(_page, _bytes);
-    std::atomic_thread_fence(std::memory_order_acquire);
-    if (sequence.load(std::memory_order_relaxed) == before) return noError;
+    if (tryToCopyStatusPage(_page, _form, _bytes)) return noError;
   }
   return errorBusy;
 }
@@ -60,7 +42,7 @@ std::vector<StatusPageCopy> copyStatusPages(const StatusPagePlace& /*_place*/, c
     copy.pageProcessId = id;
     copy.processId = id;
     copy.userId = 0xFFFFFFFF;
-    copy.path = "Local\\QMRK_LOG_STATUS." + std::to_string(id);
+    copy.path = statusSectionName(id);
     const HANDLE section = ::OpenFileMappingA(FILE_MAP_READ, FALSE, copy.path.c_str());
     if (section == nullptr) {
       // Most processes have no page.

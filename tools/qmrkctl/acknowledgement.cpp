@@ -5,6 +5,7 @@
 #include <map>
 #include <set>
 
+#include "tools/status/page_watch.h"
 #include "tools/status/process_finder.h"
 #include "tools/system/end_request.h"
 
@@ -47,6 +48,7 @@ bool hasTried(const ProcessStatus& _before, const ProcessStatus& _now) {
 struct Pending {
   const Addressee* addressee;
   Answer* answer;
+  std::optional<PageWatch> page;
   bool isDone = false;
 };
 
@@ -56,14 +58,14 @@ class Wait {
     result_.answers.resize(_addressees.size());
     for (std::size_t i = 0; i < _addressees.size(); ++i) {
       result_.answers[i].process = _addressees[i].process;
-      pending_.push_back({&_addressees[i], &result_.answers[i]});
+      pending_.push_back({&_addressees[i], &result_.answers[i], watchOf(_addressees[i].process)});
     }
   }
 
   void set(const std::string& _event) {
+    begin_ = Clock::now();
     for (PlaceResult& each : result_.places)
       each.error = toolsystem::setEventAt(each.place, _event);
-    begin_ = Clock::now();
   }
 
   // Those for whom no waiting helps.
@@ -80,7 +82,16 @@ class Wait {
     }
   }
 
-  void readPages() {
+  // Those pages that were written since the last look.
+  void readNewPages() {
+    for (Pending& each : pending_) {
+      if (each.isDone || !each.page) continue;
+      if (const std::optional<ProcessStatus> page = each.page->newStatus()) judge(each, *page);
+    }
+  }
+
+  // All pages, one that was removed and made again among them.
+  void readAllPages() {
     std::map<std::string, std::vector<FoundProcess>> pages;
     for (Pending& each : pending_) {
       if (each.isDone) continue;
@@ -139,6 +150,11 @@ class Wait {
   Clock::time_point begin() const { return begin_; }
 
  private:
+  static std::optional<PageWatch> watchOf(const RunningProcess& _process) {
+    if (!_process.status) return std::nullopt;
+    return PageWatch({_process.facts.root, _process.facts.pageUserId}, *_process.status);
+  }
+
   static std::string reasonForSilence(const RunningProcess& _process, const std::string& _event) {
     if (!_process.status) return "no thread of it waits for the event";
     const ListenerStatus& listener = _process.status->listener;
@@ -192,9 +208,12 @@ void waitForAll(Wait& _wait, const std::string& _event, milliseconds _longest, A
   while (!_wait.isComplete()) {
     const Clock::time_point now = Clock::now();
     if (now - _wait.begin() > _longest) break;
-    _wait.readPages();
-    if (now >= nextLook && !_wait.isWorthWaiting()) break;
-    if (now >= nextLook) nextLook = now + betweenLooks;
+    _wait.readNewPages();
+    if (now >= nextLook) {
+      if (now > _wait.begin() + betweenLooks) _wait.readAllPages();
+      if (!_wait.isWorthWaiting()) break;
+      nextLook = now + betweenLooks;
+    }
     if (now >= nextSetting) {
       _wait.remind(_event);
       reminder *= 2;

@@ -10,8 +10,6 @@
 namespace qmrkctl {
 namespace {
 
-constexpr platform::StatusPageForm form{status::pageSize, status::sequence.offset};
-
 PageState stateOfError(platform::ErrorCode _error) {
   switch (_error) {
     case platform::errorAccessDenied:
@@ -59,7 +57,7 @@ FoundProcess examine(const platform::StatusPagePlace& _place, const platform::St
 
 std::vector<FoundProcess> findProcesses(const platform::StatusPagePlace& _place) {
   std::vector<FoundProcess> processes;
-  for (const platform::StatusPageCopy& copy : platform::copyStatusPages(_place, form)) {
+  for (const platform::StatusPageCopy& copy : platform::copyStatusPages(_place, statusPageForm)) {
     processes.push_back(examine(_place, copy));
   }
   std::ranges::stable_sort(processes, {}, &FoundProcess::processId);

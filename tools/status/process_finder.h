@@ -6,10 +6,15 @@
 #include <string>
 #include <vector>
 
+#include "diagnostics/status_page_layout.h"
 #include "platform/status_pages.h"
 #include "tools/status/process_status.h"
 
 namespace qmrkctl {
+
+/// What the seam has to know of a page.
+constexpr platform::StatusPageForm statusPageForm{Quillmark_logging::status::pageSize,
+                                                  Quillmark_logging::status::sequence.offset};
 
 enum class PageState {
   live,        ///< the process runs

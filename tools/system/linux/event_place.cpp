@@ -2,7 +2,6 @@
 #include "tools/system/event_place.h"
 
 #include <dirent.h>
-#include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -15,6 +14,7 @@
 #include "platform/linux/event_folder.h"
 #include "platform/linux/file_descriptor.h"
 #include "platform/linux/foreign_event.h"
+#include "platform/linux/status_page_files.h"
 
 namespace toolsystem {
 namespace {
@@ -22,19 +22,6 @@ namespace {
 using platform::FileDescriptor;
 
 constexpr std::string_view folderPrefix = "qmrk-";
-
-FileDescriptor openFolder(int _folder, const char* _name, int _flags) {
-  return FileDescriptor(::openat(_folder, _name, O_RDONLY | O_DIRECTORY | O_CLOEXEC | _flags));
-}
-
-// A foreign root may lead anywhere by its links, which would count from the caller's root.
-FileDescriptor openSharedMemory(const std::string& _root) {
-  if (_root.empty()) return openFolder(AT_FDCWD, "/dev/shm", 0);
-  const FileDescriptor root = openFolder(AT_FDCWD, _root.c_str(), 0);
-  if (!root.isOpen()) return FileDescriptor();
-  const FileDescriptor devices = openFolder(root.get(), "dev", O_NOFOLLOW);
-  return devices.isOpen() ? openFolder(devices.get(), "shm", O_NOFOLLOW) : FileDescriptor();
-}
 
 EventPlace placeOf(const ProcessFacts& _process) {
   EventPlace place;
@@ -86,7 +73,7 @@ std::vector<EventPlace> eventPlaces(const std::vector<ProcessFacts>& _processes,
 }
 
 platform::ErrorCode setEventAt(const EventPlace& _place, const std::string& _event) {
-  const FileDescriptor memory = openSharedMemory(_place.root);
+  const FileDescriptor memory = platform::openSharedMemory(_place.root);
   if (!memory.isOpen()) return platform::errnoCode(errno);
   const std::string path = "/proc/self/fd/" + std::to_string(memory.get()) + "/" + std::string(folderPrefix) +
                            std::to_string(_place.folderUserId);

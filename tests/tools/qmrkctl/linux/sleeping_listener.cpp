@@ -41,8 +41,8 @@ class ShownPage {
     const std::string folder = "/dev/shm/qmrk-" + std::to_string(::geteuid()) + "/apps";
     orAbort(::mkdir(folder.c_str(), 0700) == 0 || errno == EEXIST);
     const auto self = static_cast<std::uint32_t>(::getpid());
-    file_ = ::open((folder + "/" + std::to_string(self)).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
-    orAbort(file_ != -1);
+    path_ = folder + "/" + std::to_string(self);
+    open();
     page_.number(status::pid, self).number(status::startTime, platform::startTimeOf(self));
     list(status::applications, settings_.applications, [](const std::string&) { return false; });
     page_.text(status::initPath, settings_.listPath).text(status::commonLogPath, settings_.commonLog);
@@ -63,6 +63,11 @@ class ShownPage {
   }
 
   void show() {
+    if (settings_.replacesPage && sequence_ > 2) {
+      orAbort(::unlink(path_.c_str()) == 0);
+      ::close(file_);
+      open();
+    }
     page_.number(status::sequence, sequence_ - 1);
     write(page_.bytes().substr(status::sequence.offset, 8), status::sequence.offset);
     write(page_.bytes(), 0);
@@ -72,6 +77,11 @@ class ShownPage {
   }
 
  private:
+  void open() {
+    file_ = ::open(path_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    orAbort(file_ != -1);
+  }
+
   void write(const std::string& _bytes, std::size_t _offset) const {
     orAbort(::pwrite(file_, _bytes.data(), _bytes.size(), static_cast<off_t>(_offset)) ==
             static_cast<ssize_t>(_bytes.size()));
@@ -88,6 +98,7 @@ class ShownPage {
 
   const SleepingListener::Settings& settings_;
   PageImage page_;
+  std::string path_;
   int file_ = -1;
   std::uint64_t generation_ = 0;
   std::uint64_t sequence_ = 2;

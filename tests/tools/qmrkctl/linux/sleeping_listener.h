@@ -20,7 +20,8 @@ class SleepingListener {
     /// with these logs. Empty: it sleeps on.
     std::string listPath;
     std::vector<std::string> logs;
-    std::string commonLog;  ///< shown on the page
+    std::string commonLog;      ///< shown on the page
+    bool replacesPage = false;  ///< shows each answer on a page that it makes again
   };
 
   /// Returns when the child holds the event and shows its page.
