@@ -15,7 +15,7 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
 
 if(WIN32)
   set(CPACK_GENERATOR ZIP)
-  set(CPACK_PACKAGE_FILE_NAME qmrk_log-${PROJECT_VERSION}-windows-x86_64)
+  set(CPACK_PACKAGE_FILE_NAME qmrk_log-${PROJECT_VERSION}-windows-${CMAKE_SYSTEM_PROCESSOR})
   foreach(part IN ITEMS
       boost:libboost1.74-dev cli11:libcli11-dev gcc:gcc-mingw-w64-base mingw-w64:mingw-w64-common
       nlohmann-json:nlohmann-json3-dev zlib:libz-mingw-w64-dev)

@@ -1,26 +1,30 @@
 # SPDX-License-Identifier: MIT
-# 64-bit Windows, cross-built on Linux with mingw-w64. The compiler's own libraries are linked statically, so that a DLL
-# needs nothing beside it but system DLLs and the log manager's. The libraries come from
-# scripts/build-windows-dependencies, the programs run under Wine.
+# Windows, cross-built on Linux with mingw-w64: of 64 bits, unless mingw-w64-i686.cmake includes this. The compiler's own
+# libraries are linked statically, so that a DLL needs nothing beside it but system DLLs and the log manager's. The
+# libraries come from scripts/build-windows-dependencies, the programs run under Wine.
+if(NOT DEFINED qmrk_processor)
+  set(qmrk_processor x86_64)
+endif()
+set(qmrk_target ${qmrk_processor}-w64-mingw32)
 set(CMAKE_SYSTEM_NAME Windows)
-set(CMAKE_SYSTEM_PROCESSOR x86_64)
+set(CMAKE_SYSTEM_PROCESSOR ${qmrk_processor})
 
 # The variant with posix threads: the default one has no std::mutex.
-set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)
-set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
-set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
+set(CMAKE_C_COMPILER ${qmrk_target}-gcc-posix)
+set(CMAKE_CXX_COMPILER ${qmrk_target}-g++-posix)
+set(CMAKE_RC_COMPILER ${qmrk_target}-windres)
 
 if(DEFINED ENV{QMRK_WINDOWS_SYSROOT})
   set(qmrk_sysroot $ENV{QMRK_WINDOWS_SYSROOT})
 elseif(DEFINED ENV{QMRK_WINDOWS_DEPENDENCIES})
-  set(qmrk_sysroot $ENV{QMRK_WINDOWS_DEPENDENCIES}/sysroot)
+  set(qmrk_sysroot $ENV{QMRK_WINDOWS_DEPENDENCIES}/${qmrk_processor})
 elseif(DEFINED ENV{XDG_CACHE_HOME})
-  set(qmrk_sysroot $ENV{XDG_CACHE_HOME}/qmrk-windows/sysroot)
+  set(qmrk_sysroot $ENV{XDG_CACHE_HOME}/qmrk-windows/${qmrk_processor})
 else()
-  set(qmrk_sysroot $ENV{HOME}/.cache/qmrk-windows/sysroot)
+  set(qmrk_sysroot $ENV{HOME}/.cache/qmrk-windows/${qmrk_processor})
 endif()
 
-set(CMAKE_FIND_ROOT_PATH ${qmrk_sysroot} /usr/x86_64-w64-mingw32)
+set(CMAKE_FIND_ROOT_PATH ${qmrk_sysroot} /usr/${qmrk_target})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)

@@ -2,6 +2,7 @@
 #include "platform/append_file.h"
 
 #include <atomic>
+#include <new>
 
 #include "platform/fault.h"
 #include "platform/win32/append_lock.h"
@@ -218,16 +219,12 @@ bool AppendFile::isStillAt(const std::string& _path) const {
 
 static_assert(sizeof(OVERLAPPED) <= sizeof(std::uintptr_t[5]));
 
-void AppendWatch::watchThisThread() { watched = reinterpret_cast<OVERLAPPED*>(state_); }
+void AppendWatch::watchThisThread() { watched = std::launder(reinterpret_cast<OVERLAPPED*>(state_)); }
 
-void AppendWatch::restart() {
-  auto& place = *reinterpret_cast<OVERLAPPED*>(state_);
-  place = OVERLAPPED{};
-  place.Internal = statusPending;
-}
+void AppendWatch::restart() { (new (state_) OVERLAPPED{})->Internal = statusPending; }
 
 bool AppendWatch::hasAppended() const {
-  const auto& place = *reinterpret_cast<const volatile OVERLAPPED*>(state_);
+  const auto& place = *std::launder(reinterpret_cast<const volatile OVERLAPPED*>(state_));
   return place.Internal != statusPending && place.InternalHigh != 0;
 }
 

@@ -11,6 +11,7 @@ PACKAGES_PACKAGING=(git python3 dpkg-dev file binutils lintian debootstrap abiga
 PACKAGES_COVERAGE=(gcovr)
 PACKAGES_WINDOWS=(g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64 wine wine64 googletest python3 dpkg-dev xz-utils
   zip unzip libz-mingw-w64-dev)
+PACKAGES_WINDOWS32=("${PACKAGES_BUILD[@]}" "${PACKAGES_WINDOWS[@]}" g++-mingw-w64-i686-posix binutils-mingw-w64-i686)
 
 # Runs a command as root: as it is for root, else through sudo.
 as_root() {
