@@ -25,8 +25,10 @@ std::string uniqueName() {
 
 }  // namespace
 
-TemporaryFolder::TemporaryFolder() {
-  const fs::path folder = fs::temp_directory_path() / uniqueName();
+TemporaryFolder::TemporaryFolder() : TemporaryFolder(fs::temp_directory_path().string()) {}
+
+TemporaryFolder::TemporaryFolder(const std::string& _parent) {
+  const fs::path folder = fs::path(_parent) / uniqueName();
   fs::create_directory(folder);
   fs::permissions(folder, fs::perms::all);
   path_ = pathText(folder);

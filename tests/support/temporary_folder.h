@@ -10,6 +10,8 @@ namespace testsupport {
 class TemporaryFolder {
  public:
   TemporaryFolder();
+  /// In this folder, not in that of the system.
+  explicit TemporaryFolder(const std::string& _parent);
   ~TemporaryFolder();
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
