@@ -71,16 +71,15 @@ void StatusImage::putFiles(const std::vector<FileValues>& _files) {
 }
 
 // A sequence lock: who reads the same even number before and after its copy has a whole one. The words are atomic, so
-// that reading them meanwhile is no race; the fence keeps them behind the odd number.
+// that reading them meanwhile is no race; each is released, so that who sees it sees the odd number as well.
 void StatusImage::copyTo(std::uint64_t* _words) const {
   const Word counter(_words[sequenceWord]);
   const std::uint64_t former = counter.load(std::memory_order_relaxed);
   counter.store(former + 1, std::memory_order_relaxed);
-  std::atomic_thread_fence(std::memory_order_release);
   for (std::size_t i = 0; i < wordCount; ++i) {
     const Word word(_words[i]);
     if (i != sequenceWord && word.load(std::memory_order_relaxed) != words_[i]) {
-      word.store(words_[i], std::memory_order_relaxed);
+      word.store(words_[i], std::memory_order_release);
     }
   }
   counter.store(former + 2, std::memory_order_release);

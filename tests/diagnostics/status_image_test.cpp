@@ -101,8 +101,7 @@ bool tryToCopy(Words& _page, Words& _copy) {
   const std::size_t counter = sequence.offset / sizeof(std::uint64_t);
   const std::uint64_t before = Word(_page[counter]).load(std::memory_order_acquire);
   for (std::size_t i = 0; i < _page.size(); ++i)
-    _copy[i] = Word(_page[i]).load(std::memory_order_relaxed);
-  std::atomic_thread_fence(std::memory_order_acquire);
+    _copy[i] = Word(_page[i]).load(std::memory_order_acquire);
   return before % 2 == 0 && before != 0 && Word(_page[counter]).load(std::memory_order_relaxed) == before;
 }
 
