@@ -43,6 +43,20 @@ function(qmrk_compile_together _target)
   endif()
 endfunction()
 
+# For the administration tool and what only it is made of. Most of the time goes into its headers, so its sources are
+# always compiled together; nearly all of its code runs once, so little of it is optimised; and where a package wants to
+# know the types of the libraries, its own are not asked for. Under the thread sanitizer no test runs it.
+function(qmrk_compile_as_tool _target)
+  set_target_properties(${_target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 12)
+  qmrk_do_not_optimise_sanitized(${_target})
+  if(NOT MSVC)
+    target_compile_options(${_target} PRIVATE $<$<CONFIG:Release>:-O1 -g0>)
+  endif()
+  if(CMAKE_CXX_FLAGS MATCHES "-fsanitize=thread")
+    set_target_properties(${_target} PROPERTIES EXCLUDE_FROM_ALL ON)
+  endif()
+endfunction()
+
 # An object library whose sources are added by the folders with target_sources().
 function(qmrk_add_objects _target)
   add_library(${_target} OBJECT)

@@ -108,6 +108,7 @@ bool tryToCopy(Words& _page, Words& _copy) {
 TEST(StatusImage, NeverShowsAReaderAPart) {
   Words page(pageSize / sizeof(std::uint64_t));
   std::atomic<bool> isOver{false};
+  std::atomic<int> tries{0};
   std::thread writer([&] {
     StatusImage image;
     for (std::uint64_t round = 1; !isOver; ++round) {
@@ -115,10 +116,13 @@ TEST(StatusImage, NeverShowsAReaderAPart) {
       image.text(classText, std::string(5000, static_cast<char>('a' + round % 26)));
       image.number(listenerWakes, round);
       image.copyTo(page.data());
+      // The reader's next try begins after this and is over before the next writing: it always gets on.
+      for (const int before = tries; !isOver && tries < before + 2;)
+        std::this_thread::yield();
     }
   });
   Words copy(page.size());
-  for (int whole = 0; whole < 200;) {
+  for (int whole = 0; whole < 200; ++tries) {
     if (!tryToCopy(page, copy)) continue;
     ++whole;
     const auto process = qmrkctl::parseStatusPage(bytesOf(copy));
