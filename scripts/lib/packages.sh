@@ -10,7 +10,7 @@ PACKAGES_TEST=(git python3 pkg-config binutils procps libgtest-dev libgmock-dev 
 PACKAGES_PACKAGING=(git python3 dpkg-dev file binutils lintian debootstrap abigail-tools reuse scdoc)
 PACKAGES_COVERAGE=(gcovr)
 PACKAGES_WINDOWS=(g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64 wine wine64 googletest python3 dpkg-dev xz-utils
-  zip unzip libz-mingw-w64-dev)
+  zip unzip libz-mingw-w64-dev wixl msitools)
 PACKAGES_WINDOWS32=("${PACKAGES_BUILD[@]}" "${PACKAGES_WINDOWS[@]}" g++-mingw-w64-i686-posix binutils-mingw-w64-i686)
 
 # Runs a command as root: as it is for root, else through sudo.
