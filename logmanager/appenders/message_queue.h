@@ -22,6 +22,7 @@ namespace boost::logging::detail {
 /// looks at all lanes, and takes only numbers below the one that it read. So when it takes B, the counter had changed
 /// for B before it looked at the lanes, and A had been published before that: it finds A, and puts it first because its
 /// number is smaller.
+// NOLINTNEXTLINE(clang-analyzer-optin.performance.Padding): who writes a part does not share cache lines with others
 class MessageQueue {
  public:
   /// One call of the wrapped appender gets at most this many bytes, plus one line.
