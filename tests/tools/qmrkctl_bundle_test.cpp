@@ -32,6 +32,8 @@ TEST_F(QmrkctlBundle, SaysWhatIsInsideAndWritesIt) {
                                  "common_log.txt", "application_log_pump.txt"})
     EXPECT_THAT(result.output, HasSubstr(std::string("  ") + part));
   EXPECT_EQ(testsupport::readFile(file()).substr(0, 2), "\x1f\x8b");
+  EXPECT_THAT(testsupport::readFile(commonLog()), HasSubstr("[qmrkctl.mark] 20"));
+  EXPECT_THAT(testsupport::readFile(commonLog()), HasSubstr(" bundle "));
   EXPECT_EQ(testsupport::namesIn(folder_.path()), std::vector<std::string>{"bundle.tar.gz"});
 }
 

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/native_path.h"
 #include "tools/qmrkctl/commands.h"
 #include "tools/qmrkctl/exit_code.h"
 #include "tools/qmrkctl/shown_text.h"
@@ -54,7 +55,7 @@ std::vector<std::string> filesOf(const RunningProcess& _process) {
   std::vector<std::string> files;
   if (!_process.status) return files;
   for (const LogFileStatus& file : _process.status->files)
-    files.push_back(file.path.text);
+    files.push_back(platform::nativePath(file.path.text));
   return files;
 }
 

@@ -10,6 +10,7 @@
 #include "tools/qmrkctl/commands.h"
 #include "tools/qmrkctl/configuration.h"
 #include "tools/qmrkctl/exit_code.h"
+#include "tools/qmrkctl/followed_logs.h"
 #include "tools/qmrkctl/running_processes.h"
 #include "tools/qmrkctl/shown_text.h"
 
@@ -63,18 +64,6 @@ class CheckRun {
   std::set<std::tuple<std::string, std::string, int, int, std::string>> told_;
 };
 
-// The logs of the applications that follow a class list; none when some are not known.
-std::vector<std::string> logsThatFollow(const RunningProcesses& _processes, const std::string& _initPath) {
-  std::vector<std::string> logs;
-  for (const RunningProcess& process : _processes.found) {
-    if (!process.status || process.status->initPath.text != _initPath) continue;
-    if (process.status->classes.logsLeftOut > 0) return {};
-    for (const LogState& log : process.status->classes.logs)
-      logs.push_back(log.name);
-  }
-  return logs;
-}
-
 int checkOneFile(const std::string& _path, Report& _report) {
   const Viewpoint own = ownViewpoint();
   const ConfigurationFile file = readConfigurationFile(own, _path, "named on the command line");
@@ -108,7 +97,7 @@ int checkCas(const Options& _options, bool _isAll, Report& _report) {
     const Configuration configuration = readConfiguration(*viewpoint, ca);
     for (const ConfigurationFile* const file : {&configuration.generic, &configuration.cfg, &configuration.init})
       run.note(*file);
-    run.add(checkConfiguration(*viewpoint, configuration, logsThatFollow(processes, configuration.init.path)));
+    run.add(checkConfiguration(*viewpoint, configuration, logsThatFollow(processes.found, configuration.init.path)));
   }
   return run.end();
 }

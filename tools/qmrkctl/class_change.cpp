@@ -149,8 +149,9 @@ class Change {
 
   std::vector<Addressee> addresseesOf(const std::vector<RunningProcess>& _processes) {
     std::vector<Addressee> addressees;
+    ProcessConfigurations configurations;
     for (const RunningProcess& process : _processes) {
-      if (process.status && !follows(process, place_)) {
+      if (process.status && !follows(process, place_, configurations)) {
         report_.detail(std::to_string(process.pid()) + " " + shown(process.application) + " " +
                        shown(process.facts.user) +
                        " follows another class list: " + shown(process.status->initPath.text));

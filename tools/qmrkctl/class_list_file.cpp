@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/qmrkctl/class_list_file.h"
 
+#include <algorithm>
 #include <fstream>
 #include <sstream>
 
@@ -56,8 +57,14 @@ std::optional<ClassListPlace> classListPlaceOf(const std::string& _reachedPath) 
 }
 
 std::optional<ClassListPlace> classListPlace(const Viewpoint& _viewpoint, const Configuration& _configuration) {
-  auto place = classListPlaceOf(reachedPath(_viewpoint, _configuration.init.path));
-  if (place) place->path = _configuration.init.path;
+  const std::string& path = _configuration.init.path;
+  const std::size_t nameBegin = path.find_last_of("\\/") + 1;
+  // What stands beside the list stands beside the name, not beside what a link leads to.
+  const std::string folder = reachedPath(_viewpoint, path.substr(0, std::max<std::size_t>(nameBegin, 1) - 1));
+  auto place = classListPlaceOf(folder + "\\" + path.substr(nameBegin));
+  if (!place) return place;
+  place->path = path;
+  if (!_viewpoint.root.empty()) place->reached = reachedPath(_viewpoint, path);
   return place;
 }
 

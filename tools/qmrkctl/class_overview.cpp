@@ -43,8 +43,9 @@ class Overview {
   }
 
   void addRunning(const std::vector<RunningProcess>& _processes) {
+    ProcessConfigurations configurations;
     for (const RunningProcess& process : _processes) {
-      if (!follows(process, place_)) continue;
+      if (!follows(process, place_, configurations)) continue;
       ++processes_;
       for (const LogState& log : process.status->classes.logs)
         ++(log.isOn ? rows_[log.name].on : rows_[log.name].off);

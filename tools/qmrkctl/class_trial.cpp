@@ -40,10 +40,11 @@ std::set<std::string> logsOf(const Viewpoint& _viewpoint, const Configuration& _
   if (_configuration.logs && !_configuration.logs->commonLog.empty()) {
     logs.insert(reachedPath(_viewpoint, _configuration.logs->commonLog));
   }
+  ProcessConfigurations configurations;
   for (const RunningProcess& process : runningProcesses(steeredProcesses(_options)).found) {
-    if (!follows(process, _place)) continue;
+    if (!follows(process, _place, configurations)) continue;
     for (const LogFileStatus& file : process.status->files) {
-      if (!file.path.isCut && !file.path.text.empty()) logs.insert(process.facts.root + file.path.text);
+      if (!file.path.isCut && !file.path.text.empty()) logs.insert(reachedPathOf(process, file.path.text));
     }
   }
   return logs;
@@ -128,7 +129,8 @@ int tryClasses(const ChangeRequest& _request, const Options& _options, Report& _
   ChangeRequest on = _request;
   on.duration = *_request.duration + leaseReserve;
   const int code = changeClasses(on, _options, _report);
-  if (!before || (code != exitOk && code != exitPartial && code != exitTimeout && code != exitInterrupted)) return code;
+  // Whatever the answers were, a list that was written is taken back.
+  if (!before || !_report.result().contains("answers")) return code;
   const Measured measured = measure(logs, _request);
   const bool wasInterrupted = toolsystem::isEndRequested();
   toolsystem::forgetEndRequest();

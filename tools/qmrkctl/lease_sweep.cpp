@@ -24,8 +24,9 @@ bool isAnythingToDo(const ClassListState& _state) {
 
 std::vector<Addressee> followersOf(const ClassListPlace& _place, const std::string& _list) {
   std::vector<Addressee> followers;
+  ProcessConfigurations configurations;
   for (const RunningProcess& process : runningProcesses(steeredProcesses(Options())).found) {
-    if (follows(process, _place)) followers.push_back({process, classListHash(_list)});
+    if (follows(process, _place, configurations)) followers.push_back({process, classListHash(_list)});
   }
   return followers;
 }

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "platform/clock.h"
+#include "platform/native_path.h"
 #include "quillmark_logging_names.h"
 #include "tools/qmrkctl/asked_viewpoint.h"
 #include "tools/qmrkctl/commands.h"
@@ -27,16 +28,19 @@ void addLog(const std::string& _root, const PageText& _path, std::uint32_t _owne
   if (_path.isCut || _path.text.empty()) return;
   // Windows has no such owners.
   const bool isOwned = _owner != status::noUserId;
-  _logs.emplace(_root + _path.text, isOwned ? std::optional<std::uint32_t>(_owner) : std::nullopt);
+  _logs.emplace(_root + platform::nativePath(_path.text),
+                isOwned ? std::optional<std::uint32_t>(_owner) : std::nullopt);
 }
 
 Logs findLogs(const Viewpoint& _viewpoint, const Configuration& _configuration, const Options& _options) {
   Logs logs;
   for (const RunningProcess& process : runningProcesses(steeredProcesses(_options)).found) {
     if (!process.status) continue;
-    addLog(process.facts.root, process.status->commonLogPath, process.facts.userId, logs);
+    // A link in place of a log is not followed.
+    const std::string root = toolsystem::fileSystemOfProcess(static_cast<int>(process.pid()));
+    addLog(root, process.status->commonLogPath, process.facts.userId, logs);
     for (const LogFileStatus& file : process.status->files)
-      addLog(process.facts.root, file.path, process.facts.userId, logs);
+      addLog(root, file.path, process.facts.userId, logs);
   }
   if (_configuration.logs && !_configuration.logs->commonLog.empty() && !_options.pid && _options.app.empty()) {
     addLog("", {reachedPath(_viewpoint, _configuration.logs->commonLog), 0, false}, _viewpoint.account.uid, logs);

@@ -5,8 +5,11 @@
 #include <string>
 #include <system_error>
 
+#include "platform/native_path.h"
 #include "platform/text_file.h"
+#include "tools/qmrkctl/check/similar_name.h"
 #include "tools/system/log_file.h"
+#include "tools/system/path_in_root.h"
 
 namespace qmrkctl {
 namespace {
@@ -19,6 +22,21 @@ std::optional<std::uint32_t> userIdOf(const std::string& _user) {
   const auto [stop, error] = std::from_chars(_user.data(), _user.data() + _user.size(), number);
   const bool isNumber = error == std::errc() && stop == _user.data() + _user.size();
   return isNumber ? std::optional<std::uint32_t>(number) : std::nullopt;
+}
+
+// The class list that a process applies when its event is set; none: its page does not tell. Its last update may have
+// been by a set-up call for another CA than that which the listener follows.
+std::optional<std::string> nextList(const RunningProcess& _process, ProcessConfigurations& _configurations) {
+  const ProcessStatus& status = *_process.status;
+  const ListenerStatus& listener = status.listener;
+  const bool listens =
+      listener.state == status::ListenerState::waiting || listener.state == status::ListenerState::updating;
+  if (listens && !listener.ca.empty() && !isSameIgnoringCase(listener.ca, status.classes.ca)) {
+    const SeenConfiguration* const seen = _configurations.ofListener(_process);
+    if (seen != nullptr && !seen->configuration.init.path.empty()) return seen->configuration.init.path;
+  }
+  if (status.initPath.isCut || status.initPath.text.empty()) return std::nullopt;
+  return status.initPath.text;
 }
 
 }  // namespace
@@ -53,19 +71,25 @@ std::optional<std::uint64_t> hashOfList(const RunningProcess& _process) {
     return std::nullopt;
   }
   std::string text;
-  platform::TextReader file(_process.facts.root + _process.status->initPath.text);
+  platform::TextReader file(reachedPathOf(_process, _process.status->initPath.text));
   if (!file.readAll(text)) return std::nullopt;
   return status::hashOf(text);
 }
 
-bool follows(const RunningProcess& _process, const ClassListPlace& _place) {
+std::string reachedPathOf(const RunningProcess& _process, const std::string& _path) {
+  const std::string root = toolsystem::fileSystemOfProcess(static_cast<int>(_process.pid()));
+  return toolsystem::pathInRoot(root, platform::nativePath(_path));
+}
+
+bool follows(const RunningProcess& _process, const ClassListPlace& _place, ProcessConfigurations& _configurations) {
   if (!_process.status) return false;
-  const PageText& path = _process.status->initPath;
-  if (path.isCut || path.text.empty()) return _process.status->caInEffect == _place.ca;
-  const toolsystem::FileId theirs = toolsystem::fileIdAt(_process.facts.root + path.text);
+  const std::optional<std::string> path = nextList(_process, _configurations);
+  if (!path) return _process.status->caInEffect == _place.ca;
+  const std::string reached = reachedPathOf(_process, *path);
+  const toolsystem::FileId theirs = toolsystem::fileIdAt(reached);
   const toolsystem::FileId ours = toolsystem::fileIdAt(_place.reached);
   const toolsystem::FileId none;
-  if (theirs == none || ours == none) return _process.facts.root + path.text == _place.reached;
+  if (theirs == none || ours == none) return reached == _place.reached;
   return theirs == ours;
 }
 

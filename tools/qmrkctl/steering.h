@@ -3,9 +3,11 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "tools/qmrkctl/class_list_file.h"
+#include "tools/qmrkctl/doctor/process_configurations.h"
 #include "tools/qmrkctl/running_processes.h"
 #include "tools/system/event_place.h"
 
@@ -26,7 +28,11 @@ std::vector<toolsystem::EventPlace> placesOf(const ProcessQuery& _query, const s
 /// Of the class list that a process would read now; no value where it cannot be told.
 std::optional<std::uint64_t> hashOfList(const RunningProcess& _process);
 
-/// Whether a process applies that class list, as far as its page tells.
-bool follows(const RunningProcess& _process, const ClassListPlace& _place);
+/// The path by which this program reaches what the process sees at a path of the library's form.
+std::string reachedPathOf(const RunningProcess& _process, const std::string& _path);
+
+/// Whether a process applies that class list when its event is set, as far as its page tells.
+/// @param _configurations what was read for other processes, which may share it.
+bool follows(const RunningProcess& _process, const ClassListPlace& _place, ProcessConfigurations& _configurations);
 
 }  // namespace qmrkctl

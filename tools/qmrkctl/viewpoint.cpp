@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/native_path.h"
+#include "tools/system/path_in_root.h"
 
 namespace qmrkctl {
 namespace {
@@ -49,11 +50,16 @@ bool baseFolder(const Viewpoint& _viewpoint, platform::ShellFolder _folder, std:
 }
 
 std::string reachedPath(const Viewpoint& _viewpoint, const std::string& _path) {
-  return _viewpoint.root + platform::nativePath(_path);
+  return toolsystem::pathInRoot(_viewpoint.root, platform::nativePath(_path));
 }
 
 toolsystem::PathFacts factsOf(const Viewpoint& _viewpoint, const std::string& _path) {
-  return toolsystem::factsOf(reachedPath(_viewpoint, _path));
+  toolsystem::PathFacts facts = toolsystem::factsOf(reachedPath(_viewpoint, _path));
+  if (_viewpoint.root.empty()) return facts;
+  // The path that is reached is no link any more.
+  facts.isLink = toolsystem::factsOf(_viewpoint.root + platform::nativePath(_path)).isLink;
+  if (facts.isLink && facts.kind == toolsystem::PathKind::missing) facts.kind = toolsystem::PathKind::danglingLink;
+  return facts;
 }
 
 std::vector<toolsystem::PathRights> rightsOn(const Viewpoint& _viewpoint, const std::vector<std::string>& _paths) {

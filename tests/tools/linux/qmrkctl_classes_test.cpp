@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <signal.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -8,6 +9,7 @@
 #include "tests/support/companion_process.h"
 #include "tests/support/linux/forked_child.h"
 #include "tests/tools/linux/qmrkctl_on_sandbox.h"
+#include "tools/system/file_lock.h"
 
 namespace {
 
@@ -129,6 +131,67 @@ TEST_F(QmrkctlClasses, MeasuresATrialAndSwitchesBack) {
   EXPECT_EQ(result.exitCode, 0) << result.output << result.errors;
   EXPECT_TRUE(contains(result.output, "lines/s")) << result.output;
   EXPECT_EQ(list(), "Demo.App;\nDemo.Net.error;\n");
+}
+
+TEST_F(QmrkctlClasses, SwitchesBackWhenATrialIsInterrupted) {
+  for (const int signal : {SIGINT, SIGTERM}) {
+    const pid_t trial = ::fork();
+    if (trial == 0) {
+      ::execl(QMRKCTL, QMRKCTL, "-q", "classes", "try", "Demo.Net", "--for", "1h", nullptr);
+      ::_exit(99);
+    }
+    while (!contains(list(), "Demo.Net;\n"))
+      std::this_thread::yield();
+    ::kill(trial, signal);
+    EXPECT_EQ(testsupport::exitCodeOf(trial), 130);
+    EXPECT_EQ(list(), "Demo.App;\nDemo.Net.error;\n");
+  }
+}
+
+// Where the event cannot be set, the list was written all the same.
+TEST_F(QmrkctlClasses, SwitchesBackAfterATrialOfWhichNobodyCouldBeTold) {
+  const SleepingListener own(follower("Pump", other));
+  const std::string folder = testsupport::replaced(sandbox_.initFolder(), "\\", "/");
+  ASSERT_EQ(::chown(folder.c_str(), other, ::getegid()), 0);
+  ASSERT_EQ(::chown((folder + "/qmrk_logging_CA12.init").c_str(), other, ::getegid()), 0);
+  // No event can be opened there any more.
+  const std::string event = "/dev/shm/qmrk-" + std::to_string(other) + "/QMRK_LOG_EVENT";
+  ASSERT_EQ(::unlink(event.c_str()), 0);
+  ASSERT_EQ(::mkdir(event.c_str(), 0700), 0);
+  EXPECT_EQ(testsupport::inForkedChild([&] {
+              if (::setresuid(other, other, other) != 0) return 1;
+              const ChildResult result = qmrkctl({"classes", "try", "Demo.Net", "--for", "100ms"});
+              if (!contains(result.output, "Pump " + std::to_string(other) + " denied")) return 2;
+              return result.exitCode;
+            }),
+            4);
+  EXPECT_EQ(list(), "Demo.App;\nDemo.Net.error;\n");
+}
+
+TEST_F(QmrkctlClasses, SaysThatSomebodyElseChangesTheList) {
+  const toolsystem::FileLock lock(beside("lock"), std::chrono::milliseconds(0));
+  ASSERT_TRUE(lock.isHeld());
+  const ChildResult result = qmrkctl({"classes", "enable", "Demo.Net"});
+  EXPECT_EQ(result.exitCode, 6) << result.output;
+  EXPECT_TRUE(contains(result.errors, "somebody else is changing the class list")) << result.errors;
+  EXPECT_EQ(list(), "Demo.App;\nDemo.Net.error;\n");
+}
+
+// A process with a file system of its own, in which the class list is a link that begins with "/".
+TEST_F(QmrkctlClasses, ChangesTheListThatAProcessSeesInItsOwnMounts) {
+  const std::string folder = testsupport::replaced(sandbox_.initFolder(), "\\", "/");
+  const std::string link = folder + "/qmrk_logging_CA12.init";
+  testsupport::CompanionProcess apart({"/usr/bin/unshare", "--mount", "/bin/sh", "-c",
+                                       "mount -t tmpfs qmrk-test '" + folder + "' && mkdir '" + folder +
+                                           "/real' && echo 'Demo.App;' > '" + folder + "/real/list' && ln -s '" +
+                                           folder + "/real/list' '" + link + "' && echo $$ && exec sleep 1000"});
+  const std::string pid = apart.readLine();
+  EXPECT_FALSE(contains(qmrkctl({"--pid", pid, "check"}).output, "Q213")) << "the link leads to a file";
+  const ChildResult result = qmrkctl({"--pid", pid, "classes", "enable", "Demo.Net"});
+  EXPECT_EQ(result.exitCode, 0) << result.output << result.errors;
+  EXPECT_EQ(testsupport::readFile("/proc/" + pid + "/root" + folder + "/real/list"), "Demo.App;\nDemo.Net;\n");
+  EXPECT_EQ(list(), "Demo.App;\nDemo.Net.error;\n") << "that of all others";
+  apart.kill();
 }
 
 TEST_F(QmrkctlClasses, RecordsEveryChange) {

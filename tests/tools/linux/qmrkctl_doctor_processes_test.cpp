@@ -92,6 +92,21 @@ TEST_F(QmrkctlDoctorProcesses, ListenForAnotherCa) {
   EXPECT_THAT(qmrkctl({"--pid", pidIn(doctor()), "why", "Demo.App.info"}).output, HasSubstr("FAIL    listener"));
 }
 
+// Its set-up has applied the list of CA662; the event makes it apply that of GE, which is CA663's.
+TEST_F(QmrkctlDoctorProcesses, AnswerForTheClassListOfTheirListener) {
+  configure("CA663");
+  sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA663\n");
+  const CompanionProcess process = application("CA662");
+  EXPECT_TRUE(says("error Q604 LogTest (pid "));
+  const auto answersFor = [](const std::string& _ca) {
+    return jsonOf({"--ca", _ca, "classes", "enable", "Demo.Net"})["result"]["answers"];
+  };
+  EXPECT_EQ(answersFor("CA662").size(), 0U);
+  const auto answers = answersFor("CA663");
+  ASSERT_EQ(answers.size(), 1U);
+  EXPECT_EQ(answers[0]["outcome"], "applied");
+}
+
 TEST_F(QmrkctlDoctorProcesses, AreStopped) {
   const CompanionProcess process = application("CA662");
   sandbox_.writeInit("CA662", "Demo.Net;\n");

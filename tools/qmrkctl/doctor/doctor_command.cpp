@@ -8,10 +8,12 @@
 
 #include "quillmark_logging_names.h"
 #include "tools/logs/civil_time.h"
+#include "tools/qmrkctl/check/similar_name.h"
 #include "tools/qmrkctl/commands.h"
 #include "tools/qmrkctl/doctor/process_check.h"
 #include "tools/qmrkctl/doctor/process_configurations.h"
 #include "tools/qmrkctl/exit_code.h"
+#include "tools/qmrkctl/followed_logs.h"
 #include "tools/qmrkctl/shown_text.h"
 #include "tools/qmrkctl/tail/record_files.h"
 #include "tools/qmrkctl/tail/viewpoints.h"
@@ -46,7 +48,7 @@ class Examination {
   }
 
   void examineConfigurations(const std::vector<Viewpoint>& _viewpoints, const std::string& _ca,
-                             const std::vector<std::string>& _knownLogs) {
+                             const std::vector<RunningProcess>& _processes) {
     for (const Viewpoint& viewpoint : _viewpoints) {
       configurations_.of(viewpoint, _ca);
       if (!_ca.empty()) continue;
@@ -54,7 +56,8 @@ class Examination {
         configurations_.of(viewpoint, ca);
     }
     for (const SeenConfiguration& seen : configurations_.all())
-      add(checkConfiguration(seen.viewpoint, seen.configuration, _knownLogs));
+      add(checkConfiguration(seen.viewpoint, seen.configuration,
+                             logsThatFollow(_processes, seen.configuration.init.path)));
   }
 
   // The same record comes at every start.
@@ -121,21 +124,10 @@ ProcessQuery examinedProcesses(const Options& _options) {
 // With --ca only those that use it, as far as that is known.
 void keepThoseOf(const std::string& _ca, std::vector<RunningProcess>& _processes) {
   if (_ca.empty()) return;
-  std::erase_if(_processes, [&_ca](const RunningProcess& _process) {
-    return !_process.status || (_process.status->caAsked != _ca && _process.status->caInEffect != _ca);
+  const auto isMeant = [&_ca](const std::string& _other) { return isSameIgnoringCase(_ca, _other); };
+  std::erase_if(_processes, [&isMeant](const RunningProcess& _process) {
+    return !_process.status || (!isMeant(_process.status->caAsked) && !isMeant(_process.status->caInEffect));
   });
-}
-
-std::vector<std::string> logsOf(const std::vector<RunningProcess>& _processes) {
-  std::set<std::string> logs;
-  for (const RunningProcess& process : _processes) {
-    if (!process.status) continue;
-    // Where not all of them are shown, none is known to be missing.
-    if (process.status->classes.logsLeftOut > 0) return {};
-    for (const LogState& log : process.status->classes.logs)
-      logs.insert(log.name);
-  }
-  return {logs.begin(), logs.end()};
 }
 
 int examine(bool _isStrict, const Options& _options, Report& _report) {
@@ -154,7 +146,7 @@ int examine(bool _isStrict, const Options& _options, Report& _report) {
   }
   Examination examination;
   examination.examineProcesses(processes.found);
-  examination.examineConfigurations(choice.viewpoints, _options.ca, logsOf(processes.found));
+  examination.examineConfigurations(choice.viewpoints, _options.ca, processes.found);
   examination.examineRecords(choice.viewpoints, _options.ca);
   const int exitCode = tell(examination.findings(), _isStrict, _report);
   _report.result()["processes"] = processes.found.size();

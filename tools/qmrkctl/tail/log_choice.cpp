@@ -9,6 +9,7 @@
 #include "tools/logs/log_files.h"
 #include "tools/qmrkctl/configuration.h"
 #include "tools/qmrkctl/running_processes.h"
+#include "tools/qmrkctl/steering.h"
 #include "tools/qmrkctl/tail/viewpoints.h"
 
 namespace qmrkctl {
@@ -25,7 +26,7 @@ std::vector<std::string> logsOfRunning(const Options& _options, const std::strin
     if (!process.status) continue;
     for (const LogFileStatus& file : process.status->files) {
       if (file.kind != status::FileKind::common && !file.path.isCut)
-        paths.push_back(process.facts.root + platform::nativePath(file.path.text));
+        paths.push_back(reachedPathOf(process, file.path.text));
     }
   }
   std::ranges::sort(paths);

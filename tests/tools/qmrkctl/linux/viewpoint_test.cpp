@@ -85,4 +85,25 @@ TEST(ViewpointTest, SeesWhatIsAtAPath) {
   EXPECT_TRUE(factsOf(ownViewpoint(), base + "link").isLink);
 }
 
+// A folder stands for the root of another process.
+TEST(ViewpointTest, FollowsLinksFromTheRootOfTheProcess) {
+  const testsupport::TemporaryFolder root;
+  fs::create_directories(root.path() + "/etc/real");
+  testsupport::writeFile(root.path() + "/etc/real/file", "x");
+  fs::create_symlink("/etc/real/file", root.path() + "/absolute");
+  fs::create_symlink("../../etc/real", root.path() + "/above");
+  fs::create_symlink("/etc/passwd", root.path() + "/dangling");
+  fs::create_symlink("loop", root.path() + "/loop");
+  Viewpoint viewpoint = ownViewpoint();
+  viewpoint.root = root.path();
+  EXPECT_EQ(reachedPath(viewpoint, "/absolute"), root.path() + "/etc/real/file");
+  EXPECT_EQ(reachedPath(viewpoint, "\\above\\file"), root.path() + "/etc/real/file");
+  EXPECT_EQ(reachedPath(viewpoint, "/etc/../../new"), root.path() + "/new");
+  EXPECT_EQ(factsOf(viewpoint, "/absolute").kind, toolsystem::PathKind::file);
+  EXPECT_TRUE(factsOf(viewpoint, "/absolute").isLink);
+  EXPECT_EQ(factsOf(viewpoint, "/dangling").kind, toolsystem::PathKind::danglingLink);
+  EXPECT_EQ(factsOf(viewpoint, "/loop").kind, toolsystem::PathKind::danglingLink);
+  EXPECT_EQ(factsOf(viewpoint, "/new").kind, toolsystem::PathKind::missing);
+}
+
 }  // namespace

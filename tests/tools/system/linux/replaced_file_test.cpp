@@ -6,6 +6,7 @@
 #include <signal.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <array>
@@ -114,6 +115,31 @@ TEST(ReplacedFile, GivesANewFileTheModeOfTheUmask) {
   struct stat status {};
   ASSERT_EQ(::stat(path.c_str(), &status), 0);
   EXPECT_EQ(status.st_mode & 07777U, 0640U);
+}
+
+TEST(ReplacedFile, KeepsAttributesAndAccessControlLists) {
+  const TemporaryFolder folder;
+  const std::string path = folder.path() + "/list";
+  writeFile(path, formerText);
+  ASSERT_EQ(::setxattr(path.c_str(), "user.note", "kept", 4, 0), 0);
+  // Version 2: the owner, user 12345, the group, the mask, others, each with kind, rights and id.
+  const std::string rights(
+      "\2\0\0\0"
+      "\1\0\6\0\xff\xff\xff\xff"
+      "\2\0\4\0\x39\x30\0\0"
+      "\4\0\4\0\xff\xff\xff\xff"
+      "\x10\0\4\0\xff\xff\xff\xff"
+      "\x20\0\0\0\xff\xff\xff\xff",
+      44);
+  constexpr char listName[] = "system.posix_acl_access";
+  ASSERT_EQ(::setxattr(path.c_str(), listName, rights.data(), rights.size(), 0), 0);
+  EXPECT_FALSE(replaceFile(path, newText));
+  EXPECT_EQ(readFile(path), newText);
+  std::array<char, 100> value{};
+  ASSERT_EQ(::getxattr(path.c_str(), "user.note", value.data(), value.size()), 4);
+  EXPECT_EQ(std::string(value.data(), 4), "kept");
+  ASSERT_EQ(::getxattr(path.c_str(), listName, value.data(), value.size()), 44);
+  EXPECT_EQ(std::string(value.data(), 44), rights);
 }
 
 }  // namespace

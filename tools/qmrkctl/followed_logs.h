@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "tools/qmrkctl/running_processes.h"
+
+namespace qmrkctl {
+
+/// The names of the logs of the applications that follow a class list; none when some are not known.
+/// @param _initPath in the library's form, as the applications see it.
+std::vector<std::string> logsThatFollow(const std::vector<RunningProcess>& _processes, const std::string& _initPath);
+
+}  // namespace qmrkctl
