@@ -6,6 +6,7 @@
 #include "config/cfg_data_manager.h"
 #include "config/cfg_path_rules.h"
 #include "config/generic_cfg_text.h"
+#include "platform/native_path.h"
 #include "platform/text_file.h"
 #include "quillmark_logging_names.h"
 
@@ -83,12 +84,17 @@ void useGeneric(const Viewpoint& _viewpoint, const GenericAnswer& _answer, const
 void generate(const Viewpoint& _viewpoint, Configuration& _configuration) {
   const std::string ca = generatedRedirection(_viewpoint, _configuration);
   if (ca.empty()) {
-    _configuration.failure = "there is no configuration, and none can be generated in " + _configuration.cfgFolder;
+    _configuration.failure =
+        "there is no configuration, and none can be generated in " + platform::nativePath(_configuration.cfgFolder);
     return;
   }
   _configuration.wouldBeGenerated = true;
   useGeneric(_viewpoint, answerOf(_configuration, ca, "a generic file would be generated, which redirects to " + ca),
              "", _configuration);
+  if (_configuration.cfg.exists()) return;
+  // The name of another file, such as "qmrk_logging_CA12.cfg.bak", was taken for that of a CA.
+  _configuration.wouldBeGenerated = false;
+  _configuration.failure = "a generic file that is generated leads to " + ca + ", whose .cfg file is missing";
 }
 
 void chooseFiles(const Viewpoint& _viewpoint, Configuration& _configuration) {
@@ -135,8 +141,10 @@ void findLogs(const Viewpoint& _viewpoint, const GenericAnswer& _generic, Config
 std::string failureOf(const Configuration& _configuration) {
   const ConfigurationFile& cfg = _configuration.cfg;
   if (!_configuration.failure.empty() || !cfg.exists()) return _configuration.failure;
-  if (!cfg.rights.isReadable) return "the configuration cannot be read: permission denied for " + cfg.path;
-  if (cfg.facts.size > platform::largestTextFile) return "the configuration is too large to be read: " + cfg.path;
+  if (!cfg.rights.isReadable)
+    return "the configuration cannot be read: permission denied for " + platform::nativePath(cfg.path);
+  if (cfg.facts.size > platform::largestTextFile)
+    return "the configuration is too large to be read: " + platform::nativePath(cfg.path);
   return "";
 }
 

@@ -26,4 +26,8 @@ PathFacts factsOf(const std::string& _path);
 /// Free bytes for users without privileges on the file system that holds a path; no value: that cannot be found out.
 std::optional<std::uint64_t> freeBytes(const std::string& _path);
 
+/// How many files users without privileges can still create there; no value: there is no limit, or it cannot be found
+/// out.
+std::optional<std::uint64_t> freeFiles(const std::string& _path);
+
 }  // namespace toolsystem

@@ -87,28 +87,63 @@ TEST_F(CheckTest, FindsValuesThatDoSomethingElse) {
   EXPECT_THAT(codesIn(soundText + "COMMON_LOG_FILE_ROOT= logs\n"), ElementsAre("Q322@4:22"));
   EXPECT_THAT(codesIn(soundText + "COMMON_LOG_FILE_ROOT=a\tb\n"), ElementsAre("Q323@4:22"));
   EXPECT_THAT(codesIn(soundText + "CA_NR=CA2\n"), ElementsAre("Q324@4:7"));
-  EXPECT_THAT(codesIn("LOG_STATE=FALSE\nCOMMON_LOG_FILE_NAME=a/b\n"),
+  EXPECT_THAT(codesIn("LOG_STATE=FALSE\nCOMMON_LOG_FILE_NAME=a/..\n"),
               ElementsAre("Q311@1:11", "Q313@2:22", "Q312@0:0"));
   EXPECT_THAT(codesIn(""), ElementsAre("Q309@0:0", "Q310@0:0", "Q312@0:0"));
 }
 
 TEST_F(CheckTest, FindsLimitsThatLimitNothing) {
   const auto limits = [](const std::string& _limit, const std::string& _number) {
-    return codesIn(soundText + ("SPEC_LOG_FILE_LIMIT=" + _limit + "\nSPEC_NR_OF_LOG_FILES=" + _number + "\n"));
+    return codesIn(soundText + ("SPEC_LOG_FILE_LIMIT=" + _limit + "\nSPEC_NR_OF_LOG_FILES=" + _number +
+                                "\nSPEC_LOG_ROTATION=TRUE\n"));
   };
   EXPECT_THAT(limits("5000", "2"), IsEmpty());
   EXPECT_THAT(limits("0", "2"), ElementsAre("Q314@4:21"));
   EXPECT_THAT(limits("abc", "2"), ElementsAre("Q314@4:21"));
   EXPECT_THAT(limits("1", "2"), ElementsAre("Q315@4:21"));
   EXPECT_THAT(limits("10 MB", "1"), ElementsAre("Q317@4:21", "Q316@5:22"));
-  EXPECT_THAT(codesIn(soundText + "SPEC_NR_OF_LOG_FILES=9\n"), ElementsAre("Q318@0:0"));
+  EXPECT_THAT(limits("3000000000", "5"), ElementsAre("Q317@4:21"));
+  EXPECT_THAT(limits("99999999999999999999", "5"), ElementsAre("Q317@4:21"));
+  EXPECT_THAT(limits("5000", "20000"), ElementsAre("Q327@5:22"));
+  EXPECT_THAT(codesIn(soundText + "SPEC_NR_OF_LOG_FILES=9\nSPEC_LOG_ROTATION=TRUE\n"), ElementsAre("Q318@0:0"));
+}
+
+TEST_F(CheckTest, FindsLimitsThatAreNotReadWithoutTheRotation) {
+  const std::string limits = "SPEC_LOG_FILE_LIMIT=0\nSPEC_NR_OF_LOG_FILES=1\n";
+  EXPECT_THAT(codesIn(soundText + limits), ElementsAre("Q328@4:21", "Q328@5:22"));
+  EXPECT_THAT(codesIn(soundText + limits + "SPEC_LOG_ROTATION=FALSE\n"), IsEmpty()) << "so it is meant";
+}
+
+TEST_F(CheckTest, FindsPathsThatLeadElsewhere) {
+  EXPECT_THAT(codesIn(soundText + "COMMON_LOG_FILE_ROOT=../logs\n"), ElementsAre("Q321@4:22"));
+  EXPECT_THAT(codesIn(soundText + "COMMON_LOG_FILE_ROOT=a\\..\n"), ElementsAre("Q321@4:22"));
+  EXPECT_THAT(codesIn(soundText + "COMMON_LOG_FILE_ROOT=a..b\\c\n"), IsEmpty());
+  EXPECT_THAT(codesIn(soundText + "COMMON_LOG_FILE_ROOT='logs'\n"), ElementsAre("Q326@4:22"));
+  EXPECT_THAT(codesIn(soundText + "COMMON_LOG_FILE_ROOT=a/" + std::string(256, 'b') + "\n"), ElementsAre("Q501@4:22"));
+  const auto name = [](const std::string& _name) {
+    return codesIn("LOG_STATE=TRUE\nCOMMON_LOG_FILE_NAME=" + _name + "\nCOMMON_LOG_FILE_FILTER=A;\n");
+  };
+  EXPECT_THAT(name("logs\\common.log"), IsEmpty()) << "the library creates the folder";
+  EXPECT_THAT(name("logs\\"), ElementsAre("Q313@2:22"));
+  EXPECT_THAT(name("/var/log/common.log"), ElementsAre("Q320@2:22"));
+  EXPECT_THAT(name("../common.log"), ElementsAre("Q321@2:22"));
+  EXPECT_THAT(name("\"common.log\""), ElementsAre("Q326@2:22"));
+  EXPECT_THAT(name(std::string(256, 'n')), ElementsAre("Q313@2:22"));
+}
+
+TEST_F(CheckTest, FindsAFilterOfBlanks) {
+  EXPECT_THAT(codesIn("LOG_STATE=TRUE\nCOMMON_LOG_FILE_NAME=c.log\nCOMMON_LOG_FILE_FILTER= \n"),
+              ElementsAre("Q312@3:24"));
 }
 
 TEST_F(CheckTest, FindsWhatIsWrongWithAClassList) {
   EXPECT_THAT(codesIn("LOG_STATE=TRUE\nCOMMON_LOG_FILE_NAME=c.log\nCOMMON_LOG_FILE_FILTER=A; B;;C\n"),
               ElementsAre("Q402@3:26", "Q407@3:29", "Q401@3:30"));
   EXPECT_THAT(codesInInit("# A\nB;\n"), ElementsAre("Q403@1:1"));
-  EXPECT_THAT(codesInInit("A;\nB; // why\n"), ElementsAre("Q402@2:3"));
+  EXPECT_THAT(codesInInit("A;\nB; // why\n"), ElementsAre("Q403@2:4"));
+  EXPECT_THAT(codesInInit("A; \nB;\n"), ElementsAre("Q402@1:3"));
+  for (const char* const entry : {"A.;", ".A;", "A..B;"})
+    EXPECT_THAT(codesInInit(entry), ElementsAre("Q410@1:1"));
   EXPECT_THAT(codesInInit("A;\nB # why\n"), ElementsAre("Q403@2:3"));
   EXPECT_THAT(codesInInit("A\nB;\n"), ElementsAre("Q404@1:1"));
   EXPECT_THAT(codesInInit("A,B;"), ElementsAre("Q410@1:1"));

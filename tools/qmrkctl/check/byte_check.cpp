@@ -17,7 +17,7 @@ constexpr FindingKind byteTable[] = {
     {"Q102", Severity::error, "The file is UTF-16", "every second byte is zero, so no key and no class is recognised",
      "save the file as plain UTF-8 or ASCII", "a file that Notepad saved as \"Unicode\""},
     {"Q103", Severity::error, "The file has a zero byte",
-     "the byte is part of the key, value or class in which it stands, which is then not recognised",
+     "the byte is part of the key, value or class in which it stands, which is then not recognised; a path ends at it",
      "delete the byte, or restore the file from a copy: it may be damaged", "LOG_STATE=TRUE\\x00"},
     {"Q104", Severity::error, "A carriage return stands alone",
      "only a carriage return with a line feed behind it ends a line: this one becomes part of a key, value or class",

@@ -28,7 +28,7 @@ constexpr FindingKind classListTable[] = {
     {"Q407", Severity::warning, "An entry is empty", "it selects only the log with the empty name",
      "delete the surplus \";\"", "Demo.App;;Demo.Net;"},
     {"Q408", Severity::note, "The class list is empty", "all classes are off", "add classes, each ended by \";\"", ""},
-    {"Q410", Severity::error, "A class has a character that no name of a class has",
+    {"Q410", Severity::error, "A class is written as no name of a class is",
      "entries are taken literally and end at \";\" alone, so nothing is selected", "separate the entries by \";\"",
      "Demo.App,Demo.Net;"},
 };
@@ -36,6 +36,20 @@ constexpr FindingKind classListTable[] = {
 constexpr std::string_view strangeCharacters = ",=\"'?<>|&()[]{}";
 
 bool isBlank(char _c) { return _c == ' ' || _c == '\t'; }
+
+// Names are parts with "." between them.
+bool hasEmptyPart(std::string_view _pattern) {
+  return _pattern.starts_with('.') || _pattern.ends_with('.') || _pattern.find("..") != std::string_view::npos;
+}
+
+// The place where a comment begins behind an entry.
+std::size_t commentBehindEntry(std::string_view _line) {
+  const std::size_t hash = _line.find('#');
+  std::size_t slashes = _line.find("//");
+  while (slashes != std::string_view::npos && (slashes == 0 || !isBlank(_line[slashes - 1])))
+    slashes = _line.find("//", slashes + 1);
+  return std::min(hash, slashes);
+}
 
 // What both kinds of lists have in common.
 void checkEntry(const ClassEntry& _entry, const FindingPlace& _place, Findings& _findings) {
@@ -46,6 +60,21 @@ void checkEntry(const ClassEntry& _entry, const FindingPlace& _place, Findings& 
     _findings.push_back(findingOf("Q402", _place, "a blank stands beside the entry " + inQuotes(pattern)));
   } else if (pattern.find_first_of(strangeCharacters) != std::string::npos) {
     _findings.push_back(findingOf("Q410", _place, "the entry is " + inQuotes(pattern)));
+  } else if (hasEmptyPart(pattern)) {
+    _findings.push_back(findingOf("Q410", _place, "the entry is " + inQuotes(pattern), "delete the surplus \".\"",
+                                  "no class has an empty part in its name, so nothing is selected"));
+  }
+}
+
+// An entry that goes on in the next line, and where it begins.
+void checkJoined(const ConfigurationFile& _init, const ClassEntry& _entry, const FindingPlace& _place,
+                 Findings& _findings) {
+  const std::string_view rest = std::string_view(_init.text).substr(_entry.begin);
+  if (rest.find_first_not_of(" \t") == rest.find('\n')) {
+    _findings.push_back(findingOf("Q402", _place, "a blank stands at the end of the line, behind the \";\"", "",
+                                  "the blank belongs to the entry of the next line, " + inQuotes(_entry.pattern)));
+  } else {
+    _findings.push_back(findingOf("Q404", _place, "entries of two lines are joined to " + inQuotes(_entry.pattern)));
   }
 }
 
@@ -66,10 +95,10 @@ std::set<int> checkComments(const ConfigurationFile& _init, Findings& _findings)
       lines.insert(number + 1);
       _findings.push_back(findingOf("Q403", placeIn(_init, {number + 1, 1}),
                                     "the comment " + inQuotes(line) + " stands in the class list"));
-    } else if (const std::size_t hash = line.find('#'); hash != std::string_view::npos) {
+    } else if (const std::size_t comment = commentBehindEntry(line); comment != std::string_view::npos) {
       lines.insert(number + 1);
-      _findings.push_back(findingOf("Q403", placeIn(_init, {number + 1, static_cast<int>(hash) + 1}),
-                                    "the comment " + inQuotes(line.substr(hash)) + " stands in the class list"));
+      _findings.push_back(findingOf("Q403", placeIn(_init, {number + 1, static_cast<int>(comment) + 1}),
+                                    "the comment " + inQuotes(line.substr(comment)) + " stands in the class list"));
     }
     begin = end + 1;
   }
@@ -148,8 +177,7 @@ void checkClassList(const ConfigurationFile& _init, const ConfigurationFile* _fi
     if (commented.contains(place.line)) continue;
     const std::size_t before = _findings.size();
     if (entry.isOverLines) {
-      _findings.push_back(
-          findingOf("Q404", placeIn(_init, place), "entries of two lines are joined to " + inQuotes(entry.pattern)));
+      checkJoined(_init, entry, placeIn(_init, place), _findings);
     } else {
       checkEntry(entry, placeIn(_init, place), _findings);
     }

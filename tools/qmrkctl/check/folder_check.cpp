@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <cstdint>
 #include <filesystem>
 #include <system_error>
 
@@ -54,6 +56,7 @@ class FolderCheck {
   void checkLogs(const LogPlaces& _places) {
     const std::string existing = existingPart(_places.folder);
     checkSpace(existing);
+    checkFiles(_places, existing);
     if (existing != _places.folder) {
       checkCreation(_places.folder, existing);
       return;
@@ -93,6 +96,25 @@ class FolderCheck {
     add(*bytes < hardlyAnySpace ? "Q506" : "Q507", _folder, std::to_string(*bytes) + " bytes are free");
   }
 
+  // How many files and folders are still to be created for the log.
+  std::uint64_t newFiles(const LogPlaces& _places) const {
+    std::uint64_t number = 0;
+    std::string path = _places.commonLog.empty() ? _places.folder : _places.commonLog;
+    for (; !path.empty() && factsOf(viewpoint_, path).kind == PathKind::missing; path = parentOf(path))
+      ++number;
+    return number;
+  }
+
+  // A disk with space on which no file can be created.
+  void checkFiles(const LogPlaces& _places, const std::string& _existing) {
+    const auto free = toolsystem::freeFiles(reachedPath(viewpoint_, _existing));
+    const std::uint64_t needed = newFiles(_places);
+    if (!free || *free >= std::max<std::uint64_t>(needed, 1)) return;
+    add(needed > 0 ? "Q506" : "Q507", _existing, "hardly any file can be created on the disk: its inodes are used up",
+        "remove files that nobody needs, or move the logs",
+        needed > 0 ? "the log cannot be created: every line is lost" : "a log that is rotated cannot be created again");
+  }
+
   bool isFolder(const std::string& _path, std::string_view _code) {
     if (factsOf(viewpoint_, _path).kind == PathKind::folder) return true;
     add(_code, _path, "there is something else in place of the folder", "remove what stands there",
@@ -127,12 +149,13 @@ class FolderCheck {
 
   void checkLog(const std::string& _folder, const std::string& _log) {
     const PathFacts facts = factsOf(viewpoint_, _log);
+    const std::string folder = existingPart(parentOf(_log));
     if (facts.isLink && !isLinkFollowed(_folder)) {
       add("Q504", _log, "the log is a link, and its folder is not " + viewpoint_.account.name + "'s alone");
     } else if (facts.kind == PathKind::danglingLink) {
       if (!hasFolderOfTarget(_log)) add("Q505", _log, "the log is a link that leads nowhere");
     } else if (facts.kind == PathKind::missing) {
-      if (!mayWrite(viewpoint_, _folder)) add("Q502", _log, user() + " may not create the log in its folder");
+      if (!mayWrite(viewpoint_, folder)) add("Q502", _log, user() + " may not create the log in its folder");
     } else if (facts.kind != PathKind::file) {
       add("Q505", _log, "there is something else in place of the log");
     } else if (!mayWrite(viewpoint_, _log)) {

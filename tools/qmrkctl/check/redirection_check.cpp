@@ -69,6 +69,24 @@ void checkAsked(const Viewpoint& _viewpoint, const Configuration& _configuration
   addMissing(_viewpoint, _configuration.asked, "Q201", effect, _findings);
 }
 
+// The file to which the generic one leads cannot be found.
+void checkMissingTarget(const Viewpoint& _viewpoint, const Setting& _redirection, const ConfigurationFile& _target,
+                        const FindingPlace& _place, Findings& _findings) {
+  const std::string other = otherLetterCase(_viewpoint, _target.path);
+  const std::string text = "REDIRECT_CA_NR=" + _redirection.value + " leads to " + nameOf(_target.path);
+  const bool isInUpperCase = CfgDataManager::getInstance(false)->toUpperCopy(_redirection.value) == _redirection.value;
+  if (_target.facts.kind != PathKind::missing) {
+    addMissing(_viewpoint, _target, "Q204", "the file is not found: the set-up fails", _findings);
+  } else if (!other.empty() && isInUpperCase) {
+    addMissing(_viewpoint, _target, "Q204", "", _findings);
+  } else if (!other.empty()) {
+    const std::string ca = other.substr(nameOf(_target.path).find(_redirection.value), _redirection.value.size());
+    _findings.push_back(findingOf("Q207", _place, text + ", but the file is " + other, "write REDIRECT_CA_NR=" + ca));
+  } else {
+    _findings.push_back(findingOf("Q204", _place, text + ", which is missing"));
+  }
+}
+
 void checkTarget(const Viewpoint& _viewpoint, const Configuration& _configuration, const Setting& _redirection,
                  Findings& _findings) {
   const ConfigurationFile& generic = _configuration.generic;
@@ -80,18 +98,7 @@ void checkTarget(const Viewpoint& _viewpoint, const Configuration& _configuratio
   const std::string path = redirectedCfgPath(_configuration, _redirection.value);
   const ConfigurationFile target = readConfigurationFile(_viewpoint, path, "");
   if (!target.exists()) {
-    const std::string other = otherLetterCase(_viewpoint, path);
-    const std::string text = "REDIRECT_CA_NR=" + _redirection.value + " leads to " + nameOf(path);
-    const bool isInUpperCase =
-        CfgDataManager::getInstance(false)->toUpperCopy(_redirection.value) == _redirection.value;
-    if (target.facts.kind == PathKind::missing && !other.empty() && isInUpperCase) {
-      addMissing(_viewpoint, target, "Q204", "", _findings);
-    } else if (target.facts.kind == PathKind::missing && !other.empty()) {
-      const std::string ca = other.substr(nameOf(path).find(_redirection.value), _redirection.value.size());
-      _findings.push_back(findingOf("Q207", place, text + ", but the file is " + other, "write REDIRECT_CA_NR=" + ca));
-    } else {
-      _findings.push_back(findingOf("Q204", place, text + ", which is missing"));
-    }
+    checkMissingTarget(_viewpoint, _redirection, target, place, _findings);
   } else if (const Setting* const second = target.setting(names::REDIRECT_CA_NR)) {
     _findings.push_back(
         findingOf("Q205", placeIn(target, second->keyPlace),
@@ -108,6 +115,7 @@ void checkGeneric(const Viewpoint& _viewpoint, const Configuration& _configurati
                                : isNeeded ? findingEffect("Q202")
                                           : "\"GE\" has no files: TS_APPENDERS and QMRK_TRACE are off";
     addMissing(_viewpoint, generic, fails ? "Q203" : "Q202", effect, _findings);
+    if (fails) _findings.back().text += "; " + _configuration.failure;
     return;
   }
   if (generic.path != _configuration.cfg.path) checkUsable(_viewpoint, generic, FileRole::cfg, _findings);

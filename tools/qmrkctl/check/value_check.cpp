@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstdlib>
+#include <limits>
+#include <string_view>
+#include <vector>
 
 #include "config/cfg_data_manager.h"
 #include "quillmark_logging_names.h"
@@ -16,6 +20,31 @@ constexpr std::array<std::string_view, 5> switches = {names::LOG_STATE, names::M
                                                       names::SPEC_LOG_ROTATION, names::TS_APPENDERS, names::QMRK_TRACE};
 
 bool isSwitch(std::string_view _key) { return std::find(switches.begin(), switches.end(), _key) != switches.end(); }
+
+// Of a part of a path; above it no file system goes.
+constexpr std::size_t longestPart = 255;
+// What a rotation tests, one after the other, before it goes on.
+constexpr long mostBackups = 10'000;
+
+// The parts of a path between its separators.
+std::vector<std::string_view> partsOf(std::string_view _path) {
+  std::vector<std::string_view> parts;
+  for (std::size_t begin = 0; begin <= _path.size();) {
+    const std::size_t end = std::min(_path.find_first_of("\\/", begin), _path.size());
+    parts.push_back(_path.substr(begin, end - begin));
+    begin = end + 1;
+  }
+  return parts;
+}
+
+bool isAbsolute(std::string_view _path) {
+  return _path.starts_with('/') || _path.starts_with('\\') || (_path.size() > 1 && _path[1] == ':');
+}
+
+// Whether a value stands in quotes, which nothing takes away.
+bool isQuoted(std::string_view _value) {
+  return _value.size() > 1 && _value.front() == _value.back() && (_value.front() == '"' || _value.front() == '\'');
+}
 
 std::string upperCase(const std::string& _text) { return CfgDataManager::getInstance(false)->toUpperCopy(_text); }
 
@@ -88,22 +117,55 @@ class ValueCheck {
 
   void checkName(const Setting& _setting) {
     const std::string& name = _setting.value;
-    if (name.empty() || name.find_first_of("\\/") != std::string::npos || name == "." || name == "..") {
+    const std::string_view last = partsOf(name).back();
+    if (last.empty() || last == "." || last == "..") {
       add("Q313", _setting, "COMMON_LOG_FILE_NAME is " + inQuotes(name));
+    } else if (isAbsolute(name)) {
+      add("Q320", _setting, "COMMON_LOG_FILE_NAME is the absolute path " + inQuotes(name));
     }
+    checkPath(_setting, "Q313", "the common log cannot be opened: the set-up says true and every line is lost");
   }
 
   void checkRoot(const Setting& _setting) {
     const std::string& root = _setting.value;
-    const bool hasDrive = root.size() > 1 && root[1] == ':';
     if (root.empty()) add("Q319", _setting, "COMMON_LOG_FILE_ROOT is empty");
-    if (root.starts_with('/') || root.starts_with('\\') || hasDrive) {
-      add("Q320", _setting, "COMMON_LOG_FILE_ROOT is the absolute path " + inQuotes(root));
-    }
+    if (isAbsolute(root)) add("Q320", _setting, "COMMON_LOG_FILE_ROOT is the absolute path " + inQuotes(root));
+    checkPath(_setting, "Q501", "");
   }
 
-  // What is behind the digits of a number.
-  void checkDigits(const Setting& _setting) {
+  // What name and root have in common.
+  void checkPath(const Setting& _setting, std::string_view _codeOfTooLong, const std::string& _effectOfTooLong) {
+    if (isQuoted(_setting.value)) {
+      const std::string plain = _setting.value.substr(1, _setting.value.size() - 2);
+      add("Q326", _setting, "the value of " + _setting.key + " stands in quotes",
+          "write " + _setting.key + "=" + plain);
+    }
+    const std::vector<std::string_view> parts = partsOf(_setting.value);
+    // One that ends so is no name of a file, as was said.
+    const bool isOutside = std::find(parts.begin(), parts.end() - 1, "..") != parts.end() - 1 ||
+                           (parts.back() == ".." && _setting.key == names::COMMON_LOG_FILE_ROOT);
+    if (isOutside) add("Q321", _setting, _setting.key + " is " + inQuotes(_setting.value));
+    const auto tooLong =
+        std::find_if(parts.begin(), parts.end(), [](std::string_view _part) { return _part.size() > longestPart; });
+    if (tooLong == parts.end()) return;
+    add(_codeOfTooLong, _setting,
+        "a name in " + _setting.key + " has " + std::to_string(tooLong->size()) + " characters",
+        "write a name of at most " + std::to_string(longestPart), _effectOfTooLong);
+  }
+
+  // Whether limits of the rotation count.
+  bool isRotated() const {
+    const Setting* const rotation = file_.setting(names::SPEC_LOG_ROTATION);
+    return rotation != nullptr && upperCase(rotation->value) == "TRUE";
+  }
+
+  // What is behind the digits of a number, and what it becomes where it is too large.
+  void checkDigits(const Setting& _setting, long _number) {
+    constexpr long largest = std::numeric_limits<std::int32_t>::max();
+    if (_number > largest) {
+      add("Q317", _setting, _setting.key + " is " + inQuotes(_setting.value), "write a smaller number",
+          "it counts as " + std::to_string(largest));
+    }
     const std::size_t end = _setting.value.find_first_not_of("0123456789");
     if (end == std::string::npos || end == 0) return;
     add("Q317", _setting, _setting.key + " is " + inQuotes(_setting.value), "",
@@ -111,16 +173,19 @@ class ValueCheck {
   }
 
   void checkLimit(const Setting& _setting) {
+    if (!isRotated()) return;
     const long limit = std::strtol(_setting.value.c_str(), nullptr, 10);
     if (limit < 1) add("Q314", _setting, "SPEC_LOG_FILE_LIMIT is " + inQuotes(_setting.value));
     if (limit == 1) add("Q315", _setting, "SPEC_LOG_FILE_LIMIT is 1");
-    checkDigits(_setting);
+    checkDigits(_setting, limit);
   }
 
   void checkNumber(const Setting& _setting) {
+    if (!isRotated()) return;
     const long number = std::strtol(_setting.value.c_str(), nullptr, 10);
     if (number < 2) add("Q316", _setting, "SPEC_NR_OF_LOG_FILES is " + inQuotes(_setting.value));
-    checkDigits(_setting);
+    if (number > mostBackups) add("Q327", _setting, "SPEC_NR_OF_LOG_FILES is " + inQuotes(_setting.value));
+    checkDigits(_setting, std::min(number, mostBackups));
   }
 
   void checkCa(const Setting& _setting) {
@@ -139,10 +204,24 @@ class ValueCheck {
     if (!has(names::LOG_STATE)) addMissing("Q309", "LOG_STATE is missing");
     if (!has(names::COMMON_LOG_FILE_NAME)) addMissing("Q310", "COMMON_LOG_FILE_NAME is missing");
     if (!has(names::COMMON_LOG_FILE_FILTER)) addMissing("Q312", "COMMON_LOG_FILE_FILTER is missing");
-    if (has(names::SPEC_LOG_FILE_LIMIT) != has(names::SPEC_NR_OF_LOG_FILES)) {
+    checkFilterValue();
+    if (!has(names::SPEC_LOG_ROTATION)) {
+      for (const char* const key : {names::SPEC_LOG_FILE_LIMIT, names::SPEC_NR_OF_LOG_FILES}) {
+        if (has(key))
+          add("Q328", *file_.setting(key), std::string(key) + " stands there, and SPEC_LOG_ROTATION is missing");
+      }
+      return;
+    }
+    if (isRotated() && has(names::SPEC_LOG_FILE_LIMIT) != has(names::SPEC_NR_OF_LOG_FILES)) {
       addMissing("Q318", has(names::SPEC_LOG_FILE_LIMIT) ? "SPEC_NR_OF_LOG_FILES is missing"
                                                          : "SPEC_LOG_FILE_LIMIT is missing");
     }
+  }
+
+  // One of blanks alone.
+  void checkFilterValue() {
+    const Setting* const filter = file_.setting(names::COMMON_LOG_FILE_FILTER);
+    if (filter != nullptr && filter->value.empty()) add("Q312", *filter, "COMMON_LOG_FILE_FILTER is empty");
   }
 
   const ConfigurationFile& file_;

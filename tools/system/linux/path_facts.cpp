@@ -40,4 +40,10 @@ std::optional<std::uint64_t> freeBytes(const std::string& _path) {
   return static_cast<std::uint64_t>(status.f_bavail) * status.f_frsize;
 }
 
+std::optional<std::uint64_t> freeFiles(const std::string& _path) {
+  struct statvfs status {};
+  if (::statvfs(_path.c_str(), &status) != 0 || status.f_files == 0) return std::nullopt;
+  return status.f_favail;
+}
+
 }  // namespace toolsystem

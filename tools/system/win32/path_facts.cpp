@@ -22,4 +22,6 @@ std::optional<std::uint64_t> freeBytes(const std::string& _path) {
   return free.QuadPart;
 }
 
+std::optional<std::uint64_t> freeFiles(const std::string& /*_path*/) { return std::nullopt; }
+
 }  // namespace toolsystem

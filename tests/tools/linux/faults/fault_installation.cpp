@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "tests/tools/linux/faults/fault_installation.h"
 
+#include <sys/wait.h>
+
+#include <csignal>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
@@ -72,6 +76,24 @@ void FaultInstallation::fillDisk() {
   isMounted_ = true;
   environment("QMRK_APPDATA", "/dev/shm");
   std::ofstream("/dev/shm/filler") << std::string(4096, 'x');
+}
+
+void FaultInstallation::exhaustInodes() {
+  mountSharedMemory("nr_inodes=3");
+  isMounted_ = true;
+  environment("QMRK_APPDATA", "/dev/shm");
+}
+
+void FaultInstallation::start(const std::string& _arguments, const std::string& _limits) {
+  const std::string program = "exec " + std::string(QMRK_LOGTEST) + " --listen 600 " + _arguments;
+  companions_.emplace_back(std::vector<std::string>{"/bin/sh", "-c", "echo $$; " + _limits + program});
+  running_ = std::stoi(companions_.back().readLine());
+  if (companions_.back().readLine().find(" is o") == std::string::npos) std::abort();
+}
+
+void FaultInstallation::signal(int _signal) const {
+  if (::kill(running_, _signal) != 0) std::abort();
+  if (_signal == SIGSTOP && ::waitpid(running_, nullptr, WUNTRACED) != running_) std::abort();
 }
 
 ChildResult FaultInstallation::run(const std::string& _program, const std::vector<std::string>& _arguments) const {

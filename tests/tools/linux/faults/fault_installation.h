@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "tests/support/child_process.h"
+#include "tests/support/companion_process.h"
 #include "tests/support/config_sandbox.h"
 
 namespace testsupport {
@@ -48,6 +49,15 @@ class FaultInstallation {
   /// A file system of the test's own, without space, takes the place of the user's data.
   void fillDisk();
 
+  /// A file system of the test's own, with room for two folders but for no file in them, takes that place.
+  void exhaustInodes();
+
+  /// LogTest with these arguments of a shell runs from now on, and listens.
+  /// @param _limits commands of the shell before it.
+  void start(const std::string& _arguments, const std::string& _limits = "");
+  /// Sends a signal to it, and waits until it is stopped by it if that is what it does.
+  void signal(int _signal) const;
+
   ChildResult logTest(const std::vector<std::string>& _arguments) const;
   ChildResult qmrkctl(const std::vector<std::string>& _arguments) const;
 
@@ -64,6 +74,8 @@ class FaultInstallation {
   std::vector<std::string> variables_;
   std::string uid_;
   bool isMounted_ = false;
+  int running_ = -1;
+  std::vector<CompanionProcess> companions_;
 };
 
 }  // namespace testsupport

@@ -45,6 +45,9 @@ std::vector<Fault> faultsOfFiles();
 /// Faults of folders, rights, space and environment.
 std::vector<Fault> faultsOfPlaces();
 
+/// Faults of applications that run.
+std::vector<Fault> faultsOfProcesses();
+
 /// All of them, in the order of the page.
 std::vector<Fault> allFaults();
 

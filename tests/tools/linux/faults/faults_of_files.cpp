@@ -156,6 +156,22 @@ std::vector<Fault> faultsOfUnreadableFiles() {
        },
        everyClass,
        {"Q213", initFile, 0, "regular file"}},
+      {"a link that leads nowhere in place of the `.cfg`",
+       "the file is not found, nor one to redirect to: the set-up fails",
+       [](Installation& _at) {
+         fs::remove(_at.cfgPath());
+         fs::create_symlink("/nowhere/at/all", _at.cfgPath());
+       },
+       fails,
+       {"Q213", cfgFile, 0, "regular file"}},
+      {"only a copy of a `.cfg`, `qmrk_logging_CA12.cfg.bak`",
+       "a generic file is generated that leads to CA12, which is missing: the set-up fails",
+       [](Installation& _at) {
+         fs::rename(_at.cfgPath(), _at.cfgPath() + ".bak");
+         fs::remove(_at.genericPath());
+       },
+       fails,
+       {"Q203", genericFile, 0, "install the files"}},
       {"a `.cfg` above 64 MiB",
        "it is not read: the set-up fails",
        [](Installation& _at) { fs::resize_file(_at.cfgPath(), 64U * 1024 * 1024 + 1); },

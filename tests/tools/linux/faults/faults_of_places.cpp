@@ -106,6 +106,13 @@ std::vector<Fault> faultsOfFolders() {
        {"Q506", "/dev/shm", 0, "make space"},
        {},
        [](const Installation&) { return FaultInstallation::classesIn("/dev/shm/Logs/Common/common.log").empty(); }},
+      {"the disk has no inode left",
+       "the set-up says true, every line is lost",
+       [](Installation& _at) { _at.exhaustInodes(); },
+       noLine,
+       {"Q506", "/dev/shm", 0, "nobody needs"},
+       {},
+       [](const Installation&) { return !exists("/dev/shm/Logs/Common/common.log"); }},
       {"a folder in place of `qmrk.info`",
        "problems leave no record",
        [](Installation& _at) {
@@ -178,7 +185,7 @@ std::vector<Fault> faultsOfPlaces() {
 
 std::vector<Fault> allFaults() {
   std::vector<Fault> all = faultsOfTexts();
-  for (const auto& more : {faultsOfFiles(), faultsOfPlaces()})
+  for (const auto& more : {faultsOfFiles(), faultsOfPlaces(), faultsOfProcesses()})
     all.insert(all.end(), more.begin(), more.end());
   return all;
 }

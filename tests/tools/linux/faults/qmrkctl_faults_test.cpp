@@ -8,6 +8,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "tests/support/private_events.h"
 #include "tests/tools/linux/faults/fault_table.h"
 
 namespace {
@@ -28,6 +29,12 @@ bool names(const json& _finding, const NamedFault& _named) {
 
 class QmrkctlFaults : public ::testing::TestWithParam<std::size_t> {
  protected:
+  // A command that looks at running applications sees those of the test alone.
+  static void SetUpTestSuite() {
+    testsupport::usePrivateProcesses();
+    testsupport::usePrivateEvents();
+  }
+
   const Fault fault_ = allFaults().at(GetParam());
   FaultInstallation installation_;
 };

@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <thread>
+
+#include "tests/tools/linux/faults/fault_table.h"
+
+namespace testsupport {
+namespace {
+
+using Installation = FaultInstallation;
+
+// LogTest, run for a moment beside the application at fault, logs as ever.
+const FaultEffect soundApplication = {true, {"Demo.App.error", "Demo.App.info", "Demo.Net.error"}};
+const FaultEffect onlyDemoNet = {true, {"Demo.Net.error", "Demo.Net.info"}};
+
+constexpr char logsIntoOther[] = "--ca CA12 --classes 'Demo.App.other;'";
+
+std::ptrdiff_t linesOfOther(const Installation& _at) {
+  const std::string text = readFile(_at.log());
+  std::ptrdiff_t lines = 0;
+  for (std::size_t place = text.find("[Demo.App.other]"); place != std::string::npos;
+       place = text.find("[Demo.App.other]", place + 1))
+    ++lines;
+  return lines;
+}
+
+// Whether the application goes on logging; it does so ten times a second.
+bool goesOn(const Installation& _at) {
+  const std::ptrdiff_t before = linesOfOther(_at);
+  for (int look = 0; look < 3000; ++look) {
+    if (linesOfOther(_at) > before) return true;
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  }
+  return false;
+}
+
+}  // namespace
+
+std::vector<Fault> faultsOfProcesses() {
+  return {
+      {"a class list that was edited without setting the event",
+       "running applications keep the former one",
+       [](Installation& _at) {
+         _at.start(logsIntoOther);
+         _at.init("Demo.Net;\n");
+       },
+       onlyDemoNet,
+       {"Q603", "qmrk_logging_CA12.init", 0, "qmrkctl signal"},
+       {},
+       goesOn,
+       {"doctor"}},
+      {"a class that was switched on without setting the event",
+       "it stays off in running applications",
+       [](Installation& _at) {
+         _at.start(logsIntoOther);
+         _at.init("Demo.Net;\n");
+       },
+       onlyDemoNet,
+       {"Q603", "qmrk_logging_CA12.init", 0, "qmrkctl signal"},
+       {},
+       goesOn,
+       {"why", "Demo.Net.info"}},
+      {"an application that was stopped",
+       "it logs nothing and follows no change until it goes on",
+       [](Installation& _at) {
+         _at.start(logsIntoOther);
+         _at.signal(SIGSTOP);
+       },
+       soundApplication,
+       {"Q609", "", 0, "kill -CONT"},
+       {},
+       [](const Installation& _at) {
+         const std::ptrdiff_t before = linesOfOther(_at);
+         const bool isSilent = linesOfOther(_at) == before;
+         _at.signal(SIGCONT);
+         return isSilent && goesOn(_at);
+       },
+       {"doctor", "--strict"}},
+      {"a log that may not grow (`ulimit -f`)",
+       "the application loses every further line",
+       [](Installation& _at) {
+         makeFolders(_at.logFolder());
+         writeFile(_at.log(), std::string(65536, 'x') + "\n");
+         _at.start(logsIntoOther, "ulimit -f 128; ");
+       },
+       soundApplication,
+       {"Q605", "common.log", 0, "disk is full or rights"},
+       {},
+       [](const Installation& _at) { return linesOfOther(_at) == 0; },
+       {"doctor"}},
+  };
+}
+
+}  // namespace testsupport
