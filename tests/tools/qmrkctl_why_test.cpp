@@ -54,9 +54,46 @@ TEST_F(QmrkctlWhy, StopsAtAMissingConfiguration) {
 
 TEST_F(QmrkctlWhy, StopsAtLoggingThatIsOff) {
   sandbox_.writeDemoOfCa12("LOG_STATE=yes\n");
+  expectFailure("LOG_STATE", "Q303", "file name");
+  sandbox_.writeDemoOfCa12("LOG_STATE=FALSE\n");
   expectFailure("LOG_STATE", "Q311", "file name");
   sandbox_.writeDemoOfCa12("");
   expectFailure("LOG_STATE", "Q309", "file name");
+}
+
+// The fix of a step alone would add a line that nothing reads either.
+TEST_F(QmrkctlWhy, SaysWhyAKeyIsMissing) {
+  sandbox_.writeCfg("CA12", "\xEF\xBB\xBFLOG_STATE=TRUE\nCOMMON_LOG_FILE_NAME=x\n");
+  expectFailure("LOG_STATE", "Q101", "file name");
+  sandbox_.writeCfg("CA12", "LOG_STATE =TRUE\nCOMMON_LOG_FILE_NAME=x\n");
+  expectFailure("LOG_STATE", "Q302", "file name");
+  sandbox_.writeCfg("CA12", "LOG_STATE=TRUE\nCOMMON_LOG_FILE_NAME=x");
+  expectFailure("file name", "Q105", "folder");
+  sandbox_.writeCfg("CA12", "LOG_STATE=TRUE\nCOMMON_LOG_FILE_NAME=x\ncommon_log_file_filter=Demo.App;\n");
+  expectFailure("filter", "Q301", "class list");
+}
+
+TEST_F(QmrkctlWhy, SaysWhatStandsInPlaceOfAConfiguration) {
+  testsupport::removeAll(sandbox_.cfgPath("CA12"));
+  testsupport::makeFolders(sandbox_.cfgPath("CA12"));
+  expectFailure("configuration", "Q213", "LOG_STATE ");
+  testsupport::removeAll(sandbox_.cfgPath("GE"));
+  testsupport::makeFolders(sandbox_.cfgPath("GE"));
+  testsupport::removeAll(sandbox_.cfgPath("CA12"));
+  expectFailure("configuration", "Q213", "LOG_STATE ");
+}
+
+TEST_F(QmrkctlWhy, SaysWhyNoEntrySelectsTheClass) {
+  sandbox_.writeInit("CA12", "Demo.App\nDemo.Net\n");
+  expectFailure("class list", "Q404", "space");
+  sandbox_.writeInit("CA12",
+                     "\xEF\xBB\xBF"
+                     "Demo.App;\n");
+  expectFailure("class list", "Q101", "space");
+  sandbox_.writeInit("CA12", "# what is on\nDemo.App;\n");
+  expectFailure("class list", "Q403", "space");
+  sandbox_.writeInit("CA12", "Demo.Net,Demo.App;\n");
+  expectFailure("class list", "Q410", "space");
 }
 
 TEST_F(QmrkctlWhy, StopsAtAMissingFileName) {
@@ -84,6 +121,8 @@ TEST_F(QmrkctlWhy, KnowsThatAllClassesAreOnWithoutAClassList) {
 TEST_F(QmrkctlWhy, NamesAnEntryThatIsAlmostTheClass) {
   sandbox_.writeInit("CA12", "Demo.Net; demo.app;\n");
   EXPECT_THAT(why("Demo.App.info").output, HasSubstr("\" demo.app\" differs in blanks or letter case"));
+  EXPECT_THAT(why("Demo.App.info").output, HasSubstr("init:1:10 "));
+  EXPECT_THAT(why("Demo.App.info").output, HasSubstr("fix: write \"Demo.App;\" in place of \" demo.app;\""));
 }
 
 TEST_F(QmrkctlWhy, JudgesWithTheRightsOfTheUser) {

@@ -29,6 +29,7 @@ struct WhyQuestion {
   const RunningProcess* process = nullptr;  ///< null: a program that would be started now
   const SeenConfiguration* seen = nullptr;  ///< what it finds, with its eyes
   std::vector<Finding> findings;            ///< of checkProcess
+  std::vector<Finding> faults;              ///< of checkConfiguration
 };
 
 /// The steps in their order, up to the first one that has failed.
@@ -59,6 +60,11 @@ class StepList {
   void fail(const std::string& _name, Finding _finding) {
     const std::string seen = _finding.text;
     add({StepState::failed, _name, seen, std::move(_finding)});
+  }
+  /// A fault of the configuration, which here stops everything.
+  void failBy(const std::string& _name, Finding _fault) {
+    _fault.severity = Severity::error;
+    fail(_name, std::move(_fault));
   }
   void add(std::vector<WhyStep> _steps) {
     for (WhyStep& step : _steps)

@@ -74,14 +74,17 @@ int explainWhy(const std::string& _class, const Options& _options, Report& _repo
   for (const RunningProcess& process : processes) {
     const SeenConfiguration* const seen = configurations.of(process);
     if (seen == nullptr) continue;
-    WhyQuestion question{_class, &process, seen, {}};
+    WhyQuestion question{_class, &process, seen, {}, checkConfiguration(seen->viewpoint, seen->configuration)};
     const SeenConfiguration* const ofListener = configurations.ofListener(process);
     checkProcess(process, {&seen->configuration, ofListener == nullptr ? nullptr : &ofListener->configuration},
                  question.findings);
     isThrough = showChain(question, _report) && isThrough;
   }
-  if (_report.result()["chains"].empty())
-    isThrough = showChain({_class, nullptr, &configurations.of(choice.viewpoints.front(), _options.ca), {}}, _report);
+  if (_report.result()["chains"].empty()) {
+    const SeenConfiguration& seen = configurations.of(choice.viewpoints.front(), _options.ca);
+    isThrough =
+        showChain({_class, nullptr, &seen, {}, checkConfiguration(seen.viewpoint, seen.configuration)}, _report);
+  }
   return isThrough ? exitOk : exitNegative;
 }
 

@@ -7,8 +7,10 @@
 #include "platform/native_path.h"
 #include "quillmark_logging_names.h"
 #include "tools/logs/merged_logs.h"
+#include "tools/qmrkctl/class_entries.h"
 #include "tools/qmrkctl/doctor/process_check.h"
 #include "tools/qmrkctl/doctor/why_chain.h"
+#include "tools/qmrkctl/doctor/why_faults.h"
 
 namespace qmrkctl {
 namespace {
@@ -81,6 +83,11 @@ void addFilterStep(const WhyQuestion& _question, StepList& _steps) {
                      "no entry of COMMON_LOG_FILE_FILTER selects " + _question.logClass,
                      "the class does not reach the common log, at most the log of an application",
                      "add \"" + _question.logClass + ";\" to COMMON_LOG_FILE_FILTER, then restart the application"};
+  if (const Finding* const fault =
+          filter == nullptr ? faultOfKey(_question, Quillmark_logging::COMMON_LOG_FILE_FILTER) : nullptr) {
+    _steps.failBy("filter", *fault);
+    return;
+  }
   if (filter == nullptr) {
     finding.code = "Q312";
     finding.text = "COMMON_LOG_FILE_FILTER is missing";
@@ -93,6 +100,10 @@ void addFilterStep(const WhyQuestion& _question, StepList& _steps) {
     _steps.ok("filter", "\"" + selection.entry + "\" in line " + std::to_string(filter->keyPlace.line));
     return;
   }
+  if (const Finding* const fault = faultOfFilter(_question)) {
+    _steps.failBy("filter", *fault);
+    return;
+  }
   if (selectionOf(all, _question.logClass).isSelected) {
     finding.code = "Q401";
     finding.text = "\"" + all.back() + "\" stands behind the last \";\" of COMMON_LOG_FILE_FILTER and does not count";
@@ -102,10 +113,28 @@ void addFilterStep(const WhyQuestion& _question, StepList& _steps) {
   _steps.fail("filter", finding);
 }
 
+// What an entry that differs in blanks or letter case should be.
+std::string fixOfNearMiss(const std::string& _entry, const std::string& _class) {
+  const std::string plain = lowerTrimmed(_entry);
+  const bool isBeginning = lowerTrimmed(_class).starts_with(plain);
+  const std::string meant = isBeginning ? _class.substr(0, plain.size()) : _class;
+  return "write \"" + meant + ";\" in place of \"" + _entry + ";\"";
+}
+
+FindingPlace placeOfEntry(const ConfigurationFile& _init, const std::string& _entry) {
+  const std::vector<ClassEntry> entries = enabledClasses(_init.text);
+  const auto found = std::ranges::find(entries, _entry, &ClassEntry::pattern);
+  if (_entry.empty() || found == entries.end()) return {nativePath(_init.path), 0, 0};
+  const TextPlace place = TextPlaces(_init.text).of(found->begin);
+  return {nativePath(_init.path), place.line, place.column};
+}
+
 void addListStep(const WhyQuestion& _question, StepList& _steps) {
   const ConfigurationFile& init = _question.seen->configuration.init;
   if (!init.isUsable()) {
-    const std::string what = init.exists() ? " cannot be read by the user" : " is missing";
+    const Finding* const fault =
+        init.exists() || init.facts.kind != toolsystem::PathKind::missing ? faultOfListFile(_question) : nullptr;
+    const std::string what = fault != nullptr ? ": " + fault->text : init.exists() ? " cannot be read" : " is missing";
     _steps.ok("class list", nativePath(init.path) + what + ": classes stay as they are, at a start all of them on");
     return;
   }
@@ -116,10 +145,14 @@ void addListStep(const WhyQuestion& _question, StepList& _steps) {
     _steps.ok("class list", "\"" + selection.entry + "\" in " + nativePath(init.path));
     return;
   }
-  Finding finding = findingOf("Q616", {nativePath(init.path), 0, 0},
-                              "no entry selects " + _question.logClass + ", so it is off" + hint(selection),
-                              "qmrkctl classes enable \"" + _question.logClass + "\"");
-  _steps.fail("class list", finding);
+  if (const Finding* const fault = faultOfList(_question)) {
+    _steps.failBy("class list", *fault);
+    return;
+  }
+  const std::string text = "no entry selects " + _question.logClass + ", so it is off" + hint(selection);
+  const std::string fix = selection.nearMiss.empty() ? "qmrkctl classes enable \"" + _question.logClass + "\""
+                                                     : fixOfNearMiss(selection.nearMiss, _question.logClass);
+  _steps.fail("class list", findingOf("Q616", placeOfEntry(init, selection.nearMiss), text, fix));
 }
 
 const Finding* findingAmong(const WhyQuestion& _question, std::initializer_list<std::string_view> _codes) {
@@ -165,21 +198,21 @@ void addListenerStep(const WhyQuestion& _question, const ProcessStatus& _status,
   }
 }
 
-void addSpaceStep(const SeenConfiguration& _seen, StepList& _steps) {
-  std::string folder = _seen.configuration.logs->folder;
-  while (!folder.empty() && factsOf(_seen.viewpoint, folder).kind == toolsystem::PathKind::missing) {
+void addSpaceStep(const WhyQuestion& _question, StepList& _steps) {
+  if (const Finding* const fault = faultOfSpace(_question)) {
+    _steps.failBy("space", *fault);
+    return;
+  }
+  const Viewpoint& viewpoint = _question.seen->viewpoint;
+  std::string folder = _question.seen->configuration.logs->folder;
+  while (!folder.empty() && factsOf(viewpoint, folder).kind == toolsystem::PathKind::missing) {
     const std::size_t separator = folder.find_last_of("\\/");
     folder.resize(separator == std::string::npos ? 0 : separator);
   }
-  const auto free = toolsystem::freeBytes(reachedPath(_seen.viewpoint, folder));
-  constexpr std::uint64_t least = 4096;
-  if (!free) {
-    _steps.unknown("space", "the system does not tell");
-  } else if (*free < least) {
-    _steps.fail("space", {"Q506", Severity::error, nativePath(_seen.configuration.logs->folder), 0, 0,
-                          "the disk is full", "lines are lost", "make room on the disk"});
-  } else {
+  if (const auto free = toolsystem::freeBytes(reachedPath(viewpoint, folder))) {
     _steps.ok("space", std::to_string(*free / 1024 / 1024) + " MiB free");
+  } else {
+    _steps.unknown("space", "the system does not tell");
   }
 }
 
@@ -250,7 +283,7 @@ std::vector<WhyStep> deliverySteps(const WhyQuestion& _question) {
   StepList steps;
   const ProcessStatus* const status = statusOf(_question);
   if (status != nullptr) addListenerStep(_question, *status, steps);
-  if (steps.isOpen()) addSpaceStep(*_question.seen, steps);
+  if (steps.isOpen()) addSpaceStep(_question, steps);
   if (steps.isOpen() && status != nullptr) addWritingStep(_question, *status, steps);
   if (steps.isOpen()) addLastLineStep(_question, steps);
   return steps.take();
