@@ -2,7 +2,10 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <thread>
 
+#include "diagnostics/status_page.h"
+#include "logsetup/file_status.h"
 #include "tests/logsetup/page_of_set_up.h"
 #include "tests/support/fault_plan.h"
 
@@ -76,6 +79,26 @@ TEST_F(FilesOnThePage, CountsFilesForWhichThereIsNoRoom) {
   }
   EXPECT_EQ(ownStatus().files.size(), 16U);
   EXPECT_EQ(ownStatus().filesLeftOut, 4U);
+}
+
+// Who loses a line while another thread writes the page cannot show it, and does not wait.
+TEST_F(FilesOnThePage, TellsOfWhatIsLostWhileThePageIsWritten) {
+  ASSERT_TRUE(initDefaultLogs("App", "CA12", false));
+  status::changePageBy([this](status::StatusImage& /*_image*/) {
+    std::thread([this] { noteLostLine(commonLog(), platform::errorDiskFull); }).join();
+  });
+  EXPECT_EQ(fileOf(commonLog()).lost, 0U) << "a mark is left";
+  showMissedFiles();
+  EXPECT_EQ(fileOf(commonLog()).lost, 1U);
+}
+
+TEST_F(FilesOnThePage, TellsWithTheNextUpdateOfWhatWasLostMeanwhile) {
+  ASSERT_TRUE(initDefaultLogs("App", "CA12", false));
+  status::changePageBy([this](status::StatusImage& /*_image*/) {
+    std::thread([this] { noteLostLine(commonLog(), platform::errorDiskFull); }).join();
+  });
+  ASSERT_TRUE(updateLogLevels("CA12"));
+  EXPECT_EQ(fileOf(commonLog()).lost, 1U);
 }
 
 }  // namespace
