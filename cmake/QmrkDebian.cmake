@@ -12,6 +12,7 @@ set(CPACK_DEBIAN_PACKAGE_MAINTAINER "Quillmark founders <founders@quillmark.orva
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
+set(CPACK_POST_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/QmrkDebianFields.cmake)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/include ${PROJECT_BINARY_DIR}/logmanager)
 
@@ -53,9 +54,11 @@ qmrk_debian_package(tools qmrk-log-tools admin "logging set-up library of the Qu
   "Programs that show and steer the logging of running applications (qmrkctl),\nand that try the set-up of a machine (LogTest).\n.\nAlso the folders and the configuration of the machine, which all\napplications of the family share.")
 set(CPACK_COMPONENT_TOOLS_DEPENDS libraries)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS passwd)
-set(CPACK_DEBIAN_TOOLS_PACKAGE_CONTROL_EXTRA ${texts}/conffiles ${texts}/postinst ${texts}/postrm)
+set(CPACK_DEBIAN_TOOLS_PACKAGE_CONTROL_EXTRA ${texts}/conffiles ${texts}/postinst ${texts}/prerm ${texts}/postrm)
 install(FILES examples/qmrk_logging_GE.cfg examples/qmrk_logging_CA12.cfg
   DESTINATION "${CMAKE_INSTALL_FULL_SYSCONFDIR}/xdg/Orvane Shared/qmrk/logging/cfg" COMPONENT tools)
 install(FILES examples/qmrk_logging_CA12.init DESTINATION ${CMAKE_INSTALL_DATADIR}/qmrk_log COMPONENT tools)
 install(FILES ${texts}/qmrk-log-tools.sysusers DESTINATION lib/sysusers.d RENAME qmrk-log-tools.conf COMPONENT tools)
 install(FILES ${texts}/qmrk-log-tools.tmpfiles DESTINATION lib/tmpfiles.d RENAME qmrk-log-tools.conf COMPONENT tools)
+install(FILES integrations/systemd/qmrk-lease-sweep.service integrations/systemd/qmrk-lease-sweep.timer
+  DESTINATION lib/systemd/system COMPONENT tools)

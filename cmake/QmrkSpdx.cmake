@@ -57,8 +57,9 @@ qmrk_spdx_part(gcc_runtime "${CMAKE_CXX_COMPILER_VERSION}" "${exception}" "Free 
 
 configure_file(${PROJECT_SOURCE_DIR}/cmake/qmrk_log.spdx.json ${PROJECT_BINARY_DIR}/qmrk_log.spdx.json @ONLY)
 if(QMRK_DEBIAN_PACKAGES)
+  # It names the processor, so the packages of several architectures can only be installed together under names of their own.
   install(FILES ${PROJECT_BINARY_DIR}/qmrk_log.spdx.json DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/libqmrk-log1
-    COMPONENT libraries)
+    RENAME qmrk_log.${CMAKE_SYSTEM_PROCESSOR}.spdx.json COMPONENT libraries)
 else()
   install(FILES ${PROJECT_BINARY_DIR}/qmrk_log.spdx.json DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT libraries)
 endif()

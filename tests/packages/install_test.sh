@@ -20,6 +20,23 @@ folder=/var/lib/Orvane/qmrk/logging
 [ "$(in_root stat -c '%a %U %G' /var/lib/Orvane)" = '755 root root' ]
 [ "$(in_root dpkg-query -W -f '${Conffiles}' qmrk-log-tools | grep -c 'Orvane Shared/qmrk/logging/cfg/qmrk_logging_.*\.cfg')" = 2 ]
 
+in_root test -e /etc/systemd/system/timers.target.wants/qmrk-lease-sweep.timer
+in_root test -s /lib/systemd/system/qmrk-lease-sweep.service
+for package in libqmrk-log1:same libqmrk-log-dev:same qmrk-log-tools:foreign; do
+  [ "$(dpkg-deb -f "$BUILD/${package%:*}"_*.deb Multi-Arch)" = "${package#*:}" ]
+done
+# What several architectures have in common names none of them; pages for developers speak of some.
+architecture=$(dpkg-architecture -qDEB_HOST_MULTIARCH)
+for package in "libqmrk-log1:${architecture%%-*}" "libqmrk-log-dev:$architecture"; do
+  rm -rf "$CLEAN_ROOT/../unpacked"
+  dpkg-deb -x "$BUILD/${package%:*}"_*.deb "$CLEAN_ROOT/../unpacked"
+  if (cd "$CLEAN_ROOT/../unpacked" && find . -type f ! -path "*/$architecture/*" ! -name "*.${architecture%%-*}.*" \
+    -exec grep -l "${package#*:}" {} +); then
+    echo "of ${package%:*} these name ${package#*:}, and other architectures have the same files"
+    exit 1
+  fi
+done
+
 echo '-- applications'
 examples=/usr/share/doc/libqmrk-log-dev/examples
 as_user sh -ec "cd && cp -r $examples examples && cd examples
