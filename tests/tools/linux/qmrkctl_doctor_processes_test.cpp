@@ -107,6 +107,19 @@ TEST_F(QmrkctlDoctorProcesses, AnswerForTheClassListOfTheirListener) {
   EXPECT_EQ(answers[0]["outcome"], "applied");
 }
 
+TEST_F(QmrkctlDoctorProcesses, HaveAnotherDefaultCaThanTheSession) {
+  configure("CA663");
+  CompanionProcess process(
+      {"/bin/sh", "-c",
+       "export DEFAULT_CA_NR=CA663; exec " + std::string(QMRK_LOGTEST) + " --classes 'Demo.App.info;' --listen 600"});
+  EXPECT_THAT(process.readLine(), HasSubstr("Demo.App.info is on"));
+  const std::string output = qmrkctl({"doctor"}).output;
+  EXPECT_THAT(output, HasSubstr("note Q705 LogTest (pid "));
+  EXPECT_THAT(output, HasSubstr("DEFAULT_CA_NR is \"CA663\" there, and not set in this session"));
+  sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA663\n");
+  EXPECT_THAT(qmrkctl({"doctor"}).output, Not(HasSubstr("Q705"))) << "both lead to the same files";
+}
+
 TEST_F(QmrkctlDoctorProcesses, AreStopped) {
   const CompanionProcess process = application("CA662");
   sandbox_.writeInit("CA662", "Demo.Net;\n");

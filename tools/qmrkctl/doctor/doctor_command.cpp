@@ -12,6 +12,7 @@
 #include "tools/qmrkctl/commands.h"
 #include "tools/qmrkctl/doctor/process_check.h"
 #include "tools/qmrkctl/doctor/process_configurations.h"
+#include "tools/qmrkctl/doctor/process_environment.h"
 #include "tools/qmrkctl/exit_code.h"
 #include "tools/qmrkctl/followed_logs.h"
 #include "tools/qmrkctl/shown_text.h"
@@ -34,7 +35,7 @@ class Examination {
     }
   }
 
-  void examineProcesses(const std::vector<RunningProcess>& _processes) {
+  void examineProcesses(const std::vector<RunningProcess>& _processes, const Viewpoint& _session) {
     for (const RunningProcess& process : _processes) {
       const SeenConfiguration* const own = configurations_.of(process);
       const SeenConfiguration* const ofListener = configurations_.ofListener(process);
@@ -43,6 +44,7 @@ class Examination {
                    {own == nullptr ? nullptr : &own->configuration,
                     ofListener == nullptr ? nullptr : &ofListener->configuration},
                    findings);
+      checkProcessEnvironment(process, own, session_.of(_session, ""), findings);
       add(findings);
     }
   }
@@ -82,6 +84,7 @@ class Examination {
 
  private:
   ProcessConfigurations configurations_;
+  ProcessConfigurations session_;  // not examined itself unless it is asked for
   std::vector<Finding> findings_;
   std::set<std::tuple<std::string, std::string, int, int, std::string>> told_;
 };
@@ -145,7 +148,7 @@ int examine(bool _isStrict, const Options& _options, Report& _report) {
     return exitNotFound;
   }
   Examination examination;
-  examination.examineProcesses(processes.found);
+  examination.examineProcesses(processes.found, ownViewpoint());
   examination.examineConfigurations(choice.viewpoints, _options.ca, processes.found);
   examination.examineRecords(choice.viewpoints, _options.ca);
   const int exitCode = tell(examination.findings(), _isStrict, _report);

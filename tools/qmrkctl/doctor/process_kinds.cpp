@@ -43,6 +43,16 @@ constexpr FindingKind processTable[] = {
     {"Q615", Severity::error, "A process does not have the library", "it does not log through it",
      "look at another process: qmrkctl apps", "why --pid of another program"},
     {"Q616", Severity::error, "A class is not on", "its lines go nowhere", "qmrkctl classes enable CLASS", ""},
+    {"Q617", Severity::warning, "The library of an application was replaced while it runs",
+     "it goes on with the former one until it is started again", "restart the application",
+     "a package was upgraded, its services were not restarted"},
+    {"Q705", Severity::note, "An application has another DEFAULT_CA_NR than this session",
+     "commands without --pid look at another configuration than the application has", "ask with --pid",
+     "the variable is set in the unit of a service"},
+    {"Q706", Severity::warning, "An application ignores the variables that move folders",
+     "QMRK_APPDATA and the like do not count where a program has more rights than its caller: it uses the default "
+     "folders",
+     "start it as its user, without set-user-id and capabilities of its file", "a program with set-user-id"},
 };
 
 }  // namespace

@@ -13,6 +13,7 @@
 #include <sstream>
 
 #include "platform/linux/base_folder.h"
+#include "tools/system/linux/secure_process.h"
 
 namespace toolsystem {
 namespace {
@@ -146,7 +147,15 @@ Environment ownEnvironment() {
 
 std::optional<Environment> environmentOfProcess(int _pid) {
   const std::optional<std::string> block = contentOf(processFolder(_pid) + "/environ");
-  return block ? std::optional(environmentOf(*block)) : std::nullopt;
+  if (!block) return std::nullopt;
+  Environment environment = environmentOf(*block);
+  // What the library asks secure_getenv for is not set there.
+  if (isSecureProcess(_pid)) {
+    for (const char* const name :
+         {"QMRK_APPDATA", "QMRK_COMMON_PROGRAM_FILES", "QMRK_COMMON_APPDATA", "XDG_DATA_HOME", "HOME"})
+      environment.erase(name);
+  }
+  return environment;
 }
 
 std::string fileSystemOfProcess(int _pid) {

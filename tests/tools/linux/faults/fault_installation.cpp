@@ -91,6 +91,12 @@ void FaultInstallation::start(const std::string& _arguments, const std::string& 
   if (companions_.back().readLine().find(" is o") == std::string::npos) std::abort();
 }
 
+void FaultInstallation::replaceLibrary() const {
+  const std::string library = programs_.path() + "/" + fs::path(QMRK_LIBRARY).filename().string();
+  fs::copy(QMRK_LIBRARY, library + ".new");
+  fs::rename(library + ".new", library);
+}
+
 void FaultInstallation::signal(int _signal) const {
   if (::kill(running_, _signal) != 0) std::abort();
   if (_signal == SIGSTOP && ::waitpid(running_, nullptr, WUNTRACED) != running_) std::abort();

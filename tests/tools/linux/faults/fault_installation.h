@@ -55,6 +55,8 @@ class FaultInstallation {
   /// LogTest with these arguments of a shell runs from now on, and listens.
   /// @param _limits commands of the shell before it.
   void start(const std::string& _arguments, const std::string& _limits = "");
+  /// Puts another file in place of the library that a program started after runAs has loaded.
+  void replaceLibrary() const;
   /// Sends a signal to it, and waits until it is stopped by it if that is what it does.
   void signal(int _signal) const;
 

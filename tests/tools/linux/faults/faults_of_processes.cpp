@@ -78,6 +78,18 @@ std::vector<Fault> faultsOfProcesses() {
          return isSilent && goesOn(_at);
        },
        {"doctor", "--strict"}},
+      {"the library was replaced while an application runs",
+       "the application goes on with the former one",
+       [](Installation& _at) {
+         _at.runAs(0);
+         _at.start(logsIntoOther);
+         _at.replaceLibrary();
+       },
+       soundApplication,
+       {"Q617", "", 0, "restart"},
+       {},
+       goesOn,
+       {"doctor", "--strict"}},
       {"a log that may not grow (`ulimit -f`)",
        "the application loses every further line",
        [](Installation& _at) {

@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "tools/qmrkctl/viewpoint.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <filesystem>
 
 #include "tests/support/config_sandbox.h"
 #include "tests/support/temporary_folder.h"
+#include "tools/system/process_condition.h"
 
 namespace {
 
@@ -104,6 +108,35 @@ TEST(ViewpointTest, FollowsLinksFromTheRootOfTheProcess) {
   EXPECT_EQ(factsOf(viewpoint, "/dangling").kind, toolsystem::PathKind::danglingLink);
   EXPECT_EQ(factsOf(viewpoint, "/loop").kind, toolsystem::PathKind::danglingLink);
   EXPECT_EQ(factsOf(viewpoint, "/new").kind, toolsystem::PathKind::missing);
+}
+
+// A program with set-user-id gets nothing from secure_getenv.
+TEST(ViewpointTest, IgnoresWhatTheLibraryIgnoresInAProcessWithMoreRights) {
+  const testsupport::ConfigSandbox sandbox;
+  const testsupport::TemporaryFolder folder;
+  const std::string program = folder.path() + "/sleep";
+  fs::copy("/bin/sleep", program);
+  ASSERT_EQ(::chown(program.c_str(), 65534, 65534), 0);
+  fs::permissions(program, fs::perms(04755));
+  for (const bool isSecure : {true, false}) {
+    int ends[2];
+    ASSERT_EQ(::pipe2(ends, O_CLOEXEC), 0);
+    const pid_t child = ::fork();
+    if (child == 0) {
+      ::execl(isSecure ? program.c_str() : "/bin/sleep", "sleep", "1000", nullptr);
+      ::_exit(1);
+    }
+    ::close(ends[1]);
+    char byte = 0;
+    EXPECT_EQ(::read(ends[0], &byte, 1), 0) << "the end of the pipe tells of the exec";
+    ::close(ends[0]);
+    const Viewpoint viewpoint = viewpointOfProcess(child).value();
+    EXPECT_EQ(viewpoint.environment.count("QMRK_APPDATA"), isSecure ? 0U : 1U);
+    EXPECT_EQ(viewpoint.environment.count("PATH"), 1U);
+    EXPECT_EQ(toolsystem::conditionOfProcess(child).ignoresEnvironment, isSecure);
+    ::kill(child, SIGKILL);
+    ::waitpid(child, nullptr, 0);
+  }
 }
 
 }  // namespace
