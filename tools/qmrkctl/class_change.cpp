@@ -166,6 +166,7 @@ class Change {
     Acknowledgement result;
     if (!request_.isSilent) {
       std::vector<RunningProcess> processes;
+      processes.reserve(_addressees.size());
       for (const Addressee& each : _addressees)
         processes.push_back(each.process);
       result = signalAndAwait(placesOf(steeredProcesses(options_), processes), Quillmark_logging::QMRK_LOG_EVENT,

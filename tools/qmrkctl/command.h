@@ -21,6 +21,6 @@ struct Choice {
 };
 
 /// Adds a command to the program. Its options live in the callback, which puts the action into the choice.
-using AddCommand = void (*)(CLI::App& _program, Choice& _choice);
+using AddCommand = void (*)(CLI::App&, Choice&);
 
 }  // namespace qmrkctl

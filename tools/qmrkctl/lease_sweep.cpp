@@ -33,6 +33,7 @@ std::vector<Addressee> followersOf(const ClassListPlace& _place, const std::stri
 
 Acknowledgement letKnow(const std::vector<Addressee>& _followers, std::chrono::milliseconds _wait) {
   std::vector<RunningProcess> processes;
+  processes.reserve(_followers.size());
   for (const Addressee& each : _followers)
     processes.push_back(each.process);
   return signalAndAwait(placesOf(ProcessQuery(), processes), Quillmark_logging::QMRK_LOG_EVENT, _followers, _wait);
@@ -51,8 +52,10 @@ std::vector<ClassListPlace> listsWithLeases(const Viewpoint& _viewpoint) {
     if (entry->path().extension() == ".lease") names.push_back(entry->path().stem().string());
   }
   std::sort(names.begin(), names.end());
+  const std::string beginning = folder + "\\qmrk_logging_";
   for (const std::string& ca : names) {
-    if (auto place = classListPlaceOf(folder + "\\qmrk_logging_" + ca + ".init")) places.push_back(*place);
+    const std::string path = beginning + ca;
+    if (auto place = classListPlaceOf(path + ".init")) places.push_back(*place);
   }
   return places;
 }

@@ -24,6 +24,7 @@ struct SignalOptions {
 
 std::vector<Addressee> addresseesOf(const std::vector<RunningProcess>& _processes) {
   std::vector<Addressee> addressees;
+  addressees.reserve(_processes.size());
   for (const RunningProcess& process : _processes)
     addressees.push_back({process, hashOfList(process)});
   return addressees;

@@ -53,6 +53,7 @@ ProcessQuery steeredProcesses(const Options& _options) {
 std::vector<toolsystem::EventPlace> placesOf(const ProcessQuery& _query, const std::vector<RunningProcess>& _processes,
                                              std::optional<int> _session) {
   std::vector<toolsystem::ProcessFacts> facts;
+  facts.reserve(_processes.size() + 1);
   for (const RunningProcess& process : _processes)
     facts.push_back(process.facts);
   if (!_query.user.empty()) {

@@ -95,6 +95,7 @@ int tellWhere(const Options& _options, Report& _report) {
   std::vector<NamedPath> paths = allPaths(*viewpoint, configuration);
   std::erase_if(paths, [](const NamedPath& _path) { return _path.path.empty(); });
   std::vector<std::string> asked;
+  asked.reserve(paths.size());
   for (const NamedPath& path : paths)
     asked.push_back(path.path);
   const std::vector<toolsystem::PathRights> rights = rightsOn(*viewpoint, asked);

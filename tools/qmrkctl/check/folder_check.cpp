@@ -13,8 +13,8 @@ namespace {
 using toolsystem::PathFacts;
 using toolsystem::PathKind;
 
-constexpr std::uint64_t hardlyAnySpace = 64 * 1024;
-constexpr std::uint64_t littleSpace = 64 * 1024 * 1024;
+constexpr std::uint64_t hardlyAnySpace = std::uint64_t{64} * 1024;
+constexpr std::uint64_t littleSpace = std::uint64_t{64} * 1024 * 1024;
 
 constexpr FindingKind folderTable[] = {
     {"Q501", Severity::error, "The log folder cannot be created", "initDefaultLogs fails and connects nothing",

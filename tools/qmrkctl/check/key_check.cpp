@@ -15,6 +15,7 @@ constexpr char blanks[] = " \t";
 
 std::vector<std::string_view> namesOfKeys() {
   std::vector<std::string_view> found;
+  found.reserve(std::size(knownKeys));
   for (const KnownKey& known : knownKeys)
     found.push_back(known.key);
   return found;
