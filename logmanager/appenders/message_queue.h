@@ -79,7 +79,6 @@ class MessageQueue {
   std::size_t heldBytes() const { return held_.bytes(); }
 
   // Around a fork; the child begins empty.
-
   void lockForFork() { commonLock_.lock(); }
   void unlockAfterFork() { commonLock_.unlock(); }
   void forgetAllInChild();
