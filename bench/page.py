@@ -1,8 +1,9 @@
 # SPDX-License-Identifier: MIT
-"""Writes docs/performance.md and its plot from measured figures."""
+"""Writes docs/performance.md, its plot and that of the README from measured figures."""
 import statistics
 import subprocess
 
+import speed_plot
 from workloads import EVERYBODY, LIBRARY_WORKLOADS, PEERS, UNPACKAGED_PEERS, WORKLOADS
 
 SHOWN = EVERYBODY + UNPACKAGED_PEERS
@@ -227,7 +228,7 @@ def heading(measured):
 
 
 def write(measured, folder):
-    """Writes performance.md and performance.svg. What is said by hand stands in performance-notes.md beside them."""
+    """Writes performance.md, performance.svg and speed.svg. What is said by hand is in performance-notes.md."""
     figures = measured["figures"]
     lines = [*heading(measured), *summary(figures), "## How the subjects are used", "", CONFIGURATION]
     sections = {w.key: (lambda w=w: workload_section(w, figures[w.key])) for w in WORKLOADS}
@@ -241,3 +242,4 @@ def write(measured, folder):
         lines += [f"[What was tried, and what the figures mean]({notes.name})", ""]
     (folder / "performance.md").write_text("\n".join(lines), encoding="utf-8")
     plot(figures, folder / "performance.svg")
+    speed_plot.write(folder)

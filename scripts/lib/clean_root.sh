@@ -18,11 +18,11 @@ make_clean_root() {
 fill_clean_root() {
   local site
   site=$(apt-get indextargets --format '$(REPO_URI)' 'Created-By: Packages' 'Codename: bookworm' | head -n 1)
-  as_root debootstrap --variant=minbase --include=g++,make,cmake,pkg-config bookworm "$1" \
+  as_root debootstrap --variant=minbase --include=g++,make,cmake,pkg-config,sudo bookworm "$1" \
     "${site:-http://deb.debian.org/debian/}" || return
   as_root chroot "$1" apt-get clean &&
     as_root chroot "$1" apt-get install -y -q --download-only --no-install-recommends \
-      libboost1.74-dev libboost-filesystem1.74.0 libboost-thread1.74.0
+      libboost1.74-dev libboost-filesystem1.74.0 libboost-thread1.74.0 "${PACKAGES_BUILD[@]}"
 }
 
 # in_root COMMAND...: as root in the folder CLEAN_ROOT. Neither asks anything nor sees the settings of the user.

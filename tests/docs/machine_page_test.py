@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 """machine_page_test.py STAGE PAGE: runs the commands of a page about an installed machine, one after the other in one
 shell, as the user anna of a private machine. Each block ```sh must end with the status that it names (```sh status=1), else
-with 0, and print the block ```text behind it, as page_commands_test.py compares it. What breaks the machine before a
+with 0, and print the block ```text behind it, with the placeholders of expected_output.py. What breaks the machine before a
 command stands in a comment <!-- sh ... -->, which readers do not see."""
 
 import os
@@ -12,8 +12,9 @@ import subprocess
 import sys
 import tempfile
 
-from page_commands_test import PAGE, STAGE, pattern_of
+from expected_output import pattern_of
 
+STAGE, PAGE = (pathlib.Path(argument) for argument in sys.argv[1:3])
 PRIVATE_MACHINE = pathlib.Path(__file__).with_name("private_machine")
 BLOCK = re.compile(r"^<!-- sh\n(?P<hidden>.*?)^-->|"
                    r"^```sh(?: status=(?P<status>\d+))?\n(?P<shown>.*?)^```\n\n?(?:^```text\n(?P<text>.*?)^```)?",

@@ -2,8 +2,7 @@
 # SPDX-License-Identifier: MIT
 """page_commands_test.py STAGE PAGE: runs the commands of a page, its blocks ```sh, one after the other in one shell and in
 a new folder, with the installed tree STAGE in place of /usr/local. What they print must be the block ```text that follows,
-where there is one: a number of several digits stands for any number, one with a fraction for any such, several blanks for
-any, and "..." for any text."""
+where there is one, with the placeholders of expected_output.py."""
 
 import os
 import pathlib
@@ -11,6 +10,8 @@ import re
 import subprocess
 import sys
 import tempfile
+
+from expected_output import pattern_of
 
 STAGE, PAGE = (pathlib.Path(argument) for argument in sys.argv[1:3])
 BLOCK = re.compile(r"^```sh\n(.*?)^```\n(?:```text\n(.*?)^```)?", re.MULTILINE | re.DOTALL)
@@ -22,17 +23,6 @@ def environment(folder):
     kept = {name: value for name, value in os.environ.items() if not name.startswith(("QMRK_", "DEFAULT_CA", "XDG_"))}
     return {**kept, "HOME": folder, "PATH": f"{STAGE}/bin:{kept['PATH']}", "LD_LIBRARY_PATH": str(libraries),
             "PKG_CONFIG_PATH": str(libraries / "pkgconfig")}
-
-
-_PLACEHOLDERS = {r"\.\.\.": r"(.|\n)*", r" {2,}": " +", r"\d+\.\d+": r"\d+\.\d+", r"\d{2,}": r"\d+"}
-
-
-def pattern_of(expected):
-    """What is printed must match this as a whole."""
-    pattern = ""
-    for part in re.split(f"({'|'.join(_PLACEHOLDERS)})", expected):
-        pattern += next((any_ for kind, any_ in _PLACEHOLDERS.items() if re.fullmatch(kind, part)), re.escape(part))
-    return pattern
 
 
 def run(blocks, folder):

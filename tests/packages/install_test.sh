@@ -48,6 +48,9 @@ in_root grep -E '^\[Demo\.App\.info\] [0-9]{8} [0-9:.]{12} started with 3 worker
 as_user /home/ann/examples/process_stamp
 in_root grep -E '^\[Demo\.App\.info\] [0-9]{8} [0-9:.]{12} \[[0-9]+\] started$' $log
 
+echo '-- pages'
+python3 -B "$ROOT/tests/rules/check_rule.py" page_links "$CLEAN_ROOT/usr/share/doc/libqmrk-log-dev"
+
 echo '-- tools'
 as_user qmrkctl --version
 as_user LogTest --help >/dev/null

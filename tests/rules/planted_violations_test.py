@@ -99,7 +99,13 @@ PLANTED = {
         {"docs/a.md": "```sh\nls\n```\n", "README.md": "    ls\n```text\nsh\n```\n",
          "tests/docs/CMakeLists.txt": "foreach(page IN ITEMS a b)\nendforeach()\n"},
         {"docs/p.md": "Text.\n```sh\nls\n```\n", "examples/README.md": "```console\nls\n```\n",
-         "docs/q.md": "```sh status=1\nfalse\n```\n"}),
+         "docs/q.md": "```sh status=1\nfalse\n```\n", "README.md": "```sh\nls\n```\n"}),
+    "page_links": (
+        {"docs/a.md": "# A: `b` (c)\n[b](../README.md#two-words) ![p](p.svg) [self](#a-b-c)\n```text\n[x](gone.md)\n```\n`[y](gone.md)`\n"
+                      "[folder](../examples) [site](https://example.org/a_b?c=d#e) [mail](mailto:a@example.org)\n",
+         "docs/p.svg": "", "README.md": "## Two words\n## Same\n## Same\n[s](#same-1)\n", "examples/x.cpp": ""},
+        {"docs/p.md": "[b](gone.md)\n", "docs/q.md": "# Q\n[c](#r)\n", "docs/r.md": "[d](q.md#none)\n",
+         "docs/s.md": "[e](https://no site)\n", "docs/t.md": "![f](../gone.svg)\n", "docs/u.md": "[g]: gone.md\n"}),
     "file_names": (
         {"platform/linux/clock.cpp": "", "platform/win32/clock.cpp": "", "trace/trace.h": "", "trace/trace.cpp": ""},
         {"zlast/trace.h": "", "trace/string_utils.h": "", "config/common.cpp": "", "config/helpers.h": ""}),

@@ -1,22 +1,29 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# reference_test.sh ROOT: Doxygen, with the settings of docs/Doxyfile, accepts the public headers, and refuses a function
-# or a macro without a comment, a comment that leaves out a parameter, and one that names a parameter which is not there.
+# reference_test.sh ROOT: Doxygen, with the settings of docs/Doxyfile, accepts the public headers, and its first page leads
+# to each of them. It refuses a function or a macro without a comment, a comment that leaves out a parameter, and one that
+# names a parameter which is not there.
 set -euo pipefail
 root=$1
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 
-# documented INPUT...: whether Doxygen accepts what it reads there.
+# documented SETTING...: whether Doxygen accepts what it reads by these further settings.
 documented() {
-  (cd "$root" && { cat docs/Doxyfile && printf '%s\n' "INPUT = $*" "OUTPUT_DIRECTORY = $folder/out"; } | doxygen -) \
+  (cd "$root" && { cat docs/Doxyfile && printf '%s\n' "OUTPUT_DIRECTORY = $folder/out" "$@"; } | doxygen -) \
     >"$folder/warnings" 2>&1
 }
 
-if ! documented include logmanager/include/boost/logging; then
+if ! documented ''; then
   cat "$folder/warnings"
   exit 1
 fi
+for header in "$root"/include/*.h "$root"/logmanager/include/boost/logging/*.hpp; do
+  if ! grep -q "<a class=\"el\"[^>]*>\(boost/logging/\)\?$(basename "$header")</a>" "$folder/out/html/index.html"; then
+    echo "docs/reference.md does not lead to $(basename "$header")."
+    exit 1
+  fi
+done
 
 sound='/// @file
 /// A header.
@@ -34,10 +41,10 @@ planted=(
 mkdir "$folder/planted"
 header=$folder/planted/header.h
 printf '%s\n' "$sound" >"$header"
-documented "$header" || { cat "$folder/warnings"; echo 'A sound header is refused.'; exit 1; }
+documented "INPUT = $header" "USE_MDFILE_AS_MAINPAGE =" || { cat "$folder/warnings"; echo 'A sound header is refused.'; exit 1; }
 for change in "${planted[@]}"; do
   printf '%s\n' "$sound" | sed "$change" >"$header"
-  if documented "$header"; then
+  if documented "INPUT = $header" "USE_MDFILE_AS_MAINPAGE ="; then
     cat "$header"
     echo 'Doxygen accepts this header.'
     exit 1

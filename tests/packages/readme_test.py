@@ -1,0 +1,86 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
+"""readme_test.py ROOT FOLDER: does what the README says, from the first command to the last, in a clone in the clean Debian
+in FOLDER, as the user ann, who may use sudo. What the commands of a block print must be the block ```text behind it, with
+the placeholders of tests/docs/expected_output.py.
+
+Two things are not literal: scripts/test is left out, since it is what runs this; and sources are compiled several at a
+time, which takes a third of the time."""
+
+import os
+import pathlib
+import re
+import subprocess
+import sys
+
+ROOT, FOLDER = (pathlib.Path(argument) for argument in sys.argv[1:3])
+sys.path.insert(0, str(ROOT / "tests" / "docs"))
+from expected_output import pattern_of  # noqa: E402  (it lies elsewhere)
+
+BLOCK = re.compile(r"^```sh\n(.*?)^```\n(?:```text\n(.*?)^```)?", re.MULTILINE | re.DOTALL)
+CLONE = "home/ann/qmrk_log"
+FASTER = """\
+set(QMRK_UNITY_OBJECTS ON CACHE BOOL "" FORCE)
+set(QMRK_WARNINGS_AS_ERRORS OFF CACHE BOOL "" FORCE)
+"""
+AS_ANN = ["setpriv", "--reuid=1234", "--regid=1234", "--clear-groups", "env", "-i", "PATH=/usr/local/bin:/usr/bin:/bin",
+          "HOME=/home/ann", "LC_ALL=C.UTF-8", "CMAKE_TOOLCHAIN_FILE=/home/ann/faster.cmake"]
+
+
+def as_root(*words, **settings):
+    return subprocess.run([*([] if os.geteuid() == 0 else ["sudo"]), *words], check=True, **settings)
+
+
+def in_root(script, *words, **settings):
+    """Runs a script there, with processes and shared memory of its own, as root or as what the words become."""
+    inside = 'mount -t proc proc "$0/proc" && mount -t tmpfs -o mode=1777 shm "$0/dev/shm" && exec chroot "$0" "$@"'
+    return as_root("unshare", "--mount", "--pid", "--fork", "--kill-child", "sh", "-c", inside, str(FOLDER), *words,
+                   "bash", "-c", script, stdin=subprocess.DEVNULL, text=True, **settings)
+
+
+def prepare():
+    clone = FOLDER / CLONE
+    as_root("mkdir", "-p", str(clone), str(FOLDER / "dev/shm"))
+    files = subprocess.run(["git", "ls-files", "-z"], cwd=ROOT, capture_output=True, check=True).stdout
+    archive = subprocess.run(["tar", "--null", "--files-from=-", "-cf", "-"], cwd=ROOT, input=files, capture_output=True,
+                             check=True).stdout
+    as_root("tar", "-C", str(clone), "-xf", "-", input=archive)
+    in_root(f"""set -e
+echo 'APT::Install-Recommends "false";' >/etc/apt/apt.conf.d/90small
+echo 'ann ALL=(ALL) NOPASSWD: ALL' >/etc/sudoers.d/ann
+echo "127.0.0.1 localhost $(uname -n)" >>/etc/hosts
+cat >/home/ann/faster.cmake <<'END'
+{FASTER}END
+useradd --no-create-home --uid 1234 --user-group ann
+chown -R ann: /home/ann""")
+
+
+def commands_of(block):
+    """Without those that stand for the run of this very test."""
+    lines = block.splitlines()
+    kept = [line for line in lines if not line.startswith("scripts/test")]
+    for line in lines:
+        print(f"$ {line}" if line in kept else f"(left out, since it is what runs this: {line})")
+    return "\n".join(kept)
+
+
+def main():
+    blocks = BLOCK.findall((ROOT / "README.md").read_text(encoding="utf-8"))
+    if len(blocks) < 2:
+        sys.exit("The README has no commands")
+    prepare()
+    wrong = 0
+    for block, expected in blocks:
+        commands = commands_of(block)
+        sys.stdout.flush()
+        printed = in_root(f"cd /{CLONE} && set -e\n{commands}", "/usr/bin/" + AS_ANN[0], *AS_ANN[1:],
+                          stdout=subprocess.PIPE).stdout
+        if expected and not re.fullmatch(pattern_of(expected), printed):
+            wrong += 1
+            print(f"prints\n{printed}instead of\n{expected}")
+    print(f"README.md: {len(blocks)} blocks of commands, {wrong} with another output")
+    return 1 if wrong else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
