@@ -10,20 +10,20 @@
 
 namespace qmrkctl {
 
-/// Finds from the end of a log where its last lines begin, so that of a huge file only that end is read. The files of
-/// the log are scanned from the newest to the oldest until it is done.
+/// Searches a log from its end for the beginning of its last lines, so that only the end of a huge file is read. The
+/// files of the log are scanned from the newest to the oldest until it is found.
 class BackwardScan {
  public:
   static constexpr std::uint64_t allLines = std::numeric_limits<std::uint64_t>::max();
 
-  /// @param _wanted how many lines that the query asks for.
+  /// @param _wanted how many of the lines that the query asks for.
   BackwardScan(MessageQuery _query, std::uint64_t _wanted)
       : query_(std::move(_query)), wanted_(_wanted), isDone_(_wanted == 0) {}
 
   /// Whether older files hold nothing that is wanted.
   bool isDone() const { return isDone_; }
 
-  /// @return where to begin to read in this file. What stands there may hold some lines more than are wanted.
+  /// @return where to begin to read in this file. From there on may come some more lines than wanted.
   std::int64_t scan(const toolsystem::LogFile& _file);
 
  private:

@@ -10,8 +10,8 @@
 namespace qmrkctl {
 
 /// A moment as the clock on the wall shows it, in the milliseconds that such a clock would have counted since
-/// 1970-01-01 00:00 of the same zone. That is how logs and records write their moments; which one it was in UTC they do
-/// not say.
+/// 1970-01-01 00:00 of the same zone. Logs and records write their moments like this, and do not say which one it was
+/// in UTC.
 using CivilTime = std::int64_t;
 
 /// @return nothing when there is no such day or time of day, and before 1970. A second may be the 60th.

@@ -25,13 +25,13 @@ struct ErrorRecord {
   CivilTime time = 0;  ///< local time of the process that wrote it
   RecordKind kind = RecordKind::unknown;
   std::string ca;      ///< as the application gave it; empty when the record names none
-  std::string caller;  ///< the name given to initDefaultLogs; "<Internal>" for an empty one; empty: not told
+  std::string caller;  ///< the name given to initDefaultLogs; "<Internal>" for an empty one; empty: not recorded
   std::string file;    ///< the file that the record names; empty for none
   std::string text;    ///< of the record, without its stamp
 };
 
 /// @param _line without its line end.
-/// @return nothing when it does not begin with a stamp, so when it is no record.
+/// @return nothing when it does not begin with a stamp: then it is no record.
 std::optional<ErrorRecord> parseErrorRecord(std::string_view _line);
 
 /// "missing configuration": the kind in words.

@@ -7,7 +7,7 @@
 
 namespace qmrkctl {
 
-/// Makes lines of bytes that come in pieces. A line that is too long to show is cut, so that a file without line ends
+/// Joins bytes that come in pieces to lines. A line that is too long to show is cut, so that a file without line ends
 /// costs no memory.
 class LineSplitter {
  public:
@@ -24,7 +24,7 @@ class LineSplitter {
     append(_bytes);
   }
 
-  /// Whether bytes of a line are there whose end has not come.
+  /// Whether it holds the beginning of a line whose end has not come.
   bool hasFragment() const { return !line_.empty() || cut_ > 0; }
 
   /// These bytes as a line.

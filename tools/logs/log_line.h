@@ -21,7 +21,7 @@ struct LogLine {
 /// @param _line without its line end; its beginning will do.
 std::optional<LogLine> parseLogLine(std::string_view _line);
 
-/// How grave a message is, by the last part of its class.
+/// How severe a message is, by the last part of its class.
 enum class Gravity { normal, error, warning, detail };
 
 /// "Demo.App.error" is an error; letter case does not matter.

@@ -33,10 +33,10 @@ class LogReader {
   /// @return false when there is none now.
   bool next(std::string& _line);
 
-  /// Takes what stands behind the last line end, when nothing was added to it during so many calls of refresh.
+  /// Takes what follows the last line end, if nothing was added to it during that many calls of refresh.
   bool takeFragment(std::string& _line, int _idleRefreshes);
 
-  /// Looks what became of the log. Call it when next() has nothing more.
+  /// Finds out what became of the log. Call it when next() has nothing more.
   void refresh();
 
  private:
@@ -44,7 +44,7 @@ class LogReader {
     toolsystem::LogFile file;
     std::int64_t offset = 0;
     LineSplitter splitter;
-    std::string lastBytes;  ///< before the offset; others there mean that the file was written anew
+    std::string lastBytes;  ///< before the offset; different ones mean that the file was rewritten
     int idle = 0;           ///< calls of refresh since it grew
   };
 

@@ -24,17 +24,17 @@ class MergedLogs {
  public:
   MergedLogs(const std::vector<std::string>& _paths, MessageQuery _query);
 
-  /// Opens the logs, each where so many last lines begin.
+  /// Opens the logs, each at the beginning of that many last lines.
   /// @return what became of each; missing, where not even a backup is there.
   std::vector<toolsystem::OpenResult> begin(std::uint64_t _lines);
 
   /// Takes the next line. Lines of one log keep their order.
   bool next(MergedLine& _line);
 
-  /// Takes a line whose end has not come during so many calls of refresh.
+  /// Takes a line whose end has not come during that many calls of refresh.
   bool takeFragment(MergedLine& _line, int _idleRefreshes);
 
-  /// Looks what became of the logs.
+  /// Finds out what became of the logs.
   void refresh();
 
  private:

@@ -17,7 +17,7 @@ struct MessageQuery {
   /// Patterns of classes, by the rules of the log manager; none: all classes.
   std::vector<std::string> classes;
   std::optional<CivilTime> since;
-  /// Look back no farther than so many bytes from the end of a log.
+  /// How many bytes to look back from the end of a log.
   std::int64_t farthest = std::numeric_limits<std::int64_t>::max();
 
   bool asksForAll() const { return classes.empty() && !since; }
@@ -26,7 +26,7 @@ struct MessageQuery {
   bool matches(const LogLine& _line) const;
 };
 
-/// The patterns of a list: entries ended by ";", of which the last one may be missing.
+/// The patterns of a list: entries that end with ";", which the last one may lack.
 std::vector<std::string> patternsOf(const std::string& _list);
 
 /// Goes through the lines of a log from front to back. A line that continues a message goes with it.

@@ -21,7 +21,7 @@ class TextScanner {
     return true;
   }
 
-  /// Exactly so many decimal digits.
+  /// Exactly that many decimal digits.
   bool takeNumber(std::size_t _digits, int& _number) {
     const std::string_view digits = rest_.substr(0, _digits);
     if (digits.size() != _digits || !std::ranges::all_of(digits, [](char _c) { return _c >= '0' && _c <= '9'; })) {

@@ -9,7 +9,7 @@
 
 namespace toolsystem {
 
-/// Appends a line to a log that is there, by one append of the system, so that it stays whole among those of running
+/// Appends a line to an existing log, by one append of the system, so that it stays whole among those of running
 /// processes; "\n" reaches the file as the system's line end. Owner, mode and name stay as they are. Never creates a
 /// file, and never follows a link to one of another user: what a user can put in place of a log must not lead root
 /// elsewhere.

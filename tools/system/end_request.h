@@ -15,7 +15,7 @@ bool isEndRequested();
 /// For the work that has to be done before the command ends.
 void forgetEndRequest();
 
-/// Sleeps so long, or until the request comes.
+/// Sleeps that long, or until the request comes.
 /// @return false when it has come.
 bool sleepUnlessEnded(std::chrono::microseconds _time);
 

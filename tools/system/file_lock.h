@@ -9,12 +9,12 @@
 
 namespace toolsystem {
 
-/// A lock that one process at a time has, by a file made for it; it ends with the process. The file stays, so that
+/// A lock that one process at a time holds, on a file made for it; it ends with the process. The file stays, so that
 /// nobody locks one that is just being removed; it belongs to the owner of its folder, and whoever may write there may
 /// lock it.
 class FileLock {
  public:
-  /// Waits at most so long.
+  /// Waits at most that long.
   FileLock(const std::string& _path, std::chrono::milliseconds _longest);
   ~FileLock();
   FileLock(const FileLock&) = delete;

@@ -5,7 +5,7 @@
 
 namespace toolsystem {
 
-/// The name of the machine; empty when the system does not tell it.
+/// The name of the machine; empty when the system does not say.
 std::string hostName();
 
 /// The system's text for a number of errno.

@@ -12,7 +12,7 @@ enum class Pause {
   readerGone,   ///< nobody reads the standard output any more (found out on Linux only)
 };
 
-/// Waits so many milliseconds, or until there is a reason to stop.
+/// Waits that many milliseconds, or until there is a reason to stop.
 Pause pauseFor(int _milliseconds);
 
 }  // namespace toolsystem

@@ -24,7 +24,7 @@ struct ProcessFacts {
   std::string name;              ///< of the program, in short
   std::string executable;        ///< its path, as the system writes it; empty when it cannot be read
   Activity activity = Activity::running;
-  bool isReadable = false;  ///< false: it cannot be told what it has loaded
+  bool isReadable = false;  ///< false: what it has loaded is not known
   bool hasLibrary = false;  ///< has the set-up library, or holds an event of its own making
   /// The names of the events that it holds. None on Windows, where nobody can tell.
   std::vector<std::string> events;
@@ -35,7 +35,7 @@ struct ProcessFacts {
   std::string space;
 };
 
-/// The processes that have the library, and those of which that cannot be told, in the order of their ids.
+/// The processes that have the library or may have it, in the order of their ids.
 /// @param _only this one alone.
 std::vector<ProcessFacts> listProcesses(std::optional<std::uint32_t> _only = std::nullopt);
 
