@@ -30,7 +30,8 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
-# The time of the build is not in the files: the same sources give the same bytes.
+# Neither the place of the libraries nor the time of the build is in the files: the same sources give the same bytes.
+set(CMAKE_CXX_FLAGS_INIT -ffile-prefix-map=${qmrk_sysroot}/=)
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-static -Wl,--no-insert-timestamp")
 set(CMAKE_SHARED_LINKER_FLAGS_INIT "-static -Wl,--no-insert-timestamp")
 

@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # place_and_time_test.sh FOLDER FILE...: the libraries and programs name neither the folder of the sources, as which the
-# folder of the build counts that lies in it, nor the time at which they were linked.
+# folder of the build counts that lies in it, nor that of the libraries for Windows, nor the time at which they were linked.
 set -euo pipefail
 folder=$1
+libraries=${QMRK_WINDOWS_DEPENDENCIES:-${XDG_CACHE_HOME:-$HOME/.cache}/qmrk-windows}
 shift
 bare=$(mktemp)
 trap 'rm -f "$bare"' EXIT
@@ -12,10 +13,12 @@ for file in "$@"; do
     *.dll | *.exe) x86_64-w64-mingw32-strip --strip-debug -o "$bare" "$file" ;;
     *) strip --strip-debug -o "$bare" "$file" ;;
   esac
-  if grep -a -F -q "$folder/" "$bare"; then
-    echo "$file names $folder"
-    exit 1
-  fi
+  for place in "$folder" "$libraries"; do
+    if grep -a -F -q "$place/" "$bare"; then
+      echo "$file names $place"
+      exit 1
+    fi
+  done
   case $file in
     *.dll | *.exe)
       # Not -q: grep would leave early, and objdump fail on the closed pipe.
