@@ -6,7 +6,7 @@
 #include <array>
 #include <climits>
 #include <optional>
-#include <string_view>
+#include <utility>
 
 namespace toolsystem {
 namespace {
@@ -44,12 +44,14 @@ std::string pathInRoot(const std::string& _root, const std::string& _path) {
       reached.erase(reached.empty() ? 0 : reached.rfind('/'));
       continue;
     }
-    const std::optional<std::string> target = targetOfLink(_root + reached + "/" + part);
+    std::string next = reached;
+    next.append("/").append(part);
+    const std::optional<std::string> target = targetOfLink(_root + next);
     if (target && ++links <= mostLinks) {
       if (target->starts_with('/')) reached.clear();
       left.insert(0, *target + "/");
     } else {
-      reached += "/" + part;
+      reached = std::move(next);
     }
   }
   return _root + reached;
