@@ -23,8 +23,9 @@ void adoptFolder(const std::string& _path, int _file) {
   struct stat folder {};
   const std::string name = _path.substr(0, _path.find_last_of('/') + 1);
   if (::stat(name.c_str(), &folder) != 0) return;
-  // Only root can give the file away; a user's own is his anyway.
-  if (::fchown(_file, folder.st_uid, folder.st_gid) != 0) return;
+  // Only root can give the file away; a user's own is his anyway, and in a group's folder it is the group's.
+  if (::fchown(_file, folder.st_uid, folder.st_gid) != 0 && ::fchown(_file, static_cast<uid_t>(-1), folder.st_gid) != 0)
+    return;
   ::fchmod(_file, (folder.st_mode & 0222U) | ((folder.st_mode & 0222U) << 1U & readAndWrite));
 }
 

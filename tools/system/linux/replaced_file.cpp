@@ -6,16 +6,20 @@
 #include <sys/xattr.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
+#include <optional>
+#include <string>
 #include <string_view>
 #include <system_error>
 #include <vector>
 
 #include "platform/linux/file_descriptor.h"
 #include "platform/native_path.h"
+#include "tools/system/account.h"
 
 namespace toolsystem {
 namespace {
@@ -94,6 +98,24 @@ void copyAttributes(int _from, int _to) {
   }
 }
 
+bool isMember(uid_t _user, gid_t _group) {
+  const std::optional<Account> account = accountOfUser(std::to_string(_user));
+  if (!account) return false;
+  const auto& groups = account->groups;
+  return account->gid == _group || std::find(groups.begin(), groups.end(), _group) != groups.end();
+}
+
+// Only root can give a file away. A list that changes its owner may be out of reach for the one who looks after it,
+// unless he writes it as a member of a group that stays.
+bool takeOverGroup(const struct stat& _former, int _file) {
+  const int error = errno;
+  const bool keepsItsWriter =
+      (_former.st_mode & S_IWGRP) != 0 && (_former.st_uid == 0 || isMember(_former.st_uid, _former.st_gid));
+  if (keepsItsWriter && ::fchown(_file, static_cast<uid_t>(-1), _former.st_gid) == 0) return true;
+  errno = error;
+  return false;
+}
+
 bool takeOver(const std::string& _target, int _file) {
   struct stat former {};
   const FileDescriptor file(::open(_target.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
@@ -106,8 +128,7 @@ bool takeOver(const std::string& _target, int _file) {
   struct stat now {};
   if (::fstat(_file, &now) != 0) return false;
   const bool isOwn = now.st_uid == former.st_uid && now.st_gid == former.st_gid;
-  // A list that changes its owner may be out of reach for the one who looks after it.
-  if (!isOwn && ::fchown(_file, former.st_uid, former.st_gid) != 0) return false;
+  if (!isOwn && ::fchown(_file, former.st_uid, former.st_gid) != 0 && !takeOverGroup(former, _file)) return false;
   if (::fchmod(_file, former.st_mode & permissionBits) != 0) return false;
   if (file.isOpen()) copyAttributes(file.get(), _file);
   return true;

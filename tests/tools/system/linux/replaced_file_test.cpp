@@ -2,6 +2,7 @@
 #include "tools/system/replaced_file.h"
 
 #include <fcntl.h>
+#include <grp.h>
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/stat.h>
@@ -10,10 +11,13 @@
 #include <unistd.h>
 
 #include <array>
+#include <chrono>
 #include <string>
 
+#include "tests/support/linux/forked_child.h"
 #include "tests/support/linux/traced_child.h"
 #include "tests/support/temporary_folder.h"
+#include "tools/system/file_lock.h"
 
 namespace {
 
@@ -92,6 +96,72 @@ TEST(ReplacedFile, IsNeverTornOrEmptyUnderReaders) {
     int status = 0;
     ::waitpid(reader, &status, 0);
     EXPECT_TRUE(WIFSIGNALED(status)) << "a reader ended with " << WEXITSTATUS(status);
+  }
+}
+
+// Engineers of one group, by users that every Debian has: the group "daemon" has the user "daemon" and not the user
+// "bin".
+constexpr unsigned int daemonId = 1;
+constexpr unsigned int binId = 2;
+
+// Replaces the file in a process of that user, who has the group "daemon" besides his own.
+bool isReplacedBy(unsigned int _user, const std::string& _path) {
+  return testsupport::inForkedChild([&] {
+           const gid_t group = daemonId;
+           if (::setgroups(1, &group) != 0 || ::setresgid(_user, _user, _user) != 0 ||
+               ::setresuid(_user, _user, _user) != 0)
+             return 2;
+           return replaceFile(_path, "new") ? 1 : 0;
+         }) == 0;
+}
+
+struct GroupFile {
+  explicit GroupFile(unsigned int _owner) {
+    writeFile(path, "old");
+    EXPECT_EQ(::chown(folder.path().c_str(), 0, daemonId), 0) << "these tests need the rights of root";
+    EXPECT_EQ(::chmod(folder.path().c_str(), 02775), 0);
+    EXPECT_EQ(::chown(path.c_str(), _owner, daemonId), 0);
+    EXPECT_EQ(::chmod(path.c_str(), 0664), 0);
+  }
+
+  const TemporaryFolder folder;
+  const std::string path = folder.path() + "/list";
+};
+
+TEST(ReplacedFile, StaysWritableForItsGroup) {
+  const GroupFile file(0);
+  EXPECT_TRUE(isReplacedBy(binId, file.path));
+  EXPECT_EQ(readFile(file.path), "new");
+  struct stat status {};
+  ASSERT_EQ(::stat(file.path.c_str(), &status), 0);
+  EXPECT_EQ(status.st_gid, daemonId);
+  EXPECT_EQ(status.st_mode & 07777U, 0664U);
+}
+
+TEST(ReplacedFile, ChangesItsOwnerOnlyWithinItsGroup) {
+  const GroupFile ofMember(daemonId);
+  EXPECT_TRUE(isReplacedBy(binId, ofMember.path));
+  const GroupFile ofStranger(binId);
+  EXPECT_FALSE(isReplacedBy(daemonId, ofStranger.path));
+  EXPECT_EQ(readFile(ofStranger.path), "old");
+  const GroupFile notForTheGroup(0);
+  ASSERT_EQ(::chmod(notForTheGroup.path.c_str(), 0644), 0);
+  EXPECT_FALSE(isReplacedBy(binId, notForTheGroup.path));
+}
+
+TEST(FileLock, IsForAllWhoMayWriteInTheFolder) {
+  const GroupFile file(0);
+  const std::string lock = file.folder.path() + "/lock";
+  for (const unsigned int user : {binId, daemonId}) {
+    EXPECT_EQ(
+        testsupport::inForkedChild([&] {
+          const gid_t group = daemonId;
+          if (::setgroups(1, &group) != 0 || ::setresgid(user, user, user) != 0 || ::setresuid(user, user, user) != 0)
+            return 2;
+          return toolsystem::FileLock(lock, std::chrono::milliseconds(0)).isHeld() ? 0 : 1;
+        }),
+        0)
+        << user;
   }
 }
 
