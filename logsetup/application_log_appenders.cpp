@@ -5,7 +5,7 @@
 #include "logsetup/class_list.h"
 #include "logsetup/log_manager_binding.h"
 #include "logsetup/rotation_settings.h"
-#include "logsetup/set_up_status.h"
+#include "logsetup/setup_status.h"
 #include "logsetup/succeeding_appender.h"
 #include "logsetup/ts_mode.h"
 #include "quillmark_logging_names.h"
@@ -42,12 +42,12 @@ void connectApplicationLogs(const std::string& _logLevel, const std::string& _fi
     traceLine("--- Quillmark_logging::createApplicationSpecificLogFile() Log rotation is disabled.\r\n");
     // Its copies share the file, which is emptied by the first message of any pattern, and by no other one.
     boost::logging::write_to_file writer(_file, _overWrite);
-    SetUpStatus::noteFile(_file, status::FileKind::plain);
+    SetupStatus::noteFile(_file, status::FileKind::plain);
     connectPatterns(_logLevel, APPENDER_COUT_APPL_SPEC, _file, [&writer](const std::string&) { return writer; });
     return;
   }
   const RotationSettings settings = readRotationSettings(_ca);
-  SetUpStatus::noteFile(_file, status::FileKind::rolling);
+  SetupStatus::noteFile(_file, status::FileKind::rolling);
   connectPatterns(_logLevel, APPENDER_COUT_ROLLING_APPL_SPEC, _file, [&](const std::string& _spec) {
     return SucceedingAppender(_file, oneLessThan(settings.fileLimit), oneLessThan(settings.nrOfFiles), _spec);
   });

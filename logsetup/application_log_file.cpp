@@ -4,7 +4,7 @@
 #include "config/configuration_check.h"
 #include "logsetup/application_log_appenders.h"
 #include "logsetup/log_manager_binding.h"
-#include "logsetup/set_up_status.h"
+#include "logsetup/setup_status.h"
 #include "quillmark_logging.h"
 #include "quillmark_logging_names.h"
 #include "trace/folder_creation.h"
@@ -40,19 +40,19 @@ bool prepareFolder(const std::string& _dir, const std::string& _file) {
 bool prepareFile(const std::string& _fileName, std::string& _ca, std::string& _file) {
   if (_fileName.empty()) {
     traceLine("<!= Quillmark_logging::createApplicationSpecificLogFile() Empty file name passed as an argument.\r\n");
-    SetUpStatus::noteFailure(Failure::emptyName, "the file name is empty", "");
+    SetupStatus::noteFailure(Failure::emptyName, "the file name is empty", "");
     return false;
   }
   if (!checkSpecifiedConfiguration(_ca, _fileName)) {
     traceLine("-!- Quillmark_logging::createApplicationSpecificLogFile() Specified configuration NOT OK\r\n");
-    SetUpStatus::noteFailure(Failure::noConfiguration, "no configuration file that can be read for ", _ca);
+    SetupStatus::noteFailure(Failure::noConfiguration, "no configuration file that can be read for ", _ca);
     return false;
   }
   std::string commonLogFilePath;
   if (!getCommonLogFilePath(commonLogFilePath, _ca)) {
     traceLine(
         "<!= Quillmark_logging::createApplicationSpecificLogFile() ERROR: Failed to retrieve commonLogFilePath!\r\n");
-    SetUpStatus::noteFailure(Failure::noLogFolder, "the folder of the common log is unknown for ", _ca);
+    SetupStatus::noteFailure(Failure::noLogFolder, "the folder of the common log is unknown for ", _ca);
     return false;
   }
   traceLine("--- Quillmark_logging::createApplicationSpecificLogFile() commonLogFilePath=\"%s\"\r\n",
@@ -60,7 +60,7 @@ bool prepareFile(const std::string& _fileName, std::string& _ca, std::string& _f
   const std::string dir = commonLogFilePath + applicationLogsFolder;
   _file = dir + "\\" + _fileName + APPL_SPEC_LOG_FILE_SUFFIX;
   if (prepareFolder(dir, _file)) return true;
-  SetUpStatus::noteFailure(Failure::folderNotMade, "cannot create ", dir);
+  SetupStatus::noteFailure(Failure::folderNotMade, "cannot create ", dir);
   return false;
 }
 
@@ -71,14 +71,14 @@ bool createApplicationSpecificLogFile(std::string _logLevel, std::string _fileNa
       "<=> Quillmark_logging::createApplicationSpecificLogFile() _fileName=\"%s\", _logLevel=\"%s\", _ca=%s (using "
       "default), _overWrite=%s\r\n",
       _fileName.c_str(), _logLevel.c_str(), GENERIC_CA, boolName(_overWrite));
-  const SetUpStatus shown(status::Call::createApplicationSpecificLogFile);
+  const SetupStatus shown(status::Call::createApplicationSpecificLogFile);
   std::string ca = GENERIC_CA;
   if (getEnvironmentVariable(DEFAULT_CA_NR, ca)) {
-    SetUpStatus::noteSource(status::CaSource::environment);
+    SetupStatus::noteSource(status::CaSource::environment);
     traceLine("--- Quillmark_logging::createApplicationSpecificLogFile() Environment variable %s found, value is %s",
               DEFAULT_CA_NR, ca.c_str());
   }
-  SetUpStatus::noteSource(status::CaSource::generic);
+  SetupStatus::noteSource(status::CaSource::generic);
   return createApplicationSpecificLogFile(std::move(_logLevel), std::move(_fileName), ca, _overWrite);
 }
 
@@ -90,8 +90,8 @@ bool createApplicationSpecificLogFile(std::string _logLevel, std::string _fileNa
       "==> Quillmark_logging::createApplicationSpecificLogFile(string, string, string, bool) _logLevel=\"%s\", "
       "_fileName=\"%s\",  _ca=%s, _overWrite=%s\r\n",
       _ca.c_str(), _fileName.c_str(), _logLevel.c_str(), boolName(_overWrite));
-  const SetUpStatus shown(status::Call::createApplicationSpecificLogFile);
-  SetUpStatus::noteAsked(_ca);
+  const SetupStatus shown(status::Call::createApplicationSpecificLogFile);
+  SetupStatus::noteAsked(_ca);
   std::string ca = _ca;
   std::string file;
   if (!prepareFile(_fileName, ca, file)) {
@@ -102,7 +102,7 @@ bool createApplicationSpecificLogFile(std::string _logLevel, std::string _fileNa
   connectApplicationLogs(_logLevel, file, ca, _overWrite);
   updateLogLevels(ca);
   change.apply();
-  SetUpStatus::noteDone();
+  SetupStatus::noteDone();
   traceLine("<== Quillmark_logging::createApplicationSpecificLogFile() OK\r\n");
   return true;
 }

@@ -7,7 +7,7 @@
 #include "config/setup_error_record.h"
 #include "diagnostics/os_info.h"
 #include "logsetup/log_manager_binding.h"
-#include "logsetup/set_up_status.h"
+#include "logsetup/setup_status.h"
 #include "logsetup/ts_mode.h"
 #include "quillmark_logging.h"
 #include "quillmark_logging_names.h"
@@ -25,14 +25,14 @@ bool isLoggingSwitchedOn(CfgDataManager& _store, const std::string& _ca, const s
   if (!_store.getQmrkCfgFilePath(cfgPath, _ca, true)) {
     traceLine("<!= Quillmark_logging::initDefaultLogs() Failed to get QMRK cfg path for %s.\r\n", _ca.c_str());
     writeQmrkErrorInfo(unspecifiedError, _ca, _calledBy, "Failed to get configuration file path for " + _ca);
-    SetUpStatus::noteFailure(Failure::noPath, "no path of the configuration file of ", _ca);
+    SetupStatus::noteFailure(Failure::noPath, "no path of the configuration file of ", _ca);
     return false;
   }
-  SetUpStatus::noteInEffect(_ca, cfgPath);
+  SetupStatus::noteInEffect(_ca, cfgPath);
   if (!_store.getCfgFlag(LOG_STATE, _ca)) {
     traceLine("--- Quillmark_logging::initDefaultLogs() Logging is disabled...\r\n");
     traceLine("<!= Quillmark_logging::initDefaultLogs() FAILED\r\n");
-    SetUpStatus::noteFailure(Failure::switchedOff, "LOG_STATE is not TRUE in ", cfgPath);
+    SetupStatus::noteFailure(Failure::switchedOff, "LOG_STATE is not TRUE in ", cfgPath);
     return false;
   }
   return true;
@@ -58,19 +58,19 @@ bool provideFolderOf(const std::string& _logFile, const std::string& _folder) {
 bool provideCommonLogFile(std::string& _logFile, const std::string& _ca) {
   std::string commonLogFileName;
   if (!getCfgValue(COMMON_LOG_FILE_NAME, commonLogFileName, _ca)) {
-    SetUpStatus::noteFailure(Failure::noFileName, "COMMON_LOG_FILE_NAME is missing for ", _ca);
+    SetupStatus::noteFailure(Failure::noFileName, "COMMON_LOG_FILE_NAME is missing for ", _ca);
     return false;
   }
   traceLine("--- Quillmark_logging::initDefaultLogs() commonLogFileName=\"%s\"\r\n", commonLogFileName.c_str());
   std::string commonLogFilePath;
   if (!getCommonLogFilePath(commonLogFilePath, _ca)) {
-    SetUpStatus::noteFailure(Failure::noLogFolder, "the folder of the common log is unknown for ", _ca);
+    SetupStatus::noteFailure(Failure::noLogFolder, "the folder of the common log is unknown for ", _ca);
     return false;
   }
   traceLine("--- Quillmark_logging::initDefaultLogs() commonLogFilePath=\"%s\"\r\n", commonLogFilePath.c_str());
   _logFile = commonLogFilePath + "\\" + commonLogFileName;
   if (provideFolderOf(_logFile, commonLogFilePath)) return true;
-  SetUpStatus::noteFailure(Failure::folderNotMade, "cannot create ", commonLogFilePath);
+  SetupStatus::noteFailure(Failure::folderNotMade, "cannot create ", commonLogFilePath);
   return false;
 }
 
@@ -101,17 +101,17 @@ void setUpAllLogs(CfgDataManager& _store, const std::string& _logFile, const std
 bool initDefaultLogs(std::string _calledBy, bool _writeToCout) {
   traceLine("==> Quillmark_logging::initDefaultLogs(string, bool) Called by \"%s\", _writeToCout=%s\r\n",
             _calledBy.c_str(), boolName(_writeToCout));
-  const SetUpStatus shown(status::Call::initDefaultLogs);
+  const SetupStatus shown(status::Call::initDefaultLogs);
   std::string value;
   if (getEnvironmentVariable(DEFAULT_CA_NR, value)) {
     // No line end: required.
     traceLine("<== Quillmark_logging::initDefaultLogs(string, bool) Environment variable %s found, value is %s",
               DEFAULT_CA_NR, value.c_str());
-    SetUpStatus::noteSource(status::CaSource::environment);
+    SetupStatus::noteSource(status::CaSource::environment);
     return initDefaultLogs(std::move(_calledBy), value, _writeToCout);
   }
   traceLine("<== Quillmark_logging::initDefaultLogs(string, bool) Using default ca=%s\r\n", GENERIC_CA);
-  SetUpStatus::noteSource(status::CaSource::generic);
+  SetupStatus::noteSource(status::CaSource::generic);
   return initDefaultLogs(std::move(_calledBy), std::string(GENERIC_CA), _writeToCout);
 }
 
@@ -121,22 +121,22 @@ bool initDefaultLogs(std::string _calledBy, const std::string& _ca, bool _writeT
       "==> Quillmark_logging::initDefaultLogs(string, string, bool) Called by \"%s\", _ca=%s, _writeToCout=%s, "
       "TS_MODE=%s\r\n",
       _calledBy.c_str(), _ca.c_str(), boolName(_writeToCout), boolName(tsMode()));
-  const SetUpStatus shown(status::Call::initDefaultLogs);
-  SetUpStatus::noteApplication(_calledBy);
-  SetUpStatus::noteAsked(_ca);
+  const SetupStatus shown(status::Call::initDefaultLogs);
+  SetupStatus::noteApplication(_calledBy);
+  SetupStatus::noteAsked(_ca);
   std::string ca = _ca;
   if (!checkSpecifiedConfiguration(ca, _calledBy)) {
     traceLine("-!- Quillmark_logging::initDefaultLogs() Specified configuration NOT OK\r\n");
-    SetUpStatus::noteFailure(Failure::noConfiguration, "no configuration file that can be read for ", _ca);
+    SetupStatus::noteFailure(Failure::noConfiguration, "no configuration file that can be read for ", _ca);
     return false;
   }
   CfgDataManager& store = *CfgDataManager::getInstance(loadTimeTrace());
   if (!isLoggingSwitchedOn(store, ca, _calledBy)) return false;
   std::string logFile;
   if (!provideCommonLogFile(logFile, ca)) return false;
-  SetUpStatus::noteCommonLog(logFile);
+  SetupStatus::noteCommonLog(logFile);
   setUpAllLogs(store, logFile, ca, _writeToCout);
-  SetUpStatus::noteDone();
+  SetupStatus::noteDone();
   boost::logging::flush_log_cache();
   writeOSInfo(ca);
   traceLine("<== Quillmark_logging::initDefaultLogs() OK\r\n");

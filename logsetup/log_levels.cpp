@@ -7,7 +7,7 @@
 #include "config/configuration_check.h"
 #include "logsetup/class_list.h"
 #include "logsetup/log_manager_binding.h"
-#include "logsetup/set_up_status.h"
+#include "logsetup/setup_status.h"
 #include "logsetup/ts_mode.h"
 #include "quillmark_logging.h"
 #include "quillmark_logging_names.h"
@@ -36,14 +36,14 @@ void enableClasses(const std::string& _classList) {
 bool setInitialLogLevels(std::string _logFile, const std::string& _ca) {
   traceLine("==> Quillmark_logging::setInitialLogLevels() _logFile=%s, TS_MODE=%s\r\n", _logFile.c_str(),
             boolName(tsMode()));
-  const SetUpStatus shown(status::Call::setInitialLogLevels);
+  const SetupStatus shown(status::Call::setInitialLogLevels);
   std::string initialLogLevels;
   if (!getCfgValue(COMMON_LOG_FILE_FILTER, initialLogLevels, _ca)) {
-    SetUpStatus::noteFailure(status::Failure::noFilter, "COMMON_LOG_FILE_FILTER is missing for ", _ca);
+    SetupStatus::noteFailure(status::Failure::noFilter, "COMMON_LOG_FILE_FILTER is missing for ", _ca);
     return false;
   }
-  SetUpStatus::noteFilter(initialLogLevels);
-  SetUpStatus::noteFile(_logFile, status::FileKind::common);
+  SetupStatus::noteFilter(initialLogLevels);
+  SetupStatus::noteFile(_logFile, status::FileKind::common);
   traceLine("--- Quillmark_logging::setInitialLogLevels() initialLogLevels=\"%s\"\r\n", initialLogLevels.c_str());
   SetUpChange change;
   // One open file for all classes.
@@ -54,28 +54,28 @@ bool setInitialLogLevels(std::string _logFile, const std::string& _ca) {
     addAppender(_class, threadSafeIfConfigured(toFile), APPENDER_WRITE2FILE_INIT, callableIndex);
   });
   change.apply();
-  SetUpStatus::noteDone();
+  SetupStatus::noteDone();
   traceLine("<== Quillmark_logging::setInitialLogLevels()\r\n");
   return true;
 }
 
 bool updateLogLevels(const std::string& _ca) {
   traceLine("==> Quillmark_logging::updateLogLevels() _ca=%s\r\n", _ca.c_str());
-  const SetUpStatus shown(status::Call::updateLogLevels);
+  const SetupStatus shown(status::Call::updateLogLevels);
   std::string ca = _ca;
   if (!checkSpecifiedConfiguration(ca, "")) {
     traceLine("-!- Quillmark_logging::updateLogLevels() Specified configuration NOT OK\r\n");
-    SetUpStatus::noteUpdateFailure(status::Failure::noConfiguration, "no configuration file that can be read for ",
+    SetupStatus::noteUpdateFailure(status::Failure::noConfiguration, "no configuration file that can be read for ",
                                    _ca);
     return false;
   }
   std::string enabledLogClasses;
   if (!CfgDataManager::getInstance(loadTimeTrace())->getEnabledLogClasses(ca, enabledLogClasses)) {
     traceLine("<!= Quillmark_logging::updateLogLevels() ERROR: Failed to get enabled log class/es.\r\n");
-    SetUpStatus::noteUpdateFailure(status::Failure::listUnreadable, "the class list cannot be read for ", ca);
+    SetupStatus::noteUpdateFailure(status::Failure::listUnreadable, "the class list cannot be read for ", ca);
     return false;
   }
-  SetUpStatus::noteClasses(enabledLogClasses);
+  SetupStatus::noteClasses(enabledLogClasses);
   SetUpChange change;
   // A list of nothing but line ends counts as empty.
   enabledLogClasses = withoutLineEnds(std::move(enabledLogClasses));
@@ -110,7 +110,7 @@ bool updateLogLevels() {
 
 void enableAllLogs() {
   traceLine("==> Quillmark_logging::enableAllLogs()\r\n");
-  const SetUpStatus shown(status::Call::enableAllLogs);
+  const SetupStatus shown(status::Call::enableAllLogs);
   enableLogs("*");
   traceLine("<== Quillmark_logging::enableAllLogs()\r\n");
 }
@@ -118,15 +118,15 @@ void enableAllLogs() {
 // NOLINTNEXTLINE(performance-unnecessary-value-param): the public signature takes it by value.
 void enableSpecifiedLogs(std::string _logs) {
   traceLine("==> Quillmark_logging::enableSpecifiedLogs()\r\n");
-  const SetUpStatus shown(status::Call::enableSpecifiedLogs);
-  SetUpStatus::notePattern(_logs);
+  const SetupStatus shown(status::Call::enableSpecifiedLogs);
+  SetupStatus::notePattern(_logs);
   enableLogs(_logs);
   traceLine("<== Quillmark_logging::enableSpecifiedLogs()\r\n");
 }
 
 void disableAllLogs() {
   traceLine("==> Quillmark_logging::disableAllLogs()\r\n");
-  const SetUpStatus shown(status::Call::disableAllLogs);
+  const SetupStatus shown(status::Call::disableAllLogs);
   disableLogs("*");
   traceLine("<== Quillmark_logging::disableAllLogs()\r\n");
 }

@@ -18,7 +18,7 @@ namespace Quillmark_logging {
 namespace {
 
 using status::StatusImage;
-using Notes = SetUpStatus::Notes;
+using Notes = SetupStatus::Notes;
 
 constexpr std::size_t mostApplications = 100;
 

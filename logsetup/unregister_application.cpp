@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "logsetup/set_up_status.h"
+#include "logsetup/setup_status.h"
 #include "quillmark_logging.h"
 #include "trace/trace_line.h"
 
@@ -7,8 +7,8 @@ namespace Quillmark_logging {
 namespace {
 
 void showUnregistered(const std::string& _appName) {
-  const SetUpStatus shown(status::Call::none);
-  SetUpStatus::noteUnregistered(_appName);
+  const SetupStatus shown(status::Call::none);
+  SetupStatus::noteUnregistered(_appName);
 }
 
 }  // namespace

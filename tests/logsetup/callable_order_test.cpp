@@ -6,7 +6,7 @@
 #include <sstream>
 
 #include "quillmark_logging.h"
-#include "tests/logsetup/log_set_up.h"
+#include "tests/logsetup/log_setup.h"
 #include "tests/support/text_pattern.h"
 
 namespace {
@@ -19,7 +19,7 @@ constexpr int after = 101;
 
 /// What the library connects stands at the index 100: after an application's callable of the index 99, even if that is
 /// added later, and before one of the index 101, even if that was there earlier.
-class CallableOrder : public testsupport::LogSetUp {
+class CallableOrder : public testsupport::LogSetup {
  protected:
   CallableOrder() { configure(""); }
   ~CallableOrder() override {

@@ -4,7 +4,7 @@
 #include "quillmark_logging.h"
 #include "tests/config/records.h"
 #include "tests/logsetup/log_probe.h"
-#include "tests/logsetup/log_set_up.h"
+#include "tests/logsetup/log_setup.h"
 #include "tests/support/as_unprivileged_user.h"
 #include "tests/support/fault_plan.h"
 #include "tests/support/without_read_permission.h"
@@ -24,7 +24,7 @@ constexpr char entryLine[] =
     "==> Quillmark_logging::initDefaultLogs(string, string, bool) Called by \"App\", _ca=CA12, _writeToCout=true, "
     "TS_MODE=false\r\n";
 
-class InitDefaultLogs : public testsupport::LogSetUp {
+class InitDefaultLogs : public testsupport::LogSetup {
  protected:
   InitDefaultLogs() {
     sandbox_.writeInit("CA12", "Fail;");

@@ -5,7 +5,7 @@
 #include "quillmark_logging.h"
 #include "tests/config/records.h"
 #include "tests/logsetup/log_probe.h"
-#include "tests/logsetup/log_set_up.h"
+#include "tests/logsetup/log_setup.h"
 #include "tests/logsetup/waited_file.h"
 #include "tests/support/matches_pattern.h"
 
@@ -26,7 +26,7 @@ std::string line(const std::string& _log, const std::string& _stamp, const std::
   return "\\[" + _log + "\\] " + _stamp + " " + _text + "\n";
 }
 
-class DefaultLogs : public testsupport::LogSetUp {
+class DefaultLogs : public testsupport::LogSetup {
  protected:
   DefaultLogs() {
     sandbox_.writeInit("CA12", "Def;");

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "quillmark_logging.h"
-#include "tests/logsetup/log_set_up.h"
+#include "tests/logsetup/log_setup.h"
 #include "tests/logsetup/waited_file.h"
 #include "tests/trace/named_lines.h"
 #include "tests/trace/traced_console.h"
@@ -16,7 +16,7 @@ using testsupport::nativeLineEnds;
 using testsupport::readFile;
 using testsupport::TracedConsole;
 
-class InitialLogLevels : public testsupport::LogSetUp {
+class InitialLogLevels : public testsupport::LogSetup {
  protected:
   bool attach(const std::string& _filter) const {
     sandbox_.writeCfg("CA12", "COMMON_LOG_FILE_FILTER=" + _filter + "\n");

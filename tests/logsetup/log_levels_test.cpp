@@ -4,7 +4,7 @@
 #include "quillmark_logging.h"
 #include "tests/config/records.h"
 #include "tests/logsetup/log_probe.h"
-#include "tests/logsetup/log_set_up.h"
+#include "tests/logsetup/log_setup.h"
 #include "tests/support/as_unprivileged_user.h"
 #include "tests/trace/named_lines.h"
 #include "tests/trace/traced_console.h"
@@ -17,7 +17,7 @@ using testsupport::nativeLineEnds;
 using testsupport::readFile;
 using testsupport::TracedConsole;
 
-class LogLevels : public testsupport::LogSetUp {
+class LogLevels : public testsupport::LogSetup {
  protected:
   LogLevels() { sandbox_.writeCfg("CA12", "LOG_STATE=TRUE\n"); }
 

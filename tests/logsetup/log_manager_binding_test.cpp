@@ -9,7 +9,7 @@
 
 #include "logsetup/ts_mode.h"
 #include "tests/logsetup/log_probe.h"
-#include "tests/logsetup/log_set_up.h"
+#include "tests/logsetup/log_setup.h"
 
 namespace {
 
@@ -17,7 +17,7 @@ using namespace Quillmark_logging;
 using testing::ElementsAre;
 using testsupport::LogProbe;
 
-class LogManagerBinding : public testsupport::LogSetUp {
+class LogManagerBinding : public testsupport::LogSetup {
  protected:
   ~LogManagerBinding() override {
     deleteAppender("*", "T");

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "quillmark_logging.h"
-#include "tests/logsetup/log_set_up.h"
+#include "tests/logsetup/log_setup.h"
 #include "tests/logsetup/transcript.h"
 #include "tests/support/captured_console.h"
 #include "tests/support/golden.h"
@@ -18,7 +18,7 @@ using testsupport::removeAll;
 constexpr char traced[] = "QMRK_TRACE=TRUE\n";
 
 // The complete trace of a set-up, with the switches of the process as the configuration files set them at load time.
-class SetupTranscript : public testsupport::LogSetUp {
+class SetupTranscript : public testsupport::LogSetup {
  protected:
   SetupTranscript() { sandbox_.writeDemoOfCa12("LOG_STATE=TRUE\n"); }
 

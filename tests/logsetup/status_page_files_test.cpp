@@ -6,7 +6,7 @@
 
 #include "diagnostics/status_page.h"
 #include "logsetup/file_status.h"
-#include "tests/logsetup/page_of_set_up.h"
+#include "tests/logsetup/page_of_setup.h"
 #include "tests/support/fault_plan.h"
 
 namespace {
@@ -15,7 +15,7 @@ using namespace Quillmark_logging;
 using testsupport::FaultPlan;
 using testsupport::ownStatus;
 
-using FilesOnThePage = testsupport::PageOfSetUp;
+using FilesOnThePage = testsupport::PageOfSetup;
 
 TEST_F(FilesOnThePage, TellsOfTheFiles) {
   ASSERT_TRUE(initDefaultLogs("App", "CA12", false));

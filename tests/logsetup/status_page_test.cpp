@@ -5,7 +5,7 @@
 
 #include "platform/clock.h"
 #include "quillmark_logging.h"
-#include "tests/logsetup/page_of_set_up.h"
+#include "tests/logsetup/page_of_setup.h"
 #include "tests/support/fault_plan.h"
 
 namespace {
@@ -15,7 +15,7 @@ using qmrkctl::ProcessStatus;
 using testsupport::FaultPlan;
 using testsupport::ownStatus;
 
-using StatusPage = testsupport::PageOfSetUp;
+using StatusPage = testsupport::PageOfSetup;
 
 TEST_F(StatusPage, DoesNotExistBeforeASetUp) { EXPECT_TRUE(testsupport::showsNothing()); }
 

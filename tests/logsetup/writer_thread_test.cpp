@@ -10,7 +10,7 @@
 
 #include "logsetup/ts_mode.h"
 #include "quillmark_logging.h"
-#include "tests/logsetup/log_set_up.h"
+#include "tests/logsetup/log_setup.h"
 #include "tests/support/fault_plan.h"
 
 namespace {
@@ -59,7 +59,7 @@ class WatchedOutput : private std::stringbuf {
 
 /// Every appender that the library connects in thread-safe mode writes by a thread of its own, and in its caller
 /// otherwise.
-class WriterThread : public testsupport::LogSetUp {
+class WriterThread : public testsupport::LogSetup {
  protected:
   WriterThread() {
     sandbox_.writeCfg("CA12", "LOG_STATE=TRUE\nCOMMON_LOG_FILE_NAME=common.log\nCOMMON_LOG_FILE_FILTER=App;\n");

@@ -35,7 +35,7 @@ struct LogState {
   bool isOn = false;
 };
 
-struct SetUpStatus {
+struct SetupStatus {
   status::Call call = status::Call::none;  ///< the last one that set up
   Moment at;
   status::Result result = status::Result::none;
@@ -106,7 +106,7 @@ struct ProcessStatus {
   PageText cfgPath;
   PageText initPath;
   PageText commonLogPath;
-  SetUpStatus setUp;
+  SetupStatus setUp;
   ClassStatus classes;
   ListenerStatus listener;
   std::vector<LogFileStatus> files;

@@ -105,8 +105,8 @@ void parseProcess(const Fields& _fields, ProcessStatus& _process) {
   _process.commonLogPath = _fields.text(status::commonLogPath);
 }
 
-SetUpStatus parseSetUp(const Fields& _fields) {
-  SetUpStatus setUp;
+SetupStatus parseSetUp(const Fields& _fields) {
+  SetupStatus setUp;
   setUp.call = _fields.oneOf(status::setUpCall, status::Call::disableAllLogs);
   setUp.at = _fields.moment(status::setUpAt);
   setUp.result = _fields.oneOf(status::setUpResult, status::Result::failed);

@@ -8,7 +8,7 @@
 #include <thread>
 
 #include "quillmark_logging.h"
-#include "tests/logsetup/log_set_up.h"
+#include "tests/logsetup/log_setup.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {
@@ -57,7 +57,7 @@ class NarrowConsole {
   int read_ = -1;
 };
 
-class HeldUpdate : public testsupport::LogSetUp {
+class HeldUpdate : public testsupport::LogSetup {
  protected:
   static constexpr int classCount = 400;
 

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "quillmark_logging.h"
-#include "tests/logsetup/log_set_up.h"
+#include "tests/logsetup/log_setup.h"
 #include "tests/support/processor_time.h"
 
 namespace {
@@ -29,7 +29,7 @@ void forgetPeak() {
   ASSERT_TRUE(references);
 }
 
-class LargeClassList : public testsupport::LogSetUp {
+class LargeClassList : public testsupport::LogSetup {
  protected:
   void writeList() {
     std::string text;

@@ -9,7 +9,7 @@
 
 #include "platform/linux/status_folder.h"
 #include "quillmark_logging.h"
-#include "tests/logsetup/log_set_up.h"
+#include "tests/logsetup/log_setup.h"
 #include "tests/logsetup/own_status.h"
 #include "tests/support/fault_plan.h"
 #include "tests/support/linux/shared_memory_mount.h"
@@ -17,7 +17,7 @@
 namespace testsupport {
 
 /// Every test gets an empty /dev/shm.
-class PageInItsFolder : public LogSetUp {
+class PageInItsFolder : public LogSetup {
  protected:
   PageInItsFolder() {
     mountSharedMemory("");

@@ -14,13 +14,13 @@ namespace Quillmark_logging {
 
 /// What a set-up call tells tools on the status page: made at its beginning, told what it finds out, and shown when the
 /// outermost one of the thread ends. Nothing here fails, throws or leaves a trace.
-class SetUpStatus {
+class SetupStatus {
  public:
-  explicit SetUpStatus(status::Call _call) noexcept;
+  explicit SetupStatus(status::Call _call) noexcept;
   /// A call that ends by an exception has failed, and has applied nothing.
-  ~SetUpStatus();
-  SetUpStatus(const SetUpStatus&) = delete;
-  SetUpStatus& operator=(const SetUpStatus&) = delete;
+  ~SetupStatus();
+  SetupStatus(const SetupStatus&) = delete;
+  SetupStatus& operator=(const SetupStatus&) = delete;
 
   // The functions below belong to the outermost call of the thread; outside one they do nothing.
 
@@ -77,7 +77,7 @@ class SetUpStatus {
   static void note(Note _note) noexcept;
   void show() noexcept;
 
-  SetUpStatus* outer_;
+  SetupStatus* outer_;
   int exceptions_;
   Notes notes_;
   FoundConfiguration found_;

@@ -17,13 +17,13 @@ namespace testsupport {
 
 /// A sandbox of configuration files, and a log manager in which nothing is connected and everything is on. Its cache
 /// has been flushed, so that messages go straight through.
-class LogSetUp : public testing::Test {
+class LogSetup : public testing::Test {
  protected:
-  LogSetUp() {
+  LogSetup() {
     boost::logging::flush_log_cache();
     disconnectAll();
   }
-  ~LogSetUp() override {
+  ~LogSetup() override {
     disconnectAll();
     Quillmark_logging::setLoadTimeTrace(false);
     Quillmark_logging::setFreeFunctionTrace(false);

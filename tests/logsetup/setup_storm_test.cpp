@@ -14,7 +14,7 @@
 
 #include "logsetup/ts_mode.h"
 #include "quillmark_logging.h"
-#include "tests/logsetup/log_set_up.h"
+#include "tests/logsetup/log_setup.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/text_pattern.h"
 
@@ -24,12 +24,12 @@ using namespace Quillmark_logging;
 
 /// Threads log to classes that stay on and connected, while set-ups and updates come one after the other. There are so
 /// many other classes and logs that each of them takes its time.
-class SetUpStorm : public testsupport::LogSetUp, public testing::WithParamInterface<bool> {
+class SetupStorm : public testsupport::LogSetup, public testing::WithParamInterface<bool> {
  protected:
   static constexpr int threadCount = 2;
   static constexpr int linesPerRound = 20000;
 
-  SetUpStorm() {
+  SetupStorm() {
     std::string others;
     for (int i = 0; i < 300; ++i) {
       const std::string name = "Other" + std::to_string(i);
@@ -132,17 +132,17 @@ class SetUpStorm : public testsupport::LogSetUp, public testing::WithParamInterf
   }
 };
 
-TEST_P(SetUpStorm, LosesNoLineOfAClassThatStaysOnDuringUpdates) {
+TEST_P(SetupStorm, LosesNoLineOfAClassThatStaysOnDuringUpdates) {
   ASSERT_TRUE(initDefaultLogs("App", "CA12", false));
   expectAllLines(logDuring(30, [] { EXPECT_TRUE(updateLogLevels("CA12")); }));
 }
 
-TEST_P(SetUpStorm, LosesNoLineDuringSecondSetUps) {
+TEST_P(SetupStorm, LosesNoLineDuringSecondSetUps) {
   ASSERT_TRUE(initDefaultLogs("App", "CA12", false));
   expectAllLines(logDuring(10, [] { EXPECT_TRUE(initDefaultLogs("App", "CA12", false)); }));
 }
 
-INSTANTIATE_TEST_SUITE_P(Modes, SetUpStorm, testing::Bool(),
+INSTANTIATE_TEST_SUITE_P(Modes, SetupStorm, testing::Bool(),
                          [](const auto& _info) { return _info.param ? "ThreadSafe" : "Plain"; });
 
 }  // namespace

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "logsetup/set_up_status.h"
+#include "logsetup/setup_status.h"
 
 #include <exception>
 #include <utility>
@@ -15,26 +15,26 @@ namespace {
 using status::Failure;
 using status::Result;
 
-SetUpStatus*& outermost() noexcept {
-  static thread_local constinit SetUpStatus* found = nullptr;
+SetupStatus*& outermost() noexcept {
+  static thread_local constinit SetupStatus* found = nullptr;
   return found;
 }
 
-void setFailure(SetUpStatus::Outcome& _outcome, Failure _failure, const char* _text, const std::string& _subject) {
+void setFailure(SetupStatus::Outcome& _outcome, Failure _failure, const char* _text, const std::string& _subject) {
   _outcome.result = Result::failed;
   _outcome.failure = _failure;
   _outcome.error = _text + _subject;
 }
 
-SetUpStatus::LongText longText(const std::string& _text, const status::Field& _field) {
+SetupStatus::LongText longText(const std::string& _text, const status::Field& _field) {
   return {_text.substr(0, _field.size), _text.size(), status::hashOf(_text)};
 }
 
 }  // namespace
 
 template <class Note>
-void SetUpStatus::note(Note _note) noexcept {
-  SetUpStatus* const call = outermost();
+void SetupStatus::note(Note _note) noexcept {
+  SetupStatus* const call = outermost();
   if (call == nullptr) return;
   try {
     _note(call->notes_);
@@ -43,13 +43,13 @@ void SetUpStatus::note(Note _note) noexcept {
   }
 }
 
-SetUpStatus::SetUpStatus(status::Call _call) noexcept : outer_(outermost()), exceptions_(std::uncaught_exceptions()) {
+SetupStatus::SetupStatus(status::Call _call) noexcept : outer_(outermost()), exceptions_(std::uncaught_exceptions()) {
   if (outer_ != nullptr) return;
   outermost() = this;
   notes_.call = _call;
 }
 
-SetUpStatus::~SetUpStatus() {
+SetupStatus::~SetupStatus() {
   if (outer_ != nullptr) return;
   outermost() = nullptr;
   const platform::CancellationDelay delay;
@@ -63,63 +63,63 @@ SetUpStatus::~SetUpStatus() {
   showSetUp(notes_, found_);
 }
 
-void SetUpStatus::noteSource(status::CaSource _source) noexcept {
+void SetupStatus::noteSource(status::CaSource _source) noexcept {
   note([&](Notes& _notes) {
     if (_notes.source == status::CaSource::unknown) _notes.source = _source;
   });
 }
 
-void SetUpStatus::noteAsked(const std::string& _ca) noexcept {
+void SetupStatus::noteAsked(const std::string& _ca) noexcept {
   note([&](Notes& _notes) { _notes.asked = _ca; });
 }
 
-void SetUpStatus::noteInEffect(const std::string& _ca, const std::string& _cfgPath) noexcept {
+void SetupStatus::noteInEffect(const std::string& _ca, const std::string& _cfgPath) noexcept {
   note([&](Notes& _notes) {
     _notes.checkedCa = _ca;
     _notes.cfgPath = _cfgPath;
   });
 }
 
-void SetUpStatus::noteApplication(const std::string& _name) noexcept {
+void SetupStatus::noteApplication(const std::string& _name) noexcept {
   note([&](Notes& _notes) { _notes.application = _name; });
 }
 
-void SetUpStatus::noteUnregistered(const std::string& _name) noexcept {
+void SetupStatus::noteUnregistered(const std::string& _name) noexcept {
   note([&](Notes& _notes) { _notes.unregistered = _name; });
 }
 
-void SetUpStatus::noteCommonLog(const std::string& _path) noexcept {
+void SetupStatus::noteCommonLog(const std::string& _path) noexcept {
   note([&](Notes& _notes) { _notes.commonLog = _path; });
 }
 
-void SetUpStatus::noteFile(const std::string& _path, status::FileKind _kind) noexcept {
+void SetupStatus::noteFile(const std::string& _path, status::FileKind _kind) noexcept {
   note([&](Notes& _notes) { _notes.files.push_back({_path, _kind, tsMode() ? status::hasOwnThread : 0}); });
 }
 
-void SetUpStatus::noteFilter(const std::string& _filter) noexcept {
+void SetupStatus::noteFilter(const std::string& _filter) noexcept {
   note([&](Notes& _notes) { _notes.filter = longText(_filter, status::filter); });
 }
 
-void SetUpStatus::noteClasses(const std::string& _text) noexcept {
+void SetupStatus::noteClasses(const std::string& _text) noexcept {
   note([&](Notes& _notes) {
     _notes.update = {Result::done, Failure::none, ""};
     _notes.classes = longText(_text, status::classText);
   });
 }
 
-void SetUpStatus::notePattern(const std::string& _pattern) noexcept {
+void SetupStatus::notePattern(const std::string& _pattern) noexcept {
   note([&](Notes& _notes) { _notes.pattern = _pattern; });
 }
 
-void SetUpStatus::noteFailure(Failure _failure, const char* _text, const std::string& _subject) noexcept {
+void SetupStatus::noteFailure(Failure _failure, const char* _text, const std::string& _subject) noexcept {
   note([&](Notes& _notes) { setFailure(_notes.outcome, _failure, _text, _subject); });
 }
 
-void SetUpStatus::noteUpdateFailure(Failure _failure, const char* _text, const std::string& _subject) noexcept {
+void SetupStatus::noteUpdateFailure(Failure _failure, const char* _text, const std::string& _subject) noexcept {
   note([&](Notes& _notes) { setFailure(_notes.update, _failure, _text, _subject); });
 }
 
-void SetUpStatus::noteDone() noexcept {
+void SetupStatus::noteDone() noexcept {
   note([](Notes& _notes) { _notes.outcome = {Result::done, Failure::none, ""}; });
 }
 

@@ -7,24 +7,24 @@
 #include <string>
 
 #include "quillmark_logging.h"
-#include "tests/logsetup/log_set_up.h"
+#include "tests/logsetup/log_setup.h"
 #include "tests/logsetup/own_status.h"
 #include "tests/support/private_events.h"
 
 namespace testsupport {
 
 /// Every test has a configuration of CA12 with a common log, a class that is on, and no status page yet.
-class PageOfSetUp : public LogSetUp {
+class PageOfSetup : public LogSetup {
  protected:
   static void SetUpTestSuite() { usePrivateEvents(); }
 
-  PageOfSetUp() {
+  PageOfSetup() {
     sandbox_.writeInit("CA12", "Def.a;\n");
     writeCfg("CA12", "LOG_STATE=TRUE\n");
   }
 
   // Windows removes no file that is open.
-  ~PageOfSetUp() override {
+  ~PageOfSetup() override {
     Quillmark_logging::deleteAppender("*", Quillmark_logging::APPENDER_COUT_APPL_SPEC);
     Quillmark_logging::deleteAppender("*", Quillmark_logging::APPENDER_COUT_ROLLING_APPL_SPEC);
   }
