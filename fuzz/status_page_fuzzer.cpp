@@ -27,6 +27,7 @@ void expectValid(const std::string& _text, std::size_t _room) {
 
 // The input stands behind the head of a page, as often as it fits: few inputs would pass the head, and none would be as
 // long as a page.
+// NOLINTNEXTLINE(readability-identifier-naming): the name is that of libFuzzer
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* _data, std::size_t _size) {
   std::string page(status::magic);
   page += std::string("\1\0\0\0\0\0\1\0\2\0\0\0\0\0\0\0", 16);
