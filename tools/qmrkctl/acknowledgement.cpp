@@ -5,6 +5,7 @@
 #include <map>
 #include <set>
 
+#include "tools/qmrkctl/class_switches.h"
 #include "tools/status/page_watch.h"
 #include "tools/status/process_finder.h"
 #include "tools/system/end_request.h"
@@ -25,18 +26,6 @@ constexpr milliseconds firstReminder(8);
 
 double millisecondsSince(Clock::time_point _begin) {
   return std::chrono::duration<double, std::milli>(Clock::now() - _begin).count();
-}
-
-std::vector<std::string> newlyIn(bool _on, const ClassStatus& _before, const ClassStatus& _after) {
-  std::set<std::string> former;
-  for (const LogState& log : _before.logs) {
-    if (log.isOn == _on) former.insert(log.name);
-  }
-  std::vector<std::string> names;
-  for (const LogState& log : _after.logs) {
-    if (log.isOn == _on && former.count(log.name) == 0) names.push_back(log.name);
-  }
-  return names;
 }
 
 // Whether the process has tried to apply a list since the page was read.
@@ -181,8 +170,9 @@ class Wait {
     if (_page.classes.updateResult == status::Result::failed) {
       finish(_each, Outcome::failed, _page.classes.updateError.text);
     } else if (isExpected) {
-      _each.answer->switchedOn = newlyIn(true, before.classes, _page.classes);
-      _each.answer->switchedOff = newlyIn(false, before.classes, _page.classes);
+      const ClassSwitches switches = switchesBetween(before.classes, _page.classes);
+      _each.answer->switchedOn = switches.on;
+      _each.answer->switchedOff = switches.off;
       finish(_each, Outcome::applied, "");
     }
   }
