@@ -38,6 +38,7 @@ bool goesOn(const Installation& _at) {
 
 }  // namespace
 
+// NOLINTNEXTLINE(readability-function-size): one table of one meaning.
 std::vector<Fault> faultsOfProcesses() {
   return {
       {"a class list that was edited without setting the event",
