@@ -57,9 +57,10 @@ class Examination {
       for (const std::string& ca : installedCas(viewpoint))
         configurations_.of(viewpoint, ca);
     }
-    for (const SeenConfiguration& seen : configurations_.all())
+    for (const SeenConfiguration& seen : configurations_.all()) {
       add(checkConfiguration(seen.viewpoint, seen.configuration,
                              logsThatFollow(_processes, seen.configuration.init.path)));
+    }
   }
 
   // The same record comes at every start.
