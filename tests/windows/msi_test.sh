@@ -2,7 +2,8 @@
 # SPDX-License-Identifier: MIT
 # msi_test.sh BUILD SOURCE: makes the installer and runs it under Wine without a question: it brings programs that log with
 # no further step, and the task; a later version takes its place; the removal leaves what an administrator may have changed.
-set -euo pipefail
+set -Eeuo pipefail
+trap 'echo "line $LINENO failed: $BASH_COMMAND"' ERR
 build=$1
 source=$2
 run="$source/scripts/lib/run-under-wine"

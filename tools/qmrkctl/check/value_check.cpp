@@ -24,7 +24,7 @@ bool isSwitch(std::string_view _key) { return std::find(switches.begin(), switch
 // Of a part of a path; above it no file system goes.
 constexpr std::size_t longestPart = 255;
 // What a rotation tests, one after the other, before it goes on.
-constexpr long mostBackups = 10'000;
+constexpr long long mostBackups = 10'000;
 
 // The parts of a path between its separators.
 std::vector<std::string_view> partsOf(std::string_view _path) {
@@ -160,8 +160,8 @@ class ValueCheck {
   }
 
   // What is behind the digits of a number, and what it becomes where it is too large.
-  void checkDigits(const Setting& _setting, long _number) {
-    constexpr long largest = std::numeric_limits<std::int32_t>::max();
+  void checkDigits(const Setting& _setting, long long _number) {
+    constexpr long long largest = std::numeric_limits<std::int32_t>::max();
     if (_number > largest) {
       add("Q317", _setting, _setting.key + " is " + inQuotes(_setting.value), "write a smaller number",
           "it counts as " + std::to_string(largest));
@@ -174,7 +174,7 @@ class ValueCheck {
 
   void checkLimit(const Setting& _setting) {
     if (!isRotated()) return;
-    const long limit = std::strtol(_setting.value.c_str(), nullptr, 10);
+    const long long limit = std::strtoll(_setting.value.c_str(), nullptr, 10);
     if (limit < 1) add("Q314", _setting, "SPEC_LOG_FILE_LIMIT is " + inQuotes(_setting.value));
     if (limit == 1) add("Q315", _setting, "SPEC_LOG_FILE_LIMIT is 1");
     checkDigits(_setting, limit);
@@ -182,7 +182,7 @@ class ValueCheck {
 
   void checkNumber(const Setting& _setting) {
     if (!isRotated()) return;
-    const long number = std::strtol(_setting.value.c_str(), nullptr, 10);
+    const long long number = std::strtoll(_setting.value.c_str(), nullptr, 10);
     if (number < 2) add("Q316", _setting, "SPEC_NR_OF_LOG_FILES is " + inQuotes(_setting.value));
     if (number > mostBackups) add("Q327", _setting, "SPEC_NR_OF_LOG_FILES is " + inQuotes(_setting.value));
     checkDigits(_setting, std::min(number, mostBackups));
