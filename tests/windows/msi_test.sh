@@ -7,10 +7,14 @@ trap 'echo "line $LINENO failed: $BASH_COMMAND"' ERR
 build=$1
 source=$2
 run="$source/scripts/lib/run-under-wine"
+# A machine of its own, which begins anew with each program: Wine starts the services, of which the task needs one, only when
+# its server begins, and that of the other tests stays.
+folder=$(mktemp -d)
+export QMRK_WINE_PREFIX=$folder/machine
+trap 'rm -rf "$folder"' EXIT
 . "$source/tests/windows/shell_folders.sh"
 export -n GTEST_OUTPUT
 
-folder=$(mktemp -d)
 cmake --build "$build" --target windows-msi >"$folder/make.log" 2>&1 || { cat "$folder/make.log"; exit 1; }
 cp "$build"/qmrk_log-*.msi "$folder/qmrk_log.msi"
 cd "$folder"
