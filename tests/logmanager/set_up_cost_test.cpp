@@ -20,6 +20,7 @@ using testsupport::quietAppender;
 
 /// A filter of classes: the pattern of each, and the name of a log that it selects.
 struct Filter {
+  const char* name;
   const char* beginning;
   const char* ending;
 
@@ -80,7 +81,10 @@ TEST_P(SetUpCost, GrowsWithTheClassesNotWithTheirSquare) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Filters, SetUpCost,
-                         testing::Values(Filter{"Class", ""}, Filter{"Class", ".info"}, Filter{"App.Class", ".*.info"},
-                                         Filter{"*.Class", ""}, Filter{"App.*.Class", ".info"}));
+                         testing::Values(Filter{"OfClasses", "Class", ""}, Filter{"OfSuffixes", "Class", ".info"},
+                                         Filter{"WithAStarInside", "App.Class", ".*.info"},
+                                         Filter{"WithAStarInFront", "*.Class", ""},
+                                         Filter{"WithAStarBeforeTheClass", "App.*.Class", ".info"}),
+                         [](const auto& _info) { return std::string(_info.param.name); });
 
 }  // namespace

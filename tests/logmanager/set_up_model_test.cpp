@@ -12,6 +12,7 @@
 #include "boost/logging/logging.hpp"
 #include "logmanager/default_log_manager.h"
 #include "tests/logmanager/names/name_pattern_oracle.h"
+#include "tests/support/running_system.h"
 
 namespace {
 
@@ -218,10 +219,10 @@ class RandomCalls {
 };
 
 TEST(SetUpModel, GivesLogsCreatedAtAnyMomentTheSameState) {
-  for (unsigned int seed = 0; seed < 200; ++seed) {
+  for (int seed = 0; seed < testsupport::rounds(200); ++seed) {
     SCOPED_TRACE(seed);
     Twins twins;
-    RandomCalls calls(seed);
+    RandomCalls calls(static_cast<unsigned int>(seed));
     for (int i = 0; i < 120; ++i)
       calls.make(twins);
     twins.expectEqual();
@@ -230,10 +231,10 @@ TEST(SetUpModel, GivesLogsCreatedAtAnyMomentTheSameState) {
 }
 
 TEST(SetUpModel, AppliesTheCallsOfAChangeOnApplyOnly) {
-  for (unsigned int seed = 0; seed < 200; ++seed) {
+  for (int seed = 0; seed < testsupport::rounds(200); ++seed) {
     SCOPED_TRACE(seed);
     Twins twins;
-    RandomCalls calls(seed);
+    RandomCalls calls(static_cast<unsigned int>(seed));
     for (int i = 0; i < 200; ++i) {
       calls.makeChange(twins);
       if (i % 10 == 0) twins.expectEqual();

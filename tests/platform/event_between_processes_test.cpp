@@ -125,7 +125,7 @@ TEST_F(EventBetweenProcesses, WakesAllOfFourWaitersEvenIfResetAtOnce) {
     waiter.send("waitLoop");
   }
   const auto enough = std::chrono::steady_clock::now() + std::chrono::seconds(30);
-  for (int round = 0; round < 100 || (round < 20'000 && std::chrono::steady_clock::now() < enough); ++round) {
+  for (int round = 0; round < 100 || (round < rounds(20'000) && std::chrono::steady_clock::now() < enough); ++round) {
     for (CompanionProcess& waiter : waiters) {
       ASSERT_TRUE(waiter.waitUntilAsleep());
       // One that was woken before the reset has found the event set a second time.

@@ -5,8 +5,9 @@
 
 namespace testsupport {
 
-/// How often a test repeats something: _full times on Linux, and a twentieth of that (at least once) on Windows,
-/// because system calls and new processes cost much more under Wine.
+/// How often a test repeats something: _full times on Linux, a fifth of that under a sanitizer, which finds what it
+/// finds sooner and takes longer; and a twentieth on Windows, because system calls and new processes cost much more
+/// under Wine. At least once.
 int rounds(int _full);
 
 /// For the few tests that need what Wine lacks: whether this is Wine. If so, prints the reason and puts it into the

@@ -2,6 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "platform/native_path.h"
 #include "tests/support/golden.h"
 #include "tests/support/text_pattern.h"
@@ -26,14 +28,24 @@ class LogTest : public testsupport::LogTestRun {
   static std::string logLinesOf(const std::string& _text) {
     std::string lines;
     for (std::size_t begin = 0; begin < _text.size();) {
-      const std::size_t end = _text.find('\n', begin);
-      const std::string line = _text.substr(begin, end - begin);
-      if (line.starts_with('[')) lines += line + "\n";
-      begin = end == std::string::npos ? _text.size() : end + 1;
+      const std::size_t end = std::min(_text.find('\n', begin), _text.size());
+      if (_text[begin] == '[') lines += masked(_text.substr(begin, end - begin)) + "\n";
+      begin = end + 1;
     }
-    const std::string seconds = "\\] [0-9]{8} [0-9]{2}:[0-9]{2}:[0-9]{2}";
-    lines = TextPattern(seconds + "\\.[0-9]{3} ").replacedIn(lines, "] <STAMP WITH MILLISECONDS> ");
-    return TextPattern(seconds + " ").replacedIn(lines, "] <STAMP> ");
+    return lines;
+  }
+
+  // The line with its stamp masked. A regular expression takes minutes for all lines under the thread sanitizer.
+  static std::string masked(const std::string& _line) {
+    const std::size_t begin = _line.find("] ") + 2;
+    const std::size_t end = std::min(_line.find(' ', _line.find(' ', begin) + 1), _line.size());
+    std::string form = _line.substr(begin, end - begin);
+    std::replace_if(
+        form.begin(), form.end(), [](char _c) { return _c >= '0' && _c <= '9'; }, '9');
+    const char* mask = form == "99999999 99:99:99"       ? "<STAMP>"
+                       : form == "99999999 99:99:99.999" ? "<STAMP WITH MILLISECONDS>"
+                                                         : nullptr;
+    return mask == nullptr ? _line : _line.substr(0, begin) + mask + _line.substr(end);
   }
 
   std::string commonLogLines() const { return logLinesOf(replaced(readFile(commonLog()), nativeLineEnds("\n"), "\n")); }
@@ -126,13 +138,15 @@ TEST_F(LogTest, LosesNothingAtItsEndInThreadSafeMode) {
   sandbox_.writeDemoOfCa12("LOG_STATE=TRUE\nTS_APPENDERS=TRUE\n");
   const ChildResult result = run({"--cout", "--lines", "5000", "--classes", "Demo.App.a;Demo.App.b;Demo.Net.error;"});
   EXPECT_EQ(result.exitCode, 0);
+  const std::string inFile = commonLogLines();
+  const std::string onConsole = logLinesOf(result.output);
   for (const char* log : {"Demo.App.a", "Demo.App.b", "Demo.Net.error"}) {
     std::string expected;
     for (int i = 1; i <= 5000; ++i) {
       expected += std::string("[") + log + "] <STAMP> line " + std::to_string(i) + " of 5000\n";
     }
-    EXPECT_EQ(linesOf(std::string("[") + log + "]", commonLogLines()), expected);
-    EXPECT_EQ(linesOf(std::string("[") + log + "]", logLinesOf(result.output)), expected);
+    EXPECT_EQ(linesOf(std::string("[") + log + "]", inFile), expected);
+    EXPECT_EQ(linesOf(std::string("[") + log + "]", onConsole), expected);
   }
 }
 

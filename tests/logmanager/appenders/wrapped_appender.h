@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
@@ -26,13 +27,18 @@ class Wrapped {
 
   std::string waitForText(std::size_t _size) {
     std::unique_lock<std::mutex> lock(lock_);
-    changed_.wait_for(lock, std::chrono::seconds(30), [&] { return text_.size() >= _size; });
+    changed_.wait_for(lock, std::chrono::seconds(100), [&] { return text_.size() >= _size; });
     return text_;
   }
 
   std::string waitFor(const std::string& _part) {
     std::unique_lock<std::mutex> lock(lock_);
-    changed_.wait_for(lock, std::chrono::seconds(60), [&] { return text_.find(_part) != std::string::npos; });
+    std::size_t unread = 0;
+    changed_.wait_for(lock, std::chrono::seconds(100), [&] {
+      if (text_.find(_part, unread) != std::string::npos) return true;
+      unread = text_.size() - std::min(text_.size(), _part.size());
+      return false;
+    });
     return text_;
   }
 

@@ -25,16 +25,10 @@ namespace {
 namespace bl = boost::logging;
 using bl::detail::InsideMark;
 using bl::detail::ProcessLock;
+using testsupport::inTimedChild;
 using testsupport::ParkedThread;
 
 constexpr unsigned int longestChild = 60;
-
-int inChild(const std::function<int()>& _function) {
-  return testsupport::inForkedChild([&_function] {
-    ::alarm(longestChild);
-    return _function();
-  });
-}
 
 TEST(ProcessLock, IsFreeInTheChildOfAParentWhoseThreadHoldsIt) {
   ProcessLock lock;
@@ -45,23 +39,23 @@ TEST(ProcessLock, IsFreeInTheChildOfAParentWhoseThreadHoldsIt) {
   });
   holder.waitUntilParked();
   EXPECT_FALSE(lock.lockOrMark());
-  EXPECT_EQ(inChild([&lock] {
+  EXPECT_EQ(inTimedChild([&lock] {
               const bool isWhole = lock.lock();
               if (isWhole || lock.lockOrMark()) return 1;
               lock.unlock();
               return lock.lock() ? 0 : 2;
             }),
             0);
-  EXPECT_EQ(inChild([&lock] { return lock.lockOrMark() && !lock.lockOrMark() ? 0 : 1; }), 0);
+  EXPECT_EQ(inTimedChild([&lock] { return lock.lockOrMark() && !lock.lockOrMark() ? 0 : 1; }), 0);
 }
 
 TEST(ProcessLock, StaysHeldInAGrandchildWhenTheForkingThreadHoldsItWithAMark) {
   ProcessLock lock;
   lock.lock();
   const InsideMark mark(bl::detail::threadState(), lock);
-  EXPECT_EQ(inChild([&lock] {
+  EXPECT_EQ(inTimedChild([&lock] {
               if (lock.lockOrMark()) return 1;
-              return inChild([&lock] {
+              return inTimedChild([&lock] {
                 if (lock.lockOrMark()) return 2;
                 lock.unlock();
                 return lock.lockOrMark() ? 0 : 3;
@@ -94,7 +88,7 @@ TEST_F(BusyFork, LetsAChildLogToAnAppenderThatTheParentIsInside) {
     bl::logger("F.gate").write("parent");
   });
   inside.waitUntilParked();
-  EXPECT_EQ(inChild([&] {
+  EXPECT_EQ(inTimedChild([&] {
               bl::logger("F.gate").write("child");
               bl::del_appender(manager_, "F.gate", "A");
               return calls == 2 ? 0 : 1;
@@ -147,7 +141,7 @@ TEST_F(BusyFork, LetsAChildWriteToAStandardOutputInUse) {
     bl::write_to_cout("App", "parent\n");
   });
   writing.waitUntilParked();
-  EXPECT_EQ(inChild([] {
+  EXPECT_EQ(inTimedChild([] {
               std::ostringstream text;
               std::cout.rdbuf(text.rdbuf());
               bl::write_to_cout("App", "child\n");
@@ -165,7 +159,7 @@ TEST_F(BusyFork, LetsAChildFreeWhatStatementsOfTheParentHold) {
     bl::logger("F.held").write("parent");
   });
   modifying.waitUntilParked();
-  EXPECT_EQ(inChild([&] {
+  EXPECT_EQ(inTimedChild([&] {
               bl::del_modifier(manager_, "F.held", "M");
               return static_cast<int>(manager_.size().retired);
             }),
@@ -181,7 +175,7 @@ TEST_F(BusyFork, LetsAChildAppendToAFileThatTheParentIsOpening) {
     appender("App", "parent\n");
   });
   opening.waitUntilParked();
-  EXPECT_EQ(inChild([&appender] {
+  EXPECT_EQ(inTimedChild([&appender] {
               appender("App", "child\n");
               return 0;
             }),

@@ -15,14 +15,8 @@
 namespace {
 
 namespace bl = boost::logging;
+using testsupport::inTimedChild;
 using Messages = std::vector<std::string>;
-
-int inChild(const std::function<int()>& _function) {
-  return testsupport::inForkedChild([&_function] {
-    ::alarm(60);
-    return _function();
-  });
-}
 
 /// Has the log pass its messages to the list, and then to a function.
 void collect(const std::string& _logs, Messages& _messages, const std::function<void(const std::string&)>& _function) {
@@ -36,12 +30,12 @@ void collect(const std::string& _logs, Messages& _messages, const std::function<
 }
 
 TEST(EarlyFork, GivesTheChildNoneOfTheKeptMessages) {
-  EXPECT_EQ(inChild([] {
+  EXPECT_EQ(inTimedChild([] {
               Messages got;
               const bl::logger log("EF1");
               collect("EF1", got, [](const std::string&) {});
               log.write("of the parent");
-              const int child = inChild([&] {
+              const int child = inTimedChild([&] {
                 log.write("kept");
                 bl::flush_log_cache();
                 log.write("child");
@@ -54,7 +48,7 @@ TEST(EarlyFork, GivesTheChildNoneOfTheKeptMessages) {
 }
 
 TEST(EarlyFork, LetsAChildLogWhileTheParentFlushes) {
-  EXPECT_EQ(inChild([] {
+  EXPECT_EQ(inTimedChild([] {
               Messages got;
               const bl::logger log("EF2");
               testsupport::ParkedThread flushing([&](testsupport::ParkedThread& _thread) {
@@ -64,7 +58,7 @@ TEST(EarlyFork, LetsAChildLogWhileTheParentFlushes) {
                 bl::flush_log_cache();
               });
               flushing.waitUntilParked();
-              const int child = inChild([&] {
+              const int child = inTimedChild([&] {
                 log.write("child");
                 bl::flush_log_cache();
                 return got == Messages{"1", "child"} ? 0 : 1;
@@ -76,7 +70,7 @@ TEST(EarlyFork, LetsAChildLogWhileTheParentFlushes) {
 }
 
 TEST(EarlyFork, LeavesTheRestOfAFlushToTheParentWhenAnAppenderForks) {
-  EXPECT_EQ(inChild([] {
+  EXPECT_EQ(inTimedChild([] {
               Messages got;
               pid_t child = -1;
               const bl::logger log("EF3");

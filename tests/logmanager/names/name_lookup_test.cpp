@@ -10,6 +10,7 @@
 #include "logmanager/log_registry.h"
 #include "logmanager/names/glob.h"
 #include "logmanager/names/glob_index.h"
+#include "tests/support/running_system.h"
 
 namespace {
 
@@ -89,7 +90,7 @@ TEST(GlobIndex, FindsGlobsThatMatchOrMeet) {
   std::mt19937 random(2);
   GlobIndex<std::string> index;
   std::set<std::string> globs;
-  for (int i = 0; i < 4000; ++i) {
+  for (int i = 0; i < testsupport::rounds(4000); ++i) {
     const std::string glob = randomText(random, "ab.*");
     if (random() % 4 == 0) {
       index.erase(glob);

@@ -28,6 +28,13 @@ int inForkedChild(const std::function<int()>& _function) {
   return exitCodeOf(child);
 }
 
+int inTimedChild(const std::function<int()>& _function) {
+  return inForkedChild([&_function] {
+    ::alarm(60);
+    return _function();
+  });
+}
+
 int exitCodeOf(pid_t _child) {
   int status = 0;
   EXPECT_EQ(::waitpid(_child, &status, 0), _child);

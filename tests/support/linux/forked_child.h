@@ -11,6 +11,9 @@ namespace testsupport {
 /// @return the result of the function, from 0 to 255; -1 when a signal ended the child.
 int inForkedChild(const std::function<int()>& _function);
 
+/// The same with a child that a signal ends after a minute, for what may hang where it fails.
+int inTimedChild(const std::function<int()>& _function);
+
 /// Waits for the end of a child.
 /// @return its exit code, from 0 to 255; -1 when a signal ended it.
 int exitCodeOf(pid_t _child);
