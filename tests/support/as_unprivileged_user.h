@@ -5,6 +5,9 @@
 
 namespace testsupport {
 
+/// A user without a name, who is neither root nor the one whom AsUnprivilegedUser becomes.
+constexpr unsigned int stranger = 12345;
+
 /// While it lives, the whole process acts as a user without privileges (on Linux effective user and group 65534; when
 /// the tests run without privileges anyway, as that user). File permissions apply then. Aborts when the switch fails.
 class AsUnprivilegedUser {

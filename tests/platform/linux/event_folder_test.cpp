@@ -20,9 +20,9 @@ namespace {
 
 using namespace platform;
 using testsupport::namesIn;
+using testsupport::stranger;
 
 constexpr char name[] = "QMRK_EVENT_TEST";
-constexpr unsigned int stranger = 12345;
 constexpr ErrorCode fileTooLarge = 27;  // EFBIG, which has no Windows counterpart
 
 // Every test gets an empty /dev/shm.

@@ -7,6 +7,7 @@
 #include <filesystem>
 
 #include "platform/platform.h"
+#include "tests/support/as_unprivileged_user.h"
 #include "tests/support/temporary_folder.h"
 
 // Who may read what the library creates, and where it does not follow a link.
@@ -17,8 +18,7 @@ using platform::AppendFile;
 using platform::ErrorCode;
 using platform::TextReader;
 using platform::TextWriter;
-
-constexpr unsigned int stranger = 12345;
+using testsupport::stranger;
 
 class FileModes : public ::testing::Test {
  protected:

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/as_unprivileged_user.h"
 #include "tests/support/child_process.h"
 #include "tests/support/config_sandbox.h"
 #include "tests/support/linux/shared_memory_mount.h"
@@ -18,8 +19,7 @@ namespace testsupport {
 using Json = nlohmann::json;
 using Names = std::vector<std::string>;
 
-// Users without a name.
-constexpr unsigned int stranger = 12345;
+/// Another user without a name.
 constexpr unsigned int other = 23456;
 
 /// The real program on a real configuration of CA12, with a /dev/shm and process ids of the test's own.

@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include "platform/named_event.h"
+#include "tests/support/as_unprivileged_user.h"
 #include "tests/support/linux/forked_child.h"
 #include "tests/support/linux/shared_memory_mount.h"
 #include "tests/support/private_events.h"
@@ -16,9 +17,8 @@ namespace {
 
 using namespace qmrkctl;
 using testsupport::SleepingListener;
+using testsupport::stranger;
 using toolsystem::Activity;
-
-constexpr unsigned int stranger = 12345;
 
 class RunningProcessSearch : public ::testing::Test {
  protected:
