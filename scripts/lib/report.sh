@@ -70,7 +70,7 @@ run_tests() {
   SKIPPED=$((SKIPPED + skipped))
   printf '   %s: %d tests, %d failed, %d skipped\n' "$preset" "$total" "$failed" "$skipped"
   if [ "$failed" -gt 0 ]; then
-    show_failure "$log" 200
+    python3 -B "$ROOT/scripts/lib/failed_tests.py" "$results" | sed 's/^/   | /'
     return 1
   fi
 }
