@@ -6,31 +6,31 @@
 build_preset() {
   local preset=$1 arguments=()
   shift
-  finish_ahead "$preset"
   if [ $# -gt 0 ]; then
     arguments=(--target "$@")
   fi
   (cd "$ROOT" && cmake --preset "$preset" && cmake --build --preset "$preset" "${arguments[@]}")
 }
 
-# build_ahead STEP PRESET: begins a build of a later step, if that is to run. Tests wait a lot; the build takes the
+# build_ahead STEP COMMAND...: begins a build of a later step, if that is to run. Tests wait a lot; the build takes the
 # processor only where they leave it.
 build_ahead() {
-  [[ " ${steps[*]} " == *" $1 "* ]] || return 0
+  local step=$1
+  [[ " ${steps[*]} " == *" $step "* ]] || return 0
   shift
   (
     renice -n 19 -p "$BASHPID"
-    build_preset "$1"
-  ) >"$LOGS/$1-ahead.log" 2>&1 &
+    "$@"
+  ) >"$LOGS/$step-ahead.log" 2>&1 &
   AHEAD_PROCESS=$!
-  AHEAD_PRESET=$1
+  AHEAD_STEP=$step
 }
 
-# finish_ahead PRESET: waits for it. What failed in it fails again in the step itself, and is shown there.
+# finish_ahead STEP: waits for it. What failed in it fails again in the step itself, and is shown there.
 finish_ahead() {
-  [ "$1" = "${AHEAD_PRESET:-}" ] || return 0
+  [ "$1" = "${AHEAD_STEP:-}" ] || return 0
   wait "$AHEAD_PROCESS" || true
-  AHEAD_PRESET=
+  AHEAD_STEP=
 }
 
 # build_programs: LogTest and qmrkctl of the release.

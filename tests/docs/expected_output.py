@@ -13,3 +13,11 @@ def pattern_of(expected):
     for part in re.split(f"({'|'.join(_PLACEHOLDERS)})", expected):
         pattern += next((any_ for kind, any_ in _PLACEHOLDERS.items() if re.fullmatch(kind, part)), re.escape(part))
     return pattern
+
+
+def is_as_shown(expected, printed, commands, where):
+    """Whether the commands have printed what the page shows; tells where not."""
+    if re.fullmatch(pattern_of(expected), printed):
+        return True
+    print(f"{where}:\n{commands}prints\n{printed}instead of\n{expected}")
+    return False

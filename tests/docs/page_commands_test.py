@@ -11,7 +11,7 @@ import subprocess
 import sys
 import tempfile
 
-from expected_output import pattern_of
+from expected_output import is_as_shown
 
 STAGE, PAGE = (pathlib.Path(argument) for argument in sys.argv[1:3])
 BLOCK = re.compile(r"^```sh\n(.*?)^```\n(?:```text\n(.*?)^```)?", re.MULTILINE | re.DOTALL)
@@ -45,9 +45,7 @@ def main():
     wrong = 0
     with tempfile.TemporaryDirectory() as folder:
         for (commands, expected), printed in zip(blocks, run(blocks, folder)):
-            if not re.fullmatch(pattern_of(expected), printed):
-                wrong += 1
-                print(f"{PAGE.name}:\n{commands}prints\n{printed}instead of\n{expected}")
+            wrong += not is_as_shown(expected, printed, commands, PAGE.name)
     print(f"{PAGE.name}: {len(blocks)} blocks of commands, {wrong} with another output")
     return 1 if wrong else 0
 

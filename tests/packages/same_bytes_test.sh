@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # same_bytes_test.sh WORK: the packages, made again later from a copy of the sources in another folder, in another time
-# zone and without a cache of the compiler, are the same to the byte; so are the libraries and programs before they are
+# zone, are the same to the byte; so are the libraries and programs before they are
 # stripped.
 set -euo pipefail
 copy=$1/copy/in_a_folder_whose_name_has_another_length
@@ -9,7 +9,6 @@ mkdir -p "$copy"
 (cd "$ROOT" && git ls-files -z | tar --null --files-from=- -cf - ) | tar -C "$copy" -xf -
 cd "$copy"
 export TZ=Asia/Tokyo
-unset CMAKE_CXX_COMPILER_LAUNCHER
 cmake --preset linux-packages
 cmake --build --preset linux-packages
 (cd build/linux-packages && cpack)
