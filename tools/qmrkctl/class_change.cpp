@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "tools/qmrkctl/class_change.h"
-#include "tools/qmrkctl/asked_viewpoint.h"
 
 #include <algorithm>
 #include <utility>
@@ -9,6 +8,7 @@
 #include "quillmark_logging_names.h"
 #include "tools/qmrkctl/actor.h"
 #include "tools/qmrkctl/answer_report.h"
+#include "tools/qmrkctl/asked_viewpoint.h"
 #include "tools/qmrkctl/class_list_text.h"
 #include "tools/qmrkctl/duration.h"
 #include "tools/qmrkctl/exit_code.h"
@@ -137,10 +137,11 @@ class Change {
     const Names after = classesIn(after_.list);
     const Names added = classesMissingIn(after, before);
     const Names removed = classesMissingIn(before, after);
-    report_.line(shown(place_.ca) + " " + shown(place_.path) + (request_.isDryRun ? " would change:" : ":") +
+    const std::string file = platform::nativePath(place_.path);
+    report_.line(shown(place_.ca) + " " + shown(file) + (request_.isDryRun ? " would change:" : ":") +
                  differenceText(added, removed));
-    report_.result() = {{"ca", place_.ca},    {"file", place_.path}, {"added", added},
-                        {"removed", removed}, {"classes", after},    {"dryRun", request_.isDryRun}};
+    report_.result() = {{"ca", place_.ca},    {"file", file},     {"added", added},
+                        {"removed", removed}, {"classes", after}, {"dryRun", request_.isDryRun}};
     if (!request_.duration) return;
     const std::string until = utcText(millisecondsNow() + request_.duration->count());
     report_.line("what it switches on goes off again after " + durationText(*request_.duration) + ", at " + until);

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "tools/qmrkctl/class_overview.h"
-#include "tools/qmrkctl/asked_viewpoint.h"
 
 #include <algorithm>
 #include <map>
 #include <set>
 
+#include "platform/native_path.h"
 #include "quillmark_logging_names.h"
+#include "tools/qmrkctl/asked_viewpoint.h"
 #include "tools/qmrkctl/class_entries.h"
 #include "tools/qmrkctl/exit_code.h"
 #include "tools/qmrkctl/logged_lines.h"
@@ -81,11 +82,14 @@ class Overview {
       if (!until.empty()) object["until"] = until;
       classes.push_back(object);
     }
-    _report.line(shown(place_.ca) + " " + shown(place_.path) + ", followed by " + std::to_string(processes_) +
-                 " running processes");
+    _report.line(shown(place_.ca) + " " + shown(platform::nativePath(place_.path)) + ", followed by " +
+                 std::to_string(processes_) + " running processes");
     for (const std::string& line : tableLines(table))
       _report.line(line);
-    _report.result() = {{"ca", place_.ca}, {"file", place_.path}, {"processes", processes_}, {"overview", classes}};
+    _report.result() = {{"ca", place_.ca},
+                        {"file", platform::nativePath(place_.path)},
+                        {"processes", processes_},
+                        {"overview", classes}};
   }
 
  private:

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "tools/qmrkctl/class_trial.h"
-#include "tools/qmrkctl/asked_viewpoint.h"
 
 #include <algorithm>
 #include <array>
@@ -9,6 +8,7 @@
 #include <set>
 
 #include "platform/native_path.h"
+#include "tools/qmrkctl/asked_viewpoint.h"
 #include "tools/qmrkctl/class_entries.h"
 #include "tools/qmrkctl/class_list_text.h"
 #include "tools/qmrkctl/duration.h"
