@@ -30,8 +30,7 @@ class WatchedStatusPage {
 
   /// Never for a page that could not be opened. A page that is removed and made again stays the former one here.
   /// @return a copy of the page when it was written since the last one, or since it was opened. Nothing while it is
-  /// being
-  ///   written. Never waits.
+  ///   being written. Never waits.
   std::optional<std::string> newBytes();
 
  private:

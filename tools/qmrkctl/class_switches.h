@@ -15,7 +15,7 @@ struct ClassSwitches {
 };
 
 /// By the pages before and after it. A log that was created since the first was written had the state that the list
-/// applied then gave it.
+/// applied then gave it, as far as the page holds that list: a page has room for the beginning of a long one.
 ClassSwitches switchesBetween(const ClassStatus& _before, const ClassStatus& _after);
 
 }  // namespace qmrkctl

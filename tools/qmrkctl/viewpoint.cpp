@@ -62,6 +62,17 @@ toolsystem::PathFacts factsOf(const Viewpoint& _viewpoint, const std::string& _p
   return facts;
 }
 
+std::string parentOf(const std::string& _path) {
+  const std::size_t end = _path.find_last_of("\\/");
+  return end == std::string::npos ? "" : _path.substr(0, end);
+}
+
+std::string existingPart(const Viewpoint& _viewpoint, std::string _path) {
+  while (factsOf(_viewpoint, _path).kind == toolsystem::PathKind::missing && !parentOf(_path).empty())
+    _path = parentOf(_path);
+  return _path;
+}
+
 std::vector<toolsystem::PathRights> rightsOn(const Viewpoint& _viewpoint, const std::vector<std::string>& _paths) {
   std::vector<std::string> paths;
   std::transform(_paths.begin(), _paths.end(), std::back_inserter(paths), platform::nativePath);

@@ -41,6 +41,12 @@ std::string reachedPath(const Viewpoint& _viewpoint, const std::string& _path);
 /// What stands at a path, links followed, as this program sees it.
 toolsystem::PathFacts factsOf(const Viewpoint& _viewpoint, const std::string& _path);
 
+/// The folder above; empty where there is none.
+std::string parentOf(const std::string& _path);
+
+/// The path itself, or the nearest folder above it that is there.
+std::string existingPart(const Viewpoint& _viewpoint, std::string _path);
+
 /// What the user of the viewpoint may do with a file or folder.
 toolsystem::PathRights rightsOn(const Viewpoint& _viewpoint, const std::string& _path);
 

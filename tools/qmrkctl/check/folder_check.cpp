@@ -43,18 +43,13 @@ constexpr FindingKind folderTable[] = {
      "take the right to write from others (chmod o-w)", "mode 0666"},
 };
 
-std::string parentOf(const std::string& _path) {
-  const std::size_t end = _path.find_last_of("\\/");
-  return end == std::string::npos ? "" : _path.substr(0, end);
-}
-
 // The logs of a configuration for one user, and what is found about them.
 class FolderCheck {
  public:
   FolderCheck(const Viewpoint& _viewpoint, Findings& _findings) : viewpoint_(_viewpoint), findings_(_findings) {}
 
   void checkLogs(const LogPlaces& _places) {
-    const std::string existing = existingPart(_places.folder);
+    const std::string existing = existingPart(viewpoint_, _places.folder);
     checkSpace(existing);
     checkFiles(_places, existing);
     if (existing != _places.folder) {
@@ -82,13 +77,6 @@ class FolderCheck {
   }
 
   std::string user() const { return "the user " + viewpoint_.account.name; }
-
-  // The path itself, or the nearest folder above it that is there.
-  std::string existingPart(std::string _path) const {
-    while (factsOf(viewpoint_, _path).kind == PathKind::missing && !parentOf(_path).empty())
-      _path = parentOf(_path);
-    return _path;
-  }
 
   void checkSpace(const std::string& _folder) {
     const auto bytes = toolsystem::freeBytes(reachedPath(viewpoint_, _folder));
@@ -149,7 +137,7 @@ class FolderCheck {
 
   void checkLog(const std::string& _folder, const std::string& _log) {
     const PathFacts facts = factsOf(viewpoint_, _log);
-    const std::string folder = existingPart(parentOf(_log));
+    const std::string folder = existingPart(viewpoint_, parentOf(_log));
     if (facts.isLink && !isLinkFollowed(_folder)) {
       add("Q504", _log, "the log is a link, and its folder is not " + viewpoint_.account.name + "'s alone");
     } else if (facts.kind == PathKind::danglingLink) {

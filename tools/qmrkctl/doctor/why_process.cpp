@@ -204,11 +204,7 @@ void addSpaceStep(const WhyQuestion& _question, StepList& _steps) {
     return;
   }
   const Viewpoint& viewpoint = _question.seen->viewpoint;
-  std::string folder = _question.seen->configuration.logs->folder;
-  while (!folder.empty() && factsOf(viewpoint, folder).kind == toolsystem::PathKind::missing) {
-    const std::size_t separator = folder.find_last_of("\\/");
-    folder.resize(separator == std::string::npos ? 0 : separator);
-  }
+  const std::string folder = existingPart(viewpoint, _question.seen->configuration.logs->folder);
   if (const auto free = toolsystem::freeBytes(reachedPath(viewpoint, folder))) {
     _steps.ok("space", std::to_string(*free / 1024 / 1024) + " MiB free");
   } else {

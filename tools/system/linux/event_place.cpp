@@ -21,8 +21,6 @@ namespace {
 
 using platform::FileDescriptor;
 
-constexpr std::string_view folderPrefix = "qmrk-";
-
 EventPlace placeOf(const ProcessFacts& _process) {
   EventPlace place;
   place.text = "user " + _process.user;
@@ -43,8 +41,8 @@ std::vector<std::uint32_t> usersWithFolder() {
   if (list == nullptr) return users;
   for (const dirent* entry = ::readdir(list.get()); entry != nullptr; entry = ::readdir(list.get())) {
     std::string_view name = entry->d_name;
-    if (!name.starts_with(folderPrefix)) continue;
-    name.remove_prefix(folderPrefix.size());
+    if (!name.starts_with(platform::statusUserFolderPrefix)) continue;
+    name.remove_prefix(platform::statusUserFolderPrefix.size());
     std::uint32_t user = 0;
     const auto [stop, error] = std::from_chars(name.data(), name.data() + name.size(), user);
     if (error == std::errc() && stop == name.data() + name.size()) users.push_back(user);
