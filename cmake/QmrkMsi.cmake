@@ -2,7 +2,8 @@
 # The target windows-msi: an installer for machines, made by wixl.
 find_program(QMRK_WIXL wixl)
 find_program(QMRK_MSIBUILD msibuild)
-if(NOT QMRK_WIXL OR NOT QMRK_MSIBUILD)
+find_program(QMRK_MSIINFO msiinfo)
+if(NOT QMRK_WIXL OR NOT QMRK_MSIBUILD OR NOT QMRK_MSIINFO)
   return()
 endif()
 
@@ -13,6 +14,8 @@ function(qmrk_msi_identifier _variable _name)
 endfunction()
 qmrk_msi_identifier(UPGRADES line)
 qmrk_msi_identifier(PRODUCT product/${PROJECT_VERSION})
+qmrk_msi_identifier(PACKAGE package/${PROJECT_VERSION}/${QMRK_SOURCE_TIME})
+qmrk_source_timestamp(QMRK_MSI_TIME "%Y/%m/%d %H:%M:%S")
 foreach(component IN ITEMS PROGRAMS LICENCE LINKED_LICENCES TASK GENERIC64 ADAPTATION64 GENERIC32 ADAPTATION32 CLASS_LIST)
   qmrk_msi_identifier(${component} ${component})
 endforeach()
@@ -46,6 +49,12 @@ add_custom_target(windows-msi VERBATIM COMMENT "Making ${QMRK_MSI}"
   COMMAND ${CMAKE_COMMAND} -E make_directory ${stage}/files
   COMMAND ${CMAKE_COMMAND} -E copy ${examples}/qmrk_logging_GE.cfg ${examples}/qmrk_logging_CA12.cfg
     ${examples}/qmrk_logging_CA12.init ${PROJECT_SOURCE_DIR}/packaging/windows/lease_sweep.xml ${stage}/files
-  COMMAND ${QMRK_WIXL} --arch x64 --output ${QMRK_MSI} ${PROJECT_BINARY_DIR}/qmrk_log.wxs
-  COMMAND ${QMRK_MSIBUILD} ${QMRK_MSI} ${changes})
+  # The times of the files are in the installer.
+  COMMAND find ${stage} -exec touch --date=@${QMRK_SOURCE_TIME} {} +
+  COMMAND ${CMAKE_COMMAND} -E env TZ=UTC
+    ${QMRK_WIXL} --arch x64 --output ${QMRK_MSI} ${PROJECT_BINARY_DIR}/qmrk_log.wxs
+  COMMAND ${QMRK_MSIBUILD} ${QMRK_MSI} ${changes}
+  COMMAND ${CMAKE_COMMAND} -D MSI=${QMRK_MSI} -D MSIINFO=${QMRK_MSIINFO} -D MSIBUILD=${QMRK_MSIBUILD}
+    -D PACKAGE=${QMRK_MSI_PACKAGE} -D TIME=${QMRK_MSI_TIME} -D FOLDER=${PROJECT_BINARY_DIR}
+    -P ${PROJECT_SOURCE_DIR}/cmake/QmrkMsiSummary.cmake)
 add_dependencies(windows-msi qmrk_log log_manager LogTest qmrkctl)

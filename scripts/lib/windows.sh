@@ -8,11 +8,14 @@
 # Every Windows program is started through this.
 WINE_RUN="$ROOT/scripts/lib/run-under-wine"
 
-# build_windows [TARGET...]: installs packages, builds the libraries that are needed (once) and the targets.
+# install_windows_dependencies: installs packages, and builds the libraries that are needed (once).
+install_windows_dependencies() {
+  install_packages "${PACKAGES_BUILD[@]}" "${PACKAGES_WINDOWS[@]}" && "$ROOT/scripts/build-windows-dependencies"
+}
+
+# build_windows [TARGET...]: the same, and builds the targets.
 build_windows() {
-  install_packages "${PACKAGES_BUILD[@]}" "${PACKAGES_WINDOWS[@]}" &&
-    "$ROOT/scripts/build-windows-dependencies" &&
-    build_preset windows-release "$@"
+  install_windows_dependencies && build_preset windows-release "$@"
 }
 
 # begin_wine: makes a fresh prefix, which end_wine removes. Its server stays up meanwhile, since a start takes seconds.
