@@ -13,52 +13,53 @@
 namespace qmrkctl {
 
 enum class Outcome {
-  applied,       ///< the list that was expected
-  failed,        ///< it tried to; the reason says why it could not
-  notListening,  ///< no thread of it waits for the event
-  stopped,       ///< by SIGSTOP or a debugger; it will follow when it goes on
+  applied,       ///< it has the expected list
+  failed,        ///< it tried but could not; the reason says why
+  notListening,  ///< none of its threads waits for the event
+  stopped,       ///< by SIGSTOP or a debugger; it will follow when it continues
   ended,         ///< before it answered
   silent,        ///< no answer in time
-  unseen,        ///< the event was set, but its page cannot be read, so what it did is not known
+  unseen,        ///< the event was set, but its page cannot be read, so the outcome is unknown
   unreached,     ///< the event could not be set for it
 };
 
-/// What became of one process.
+/// The outcome for one process.
 struct Answer {
-  RunningProcess process;  ///< with the latest page that was read
+  RunningProcess process;  ///< with its latest page
   Outcome outcome = Outcome::silent;
-  double milliseconds = 0;              ///< from the setting of the event until the answer was seen
-  std::vector<std::string> switchedOn;  ///< logs of the process that are on since
+  double milliseconds = 0;              ///< from setting the event to seeing the answer
+  std::vector<std::string> switchedOn;  ///< logs of the process
   std::vector<std::string> switchedOff;
-  std::string reason;  ///< for people; empty when there is nothing to add
+  std::string reason;  ///< for people; empty if there is nothing to add
 };
 
-/// A process that is to apply its class list again.
+/// A process that shall apply its class list again.
 struct Addressee {
   RunningProcess process;
-  /// Hash of the list that it is to have then; none: any will do.
+  /// The hash of the list that it shall have then; no value: any.
   std::optional<std::uint64_t> hash;
 };
 
 struct PlaceResult {
   toolsystem::EventPlace place;
   platform::ErrorCode error = platform::noError;
-  int reached = 0;  ///< processes that are known to listen there
+  int reached = 0;  ///< processes known to listen there
 };
 
 struct Acknowledgement {
   std::vector<PlaceResult> places;
-  std::vector<Answer> answers;  ///< one for each addressee, in their order
+  std::vector<Answer> answers;  ///< one per addressee, in their order
   bool wasInterrupted = false;
 };
 
-/// Sets the event in all places and waits for the addressees, at most so long. Returns as soon as nothing more is to be
-/// expected: a process that is stopped, does not listen or has no page keeps nobody waiting. A listener that had read
-/// the list before it was written absorbs the setting, so the event is set again until it has the expected list.
+/// Sets the event in all places and waits at most _wait for the addressees. Returns as soon as no further answer can
+/// come: it does not wait for a process that is stopped, does not listen or has no page. A listener that had just read
+/// the old list absorbs the setting, so the event is set again until the listener has the expected list. An end request
+/// (end_request.h) ends the wait.
 Acknowledgement signalAndAwait(const std::vector<toolsystem::EventPlace>& _places, const std::string& _event,
                                const std::vector<Addressee>& _addressees, std::chrono::milliseconds _wait);
 
-/// "applied", "failed", "not listening" ... as it is shown.
+/// The outcome as it is shown: "applied", "failed", "not listening" ...
 std::string_view outcomeName(Outcome _outcome);
 
 }  // namespace qmrkctl

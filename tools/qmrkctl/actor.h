@@ -7,11 +7,10 @@
 
 namespace qmrkctl {
 
-/// Who runs this program, for records: the user, and where they are known the one who called sudo and the one who
-/// logged in.
+/// Who runs this program, for records: the user and, where known, the user who called sudo and the one who logged in.
 Json actorJson();
 
-/// The same in one text: "root (sudo by anna)".
+/// The user and the caller of sudo as one text: "root (sudo by anna)".
 std::string actorText();
 
 }  // namespace qmrkctl

@@ -12,17 +12,17 @@ namespace qmrkctl {
 /// "user root: reached 2", "user app: denied", "user other: none".
 std::string placeLine(const PlaceResult& _place);
 
-/// The line of a process: pid, application, user, what became of it, what changed, milliseconds.
+/// The line of a process: pid, application, user, outcome, changes, milliseconds.
 std::string answerLine(const Answer& _answer);
 
 Json placeJson(const PlaceResult& _place);
 Json answerJson(const Answer& _answer);
 
-/// Shows the places and the answers, and puts both into the result, under "places" and "answers".
+/// Prints the places and the answers, and adds both to the result as "places" and "answers".
 void reportAcknowledgement(const Acknowledgement& _acknowledgement, Report& _report);
 
-/// The exit code that the answers mean.
-/// @param _isEverybodyNeeded whether a process that does not listen, or whose answer cannot be seen, counts as missing.
+/// The exit code for the answers.
+/// @param _isEverybodyNeeded whether a process counts as missing that does not listen or whose answer cannot be seen.
 int exitCodeOf(const Acknowledgement& _acknowledgement, bool _isEverybodyNeeded);
 
 }  // namespace qmrkctl

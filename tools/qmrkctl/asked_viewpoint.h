@@ -8,9 +8,9 @@
 
 namespace qmrkctl {
 
-/// The viewpoint that the options name: a user, a process, the first process of an application, or the running user.
-/// What stands in the way is told on standard error.
-/// @param _exitCode receives the code to end with when there is no value.
+/// The viewpoint that the options name: a process, the first process of an application, a user, or the current user.
+/// Without one, reports the reason on standard error.
+/// @param _exitCode receives the exit code if there is no value; otherwise untouched.
 std::optional<Viewpoint> askedViewpoint(const Options& _options, int& _exitCode);
 
 }  // namespace qmrkctl

@@ -8,7 +8,7 @@
 
 namespace qmrkctl {
 
-/// How a configuration came to its CA, in words: "CA GE (the built-in default), redirected to CA12".
+/// How a configuration arrived at its CA, in words: "CA GE (the built-in default), redirected to CA12".
 std::string caText(const Configuration& _configuration);
 
 /// The same as an object: asked, origin, inEffect, files, fallenBack, wouldBeGenerated.

@@ -8,20 +8,20 @@
 
 namespace qmrkctl {
 
-/// An entry of a class list, as the library takes it, with its place.
+/// An entry of a class list, as the library reads it, with its place.
 struct ClassEntry {
   std::string pattern;
-  std::size_t begin = 0;     ///< position of its first character in the text; of its ";" when it is empty
-  bool isOverLines = false;  ///< pieces of several lines are joined in it
+  std::size_t begin = 0;     ///< byte position of its first character; of its ";" if it is empty
+  bool isOverLines = false;  ///< it joins pieces of several lines
 };
 
-/// The entries of the text of an .init file: line ends separate nothing, and a missing last ";" is added.
+/// The entries of the text of an .init file. Line ends separate nothing; a missing last ";" is added.
 std::vector<ClassEntry> enabledClasses(std::string_view _text);
 
-/// The entries of a filter: what follows the last ";" is dropped.
+/// The entries of a filter. What follows the last ";" is dropped.
 std::vector<ClassEntry> filterClasses(std::string_view _value);
 
-/// Whether there is a log that both patterns select.
+/// Whether both patterns select some log in common.
 bool selectACommonLog(std::string_view _one, std::string_view _other);
 
 /// Whether a pattern selects a log.

@@ -11,44 +11,48 @@
 
 namespace qmrkctl {
 
-/// The class list of a CA, and what lies beside it: <CA>.lease, <CA>.history and <CA>.lock.
+/// The class list of a CA and the files beside it: <CA>.lease, <CA>.history and <CA>.lock. Paths have either separator.
 struct ClassListPlace {
   std::string ca;
-  std::string path;     ///< of the list, in the library's form, as applications know it
-  std::string reached;  ///< the same as this program reaches it
+  std::string path;     ///< of the list, in the library's form, as applications name it
+  std::string reached;  ///< of the list, as this program reaches it
   std::string lease;
   std::string history;
   std::string lock;
 };
 
-/// @return no value when the CA has no list of its own, as "GE" without a redirection.
+/// The place of the class list of a configuration.
+/// @return no value if the CA has no list of its own, such as "GE" without a redirection.
 std::optional<ClassListPlace> classListPlace(const Viewpoint& _viewpoint, const Configuration& _configuration);
 
-/// The place of the CA to which a list belongs, by the path of its file; no value: no list has such a name.
+/// The place of a list, from the path of its file.
+/// @return no value if no list can have that name.
 std::optional<ClassListPlace> classListPlaceOf(const std::string& _reachedPath);
 
-/// What a list and its leases are at a moment. Bytes as they stand in the file.
+/// A list and its leases at one moment. The list is kept byte for byte.
 struct ClassListState {
   bool exists = false;
   std::string list;
   std::vector<Lease> leases;
 };
 
-/// @return no value when the list is there and cannot be read.
+/// Reads a list and its leases; a missing list is empty.
+/// @return no value if the list exists but cannot be read. Leases that cannot be read count as none.
 std::optional<ClassListState> readClassList(const ClassListPlace& _place);
 
-/// Writes the leases and then the list, those that changed. To be called with the lock.
+/// Writes the leases, then the list, each only if it changed. Call it with the lock held.
+/// @return no value on success. If the leases cannot be written, the list is untouched.
 std::optional<toolsystem::FileFailure> writeClassList(const ClassListPlace& _place, const ClassListState& _before,
                                                       const ClassListState& _after);
 
-/// The same in the other order, for what ends leases.
+/// Writes the list first, then the leases: for ending leases. If the list cannot be written, the leases are untouched.
 std::optional<toolsystem::FileFailure> writeSweptList(const ClassListPlace& _place, const ClassListState& _before,
                                                       const ClassListState& _after);
 
-/// The text as applications read it: CR LF becomes LF.
+/// The text as applications read it, with LF for CR LF.
 std::string withoutCarriageReturns(const std::string& _bytes);
 
-/// The hash by which processes tell which list they have applied.
+/// The hash by which a process reports which list it has applied.
 std::uint64_t classListHash(const std::string& _bytes);
 
 }  // namespace qmrkctl

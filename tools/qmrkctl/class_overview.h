@@ -5,8 +5,8 @@
 
 namespace qmrkctl {
 
-/// All classes that are known of a CA: those of its list, of its filter, of running applications and of the lines of
-/// the common log.
+/// Lists all known classes of a CA: from its class list, its filter, running applications and the lines of the common
+/// log.
 /// @return the exit code.
 int listClasses(const Options& _options, Report& _report);
 

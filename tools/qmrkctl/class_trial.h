@@ -5,8 +5,8 @@
 
 namespace qmrkctl {
 
-/// Switches classes on for the duration of the request, measures how many lines and bytes they log meanwhile, and takes
-/// them off again: also after Ctrl-C, and by their lease when this program is killed.
+/// Switches classes on for the request's duration, counts the lines and bytes that they log meanwhile, and switches
+/// them off again, even after Ctrl-C; if this program is killed, their lease does it.
 /// @return the exit code.
 int tryClasses(const ChangeRequest& _request, const Options& _options, Report& _report);
 

@@ -11,16 +11,16 @@
 
 namespace qmrkctl {
 
-/// What a command does once the whole command line has been read: tells by the report, and returns the exit code.
+/// Runs a command once the whole command line has been read. Reports its results and returns the exit code.
 using Action = std::function<int(const Options&, Report&)>;
 
-/// The command that the command line chose.
+/// The command chosen on the command line.
 struct Choice {
-  std::string schema;  ///< of its JSON, "classes" for qmrkctl.classes/1
+  std::string schema;  ///< of its JSON: "classes" for qmrkctl.classes/1
   Action action;
 };
 
-/// Adds a command to the program. Its options live in the callback, which puts the action into the choice.
+/// Adds a command to the program. Its options live in its callback, which stores the action in the choice.
 using AddCommand = void (*)(CLI::App&, Choice&);
 
 }  // namespace qmrkctl

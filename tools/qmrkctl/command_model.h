@@ -8,33 +8,33 @@
 
 namespace qmrkctl {
 
-/// Something that may stand on a command line: a command, an option, or a value out of a fixed set.
+/// A word of a command line: a command, an option, or a value from a fixed set.
 struct WordModel {
   std::string word;
   std::string description;
 };
 
-/// What may follow the words that lead to a command.
+/// The words that may follow a command.
 struct PlaceModel {
   std::string path;  ///< "qmrkctl classes"
   std::vector<std::string> commands;
   std::vector<WordModel> words;  ///< the commands among them
 };
 
-/// What may follow an option that takes a value.
+/// The values that may follow an option.
 struct ValueModel {
   std::vector<std::string> names;    ///< of the option, with their dashes: "-n", "--lines"
   std::vector<std::string> choices;  ///< empty: any value
 };
 
-/// A program as shells complete it.
+/// A program as a shell completes it.
 struct CommandModel {
   std::string name;
   std::vector<PlaceModel> places;
   std::vector<ValueModel> values;
 };
 
-/// What the definitions of a program say. The options of the program count behind each of its commands, too.
+/// The model of a program, from its definitions. The program's own options may follow each command, too.
 CommandModel commandModel(const CLI::App& _program);
 
 }  // namespace qmrkctl

@@ -13,43 +13,43 @@ namespace qmrkctl {
 
 enum class Style { plain, good, bad, doubtful, faint, strong };
 
-/// What a command tells: its results on standard output, as text or, with --json, as one object at its end; its
-/// messages on standard error. Texts of a result that come from outside are passed through shown() by who makes the
-/// line. For one thread.
+/// What a command reports: results on standard output, as text or, with --json, as one object at the end; messages on
+/// standard error. The caller passes text from outside through shown(), except in findings. For one thread.
 class Report {
  public:
+  /// @param _options must outlive the report.
   explicit Report(const Options& _options);
 
-  /// Adds a line, given without its line end, to the result in text form. Nothing is shown with --json or --quiet.
+  /// Prints a line of the result, given without its line end; nothing with --json or --quiet.
   void line(std::string_view _text);
 
   /// The same, only with --verbose.
   void detail(std::string_view _text);
 
-  /// Bytes of the result in text form as they are, for logs that are passed on.
+  /// Prints bytes of the result as they are, for lines of logs; nothing with --json or --quiet.
   void bytes(std::string_view _text);
 
-  /// A line on standard error, which begins with "qmrkctl: ". Shown with every option.
+  /// Prints "qmrkctl: " and a line on standard error, whatever the options are.
   static void message(std::string_view _text);
 
-  /// Records a finding and shows it in text form.
+  /// Records a finding for the object and prints it as text.
   void add(const Finding& _finding);
 
-  /// The text between escape sequences of its style, where the result goes to a terminal or colour is asked for.
+  /// The text with the escape sequences of its style, if the result goes to a terminal or colour was requested.
   std::string painted(std::string_view _text, Style _style) const;
 
   const std::vector<Finding>& findings() const { return findings_; }
 
-  /// What the key "result" holds with --json.
+  /// The value of the key "result".
   Json& result() { return result_; }
 
-  /// Whether results can still be written; false when the reader of the pipe has gone or the disk is full.
+  /// Whether results can still be written: false once the pipe's reader has gone or the disk is full.
   bool isWritable() const { return writeError_ == 0; }
 
-  /// Writes what is left, with --json the object.
+  /// Ends the report: with --json, prints the object.
   /// @param _command as in its schema, like "classes".
-  /// @return the exit code to end with: _exitCode, or exitInternal when the results could not be written and their
-  ///   reader is still there.
+  /// @return the exit code: _exitCode, or exitInternal if the results could not be written although their reader is
+  ///   still there.
   int finish(std::string_view _command, int _exitCode);
 
  private:

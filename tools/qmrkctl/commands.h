@@ -8,12 +8,15 @@
 namespace qmrkctl {
 
 /// Adds the options that every command has.
+/// @param _options receives them when the command line is parsed; must outlive the program.
 void addOptions(CLI::App& _program, Options& _options);
 
-/// Adds all commands. Whatever needs their definitions, like completion, builds the program by these two functions.
+/// Adds all commands. Whatever needs their definitions, such as completion, builds the program with these two
+/// functions.
+/// @param _choice receives the command that parsing chooses; must outlive the program.
 void addCommands(CLI::App& _program, Choice& _choice);
 
-// Each is in the file of its name.
+// Each is in the source named for it.
 void addAppsCommand(CLI::App& _program, Choice& _choice);
 void addBundleCommand(CLI::App& _program, Choice& _choice);
 void addCheckCommand(CLI::App& _program, Choice& _choice);

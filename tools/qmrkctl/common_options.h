@@ -10,13 +10,13 @@ enum class ColorMode { automatic, always, never };
 
 enum class Verbosity { quiet, normal, verbose };
 
-/// What is asked of every command, by options that may stand before or after its name.
+/// The options that every command accepts, before or after its name.
 struct Options {
   std::string ca;    ///< empty: the default CA
   std::string user;  ///< empty: the running user
   bool allUsers = false;
   std::optional<int> pid;
-  std::string app;  ///< name of an application; empty: any
+  std::string app;  ///< an application's name; empty: any
   bool json = false;
   ColorMode color = ColorMode::automatic;
   Verbosity verbosity = Verbosity::normal;

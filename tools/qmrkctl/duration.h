@@ -8,14 +8,14 @@
 
 namespace qmrkctl {
 
-/// Reads a duration such as "500ms", "20s", "20m", "2h" or "1d"; a number alone counts seconds.
-/// @return no value for any other text, and for more than 10 years.
+/// Parses a duration such as "500ms", "20s", "20m", "2h" or "1d"; a bare number means seconds.
+/// @return no value for any other text, or for more than 10 years.
 std::optional<std::chrono::milliseconds> parseDuration(std::string_view _text);
 
-/// The same form, in the largest unit of which it is a multiple.
+/// The reverse, in the largest unit that divides it evenly; "0s" for none.
 std::string durationText(std::chrono::milliseconds _duration);
 
-/// Told by the command line where a text is no duration.
+/// The end of the message about a text that is no duration.
 constexpr const char* durationHint = "is no duration, such as 500ms, 20s, 20m, 2h or 1d";
 
 }  // namespace qmrkctl

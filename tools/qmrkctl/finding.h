@@ -10,7 +10,7 @@ namespace qmrkctl {
 
 enum class Severity { error, warning, note };
 
-/// Something that is wrong or remarkable, with its place.
+/// Something wrong or remarkable, with its place.
 struct Finding {
   std::string code;  ///< "Q301"; "qmrkctl explain" knows each
   Severity severity = Severity::error;
@@ -25,11 +25,11 @@ struct Finding {
 /// "error", "warning" or "note".
 std::string_view severityName(Severity _severity);
 
-/// "error Q301 FILE:LINE:COLUMN TEXT", then "effect:" and "fix:", each on an indented line of its own. What is absent
-/// is left out; nothing in it can steer a terminal. Ends with a line end.
+/// "error Q301 FILE:LINE:COLUMN TEXT", then "effect:" and "fix:" on indented lines. Leaves out what is absent, escapes
+/// what could control a terminal, and ends with a line end.
 std::string findingText(const Finding& _finding);
 
-/// The finding as an object of JSON; an absent place is an absent key.
+/// The finding as a JSON object, without keys for what is absent.
 Json findingJson(const Finding& _finding);
 
 }  // namespace qmrkctl

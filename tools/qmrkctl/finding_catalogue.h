@@ -9,21 +9,21 @@
 
 namespace qmrkctl {
 
-/// What is known about a code, for "explain" and for findings that have nothing more to say.
+/// What is known about a code, for "explain" and for findings that add nothing of their own.
 struct FindingKind {
   std::string_view code;
   Severity severity;
   std::string_view meaning;  ///< a heading: what is wrong
-  std::string_view effect;   ///< what the library then does
+  std::string_view effect;   ///< what the library does then
   std::string_view fix;
-  std::string_view example;  ///< how it looks
+  std::string_view example;  ///< what it looks like
 };
 
-/// All codes, in their order. Hundreds: 1 bytes, 2 finding and redirection, 3 keys and values, 4 class lists, 5 folders
+/// All codes, sorted. Hundreds: 1 bytes, 2 finding files and redirection, 3 keys and values, 4 class lists, 5 folders
 /// and rights, 6 processes, 7 environment and session.
 std::span<const FindingKind> findingCatalogue();
 
-/// The kind of a code; null when there is none.
+/// The kind of a code; null if there is none.
 const FindingKind* findingKind(std::string_view _code);
 
 // The codes of each hundred, beside the check that finds them.
@@ -33,9 +33,9 @@ std::span<const FindingKind> keyKinds();
 std::span<const FindingKind> classListKinds();
 std::span<const FindingKind> folderKinds();
 std::span<const FindingKind> processKinds();
-std::span<const FindingKind> environmentKinds();  // Q701 to Q709
+std::span<const FindingKind> environmentKinds();
 
-/// What the catalogue says of the effect of a code, which must exist.
+/// The effect of a code in the catalogue. Throws std::invalid_argument for an unknown code.
 std::string findingEffect(std::string_view _code);
 
 /// Where a finding is.
@@ -45,8 +45,8 @@ struct FindingPlace {
   int column = 0;
 };
 
-/// A finding of a code of the catalogue, with its severity; effect and fix are the catalogue's where they are empty.
-/// The code must exist.
+/// A finding with the severity of its code. If effect or fix is empty, the catalogue's takes its place. Throws
+/// std::invalid_argument for an unknown code.
 Finding findingOf(std::string_view _code, const FindingPlace& _place, const std::string& _text,
                   const std::string& _fix = "", const std::string& _effect = "");
 

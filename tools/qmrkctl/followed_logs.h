@@ -8,7 +8,7 @@
 
 namespace qmrkctl {
 
-/// The names of the logs of the applications that follow a class list; none when some are not known.
+/// The names of all logs of the applications that follow a class list; none if some of them are unknown.
 /// @param _initPath in the library's form, as the applications see it.
 std::vector<std::string> logsThatFollow(const std::vector<RunningProcess>& _processes, const std::string& _initPath);
 

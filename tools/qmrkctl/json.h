@@ -5,7 +5,7 @@
 
 namespace qmrkctl {
 
-/// Keys stay in the order in which they were added, for people who read the result.
+/// Keys keep the order in which they were added, for people who read the result.
 using Json = nlohmann::ordered_json;
 
 }  // namespace qmrkctl

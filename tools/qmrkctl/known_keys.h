@@ -8,13 +8,13 @@
 
 namespace qmrkctl {
 
-/// A key of a .cfg file, and what counts without it.
+/// A key of a .cfg file, and the value that applies without it.
 struct KnownKey {
   std::string_view key;
   std::string_view defaultValue;
 };
 
-/// All keys of the library.
+/// All keys that the library reads.
 inline constexpr std::array<KnownKey, 12> knownKeys = {{
     {Quillmark_logging::CA_NR, ""},
     {Quillmark_logging::REDIRECT_CA_NR, ""},

@@ -11,18 +11,18 @@
 
 namespace qmrkctl {
 
-/// Classes that are on for a time only.
+/// Classes that are switched on for a limited time.
 struct Lease {
-  std::vector<std::string> classes;  ///< those that it added to the list
+  std::vector<std::string> classes;  ///< those that the lease added to the list
   std::int64_t since = 0;            ///< milliseconds since 1970
   std::int64_t until = 0;            ///< the same
-  std::string bootId;                ///< of the system's start during which it began; empty: unknown
-  std::int64_t untilUptime = 0;      ///< milliseconds after that start
+  std::string bootId;                ///< of the boot during which it began; empty: unknown
+  std::int64_t untilUptime = 0;      ///< its end in milliseconds after that boot
   std::string who;
   std::string reason;
 };
 
-/// What the clocks say.
+/// The clocks at one moment.
 struct Clocks {
   std::int64_t wall = 0;  ///< milliseconds since 1970
   toolsystem::BootTime boot;
@@ -30,35 +30,35 @@ struct Clocks {
 
 Clocks clocksNow();
 
-/// A lease that begins now.
+/// A lease that begins at that moment, without who and reason.
 Lease leaseOf(const std::vector<std::string>& _classes, std::chrono::milliseconds _duration, const Clocks& _now);
 
-/// Whether its time is over. Until the system is started again that is decided by the time since its start, which does
-/// not jump when somebody sets the clock; afterwards by the clock. One that then shows a time before the lease began is
-/// not trusted, and the lease is over.
+/// Whether the lease has expired. Until the next boot, the time since boot decides, which does not jump when somebody
+/// sets the clock; afterwards the clock does. If the clock then shows a time before the lease began, it is wrong, and
+/// the lease has expired.
 bool isOver(const Lease& _lease, const Clocks& _now);
 
-/// How long it still has; 0 when it is over.
+/// The time it has left; 0 if it has expired.
 std::chrono::milliseconds timeLeft(const Lease& _lease, const Clocks& _now);
 
-/// The text of the file of leases.
+/// The text of a file of leases (JSON).
 std::string leasesText(const std::vector<Lease>& _leases);
 
-/// Reads such a text. What is no lease in it is left out; a text that is none at all has no leases.
+/// Reads such a text. Skips entries that are no leases; any other text has none.
 std::vector<Lease> parseLeases(std::string_view _text);
 
-/// What is left of a class list and its leases when those that are over have ended.
+/// A class list and its leases after the expired leases have ended.
 struct Swept {
   std::string list;
   std::vector<Lease> leases;
-  std::vector<std::string> ended;  ///< the classes that went off
+  std::vector<std::string> ended;  ///< the classes switched off
 };
 
-/// Ends the leases that are over: takes each of their classes off the list once, unless another lease still has it. A
-/// class that is no longer on the list has been switched off by somebody else, and its lease forgets it.
+/// Ends the expired leases: removes each of their classes from the list once, unless another lease still has it. A
+/// class that is no longer on the list was switched off by somebody else, so its lease drops it.
 Swept sweep(const std::string& _list, const std::vector<Lease>& _leases, const Clocks& _now);
 
-/// The leases without these classes, which somebody has switched on or off for good.
+/// The leases without these classes, which somebody has switched on or off for good. Drops empty leases.
 std::vector<Lease> withoutLeased(std::vector<Lease> _leases, const std::vector<std::string>& _classes);
 
 }  // namespace qmrkctl

@@ -11,23 +11,24 @@
 
 namespace qmrkctl {
 
-/// The class lists of a viewpoint that have leases.
+/// The viewpoint's class lists that have a file of leases, in the order of their CAs.
 std::vector<ClassListPlace> listsWithLeases(const Viewpoint& _viewpoint);
 
 /// What a sweep did with one list.
 struct SweptList {
   ClassListPlace place;
-  std::vector<std::string> ended;  ///< classes that went off
+  std::vector<std::string> ended;  ///< the classes switched off
   Acknowledgement acknowledgement;
   std::optional<toolsystem::FileFailure> failure;
 };
 
-/// Ends the leases of a list that are over, and lets its applications know.
-/// @param _wait for their answers.
-/// @return no value when there was nothing to do, or somebody else is changing the list.
+/// Ends the expired leases of a list and makes its applications apply it. Records that in the history.
+/// @param _wait how long to wait for their answers.
+/// @return no value if there was nothing to do, the list cannot be read, or somebody else is changing it.
 std::optional<SweptList> sweepList(const ClassListPlace& _place, std::chrono::milliseconds _wait);
 
-/// What every command does before its own work, as far as it may: no word, and no wait for answers.
+/// The sweep that every command makes first, as far as its rights go: prints nothing, waits for no answer, and ignores
+/// failures.
 void sweepInPassing();
 
 }  // namespace qmrkctl

@@ -10,32 +10,33 @@
 
 namespace qmrkctl {
 
-/// What came into a log.
+/// What was written to a log.
 struct LineCount {
-  std::map<std::string, int> byClass;           ///< lines, by the name of the log in front of them
+  std::map<std::string, int> byClass;           ///< lines, by the class at their beginning
   std::map<std::string, std::int64_t> bytesBy;  ///< the same in bytes
 };
 
-/// The name in front of a line of the default set-up, "[name] ..."; empty: it has none.
+/// The class at the beginning of a line of the default set-up, "[name] ..."; empty if there is none.
 std::string_view classOfLine(std::string_view _line);
 
-/// Counts the lines of a log, from its end on. Follows it when it is removed or rotated.
+/// Counts the lines added to a log after the construction. Follows the log when it is removed or rotated. For one
+/// thread.
 class LoggedLines {
  public:
-  /// @param _path with separators of either kind; it need not be there yet.
+  /// @param _path with separators of either kind; the file need not exist yet.
   explicit LoggedLines(const std::string& _path);
 
-  /// So many bytes back from where it is.
+  /// Moves back by that many bytes, at most to the beginning of the file.
   void goBack(std::int64_t _bytes);
 
-  /// The whole lines that came since the last call.
+  /// The complete lines since the last call. Lines without a class are not counted, nor those longer than 1 MiB.
   LineCount newLines();
 
  private:
   std::string path_;
   toolsystem::LogFile file_;
   std::int64_t place_ = 0;
-  std::string begun_;  ///< of a line that is not whole yet
+  std::string begun_;  ///< of a line that is not complete yet
 };
 
 }  // namespace qmrkctl

@@ -3,7 +3,7 @@
 
 namespace qmrkctl {
 
-/// The whole program. It is compiled together with the commands.
+/// The whole program.
 /// @param _argv as main() gets it.
 /// @return the exit code of the process.
 int runProgram(int _argc, char** _argv);

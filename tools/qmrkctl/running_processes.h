@@ -12,12 +12,12 @@
 
 namespace qmrkctl {
 
-/// A process that has the library loaded, and what it shows of its logging.
+/// A process that has loaded the library, and what it shows of its logging.
 struct RunningProcess {
   toolsystem::ProcessFacts facts;
-  /// The names that it gave to initDefaultLogs, with ", " between them; the name of its program when there is none.
+  /// The names that it gave to initDefaultLogs, separated by ", "; the name of its program if there are none.
   std::string application;
-  /// Its status page; none: there is no page, it cannot be read, or the process was stopped while it wrote it.
+  /// Its status page; no value: there is none, it cannot be read, or the process was stopped while writing it.
   std::optional<ProcessStatus> status;
 
   std::uint32_t pid() const { return facts.pid; }
@@ -26,25 +26,25 @@ struct RunningProcess {
 /// Which processes are wanted.
 struct ProcessQuery {
   std::optional<std::uint32_t> pid;
-  std::string user;  ///< name or number; empty: the running user unless allUsers
+  std::string user;  ///< name or number; empty: the current user, unless allUsers
   bool allUsers = false;
   std::string application;  ///< empty: any
 };
 
-/// As the options of the command line say.
+/// The query that the options of the command line express.
 ProcessQuery queryOf(const Options& _options);
 
 struct RunningProcesses {
   std::vector<RunningProcess> found;  ///< in the order of their ids
-  /// Those of other users that have the library but were not wanted. Where they cannot be looked at, only those that
-  /// listen count.
+  /// How many processes of other users have the library but are not wanted. Where the caller cannot examine them, only
+  /// those that listen are counted.
   std::size_t ofOthers = 0;
 };
 
 /// Finds running processes and reads their pages.
 RunningProcesses runningProcesses(const ProcessQuery& _query);
 
-/// Whether a listener of the process waits for the event of that name, as far as can be seen.
+/// Whether a listener of the process waits for the event of that name, as far as the caller can see.
 bool listensTo(const RunningProcess& _process, const std::string& _event);
 
 }  // namespace qmrkctl

@@ -8,13 +8,13 @@
 
 namespace qmrkctl {
 
-/// The JSON Schema of the key "result" of a command, the text of the file schemas/<name>.json.
+/// The JSON Schema of a command's key "result": the text of schemas/<name>.json.
 struct ResultSchema {
   std::string_view name;
   std::string_view text;
 };
 
-/// All of them, by name.
+/// All schemas, sorted by name; valid as long as the program.
 const std::vector<ResultSchema>& resultSchemas();
 
 /// The JSON Schema (draft 2020-12) of the whole object that a command prints with --json.

@@ -7,8 +7,8 @@
 
 namespace qmrkctl {
 
-// The text of a script that completes the words of a program, for each shell: its commands, their options, and the
-// values of options that have a fixed set. Where anything may stand, the shell offers the names of files.
+// The completion script of a program, for each shell: it completes commands, their options, and the values of options
+// that have a fixed set. Anywhere else the shell offers file names.
 
 std::string bashCompletion(const CommandModel& _program);
 std::string zshCompletion(const CommandModel& _program);

@@ -13,26 +13,29 @@
 
 namespace qmrkctl {
 
-// Which processes a command steers, and where.
+// Which processes a command addresses, and where their events are.
 
-/// Without a choice root means everybody, since the listeners of a machine are daemons of other users.
+/// The processes that the options name. If they name none, root addresses those of every user, because most listeners
+/// are daemons of other users.
 ProcessQuery steeredProcesses(const Options& _options);
 
-/// Whether there is a user of that name, or the name is a number, which any process may have.
+/// Whether a user has that name. Any number will do, since a process can run under an id that has no name.
 bool isKnownUser(const std::string& _user);
 
-/// Where the events of the processes are, and those of the users who were asked for.
+/// Where the events of the processes are, and those of the users that the query names.
+/// @param _session of Windows; no value: the caller's, and the events that all sessions share.
 std::vector<toolsystem::EventPlace> placesOf(const ProcessQuery& _query, const std::vector<RunningProcess>& _processes,
                                              std::optional<int> _session = std::nullopt);
 
-/// Of the class list that a process would read now; no value where it cannot be told.
+/// The hash of the class list that the process names on its page, as it is now; no value if it is unknown.
 std::optional<std::uint64_t> hashOfList(const RunningProcess& _process);
 
-/// The path by which this program reaches what the process sees at a path of the library's form.
+/// The path, in the system's form, by which this program reaches a file of the process.
+/// @param _path in the library's form.
 std::string reachedPathOf(const RunningProcess& _process, const std::string& _path);
 
-/// Whether a process applies that class list when its event is set, as far as its page tells.
-/// @param _configurations what was read for other processes, which may share it.
+/// Whether a process applies that class list when its event is set, as far as its page says; false without a page.
+/// @param _configurations receives what has to be read, for later calls.
 bool follows(const RunningProcess& _process, const ClassListPlace& _place, ProcessConfigurations& _configurations);
 
 }  // namespace qmrkctl

@@ -6,7 +6,8 @@
 
 namespace qmrkctl {
 
-/// Rows as lines, without line ends: each column as wide as its widest text, two blanks between them, none at the end.
+/// The rows as lines without line ends: columns as wide as their widest text (in UTF-8 characters), two blanks between
+/// them, no trailing blanks.
 std::vector<std::string> tableLines(const std::vector<std::vector<std::string>>& _rows);
 
 }  // namespace qmrkctl

@@ -7,7 +7,7 @@
 
 namespace qmrkctl {
 
-/// A place in a text, as people count: both from 1, the column in bytes.
+/// A place in a text, counted from 1; the column counts bytes.
 struct TextPlace {
   int line = 1;
   int column = 1;
@@ -19,7 +19,7 @@ class TextPlaces {
   /// @param _text is not kept.
   explicit TextPlaces(std::string_view _text);
 
-  /// The place of a position; one behind the end is the end.
+  /// The place of a byte position, which may be the end of the text.
   TextPlace of(std::size_t _position) const;
 
  private:

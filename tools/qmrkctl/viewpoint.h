@@ -12,45 +12,46 @@
 
 namespace qmrkctl {
 
-/// With whose eyes the machine is looked at. Paths are in the library's form (with backslashes) and as the viewpoint
-/// itself writes them; only the functions below go through its root.
+/// A user or process through whose eyes the machine is examined. Paths are in the library's form (with backslashes), as
+/// the viewpoint itself names them; only the functions below add its root.
 struct Viewpoint {
   toolsystem::Account account;
   toolsystem::Environment environment;
-  std::string root;  ///< where its files are reached: "/proc/PID/root" for a process that sees others, else ""
+  std::string root;  ///< where this program reaches its files: "/proc/PID/root" if they are others, else ""
 };
 
-/// The running user, with this program's environment.
+/// The current user, with this program's environment.
 Viewpoint ownViewpoint();
 
-/// A user by name or number. The environment of his sessions is not known: it has HOME, and those variables of this
-/// program that move folders of the machine. No value: there is no such user.
+/// A user by name or number. The environment of the user's sessions is unknown, so it holds only HOME and those
+/// variables of this program that move the machine's folders.
+/// @return no value if there is no such user.
 std::optional<Viewpoint> viewpointOfUser(const std::string& _user);
 
-/// A running process. Without the permission to read its environment it has that of viewpointOfUser. No value: there is
-/// no such process.
+/// A running process. If its environment cannot be read, that of viewpointOfUser takes its place.
+/// @return no value if there is no such process.
 std::optional<Viewpoint> viewpointOfProcess(int _pid);
 
-/// A base folder, found as the library finds it in a process of the viewpoint.
-/// @param _path in the form in which the library holds it; untouched on failure.
+/// Finds a base folder as the library would in a process of the viewpoint.
+/// @param _path receives it in the library's form; untouched on failure.
 bool baseFolder(const Viewpoint& _viewpoint, platform::ShellFolder _folder, std::string& _path);
 
-/// The path in the system's form by which this program reaches a file of the viewpoint.
+/// The path, in the system's form, by which this program reaches a file of the viewpoint.
 std::string reachedPath(const Viewpoint& _viewpoint, const std::string& _path);
 
-/// What stands at a path, links followed, as this program sees it.
+/// What is at a path, as this program sees it. Follows links.
 toolsystem::PathFacts factsOf(const Viewpoint& _viewpoint, const std::string& _path);
 
-/// The folder above; empty where there is none.
+/// The path without its last part; empty if it has only one.
 std::string parentOf(const std::string& _path);
 
-/// The path itself, or the nearest folder above it that is there.
+/// The path itself or, if it is missing, the nearest existing folder above it.
 std::string existingPart(const Viewpoint& _viewpoint, std::string _path);
 
-/// What the user of the viewpoint may do with a file or folder.
+/// What the viewpoint's user may do with a file or folder.
 toolsystem::PathRights rightsOn(const Viewpoint& _viewpoint, const std::string& _path);
 
-/// The same for many paths at once, which costs hardly more than for one.
+/// The same for many paths, in their order, at hardly more cost than for one.
 std::vector<toolsystem::PathRights> rightsOn(const Viewpoint& _viewpoint, const std::vector<std::string>& _paths);
 
 bool mayRead(const Viewpoint& _viewpoint, const std::string& _path);

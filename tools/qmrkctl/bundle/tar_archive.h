@@ -7,20 +7,20 @@
 
 namespace qmrkctl {
 
-/// An archive of files in the format ustar (POSIX.1-1988), in memory.
+/// An archive in ustar format (POSIX.1-1988), in memory.
 class TarArchive {
  public:
-  /// The longest name of a file, in bytes.
+  /// The longest file name, in bytes.
   static constexpr std::size_t longestName = 99;
 
-  /// @param _seconds since 1970 (UTC): the time that all files have.
+  /// @param _seconds since 1970 (UTC): the time stamp of all files.
   explicit TarArchive(std::int64_t _seconds) : seconds_(_seconds) {}
 
   /// Adds a regular file with mode 0600.
-  /// @param _name with slashes; what is too long is cut.
+  /// @param _name with slashes; cut after longestName bytes.
   void add(std::string_view _name, std::string_view _bytes);
 
-  /// The whole archive with its end; nothing can be added to it.
+  /// The complete archive, with its end marker. Further files can still be added to the object.
   std::string bytes() const;
 
  private:
@@ -28,8 +28,8 @@ class TarArchive {
   std::string entries_;
 };
 
-/// The bytes in the format of gzip.
-/// @return empty when memory is short.
+/// The bytes in gzip format.
+/// @return empty if zlib fails.
 std::string gzipped(std::string_view _bytes);
 
 }  // namespace qmrkctl

@@ -13,43 +13,45 @@ namespace qmrkctl {
 
 using Findings = std::vector<Finding>;
 
-/// A place in a file, which is shown in the system's form.
+/// A place in a file, with the path in the system's form.
 FindingPlace placeIn(const ConfigurationFile& _file, TextPlace _place);
+/// A file or folder as a whole.
+/// @param _path in the library's form.
 FindingPlace placeOf(const std::string& _path);
 
 /// The text in double quotes.
 std::string inQuotes(std::string_view _text);
 
-// Each looks at one side of a configuration and adds what it finds. Nothing is changed.
+// Each examines one aspect of a configuration and adds its findings. None changes anything.
 
-/// What no editor shows: codes of the first hundred.
+/// Bytes that no editor shows: codes of the first hundred.
 void checkBytes(const ConfigurationFile& _file, FileRole _role, Findings& _findings);
 
-/// Which files are found: the second hundred.
+/// Which files are found, and why: the second hundred.
 void checkRedirection(const Viewpoint& _viewpoint, const Configuration& _configuration, Findings& _findings);
 
-/// Whether a file that is there can be read, of the second hundred too.
+/// Whether an existing file can be read: the second hundred, too.
 void checkUsable(const Viewpoint& _viewpoint, const ConfigurationFile& _file, FileRole _role, Findings& _findings);
 
-/// How keys are written, and which are there: the third hundred.
 enum class CfgUse {
   single,                  ///< the file of a CA
   genericWithRedirection,  ///< only REDIRECT_CA_NR is read
 };
+/// How keys are spelled, and which are missing: the third hundred.
 void checkKeys(const ConfigurationFile& _file, CfgUse _use, Findings& _findings);
 
-/// What the values of a file that is read are: the third hundred too.
+/// The values of the keys: the third hundred, too.
 void checkValues(const ConfigurationFile& _file, Findings& _findings);
 
 /// The filter of a .cfg file: the fourth hundred.
 void checkFilter(const ConfigurationFile& _cfg, Findings& _findings);
 
-/// A class list by itself, and with a filter and the logs of running applications, where they are known.
-/// @param _filter the .cfg file; null: not known.
+/// A class list alone, and against a filter and the logs of running applications, where known: the fourth hundred, too.
+/// @param _filter the .cfg file; null: unknown.
 void checkClassList(const ConfigurationFile& _init, const ConfigurationFile* _filter,
                     const std::vector<std::string>& _knownLogs, Findings& _findings);
 
-/// Folders, logs, their rights and the space for them: the fifth hundred.
+/// Folders and logs, their rights, and disk space: the fifth hundred.
 void checkFolders(const Viewpoint& _viewpoint, const Configuration& _configuration, Findings& _findings);
 
 /// The environment: the seventh hundred.

@@ -7,15 +7,15 @@
 
 namespace qmrkctl {
 
-/// The number of characters to insert, delete, replace or exchange with their neighbour that turns one text into the
-/// other (each place counts once).
+/// The fewest bytes to insert, delete, replace or swap with their neighbour that turn one text into the other. No place
+/// is edited twice.
 int editDistance(std::string_view _one, std::string_view _other);
 
-/// The known name that was probably meant: the same in another letter case or, failing that, the nearest, if it is near
-/// enough; empty when there is none.
+/// The known name that was probably meant: the same in another letter case, else the nearest, if at most a quarter of
+/// the longer one differs; empty if there is none, or the name has more than 64 bytes.
 std::string similarName(std::string_view _name, std::span<const std::string_view> _known);
 
-/// Whether two texts differ at most in the case of ASCII letters.
+/// Whether two texts are equal but for the case of ASCII letters.
 bool isSameIgnoringCase(std::string_view _one, std::string_view _other);
 
 }  // namespace qmrkctl

@@ -8,8 +8,8 @@
 
 namespace qmrkctl {
 
-/// What is wrong with the surroundings in which a process was started: its library, its environment.
-/// @param _own what the process finds; null: not known.
+/// Adds what is wrong with the surroundings of a process: the library it loaded, the environment it was started with.
+/// @param _own what the process finds; null: unknown.
 /// @param _session what a set-up in the caller's session would find.
 void checkProcessEnvironment(const RunningProcess& _process, const SeenConfiguration* _own,
                              const SeenConfiguration& _session, std::vector<Finding>& _findings);

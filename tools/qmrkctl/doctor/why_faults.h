@@ -7,13 +7,14 @@
 
 namespace qmrkctl {
 
-// Which of the faults of a configuration explains why a step fails. A fault says more than the step itself could: that
-// LOG_STATE is missing since the file is UTF-16, or that a class is off since two lines are joined. Null: none does.
+// Find the fault of the configuration that explains why a step fails. A fault says more than the step itself could:
+// that LOG_STATE is missing because the file is UTF-16, or that a class is off because two lines are joined. Null: none
+// explains it. The result points into the question.
 
-/// Why the .cfg file is not found or not read.
+/// Why the .cfg file is not found or cannot be read.
 const Finding* faultOfCfg(const WhyQuestion& _question);
 
-/// Why a key is missing or has another value than was meant.
+/// Why a key is missing or has an unintended value.
 const Finding* faultOfKey(const WhyQuestion& _question, std::string_view _key);
 
 const Finding* faultOfFolder(const WhyQuestion& _question);

@@ -8,7 +8,7 @@
 
 namespace qmrkctl {
 
-/// A log, and whose it is.
+/// A log and its user.
 struct ChosenLog {
   std::string user;
   std::string path;  ///< in the system's form, as this program reaches it
@@ -16,11 +16,11 @@ struct ChosenLog {
 
 struct LogChoice {
   std::vector<ChosenLog> logs;
-  std::string problem;  ///< why there is none, a sentence; empty otherwise
+  std::string problem;  ///< why there is none, in words; empty otherwise
 };
 
-/// The logs that the options mean: the common log, or with --app that of an application; of the running user, another
-/// one, the user of a process, or of every user who has one. They need not exist, except those of --all-users.
+/// The logs that the options name: the common log or, with --app, that of an application; of the current user, another
+/// user, the user of a process, or every user who has one. They need not exist, except those of --all-users.
 LogChoice chooseLogs(const Options& _options);
 
 }  // namespace qmrkctl

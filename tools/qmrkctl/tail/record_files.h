@@ -11,7 +11,7 @@
 
 namespace qmrkctl {
 
-/// A file qmrk.info, and whose it is.
+/// A file qmrk.info and its user.
 struct RecordFile {
   std::string user;
   std::string path;  ///< in the system's form, as this program reaches it
@@ -19,9 +19,9 @@ struct RecordFile {
   bool operator==(const RecordFile&) const = default;
 };
 
-/// The files in which a process of the viewpoint leaves error records: in the log folder of "GE", where those of a
-/// set-up are, and in that of each CA, where those of its class list are. They need not exist.
-/// @param _ca only this one and "GE"; empty: every CA that has a .cfg file, and the default one.
+/// The files to which a process of the viewpoint writes error records: in the log folder of "GE" (about set-ups), and
+/// in that of each CA (about its class list). They need not exist.
+/// @param _ca only this CA and "GE"; empty: every CA that has a .cfg file, and the default CA.
 std::vector<RecordFile> recordFilesOf(const Viewpoint& _viewpoint, const std::string& _ca);
 
 struct FoundRecord {
@@ -31,14 +31,14 @@ struct FoundRecord {
 };
 
 struct RecordSearch {
-  std::vector<FoundRecord> records;  ///< in the order of their times
-  std::size_t leftOut = 0;           ///< older ones, for which there was no room
+  std::vector<FoundRecord> records;  ///< sorted by time
+  std::size_t leftOut = 0;           ///< older ones, beyond the limit
   std::vector<std::size_t> denied;   ///< indices of files that may not be read
 };
 
-/// Reads the records of files.
-/// @param _since only later ones.
-/// @param _most at most so many, the latest.
+/// Reads the records in files. A line without a stamp counts as an unknown record at the time of the line before.
+/// @param _since only records from that time on.
+/// @param _most at most that many, the latest ones.
 RecordSearch readRecords(const std::vector<RecordFile>& _files, std::optional<CivilTime> _since, std::size_t _most);
 
 }  // namespace qmrkctl

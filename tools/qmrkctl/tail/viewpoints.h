@@ -11,11 +11,11 @@ namespace qmrkctl {
 
 struct ViewpointChoice {
   std::vector<Viewpoint> viewpoints;
-  std::string problem;  ///< why there is none, a sentence; empty otherwise
+  std::string problem;  ///< why there is none, in words; empty otherwise
 };
 
-/// With whose eyes the options ask to look: those of the running user, of another one, of a process, or of every user
-/// of the machine and every process that has the library.
+/// The viewpoints that the options name: the current user, another user, a process, or every user of the machine and
+/// every process that has the library.
 ViewpointChoice viewpointsOf(const Options& _options);
 
 }  // namespace qmrkctl
