@@ -9,12 +9,12 @@
 
 namespace qmrkctl {
 
-/// A moment as the clock on the wall shows it, in the milliseconds that such a clock would have counted since
-/// 1970-01-01 00:00 of the same zone. Logs and records write their moments like this, and do not say which one it was
-/// in UTC.
+/// A moment by the local wall clock, in milliseconds that such a clock counts from 1970-01-01 00:00 of the same zone.
+/// Logs and records write moments in this way, without the offset from UTC.
 using CivilTime = std::int64_t;
 
-/// @return nothing when there is no such day or time of day, and before 1970. A second may be the 60th.
+/// Converts a local time.
+/// @return no value before 1970, or if there is no such day or time of day. Second 60 is valid.
 std::optional<CivilTime> civilTime(const platform::LocalTime& _time);
 
 /// "2026-11-22 05:03:07".

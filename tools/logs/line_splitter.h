@@ -7,13 +7,14 @@
 
 namespace qmrkctl {
 
-/// Joins bytes that come in pieces to lines. A line that is too long to show is cut, so that a file without line ends
-/// costs no memory.
+/// Splits bytes that arrive in pieces into lines. Cuts lines that are too long to show, so that a file without line
+/// ends needs no memory.
 class LineSplitter {
  public:
+  /// In bytes; a longer line ends with a note of how many bytes are missing.
   static constexpr std::size_t longestLine = std::size_t{64} * 1024;
 
-  /// Calls _onLine(const std::string&) for each line that is complete now, without its line end (LF or CR LF).
+  /// Calls _onLine(std::string) for each line that is now complete, without its line end (LF or CR LF).
   template <typename OnLine>
   void feed(std::string_view _bytes, OnLine _onLine) {
     for (std::size_t end = _bytes.find('\n'); end != std::string_view::npos; end = _bytes.find('\n')) {
@@ -24,10 +25,10 @@ class LineSplitter {
     append(_bytes);
   }
 
-  /// Whether it holds the beginning of a line whose end has not come.
+  /// Whether it holds the beginning of an unfinished line.
   bool hasFragment() const { return !line_.empty() || cut_ > 0; }
 
-  /// These bytes as a line.
+  /// Takes that beginning as a line.
   std::string takeLine();
 
  private:

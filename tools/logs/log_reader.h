@@ -12,8 +12,8 @@
 
 namespace qmrkctl {
 
-/// Reads a log with its backups as one stream of lines, and follows it: while it grows, and when its file is renamed,
-/// removed, emptied or created again. For one thread.
+/// Reads a log and its backups as one stream of lines, and follows the log while it grows and when its file is renamed,
+/// removed, emptied or recreated. For one thread.
 class LogReader {
  public:
   /// Opens nothing yet.
@@ -22,21 +22,23 @@ class LogReader {
 
   const std::string& path() const { return path_; }
 
-  /// Opens all files of the log, and begins where the last lines do.
-  /// @return what became of the log's own file; when that is missing, there may still be backups.
+  /// Opens all files of the log and goes to the beginning of the last _lines lines that the query selects, or a little
+  /// before.
+  /// @return the result for the log's own file; if it is missing, there may still be backups.
   toolsystem::OpenResult begin(const MessageQuery& _query, std::uint64_t _lines);
 
   /// Whether any file of the log is open.
   bool isOpen() const { return !files_.empty(); }
 
-  /// Takes the next whole line. At the end of a file that is not the newest, a line is whole without a line end.
-  /// @return false when there is none now.
+  /// Takes the next complete line, without its line end. In a backup the last line is complete even without one.
+  /// @return false if there is none now; the line is then untouched.
   bool next(std::string& _line);
 
-  /// Takes what follows the last line end, if nothing was added to it during that many calls of refresh.
+  /// Takes what follows the last line end, if nothing was added during that many calls of refresh.
+  /// @return false if there is nothing to take.
   bool takeFragment(std::string& _line, int _idleRefreshes);
 
-  /// Finds out what became of the log. Call it when next() has nothing more.
+  /// Looks for new, renamed and emptied files. Call it when next() returns false.
   void refresh();
 
  private:
@@ -44,7 +46,7 @@ class LogReader {
     toolsystem::LogFile file;
     std::int64_t offset = 0;
     LineSplitter splitter;
-    std::string lastBytes;  ///< before the offset; different ones mean that the file was rewritten
+    std::string lastBytes;  ///< before the offset; if they differ, the file was rewritten
     int idle = 0;           ///< calls of refresh since it grew
   };
 
@@ -57,9 +59,9 @@ class LogReader {
 
   std::string path_;
   std::deque<OpenFile> files_;             ///< oldest first
-  std::size_t reading_ = 0;                ///< index of the file that is read
-  std::deque<std::string> lines_;          ///< read and not taken yet
-  std::vector<toolsystem::FileId> known_;  ///< files of the log when it was last looked at
+  std::size_t reading_ = 0;                ///< index of the file being read
+  std::deque<std::string> lines_;          ///< read but not taken yet
+  std::vector<toolsystem::FileId> known_;  ///< files of the log at the last look
 };
 
 }  // namespace qmrkctl

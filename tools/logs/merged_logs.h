@@ -11,7 +11,7 @@
 
 namespace qmrkctl {
 
-/// A line of one of several logs, with what is known of the message to which it belongs.
+/// A line of one of several logs, with the message to which it belongs.
 struct MergedLine {
   std::size_t log = 0;  ///< index of its log
   std::string text;
@@ -19,29 +19,33 @@ struct MergedLine {
   CivilTime time = 0;
 };
 
-/// The lines of several logs that a query asks for, in the order of their times. For one thread.
+/// The lines of several logs that a query selects, sorted by time. For one thread.
 class MergedLogs {
  public:
+  /// Opens nothing yet.
+  /// @param _paths with separators of either kind.
   MergedLogs(const std::vector<std::string>& _paths, MessageQuery _query);
 
-  /// Opens the logs, each at the beginning of that many last lines.
-  /// @return what became of each; missing, where not even a backup is there.
+  /// Opens the logs, each at the beginning of its last _lines lines.
+  /// @return the result for each; missing if not even a backup exists.
   std::vector<toolsystem::OpenResult> begin(std::uint64_t _lines);
 
   /// Takes the next line. Lines of one log keep their order.
+  /// @return false if there is none now; the line is then untouched.
   bool next(MergedLine& _line);
 
-  /// Takes a line whose end has not come during that many calls of refresh.
+  /// Takes an unfinished line to which nothing was added during that many calls of refresh.
+  /// @return false if there is none.
   bool takeFragment(MergedLine& _line, int _idleRefreshes);
 
-  /// Finds out what became of the logs.
+  /// Looks for new, renamed and emptied files. Call it when next() returns false.
   void refresh();
 
  private:
   struct Source {
     LogReader reader;
     MessageFilter filter;
-    std::optional<MergedLine> line;  ///< read and not taken yet
+    std::optional<MergedLine> line;  ///< read but not taken yet
   };
 
   static bool isAccepted(Source& _source, std::size_t _log, std::string& _text, MergedLine& _line);

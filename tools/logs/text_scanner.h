@@ -7,7 +7,7 @@
 
 namespace qmrkctl {
 
-/// Takes a text apart from its beginning. A step that fails leaves the text as it is.
+/// Scans a text from its beginning. A failing step changes nothing. Does not own the text.
 class TextScanner {
  public:
   explicit TextScanner(std::string_view _text) : rest_(_text) {}
@@ -21,7 +21,7 @@ class TextScanner {
     return true;
   }
 
-  /// Exactly that many decimal digits.
+  /// Takes exactly that many decimal digits, at most nine.
   bool takeNumber(std::size_t _digits, int& _number) {
     const std::string_view digits = rest_.substr(0, _digits);
     if (digits.size() != _digits || !std::ranges::all_of(digits, [](char _c) { return _c >= '0' && _c <= '9'; })) {

@@ -6,21 +6,21 @@
 
 namespace logtest {
 
-/// What the user of the program wants.
+/// The options of the command line.
 struct Options {
   /// Print the versions only, without a set-up.
   bool version = false;
-  /// The CA if the user gave one (it may be empty); else the set-up chooses one.
+  /// The CA, if the user gave one (it may be empty); otherwise the set-up chooses.
   bool hasCa = false;
   std::string ca;
   bool writeToCout = false;
-  /// A class list. The last entry may lack its ";".
+  /// A class list. The last entry need not end with ";".
   std::string classes = "Demo.App.error;Demo.App.info;Demo.Net.error;Demo.Net.info;";
-  /// Lines to each class.
+  /// Lines per class.
   int lines = 3;
   /// How many seconds to listen, instead of logging a number of lines.
   std::optional<double> listen;
-  /// Name of an application that gets a log file of its own, and whether that is emptied.
+  /// The name of an application that gets a log file of its own, and whether the file is emptied first.
   std::optional<std::string> app;
   bool overWrite = false;
   /// Process, thread and location before each line.
@@ -29,8 +29,8 @@ struct Options {
 
 enum class Parsed { run, done, wrong };
 
-/// Reads the command line. Writes the help, if asked for, to standard output, and mistakes to standard error.
-/// @return run: the options are set; done: there is nothing left to do; wrong: the command line is unusable.
+/// Parses the command line. Prints help on standard output if requested, and mistakes on standard error.
+/// @return run: the options are set; done: nothing is left to do; wrong: the command line is unusable.
 Parsed parseOptions(int _argc, const char* const* _argv, Options& _options);
 
 }  // namespace logtest

@@ -10,18 +10,18 @@
 
 namespace logtest {
 
-/// Reports on standard output where the logs are and which classes are on.
+/// Prints on standard output where the logs are and which classes are on.
 /// @param _facts what the set-up found.
 void reportLogs(const Options& _options, const SetupFacts& _facts, const std::vector<ClassLog>& _classes);
 
-/// Reports on standard error why the set-up failed, and where the library has recorded problems.
+/// Prints on standard error why the set-up failed, and where the library has recorded problems.
 /// @param _facts what the set-up found.
 void reportFailure(const SetupFacts& _facts);
 
-/// Reports on standard error why an application's own log file could not be set up after the default logs.
+/// Prints on standard error why an application's own log file could not be set up after the default logs.
 void reportAppFailure(const std::string& _app, const SetupFacts& _facts);
 
-/// Reports the versions of the library and of this program on standard output.
+/// Prints the versions of the library and of this program on standard output.
 void reportVersions();
 
 }  // namespace logtest

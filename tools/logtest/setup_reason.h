@@ -7,8 +7,8 @@
 
 namespace logtest {
 
-/// Says why a set-up that found these facts failed: the first of them that makes it fail, in words, with paths in the
-/// system's form.
+/// Why a set-up that found these facts failed: the first fact that makes it fail, in words, with paths in the system's
+/// form.
 std::string reasonOfFailure(const SetupFacts& _facts);
 
 }  // namespace logtest

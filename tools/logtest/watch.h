@@ -7,8 +7,8 @@
 
 namespace logtest {
 
-/// Listens for changes of the enabled classes and logs a line to each class every 100 ms. Reports on standard output
-/// which classes are on, and each change as it appears.
+/// Listens for changes of the class list and logs a line to each class every 100 ms. Prints on standard output which
+/// classes are on, and each change when it appears. Returns after _seconds.
 /// @param _stamps see logLine.
 void watch(std::vector<ClassLog>& _classes, double _seconds, bool _stamps);
 

@@ -9,14 +9,14 @@
 
 namespace qmrkctl {
 
-/// The page of a process of which something is expected: only what is new is read.
+/// Watches the status page of a process from which something is expected. Reads only new versions. For one thread.
 class PageWatch {
  public:
-  /// @param _known what was read of the page so far.
+  /// @param _known the page as last read.
   PageWatch(const platform::StatusPagePlace& _place, const ProcessStatus& _known);
 
-  /// What the process shows, if it has written its page since the last call, or since this object was made.
-  /// Never waits.
+  /// The page, if the process has written it since the last call or the construction; never waits.
+  /// @return no value if there is nothing new, or the page now belongs to another process.
   std::optional<ProcessStatus> newStatus();
 
  private:

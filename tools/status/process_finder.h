@@ -12,36 +12,36 @@
 
 namespace qmrkctl {
 
-/// What the seam has to know of a page.
+/// What platform/ needs to know about a page.
 constexpr platform::StatusPageForm statusPageForm{Quillmark_logging::status::pageSize,
                                                   Quillmark_logging::status::sequence.offset};
 
 enum class PageState {
   live,        ///< the process runs
-  stale,       ///< the process was killed, or runs another program now (Linux: exec)
-  denied,      ///< the caller may not look at it
-  notTrusted,  ///< something else stands in place of a page or of the folder of pages
-  busy,        ///< the process was stopped or killed while it wrote the page
+  stale,       ///< the process was killed, or now runs another program (Linux: exec)
+  denied,      ///< the caller may not read it
+  notTrusted,  ///< something else is in place of a page or of the folder of pages
+  busy,        ///< the process was stopped or killed while writing the page
 };
 
-/// A page that was found, or a folder of pages that cannot be looked into.
+/// A page, or a folder of pages that cannot be read.
 struct FoundProcess {
   PageState state = PageState::notTrusted;
-  /// As the caller sees it; 0 when it is unknown.
+  /// As the caller sees it; 0 if unknown.
   std::uint32_t processId = 0;
   /// The owner of the page; status::noUserId on Windows.
   std::uint32_t userId = 0;
-  /// Of the page or folder, as the system writes it.
+  /// Of the page or folder, in the system's form.
   std::string path;
   /// For live and stale pages.
   std::optional<ProcessStatus> status;
 };
 
-/// Finds the status pages of a place, in the order of the process ids.
+/// Finds the status pages in a place, sorted by process id.
 ///
 ///     findProcesses({"", platform::userId()});     // the caller's own
 ///     findProcesses({"", std::nullopt});           // of all users
-///     findProcesses({"/proc/4711/root", 1000});    // of a container, as user id 1000 is written there
+///     findProcesses({"/proc/4711/root", 1000});    // of a container, where the user has the id 1000
 std::vector<FoundProcess> findProcesses(const platform::StatusPagePlace& _place);
 
 }  // namespace qmrkctl

@@ -10,23 +10,23 @@
 
 namespace qmrkctl {
 
-// What a process shows of its logging on its status page (docs/status-page.md), in values of C++. Every text is valid
-// UTF-8; it may hold line ends and other control characters. Paths have backslashes. A moment is a time in nanoseconds
-// since 1970-01-01 00:00 UTC; a moment that never came is empty.
+// What a process shows of its logging on its status page (docs/status-page.md), as C++ values. Every text is valid
+// UTF-8 but may contain line ends and other control characters. Paths have backslashes. A moment counts nanoseconds
+// since 1970-01-01 00:00 UTC, and is empty if it never came.
 
 namespace status = Quillmark_logging::status;
 
 using Moment = std::optional<std::int64_t>;
 
-/// A text of the page, whose room there is limited.
+/// A text of the page, which has limited room for it.
 struct PageText {
   std::string text;
-  std::uint32_t wholeSize = 0;  ///< in bytes, before the process cut it
+  std::uint32_t wholeSize = 0;  ///< in bytes, before it was cut
   bool isCut = false;
 };
 
 struct ApplicationName {
-  std::string name;  ///< as it was given to initDefaultLogs
+  std::string name;  ///< as given to initDefaultLogs
   bool isUnregistered = false;
 };
 
@@ -36,7 +36,7 @@ struct LogState {
 };
 
 struct SetupStatus {
-  status::Call call = status::Call::none;  ///< the last one that set up
+  status::Call call = status::Call::none;  ///< the last call that set up
   Moment at;
   status::Result result = status::Result::none;
   status::Failure failure = status::Failure::none;
@@ -44,10 +44,10 @@ struct SetupStatus {
 };
 
 struct ClassStatus {
-  std::uint64_t generation = 0;  ///< grows with each class list that is applied; 0: none was
+  std::uint64_t generation = 0;  ///< grows with each applied class list; 0: none was
   Moment appliedAt;
   std::uint64_t hash = 0;  ///< status::hashOf of the whole text
-  PageText text;           ///< of the class list that is applied, as it stands in the file
+  PageText text;           ///< of the applied class list, as in the file
   std::string ca;          ///< whose class list it is
   PageText filter;
   std::vector<LogState> logs;
@@ -56,17 +56,17 @@ struct ClassStatus {
   status::Result updateResult = status::Result::none;
   status::Failure updateFailure = status::Failure::none;
   PageText updateError;
-  Moment ownChangeAt;  ///< the application's own switching since the list was applied
+  Moment ownChangeAt;  ///< when the application itself last switched, since the list was applied
   status::Call ownChange = status::Call::none;
   PageText ownPattern;
 };
 
 struct ListenerStatus {
   status::ListenerState state = status::ListenerState::none;
-  std::uint32_t threads = 0;  ///< how many listen
+  std::uint32_t threads = 0;  ///< how many threads listen
   std::string event;
   std::string ca;                ///< whose class list it follows
-  std::uint64_t generation = 0;  ///< of the last setting of the event that it has seen (Linux)
+  std::uint64_t generation = 0;  ///< of the last setting of the event it has seen (Linux)
   std::uint64_t wakes = 0;       ///< how often it was woken
   Moment changedAt;              ///< since when the state holds
   Moment failedAt;
@@ -80,10 +80,10 @@ struct LogFileStatus {
   bool isFailing = false;
   bool hasOwnThread = false;
   std::uint64_t lost = 0;     ///< messages that could not be written
-  std::uint64_t dropped = 0;  ///< messages for which there was no room any more in front of the thread
+  std::uint64_t dropped = 0;  ///< messages for which the thread's queue had no room
   Moment failedAt;
   std::uint32_t error = 0;  ///< of the last failure, a Windows code
-  std::uint64_t held = 0;   ///< bytes that waited for the thread when the page was last written
+  std::uint64_t held = 0;   ///< bytes queued for the thread when the page was last written
 };
 
 struct ProcessStatus {

@@ -8,10 +8,10 @@
 
 namespace qmrkctl {
 
-/// Reads a status page. Believes nothing: any process of the user can write anything there. A size or count that is too
-/// large is cut to what the page holds, a number that stands for nothing becomes 0, and what is no UTF-8 is replaced.
+/// Parses a status page. Trusts nothing, since any process of the user can write there: limits a size or count to what
+/// the page holds, takes 0 for an unknown number, and replaces what is not UTF-8.
 /// @param _bytes a copy of the page, taken while nobody wrote (readStatusPage).
-/// @return nothing when it is no page of this layout, or was copied while it was written.
+/// @return no value if it is no page of this layout, or was copied while being written.
 std::optional<ProcessStatus> parseStatusPage(std::string_view _bytes);
 
 }  // namespace qmrkctl

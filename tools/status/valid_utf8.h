@@ -6,8 +6,8 @@
 
 namespace qmrkctl {
 
-/// The text with each byte that belongs to no valid UTF-8 sequence replaced by U+FFFD. Overlong forms, surrogates and
-/// what lies beyond U+10FFFF are not valid.
+/// The text with U+FFFD for each byte that is not part of valid UTF-8. Overlong forms, surrogates and code points above
+/// U+10FFFF are invalid.
 std::string validUtf8(std::string_view _text);
 
 }  // namespace qmrkctl

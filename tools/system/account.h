@@ -11,43 +11,43 @@
 
 namespace toolsystem {
 
-/// Who acts. Windows knows no such numbers; they are 0 there.
+/// The user on whose behalf something happens. The numbers are 0 on Windows.
 struct Account {
-  std::string name;  ///< the number where the user has no name
+  std::string name;  ///< the number, if the user has no name
   std::uint32_t uid = 0;
   std::uint32_t gid = 0;
   std::vector<std::uint32_t> groups;  ///< the supplementary ones
-  std::string home;                   ///< of the password entry; empty: there is none
+  std::string home;                   ///< from the password entry; empty if there is none
 };
 
 using Environment = std::map<std::string, std::string>;
 
-/// The running user, with the effective ids.
+/// The current user, with the effective ids.
 Account ownAccount();
 
-/// A user by name or number; no value: there is none of that name. Windows knows the running user only.
+/// A user by name or number; no value if there is none. On Windows only the current user.
 std::optional<Account> accountOfUser(const std::string& _user);
 
-/// The user as whom a process acts, with its own groups; no value: there is no such process. None on Windows.
+/// The user as whom a process acts, with the process's groups; no value if there is no such process, or on Windows.
 std::optional<Account> accountOfProcess(int _pid);
 
 /// The environment of this program.
 Environment ownEnvironment();
 
-/// The environment with which a process was started; no value: it cannot be read.
+/// The environment with which a process was started; no value if it cannot be read.
 std::optional<Environment> environmentOfProcess(int _pid);
 
-/// The folder by which the files of a process are reached that sees others than this program; empty when it sees the
-/// same, or when that cannot be found out.
+/// The folder through which to reach the files of a process that sees another file system than this program; empty if
+/// it sees the same, or that is unknown.
 std::string fileSystemOfProcess(int _pid);
 
-/// A base folder as the library finds it, in that environment and for a user with that home. Windows has one for the
-/// running user only, whatever the arguments are.
-/// @param _path untouched on failure.
+/// Finds a base folder as the library would, in that environment and with that home. On Windows always that of the
+/// current user.
+/// @param _path receives it in the library's form; untouched on failure.
 bool baseFolder(platform::ShellFolder _folder, const Environment& _environment, const std::string& _home,
                 std::string& _path);
 
-/// Whether variables of the environment move the base folders: not on Windows.
+/// Whether environment variables move the base folders: not on Windows.
 bool foldersFollowEnvironment();
 
 }  // namespace toolsystem

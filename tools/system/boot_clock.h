@@ -6,10 +6,10 @@
 
 namespace toolsystem {
 
-/// The time since the system was started, which nobody can set, and what tells this start from every other.
+/// The time since boot, which nobody can set, and an id that no other boot has.
 struct BootTime {
   std::string bootId;             ///< empty on Windows, which has none
-  std::int64_t milliseconds = 0;  ///< since then, sleep included
+  std::int64_t milliseconds = 0;  ///< since boot, sleep included
 };
 
 BootTime bootTime();

@@ -5,7 +5,7 @@
 
 namespace toolsystem {
 
-/// The command as somebody with all permissions gives it, for messages: "sudo qmrkctl tail".
+/// The command line that runs a command with all permissions, for messages: "sudo qmrkctl tail".
 std::string elevated(const std::string& _command);
 
 }  // namespace toolsystem

@@ -5,18 +5,19 @@
 
 namespace toolsystem {
 
-// Ctrl-C, and a request to end (SIGTERM, SIGHUP), for commands that have to clean up behind them.
+// Ctrl-C and requests to end (SIGTERM, SIGHUP), for commands that must clean up. For one thread.
 
-/// From now on such a request only raises a flag. For one thread.
+/// Makes such a request only set a flag, from now on.
 void catchEndRequests();
 
+/// Whether the flag is set.
 bool isEndRequested();
 
-/// For the work that has to be done before the command ends.
+/// Clears the flag, so that the clean-up is not interrupted.
 void forgetEndRequest();
 
-/// Sleeps that long, or until the request comes.
-/// @return false when it has come.
+/// Sleeps that long, or until such a request.
+/// @return false if one has come, even before the call.
 bool sleepUnlessEnded(std::chrono::microseconds _time);
 
 }  // namespace toolsystem

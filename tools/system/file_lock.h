@@ -9,12 +9,12 @@
 
 namespace toolsystem {
 
-/// A lock that one process at a time holds, on a file made for it; it ends with the process. The file stays, so that
-/// nobody locks one that is just being removed; it belongs to the owner of its folder, and whoever may write there may
-/// lock it.
+/// A lock file that one process at a time holds, at most until it ends. The file stays, so that nobody locks one that
+/// is just being removed. Whoever may write to its folder may lock it; if root creates it, it gets the folder's owner.
 class FileLock {
  public:
-  /// Waits at most that long.
+  /// Waits for the lock at most that long, or until an end request (end_request.h).
+  /// @param _path with separators of either kind.
   FileLock(const std::string& _path, std::chrono::milliseconds _longest);
   ~FileLock();
   FileLock(const FileLock&) = delete;
@@ -22,7 +22,7 @@ class FileLock {
 
   bool isHeld() const { return isHeld_; }
 
-  /// Why the file could not be made; no value: somebody else holds the lock.
+  /// Why the file could not be opened; no value if the lock is held, by this object or by somebody else.
   const std::optional<FileFailure>& failure() const { return failure_; }
 
  private:

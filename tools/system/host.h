@@ -5,10 +5,10 @@
 
 namespace toolsystem {
 
-/// The name of the machine; empty when the system does not say.
+/// The name of the machine; empty if the system does not tell.
 std::string hostName();
 
-/// The system's text for a number of errno.
+/// The system's text for an errno value.
 std::string errorText(int _errno);
 
 }  // namespace toolsystem

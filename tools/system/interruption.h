@@ -3,16 +3,16 @@
 
 namespace toolsystem {
 
-/// Ctrl-C no longer ends the program but the next pause.
+/// Makes Ctrl-C end the next pause instead of the program, from now on.
 void catchInterruption();
 
 enum class Pause {
-  over,         ///< the time is over
-  interrupted,  ///< by Ctrl-C, at any time since it is caught
-  readerGone,   ///< nobody reads the standard output any more (found out on Linux only)
+  over,         ///< the time is up
+  interrupted,  ///< by Ctrl-C, at any time since catchInterruption
+  readerGone,   ///< nobody reads standard output any more (detected on Linux only)
 };
 
-/// Waits that many milliseconds, or until there is a reason to stop.
+/// Waits that many milliseconds, or until there is a reason to stop. For one thread.
 Pause pauseFor(int _milliseconds);
 
 }  // namespace toolsystem

@@ -7,8 +7,8 @@
 
 namespace toolsystem {
 
-/// Tells files apart, whatever they are named. A file that takes the place of a removed one is another one, as far as
-/// the file system remembers when files were created.
+/// Identifies a file, whatever its name. A file that replaces a removed one has another id, if the file system records
+/// when files were created.
 struct FileId {
   std::uint64_t volume = 0;
   std::uint64_t file = 0;
@@ -18,8 +18,8 @@ struct FileId {
 
 enum class OpenResult { opened, missing, denied, unreadable };
 
-/// A log of another process, for reading. Never holds up the process that writes it or renames it: on Windows, where an
-/// open file can do that, the file is open only during a call. Movable; for one thread.
+/// Reads a log of another process without ever blocking that process when it writes or renames the file: on Windows,
+/// where an open file could, it is open only during a call. Movable; for one thread.
 class LogFile {
  public:
   LogFile() = default;
@@ -32,19 +32,19 @@ class LogFile {
   LogFile(const LogFile&) = delete;
   LogFile& operator=(const LogFile&) = delete;
 
-  /// Opens a regular file without waiting; anything else is unreadable. A file that was open is closed first.
+  /// Opens a regular file without waiting; anything else is unreadable. Closes the former file first.
   /// @param _path with separators of either kind.
   OpenResult open(const std::string& _path);
 
   bool isOpen() const { return id_ != FileId(); }
   FileId id() const { return id_; }
 
-  /// In bytes; -1 when it cannot be found out. On Linux a file that was renamed or removed meanwhile can still be asked
-  /// and read; on Windows not before it is opened under its new name.
+  /// The size in bytes; -1 if it is unknown. After a rename or removal the file stays readable on Linux; on Windows it
+  /// must first be opened under its new name.
   std::int64_t size() const;
 
   /// Reads at most _size bytes.
-  /// @return how many there were; 0 at the end of the file and when it cannot be read.
+  /// @return how many were read; 0 at the end of the file or if it cannot be read.
   std::size_t readAt(std::int64_t _offset, char* _buffer, std::size_t _size) const;
 
  private:
@@ -56,7 +56,7 @@ class LogFile {
   int descriptor_ = -1;
 };
 
-/// The file that a path names now; none, FileId(), when there is none or it cannot be asked.
+/// The file that a path (with separators of either kind) names now; FileId() if there is none or it is unknown.
 FileId fileIdAt(const std::string& _path);
 
 }  // namespace toolsystem

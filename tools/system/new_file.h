@@ -5,14 +5,16 @@
 
 namespace toolsystem {
 
-/// Writes a file that must not exist, for everybody to read (mode 0644). A file that cannot be written whole is
-/// removed again.
+/// Writes a new file that everybody may read (mode 0644 on Linux, whatever the umask). Removes it if it cannot be
+/// written whole.
 /// @param _path in the system's form.
-/// @return 0, or a number of errno: EEXIST where anything stands at the path, a link too.
+/// @param _text each "\n" becomes the system's line end.
+/// @return 0, or an errno value: EEXIST if anything is at the path, even a dangling link.
 int writeNewFile(const std::string& _path, const std::string& _text);
 
-/// Creates a folder and those above it that are missing, for everybody to enter (mode 0755).
-/// @return 0, or a number of errno.
+/// Creates a folder and the missing ones above it, which everybody may enter (mode 0755 on Linux, whatever the umask).
+/// @param _path in the system's form.
+/// @return 0, or an errno value. Folders created before a failure stay.
 int makeFolders(const std::string& _path);
 
 }  // namespace toolsystem

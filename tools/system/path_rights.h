@@ -10,15 +10,15 @@ namespace toolsystem {
 
 /// What a user may do with a file or folder.
 struct PathRights {
-  bool exists = false;  ///< and the user gets as far as it
+  bool exists = false;  ///< and the user may reach it
   bool isReadable = false;
   bool isWritable = false;
 };
 
-/// The rights of an account, one for each path in the system's form. The system itself is asked in the name of the
-/// account where this program may do that (as root, or for the running user); else the rights come from the mode bits
-/// of the file and its folders.
-/// @param _root the folder by which the files of another file system are reached; else empty.
+/// The rights of an account on each path (in the system's form). Asks the system on behalf of the account if this
+/// program may (as root, or for the current user); otherwise derives them from the mode bits of the file and its
+/// folders.
+/// @param _root the folder through which another file system is reached; else empty.
 std::vector<PathRights> rightsOn(const std::vector<std::string>& _paths, const Account& _account,
                                  const std::string& _root);
 

@@ -3,17 +3,17 @@
 
 namespace toolsystem {
 
-/// What is special about a running process.
+/// Unusual conditions of a running process.
 struct ProcessCondition {
-  /// It has more rights than its caller had (set-user-id, capabilities), so that the library does not trust the
-  /// variables that move folders, of which it has some. Always false on Windows.
+  /// It has variables that move folders, but the library ignores them because the process has more rights than whoever
+  /// started it (set-user-id, capabilities). Always false on Windows.
   bool ignoresEnvironment = false;
-  /// The file of the library was removed or replaced since the process loaded it. Always false on Windows, which lets
-  /// nobody do that.
+  /// The library's file was removed or replaced since the process loaded it. Always false on Windows, which does not
+  /// allow that.
   bool hasFormerLibrary = false;
 };
 
-/// Nothing special where the caller may not look.
+/// The conditions of a process; none if the caller may not look.
 ProcessCondition conditionOfProcess(int _pid);
 
 }  // namespace toolsystem

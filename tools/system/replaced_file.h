@@ -6,19 +6,24 @@
 
 namespace toolsystem {
 
-/// Why something could not be done with a file.
+/// Why an operation on a file failed.
 struct FileFailure {
   std::string text;        ///< "cannot make a file in FOLDER: Permission denied"
   bool isDenied = false;   ///< another user may be allowed to
-  bool isMissing = false;  ///< a folder or file is not there
+  bool isMissing = false;  ///< a folder or file is missing
 };
 
-/// Replaces the content of a file in one step: readers, and whoever looks after a crash at any moment, find the former
-/// text or the new one. The text goes to a new file in the same folder, which is written to the disk and then takes the
-/// name. Owner, group, mode, access control list and further attributes stay as they were; a new file has mode 0644
-/// less the umask. A symbolic link stays one, and its target is replaced.
+/// Replaces the content of a file in one step: at any moment, even after a crash, readers find either the old text or
+/// the new one. Writes the text to a new file in the same folder, brings that to the disk, and renames it.
+///
+/// On Linux the file keeps group, mode, access control list and other attributes, and its owner if this program may
+/// give files away; otherwise it changes hands only if its owner can still write it through the group. Else, and if it
+/// is no regular file, this fails. A file that did not exist gets mode 0644 less the umask. A symbolic link stays one;
+/// its target is replaced.
 /// @param _path with separators of either kind.
-/// @return no value when it is done; then the new name is on the disk too.
+/// @param _bytes are written unchanged.
+/// @return no value on success; then the new name is on the disk, too. On failure the old text is in place, unless only
+///   the folder could not be brought to the disk.
 std::optional<FileFailure> replaceFile(const std::string& _path, const std::string& _bytes);
 
 }  // namespace toolsystem

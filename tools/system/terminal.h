@@ -8,7 +8,7 @@ enum class Stream { input, output, error };
 /// Whether a stream of the program is a terminal.
 bool isTerminal(Stream _stream);
 
-/// A write to a pipe whose reader has gone fails from now on (EPIPE) instead of ending the program.
+/// Makes writes to a pipe whose reader has gone fail (EPIPE) instead of ending the program, from now on.
 void ignoreClosedPipes();
 
 }  // namespace toolsystem

@@ -6,7 +6,7 @@
 
 namespace toolsystem {
 
-/// The names of the users that the machine knows by itself, in their order; on Windows only that of the running one.
+/// The names of the machine's users, in the order of its user database; on Windows only the current user.
 std::vector<std::string> usersOfMachine();
 
 }  // namespace toolsystem
