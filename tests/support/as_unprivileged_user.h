@@ -5,11 +5,11 @@
 
 namespace testsupport {
 
-/// A user without a name, who is neither root nor the one whom AsUnprivilegedUser becomes.
+/// A user id without a name: neither root nor the user that AsUnprivilegedUser becomes.
 constexpr unsigned int stranger = 12345;
 
-/// While it lives, the whole process acts as a user without privileges (on Linux effective user and group 65534; when
-/// the tests run without privileges anyway, as that user). File permissions apply then. Aborts when the switch fails.
+/// While it lives, the whole process acts as an unprivileged user, to whom file permissions apply (on Linux effective
+/// user and group 65534, unless the tests run unprivileged anyway). Aborts if the switch fails.
 class AsUnprivilegedUser {
  public:
   AsUnprivilegedUser();
@@ -22,7 +22,7 @@ class AsUnprivilegedUser {
   unsigned int group_;
 };
 
-/// Take rights on a file or folder from every user: all of them, or those to write. AsUnprivilegedUser lacks them then.
+/// Take all rights on a file or folder, or those to write, from every user, so that AsUnprivilegedUser lacks them.
 void denyAccess(const std::string& _path);
 void denyWriting(const std::string& _path);
 

@@ -5,8 +5,8 @@
 
 namespace testsupport {
 
-/// While it lives, keeps what the process writes to its console (on Linux standard error) instead of showing it. One
-/// may live at a time.
+/// While it lives, captures what the process writes to its console (on Linux standard error) instead of showing it.
+/// Only one may live at a time.
 class CapturedConsole {
  public:
   CapturedConsole();

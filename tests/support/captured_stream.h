@@ -9,8 +9,8 @@
 
 namespace testsupport {
 
-/// While it lives, keeps what any thread inserts into a stream (std::cout or std::cerr) instead of writing it.
-/// Construct and destroy it while no other thread uses the stream.
+/// While it lives, captures what any thread inserts into a stream (std::cout or std::cerr) instead of writing it.
+/// Construct and destroy it while no other thread uses the stream; its functions may be called on any thread.
 class CapturedStream : private std::streambuf {
  public:
   explicit CapturedStream(std::ostream& _stream) : stream_(_stream), former_(_stream.rdbuf(this)) {}
@@ -21,7 +21,7 @@ class CapturedStream : private std::streambuf {
   /// Everything inserted so far.
   std::string text() const;
 
-  /// How often the text occurs in what was inserted so far.
+  /// How often the text occurs in everything inserted so far.
   int count(const std::string& _text) const;
 
   /// Waits at most 30 s until the text occurs that often.

@@ -6,11 +6,11 @@
 
 namespace testsupport {
 
-/// A process with which a test talks in lines: its standard input gets what the test sends, and the test reads its
-/// standard output. It shares the test's standard error. One thread may use an object.
+/// A process with which a test exchanges lines: the test writes to its standard input and reads its standard output. It
+/// shares the test's standard error. For one thread.
 class CompanionProcess {
  public:
-  /// Starts the program _command[0] with the further arguments. Aborts when that fails.
+  /// Starts the program _command[0] with the remaining arguments. Aborts if that fails.
   explicit CompanionProcess(const std::vector<std::string>& _command);
   /// Kills the process if it still runs.
   ~CompanionProcess();
@@ -19,21 +19,21 @@ class CompanionProcess {
   CompanionProcess(const CompanionProcess&) = delete;
   CompanionProcess& operator=(const CompanionProcess&) = delete;
 
-  /// Sends a line; without effect when the process has ended.
+  /// Sends a line; has no effect if the process has ended.
   void send(const std::string& _line);
 
-  /// Waits at most _milliseconds for the next whole line.
-  /// @return the line without its end; "<end>" when the process has closed its output, "<nothing>" when no line came.
+  /// Waits at most _milliseconds for the next complete line.
+  /// @return the line without its end; "<end>" if the process has closed its output, "<nothing>" if no line came.
   std::string readLine(int _milliseconds = 30'000);
 
-  /// send and readLine.
+  /// Sends a line and reads the next one.
   std::string ask(const std::string& _line);
 
   /// Kills the process as a power cut would (SIGKILL, TerminateProcess) and waits for its end.
   void kill();
 
   /// Closes its standard input and waits for its end.
-  /// @return the exit code; -1 when it was killed.
+  /// @return the exit code; -1 if it was killed.
   int finish();
 
   /// Waits until every thread of the process sleeps in the system, at most 30 s.
@@ -43,7 +43,7 @@ class CompanionProcess {
  private:
   void release();
   static void closeIfOpen(int& _end);
-  /// Takes the next line, without its end, out of what was read; false when there is no whole one.
+  /// Takes the next line, without its end, out of what was read; false if there is no complete one.
   bool takeLine(std::string& _line);
 
   long process_ = -1;

@@ -7,11 +7,11 @@
 
 namespace testsupport {
 
-/// While it lives, makes calls of the seam fail. One plan for a call may exist at a time. The counting is process-wide
-/// and safe from any thread.
+/// While it lives, makes calls to platform/ fail. Only one plan per kind of call may exist at a time. Counts the calls
+/// of all threads.
 class FaultPlan {
  public:
-  /// Calls of this kind fail with _error, from the _nth (1 is the next one) on, _times in a row.
+  /// Makes _times calls of this kind in a row fail with _error, beginning with the _nth from now (1 is the next one).
   FaultPlan(platform::Call _call, int _nth, platform::ErrorCode _error, int _times = 1);
   ~FaultPlan();
   FaultPlan(const FaultPlan&) = delete;
@@ -24,12 +24,12 @@ class FaultPlan {
   platform::Call call_;
 };
 
-/// While it lives, runs a function of the test when the seam is about to make a call, on the calling thread: what
-/// another thread might do at that moment then surely happens there. One hook for a call may exist at a time. The
+/// While it lives, runs a function of the test right before a call to the system, on the calling thread: what another
+/// thread might do at that moment then certainly happens. Only one hook per kind of call may exist at a time. The
 /// function must not throw.
 class CallHook {
  public:
-  /// The function runs once, before the _nth call (1 is the next one) of this kind.
+  /// Runs the function once, before the _nth call of this kind from now (1 is the next one).
   CallHook(platform::Call _call, int _nth, const std::function<void()>& _function);
   ~CallHook();
   CallHook(const CallHook&) = delete;

@@ -9,7 +9,7 @@
 
 namespace testsupport {
 
-/// Matches a text if the whole of it has the pattern.
+/// Matches a text if all of it matches the pattern (see TextPattern).
 MATCHER_P(MatchesPattern, pattern, "has the pattern " + testing::PrintToString(pattern)) {
   return TextPattern(pattern).matches(arg);
 }

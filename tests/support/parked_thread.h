@@ -8,17 +8,17 @@
 
 namespace testsupport {
 
-/// A thread that stops at a place that the test chooses, for as long as the test wants.
+/// A thread that stops at a place that the test chooses, until the test lets it continue.
 class ParkedThread {
  public:
-  /// The function calls park() of the object, the first call of which stops the thread.
+  /// Starts a thread that runs the function, which calls park() on the object; the first such call stops the thread.
   explicit ParkedThread(const std::function<void(ParkedThread&)>& _function)
       : thread_([this, _function] { _function(*this); }) {}
   ~ParkedThread() { release(); }
   ParkedThread(const ParkedThread&) = delete;
   ParkedThread& operator=(const ParkedThread&) = delete;
 
-  /// Returns when the test calls release; at once on other threads, and if the thread has stopped before.
+  /// Waits for release() or letGo(). Returns at once on the test's own thread, and if the thread has stopped before.
   void park() {
     std::unique_lock<std::mutex> lock(lock_);
     if (isParked_ || std::this_thread::get_id() == tester_) return;
@@ -27,20 +27,20 @@ class ParkedThread {
     changed_.wait(lock, [this] { return isReleased_; });
   }
 
-  /// Returns when the thread has stopped.
+  /// Waits until the thread has stopped.
   void waitUntilParked() {
     std::unique_lock<std::mutex> lock(lock_);
     changed_.wait(lock, [this] { return isParked_; });
   }
 
-  /// Lets the thread go on.
+  /// Lets the thread continue.
   void letGo() {
     const std::lock_guard<std::mutex> lock(lock_);
     isReleased_ = true;
     changed_.notify_all();
   }
 
-  /// Lets the thread go on and waits for its end.
+  /// Lets the thread continue and waits for its end.
   void release() {
     letGo();
     if (thread_.joinable()) thread_.join();

@@ -6,7 +6,7 @@
 
 namespace testsupport {
 
-/// What this process has in use at a moment.
+/// The resources that this process has in use.
 struct ProcessResources {
   std::size_t threads = 0;
   std::size_t files = 0;          ///< open files, event files among them

@@ -5,7 +5,7 @@
 
 namespace testsupport {
 
-/// The time that the processors have spent on this process so far. (std::clock is the time on the wall on Windows.)
+/// The processor time that this process has used so far. (On Windows std::clock is wall-clock time.)
 std::chrono::microseconds processorTime();
 
 }  // namespace testsupport

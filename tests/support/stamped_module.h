@@ -7,8 +7,8 @@
 
 namespace testsupport {
 
-/// Writes a file with a version, as a build stamps its binaries, into a folder, under the name by which this system
-/// finds the module ("qmrk_log.dll" or "LogTest.exe").
+/// Writes a file that carries a version, like the binaries of a build, to a folder, under the name that the module
+/// ("qmrk_log.dll" or "LogTest.exe") has on this system.
 void writeStampedModule(const std::string& _folder, const std::string& _module, const platform::FixedVersion& _version);
 
 /// The same, without a version.

@@ -6,15 +6,15 @@
 
 namespace testsupport {
 
-/// The file to which a path of the library with either separator leads. On Windows its narrow strings are in the
-/// process code page, while std::filesystem takes them for UTF-8.
+/// A path of the library, with either separator, for std::filesystem. On Windows the library's strings are in the
+/// process code page, but std::filesystem would take them for UTF-8.
 std::filesystem::path systemPath(const std::string& _path);
 
 /// The reverse.
 std::string pathText(const std::filesystem::path& _path);
 
-/// Removes a file, or a folder with its content, so that the name is free at once: on Windows even if the file is still
-/// open, provided that its sharing allows the removal. Does nothing when there is no such name.
+/// Removes a file, or a folder with its content, and frees the name at once: on Windows even if the file is still open,
+/// provided that its sharing mode allows the removal. Does nothing if there is no such name.
 /// @return whether the name is free now.
 bool removeAtOnce(const std::filesystem::path& _path);
 

@@ -6,40 +6,41 @@
 
 namespace testsupport {
 
-/// A fresh folder with a name of its own, open to every user (mode 0777 on Linux), removed with its content at the end.
+/// A new folder with a unique name, open to every user (mode 0777 on Linux); the destructor removes it with its
+/// content.
 class TemporaryFolder {
  public:
   TemporaryFolder();
-  /// In this folder, not in that of the system.
+  /// Creates it in this folder instead of the system's folder for temporary files.
   explicit TemporaryFolder(const std::string& _parent);
   ~TemporaryFolder();
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
-  /// The folder as the system writes it, without a final separator.
+  /// The folder in the system's form, without a final separator.
   const std::string& path() const { return path_; }
 
-  /// path() + a backslash + _name: the form in which the library holds paths.
+  /// The path of a file in it, in the library's form: with a backslash before the name.
   std::string file(const std::string& _name) const { return path_ + "\\" + _name; }
 
  private:
   std::string path_;
 };
 
-/// The helpers below accept paths in either form, fail the test when they cannot do their work, and keep bytes as they
-/// are.
+// The helpers below accept paths in either form, fail the test if they cannot do their work, and leave bytes unchanged.
+
 void writeFile(const std::string& _path, const std::string& _bytes);
 std::string readFile(const std::string& _path);
 bool exists(const std::string& _path);
 void removeAll(const std::string& _path);
 void makeFolders(const std::string& _path);
-/// The names in the folder, sorted; none when the folder is missing.
+/// The names in the folder, sorted; none if the folder is missing.
 std::vector<std::string> namesIn(const std::string& _path);
 
-/// The text as it stands in a file to which the library wrote it: each "\n" is CR LF on Windows, LF on Linux.
+/// The text as the library writes it to a file: with CR LF on Windows, LF on Linux, for each "\n".
 std::string nativeLineEnds(const std::string& _text);
 
-/// The text with every occurrence of _from replaced by _to.
+/// The text with every occurrence of _from replaced with _to.
 std::string replaced(std::string _text, const std::string& _from, const std::string& _to);
 
 }  // namespace testsupport

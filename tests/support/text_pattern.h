@@ -7,8 +7,8 @@
 
 namespace testsupport {
 
-/// A regular expression of ECMAScript. (GoogleTest's own expressions differ between the systems.) Only one source
-/// instantiates std::regex, because that takes the compiler seconds. Several threads may use an object.
+/// An ECMAScript regular expression. (GoogleTest's own differ between the systems.) Only one source instantiates
+/// std::regex, because that takes the compiler seconds. Several threads may use an object.
 class TextPattern {
  public:
   explicit TextPattern(const std::string& _pattern);
@@ -16,10 +16,10 @@ class TextPattern {
   TextPattern(const TextPattern&) = delete;
   TextPattern& operator=(const TextPattern&) = delete;
 
-  /// Whether a text as a whole has the pattern.
+  /// Whether all of a text matches the pattern.
   bool matches(const std::string& _text) const;
 
-  /// The same, and what its groups match, from the first on.
+  /// The same; _groups receives what the groups match, from the first on, and is untouched if the text does not match.
   bool matches(const std::string& _text, std::vector<std::string>& _groups) const;
 
   /// The text with every match of the pattern replaced.

@@ -7,8 +7,8 @@
 
 namespace testsupport {
 
-/// The place of a virtual function in the table of its class, counted from 0; a destructor takes two places (by the C++
-/// ABI of g++ and clang on x86-64, also on Windows, a pointer to a virtual member begins with its offset plus 1).
+/// The slot of a virtual function in the table of its class, counted from 0; a destructor takes two. In the C++ ABI of
+/// g++ and clang on x86-64, on Windows too, a pointer to a virtual member begins with its offset plus 1.
 template <class Member>
 std::size_t virtualSlot(Member _member) {
   std::uintptr_t offset = 0;

@@ -6,8 +6,8 @@
 
 namespace testsupport {
 
-/// While it lives, the process acts as another user, from whom the rights on the file are taken. Since the C run-time's
-/// access test on Windows lets everybody read every file, all access tests for reading are made to fail there.
+/// While it lives, the process acts as another user, who has no rights on the file. On Windows, where the C run-time's
+/// access test lets everybody read every file, it also makes all access tests for reading fail.
 class WithoutReadPermission {
  public:
   explicit WithoutReadPermission(const std::string& _path);

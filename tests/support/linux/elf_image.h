@@ -7,7 +7,7 @@
 
 namespace testsupport {
 
-/// The bytes of a small ELF file that holds notes and nothing else.
+/// A small ELF file with notes and nothing else, in memory.
 class ElfImage {
  public:
   enum class Class : unsigned char { bits32 = 1, bits64 = 2 };
@@ -15,8 +15,9 @@ class ElfImage {
 
   explicit ElfImage(Class _class = Class::bits64, Order _order = Order::little) : class_(_class), order_(_order) {}
 
-  /// Begins a segment of notes whose parts have this alignment (4 or 8); the following notes belong to it.
+  /// Begins a segment of notes aligned to 4 or 8 bytes; the notes added next belong to it.
   ElfImage& segment(std::uint64_t _alignment);
+  /// Adds a note.
   /// @param _owner with its final NUL, if it has one.
   ElfImage& note(const std::string& _owner, std::uint32_t _type, const std::string& _descriptor);
   /// The descriptor of a version note.

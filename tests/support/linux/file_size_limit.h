@@ -5,8 +5,8 @@
 
 namespace testsupport {
 
-/// While it lives, no file may grow beyond the limit through this process (RLIMIT_FSIZE, as ulimit -f sets it), nor
-/// through the children that it starts.
+/// While it lives, neither this process nor the children that it starts can make a file grow beyond the limit
+/// (RLIMIT_FSIZE, which ulimit -f sets).
 class FileSizeLimit {
  public:
   explicit FileSizeLimit(rlim_t _bytes);

@@ -5,8 +5,8 @@
 
 namespace testsupport {
 
-/// Puts a pipe in place of a file, if there is one: a plain open for reading waits until somebody opens the pipe for
-/// writing. The path may have either separator.
+/// Creates a named pipe, in place of a file if there is one. A plain open for reading then waits until somebody opens
+/// the pipe for writing. The path may have either separator.
 void makeNamedPipe(const std::string& _path);
 
 }  // namespace testsupport

@@ -3,10 +3,10 @@
 
 namespace testsupport {
 
-/// While it lives, a standard stream of the process (STDOUT_FILENO, STDERR_FILENO) leads elsewhere.
+/// While it lives, redirects a standard stream of the process (STDOUT_FILENO, STDERR_FILENO).
 class ReplacedStream {
  public:
-  /// @param _file stays the caller's; -1 closes the stream.
+  /// @param _file the descriptor to redirect to, which stays the caller's; -1 closes the stream.
   ReplacedStream(int _stream, int _file);
   ~ReplacedStream();
   ReplacedStream(const ReplacedStream&) = delete;

@@ -5,11 +5,11 @@
 
 namespace testsupport {
 
-/// Gives this process and its later children an empty /dev/shm of their own, over the one before.
+/// Mounts an empty /dev/shm over the former one, for this process and its later children only.
 /// @param _limits options of tmpfs, such as "size=4k" or "nr_inodes=1"; empty for none.
 void mountSharedMemory(const std::string& _limits);
 
-/// Unmounts the latest one.
+/// Unmounts the latest of these.
 void unmountSharedMemory();
 
 }  // namespace testsupport

@@ -6,9 +6,9 @@
 
 namespace testsupport {
 
-/// The numbers (SYS_write ...) of the system calls that the function makes, in order. The function runs in a forked
-/// child under ptrace, so the caller does not see its changes to memory, and no other thread runs beside it. Fails the
-/// test when it cannot do its work.
+/// The numbers (SYS_write ...) of the system calls that the function makes, in order. Runs the function in a forked
+/// child under ptrace: the caller does not see its changes to memory, and no other thread runs beside it. Fails the
+/// test if that is impossible.
 std::vector<long> systemCallsOf(const std::function<void()>& _function);
 
 }  // namespace testsupport
