@@ -2,7 +2,7 @@
 # Configures and builds.
 # shellcheck shell=bash
 
-# build_preset PRESET [TARGET...]
+# build_preset PRESET [TARGET...]: configures a preset and builds all of it, or the targets.
 build_preset() {
   local preset=$1 arguments=()
   shift
@@ -12,8 +12,8 @@ build_preset() {
   (cd "$ROOT" && cmake --preset "$preset" && cmake --build --preset "$preset" "${arguments[@]}")
 }
 
-# build_ahead STEP COMMAND...: begins a build of a later step, if that is to run. Tests wait a lot; the build takes the
-# processor only where they leave it.
+# build_ahead STEP COMMAND...: starts the build of a later step in the background, if that step will run. Tests often wait;
+# the build uses the processor only then.
 build_ahead() {
   local step=$1
   [[ " ${steps[*]} " == *" $step "* ]] || return 0
@@ -26,19 +26,20 @@ build_ahead() {
   AHEAD_STEP=$step
 }
 
-# finish_ahead STEP: waits for it. What failed in it fails again in the step itself, and is shown there.
+# finish_ahead STEP: waits for that build. If it failed, it fails again in the step itself, which shows why.
 finish_ahead() {
   [ "$1" = "${AHEAD_STEP:-}" ] || return 0
   wait "$AHEAD_PROCESS" || true
   AHEAD_STEP=
 }
 
-# build_programs: LogTest and qmrkctl of the release.
+# build_programs: builds LogTest and qmrkctl of the release.
 build_programs() {
   build_preset linux-release LogTest qmrkctl
 }
 
-# build_instruction_benchmarks: what is counted, with the libraries of the release and without peers.
+# build_instruction_benchmarks: builds the benchmarks whose instructions are counted, with the release's libraries and
+# without peers.
 build_instruction_benchmarks() {
   (cd "$ROOT" && cmake --preset linux-tests -DQMRK_BUILD_BENCH=ON -DQMRK_BENCH_PEERS=OFF &&
     cmake --build --preset linux-tests --target instruction_benchmarks)

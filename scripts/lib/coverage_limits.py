@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""coverage_limits.py SUMMARY: prints, from a summary of gcovr in JSON, which part of the lines and branches of each
-piece of the libraries the tests reach, and fails below the limits."""
+"""coverage_limits.py SUMMARY: reads a JSON summary of gcovr and prints how many of the lines and branches of each piece of
+the libraries the tests reach. Fails below the limits."""
 
 import json
 import sys
@@ -11,7 +11,7 @@ LEAST_BRANCHES = 90
 
 FOLDERS = ("platform", "trace", "config", "diagnostics", "logsetup", "control", "logmanager")
 
-# Piece: the beginnings of its file names, the least percentage of lines, that of branches.
+# Piece: the beginnings of its file names, the minimum percentages of lines and of branches.
 PIECES = {
     "both libraries": (tuple(f"{folder}/" for folder in FOLDERS), LEAST_LINES, None),
     **{f"{folder}/": ((f"{folder}/",), None, None) for folder in FOLDERS if folder != "logmanager"},
@@ -29,7 +29,7 @@ def percentage(files, what):
 
 
 def row(name, files, least_lines, least_branches):
-    """The line of a piece, and whether it keeps its limits. A piece without files keeps none."""
+    """The line of a piece, and whether it meets its limits. A piece without files does not."""
     keeps = bool(files)
     text = f"{name:16}"
     for what, least in (("line", least_lines), ("branch", least_branches)):

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""failed_tests.py CTEST_XML: the tests of a run that failed. First their names, since who reads on may see only the
-beginning; then the end of what each wrote.
+"""failed_tests.py CTEST_XML: prints the failed tests of a run. First their names, since a reader may see only the beginning;
+then the end of the output of each.
 """
 
 import sys

@@ -1,9 +1,9 @@
 # SPDX-License-Identifier: MIT
-# Fetches from Debian what the system itself is not to have: sources, or packages of another architecture.
+# Fetches from Debian what shall not be installed in the system: sources, or packages of another architecture.
 # shellcheck shell=bash
 
 # own_apt FOLDER TYPE ARCHITECTURE: sets OWN_APT to an apt-get whose sources (TYPE "deb" or "deb-src"), lists and cache are in
-# the folder, so that neither root nor a change of the system is needed; it checks the signatures as always.
+# the folder, so that it needs no root and does not change the system. It checks signatures as usual.
 own_apt() {
   local folder=$1 site
   site=$(apt-get indextargets --format '$(REPO_URI)' 'Created-By: Packages' 'Codename: bookworm' | head -n 1)

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# Which Debian packages are needed for what, and how missing ones get installed.
+# Lists which Debian packages are needed for what, and installs missing ones.
 # shellcheck shell=bash disable=SC2034  # the lists are used by the scripts that read this file
 
 PACKAGES_BUILD=(g++ cmake ninja-build libboost-dev libboost-filesystem-dev libboost-thread-dev libcli11-dev
@@ -13,7 +13,7 @@ PACKAGES_WINDOWS=(g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64 wine wine
   zip unzip libz-mingw-w64-dev wixl msitools)
 PACKAGES_WINDOWS32=("${PACKAGES_BUILD[@]}" "${PACKAGES_WINDOWS[@]}" g++-mingw-w64-i686-posix binutils-mingw-w64-i686)
 
-# Runs a command as root: as it is for root, else through sudo.
+# as_root COMMAND...: runs a command as root: directly if the caller is root, else with sudo.
 as_root() {
   if [ "$(id -u)" -eq 0 ]; then
     "$@"
@@ -22,7 +22,7 @@ as_root() {
   fi
 }
 
-# install_packages NAME...: installs those of the Debian packages that are missing. Asks no registry when none is.
+# install_packages NAME...: installs the missing ones of these Debian packages. Needs no network if none is missing.
 install_packages() {
   local missing=() name
   for name in "$@"; do

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# Runs steps, keeps their output in build/logs, counts what passed and failed, and closes with one line of totals.
+# Runs steps, keeps their output in build/logs, counts passes and failures, and ends with one line of totals.
 # shellcheck shell=bash
 
 LOGS="$ROOT/build/logs"
@@ -12,13 +12,13 @@ heading() {
   printf '\n== %s  [%d:%02d]\n' "$1" $((SECONDS / 60)) $((SECONDS % 60))
 }
 
-# show_failure LOG: what a reader needs to see of the output of a step that failed.
+# show_failure LOG: prints the part of a failed step's output that a reader needs.
 show_failure() {
   printf '   FAILED, the end of %s:\n' "${1#"$ROOT/"}"
   tail -n "${2:-60}" "$1" | sed 's/^/   | /'
 }
 
-# need STEP COMMAND...: runs what the later steps depend on. It counts only when it fails.
+# need STEP COMMAND...: runs something that later steps depend on. Counts only if it fails.
 need() {
   local step=$1 log
   shift
@@ -31,7 +31,7 @@ need() {
   return 1
 }
 
-# check STEP COMMAND...: a check that counts as one.
+# check STEP COMMAND...: runs a check, which counts as one.
 check() {
   if need "$@"; then
     PASSED=$((PASSED + 1))
@@ -42,17 +42,17 @@ check() {
   fi
 }
 
-# attribute NAME FILE: the number that the first element of a JUnit file gives under that name.
+# attribute NAME FILE: prints the number that the first element of a JUnit file has under that name.
 attribute() {
   sed -n "s/.*[[:space:]]$1=\"\([0-9]*\)\".*/\1/p" "$2" | head -n 1
 }
 
-# run_tests PRESET [CTEST-ARGUMENT...]: runs the tests of a preset and counts each.
+# run_tests PRESET [CTEST-ARGUMENT...]: runs the tests of a preset, each of which counts.
 run_tests() {
   local preset=$1 log="$LOGS/$1-tests.log" results="$LOGS/$1.xml" total failed skipped fixed=()
   shift
   rm -f "$results"
-  # The thread sanitizer of g++ 12 cannot place its shadow memory where addresses vary by more than 28 bits.
+  # The thread sanitizer of g++ 12 cannot place its shadow memory if addresses vary by more than 28 bits.
   if [ "$preset" = linux-tsan ] && [ "$(cat /proc/sys/vm/mmap_rnd_bits 2>/dev/null || echo 28)" -gt 28 ]; then
     fixed=(setarch "$(uname -m)" -R)
   fi
@@ -75,7 +75,7 @@ run_tests() {
   fi
 }
 
-# run_suite STEP COMMAND...: runs a script that ends with a closing line of its own, and adds that line's numbers.
+# run_suite STEP COMMAND...: runs a script that ends with its own line of totals, and adds those.
 run_suite() {
   local step=$1 log="$LOGS/$1.log" line status=0 failed
   shift
@@ -83,7 +83,7 @@ run_suite() {
   status=${PIPESTATUS[0]}
   line=$(grep -E '^[0-9]+ passed, [0-9]+ failed(, [0-9]+ skipped)?$' "$log" | tail -n 1)
   failed=$(sed -n 's/.* \([0-9]*\) failed.*/\1/p' <<<"$line")
-  # A suite that fell over before its closing line, or whose status and line disagree, failed in itself.
+  # A suite that broke off before its line of totals, or whose status contradicts it, has itself failed.
   if [ -z "$line" ] || { [ "$status" -ne 0 ] && [ "$failed" -eq 0 ]; }; then
     FAILED=$((FAILED + 1))
     printf '   %s: FAILED with status %d\n' "$step" "$status"
@@ -95,7 +95,7 @@ run_suite() {
   [ "$failed" -eq 0 ]
 }
 
-# closing_line: prints the sums, alone on the last line; fails when anything failed or nothing ran.
+# closing_line: prints the totals as the last line. Fails if anything failed or nothing ran.
 closing_line() {
   printf '\nAfter %d minutes and %d seconds:\n' $((SECONDS / 60)) $((SECONDS % 60))
   if [ "$SKIPPED" -gt 0 ]; then

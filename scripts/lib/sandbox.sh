@@ -2,7 +2,7 @@
 # A sandbox of folders in which LogTest finds its configuration and writes its logs, on Linux or under Wine.
 # shellcheck shell=bash disable=SC2034  # the names are for the tour
 
-# lay_out_sandbox FOLDER BUILD: a new sandbox, for the programs of a Linux build.
+# lay_out_sandbox FOLDER BUILD: creates a sandbox for the programs of a Linux build.
 lay_out_sandbox() {
   SANDBOX=$1
   LOG_TEST=("$2/tools/LogTest")
@@ -17,7 +17,7 @@ lay_out_sandbox() {
   fill_sandbox "$QMRK_COMMON_PROGRAM_FILES" "$QMRK_COMMON_APPDATA" "$QMRK_APPDATA"
 }
 
-# lay_out_wine_sandbox BUILD: the folders of the shell in the Wine prefix in use, for the programs of a Windows build.
+# lay_out_wine_sandbox BUILD: uses the shell folders of the current Wine prefix, for the programs of a Windows build.
 lay_out_wine_sandbox() {
   SANDBOX=$QMRK_WINE_PREFIX/drive_c
   SANDBOX_NOTE='They lie in the folders of the shell for common files and for application data.'
@@ -28,8 +28,8 @@ lay_out_wine_sandbox() {
     "$(echo "$SANDBOX"/users/"$(id -un)"/AppData/Roaming)"
 }
 
-# fill_sandbox PROGRAM_FILES COMMON_DATA USER_DATA: names the folders below the three base folders, makes those of the
-# configuration, and puts the examples there.
+# fill_sandbox PROGRAM_FILES COMMON_DATA USER_DATA: names the folders below the three base folders, creates those of the
+# configuration, and copies the examples there.
 fill_sandbox() {
   CFG_FOLDER="$1/Orvane Shared/qmrk/logging/cfg"
   INIT_FOLDER="$2/Orvane/qmrk/logging"
@@ -39,7 +39,7 @@ fill_sandbox() {
   cp "$ROOT"/examples/*.init "$INIT_FOLDER/"
 }
 
-# set_key KEY VALUE: gives a key of CA12's configuration another value.
+# set_key KEY VALUE: changes a key of CA12's configuration.
 set_key() {
   sed -i "s|^$1=.*|$1=$2|" "$CFG_FOLDER/qmrk_logging_CA12.cfg"
 }

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# Checks of the sources by clang-format, Doxygen and clang-tidy.
+# Checks the sources with clang-format, Doxygen and clang-tidy.
 # shellcheck shell=bash
 
 cxx_files() {
@@ -10,14 +10,14 @@ check_format() {
   cxx_files | xargs clang-format-14 --dry-run -Werror --style=file
 }
 
-# check_reference: every declaration of the public headers has a comment, and the comment fits it. The pages go to
+# check_reference: every declaration in the public headers has a comment that fits it. The pages go to
 # build/reference/html.
 check_reference() {
   mkdir -p "$ROOT/build" && (cd "$ROOT" && doxygen docs/Doxyfile)
 }
 
-# check_tidy: every source of ours in the compile database of linux-tidy, once, on all cores. Sources stand together in
-# units, which is why sources may be included.
+# check_tidy: checks every source of ours in the compile database of linux-tidy once, on all cores. Sources are joined in
+# units, so including a source is allowed.
 check_tidy() {
   local build="$ROOT/build/linux-tidy" units
   (cd "$ROOT" && cmake --preset linux-tidy) >/dev/null || return

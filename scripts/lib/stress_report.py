@@ -38,7 +38,7 @@ def tests_of(results):
 
 
 def suites(tests):
-    """The names of the tests, those of one suite together."""
+    """The names of the tests, grouped by suite."""
     names = collections.defaultdict(list)
     for test in tests:
         suite, _, name = test.name.partition(".")
@@ -49,7 +49,7 @@ def suites(tests):
 
 def row(what, tests):
     figures = [line for test in tests for line in test.figures]
-    # Rounds of one kind differ in their numbers only.
+    # Rounds of one kind differ only in their numbers.
     kinds = list(dict((re.sub(r"\d+", "0", line), line) for line in figures).values())
     failed = [test.name for test in tests if not test.passed]
     if not tests:

@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""tidy_units.py BUILD: what clang-tidy is to read, so that it reads the headers of GoogleTest and of the standard library
-a few times rather than once for each program.
+"""tidy_units.py BUILD: joins sources for clang-tidy, so that it reads the headers of GoogleTest and of the standard library
+a few times rather than once per program.
 
-BUILD has a compile database in which the sources of a target stand together. The test programs of a folder are put
-together further, as are the benchmarks, each source once. Writes BUILD/tidy/compile_commands.json and its units, and
-prints the files to check, those that take longest first.
+BUILD has a compile database in which the sources of each target are already joined. This also joins the test programs of
+a folder, and the benchmarks, each source once. Writes BUILD/tidy/compile_commands.json and its units, and prints the files
+to check, the slowest first.
 """
 
 import json
@@ -18,7 +18,7 @@ MOST_SOURCES_TOGETHER = 30
 
 
 def sources_of(entry):
-    """The sources of a unit that CMake has made, or the one source of any other."""
+    """The sources joined in a unit by CMake, or the single source of any other entry."""
     path = pathlib.Path(entry["file"])
     if "Unity" not in path.parts:
         return [str(path)]
@@ -26,7 +26,7 @@ def sources_of(entry):
 
 
 def flags_of(entry):
-    """What the compiler is called with, as words that can be joined: -I, -isystem and -D with their values."""
+    """The compiler's arguments, as words that can be merged: -I, -isystem and -D with their values."""
     words = iter(shlex.split(entry["command"])[1:])
     for word in words:
         if word in ("-o", "-c"):
@@ -39,7 +39,7 @@ def flags_of(entry):
 
 
 def group_of(path, build):
-    """The test programs of a folder go together; anything else stays as it is compiled."""
+    """Joins the test programs of a folder; leaves anything else as it is compiled."""
     folders = path.relative_to(build).parts if build in path.parents else ()
     if folders[:1] == ("tests",):
         return "/".join(folders[:2]).replace("/CMakeFiles", "")
@@ -47,7 +47,7 @@ def group_of(path, build):
 
 
 class Unit:
-    """Sources that are checked together, with all the flags that any of them asks for."""
+    """Sources that are checked together, with all flags that any of them needs."""
 
     def __init__(self):
         self.sources, self.flags = [], []
@@ -59,11 +59,11 @@ class Unit:
 
 def collect(entries, build, root):
     units, open_units, seen = {}, {}, set()
-    # Units first: a source that is also compiled alone is not checked a second time.
+    # Units first, so that a source that is also compiled alone is not checked twice.
     for entry in sorted(entries, key=lambda one: "/Unity/" not in one["file"]):
         path = pathlib.Path(entry["file"])
         if build in path.parents and "Unity" not in path.parts:
-            continue  # Made from a template that is checked itself.
+            continue  # Generated from a template, which is checked itself.
         sources = [source for source in sources_of(entry) if source not in seen]
         if not sources:
             continue

@@ -19,12 +19,12 @@ say() {
   printf '%s\n' "$*" | fold -s -w 100
 }
 
-# show FILE: its lines, indented; of a configuration only what is read.
+# show FILE: prints its lines, indented; of a configuration only those that are read.
 show() {
   sed 's/\r$//' "$1" | sed -e '/^#/d' -e '/^$/d' -e 's/^/    /'
 }
 
-# run COMMAND...: shows the command as a user would type it, and what it prints.
+# run COMMAND...: shows the command as a user would type it, and its output.
 run() {
   local word line
   local command=("$@")
@@ -43,7 +43,7 @@ log_test() {
   run "${LOG_TEST[@]}" "$@"
 }
 
-# ends_of_trace COUNT COMMAND...: the first and the last lines of the trace that a command prints.
+# ends_of_trace COUNT COMMAND...: shows the first and last lines of the trace that a command prints.
 ends_of_trace() {
   local trace
   trace=$("${@:2}" | grep -E '^ +(==>|<==|---|-!-|<!=|<=>|<!-|<!>) ')
@@ -52,7 +52,7 @@ ends_of_trace() {
   tail -n "$1" <<<"$trace"
 }
 
-# logged TITLE LOGTEST-ARGUMENT...: what a run leaves in a new common log.
+# logged TITLE LOGTEST-ARGUMENT...: shows what a run writes to a new common log.
 logged() {
   local title=$1
   shift
@@ -136,7 +136,7 @@ take_the_tour() {
   station_versions
   station_fault
   station_steering
-  # A prefix of Wine goes with the tour.
+  # The Wine prefix is removed with the tour.
   [ -n "${QMRK_WINE_PREFIX:-}" ] || say "The files of the tour are in ${SANDBOX#"$ROOT/"}."
   say 'The formats and their traps: docs/file-formats.md.'
 }

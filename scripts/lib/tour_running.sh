@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# The stations of the tour about what applications do besides: logs of their own, listening, stamps and versions.
+# The stations of the tour about what else applications do: logs of their own, listening, stamps and versions.
 # shellcheck shell=bash disable=SC2154  # the names of the sandbox come from sandbox.sh
 
 station_application_log() {
@@ -20,7 +20,7 @@ station_application_log() {
   reset_examples
 }
 
-# wait_until WHAT COMMAND...: asks COMMAND again and again, for at most 30 seconds.
+# wait_until WHAT COMMAND...: repeats COMMAND until it succeeds, for at most 30 seconds.
 wait_until() {
   local what=$1 end=$((SECONDS + 30))
   shift

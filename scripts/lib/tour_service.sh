@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# The stations of the tour for those who look after installations: a fault is found, classes are switched with an answer.
+# The stations of the tour for those who look after installations: finding a fault, switching classes and seeing the answers.
 # shellcheck shell=bash disable=SC2154  # the names of the sandbox come from sandbox.sh
 
 station_fault() {
@@ -15,7 +15,7 @@ station_fault() {
   reset_examples
 }
 
-# begin_listener NAME: LogTest as that application, which listens for some seconds.
+# begin_listener NAME: starts LogTest as that application, listening for some seconds.
 begin_listener() {
   printf "  \$ LogTest --app %s --classes 'Demo.App.info;Demo.Net.info;' --listen 6 &\n" "$1"
   "${LOG_TEST[@]}" --app "$1" --classes 'Demo.App.info;Demo.Net.info;' --listen 6 >"$SANDBOX/$1.txt" 2>&1 &

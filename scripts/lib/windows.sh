@@ -1,11 +1,11 @@
 # SPDX-License-Identifier: MIT
-# Builds for Windows and runs what was built under Wine, in a fresh prefix.
+# Builds for Windows and runs the result under Wine, in a new prefix.
 # shellcheck shell=bash
 
 . "$ROOT/scripts/lib/packages.sh"
 . "$ROOT/scripts/lib/build.sh"
 
-# Every Windows program is started through this.
+# Starts every Windows program.
 WINE_RUN="$ROOT/scripts/lib/run-under-wine"
 
 # install_windows_dependencies: installs packages, and builds the libraries that are needed (once).
@@ -18,7 +18,7 @@ build_windows() {
   install_windows_dependencies && build_preset windows-release "$@"
 }
 
-# begin_wine: makes a fresh prefix, which end_wine removes. Its server stays up meanwhile, since a start takes seconds.
+# begin_wine: creates a prefix, which end_wine removes. Its server keeps running meanwhile, since starting it takes seconds.
 begin_wine() {
   QMRK_WINE_PREFIX=$(mktemp -d "${TMPDIR:-/tmp}/qmrk-wine.XXXXXX")
   export QMRK_WINE_PREFIX
@@ -33,7 +33,7 @@ end_wine() {
   unset QMRK_WINE_PREFIX
 }
 
-# windows_path PATH: how a Windows program names a file of this system.
+# windows_path PATH: prints the name that a file of this system has for a Windows program.
 windows_path() {
   printf 'Z:%s' "${1//\//\\}"
 }

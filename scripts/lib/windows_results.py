@@ -2,9 +2,9 @@
 # SPDX-License-Identifier: MIT
 """windows_results.py CTEST_XML GTEST_FOLDER: sums up a run of the Windows tests.
 
-A GoogleTest program is one entry of ctest and writes an XML file of its own, from which its single tests are counted;
-any other entry counts as one test. Tests that cannot run under Wine are listed with the reasons that they gave. Prints
-"N passed, M failed" at the end, and fails when a test failed or more tests than allowed could not run.
+A GoogleTest program is one entry of ctest and writes its own XML file, from which its tests are counted; any other entry
+counts as one test. Lists tests that cannot run under Wine, with their reasons. Ends with "N passed, M failed", and fails
+if a test failed or more tests than allowed could not run.
 """
 
 import pathlib
@@ -15,7 +15,7 @@ MOST_THAT_CANNOT_RUN = 5
 
 
 def count_program(path):
-    """Passed and failed tests of a GoogleTest program, and the tests that could not run with their reasons."""
+    """The passed and failed tests of a GoogleTest program, and those that could not run, with their reasons."""
     root = xml.etree.ElementTree.parse(path).getroot()
     passed, failed, cannot_run = 0, [], []
     for case in root.iter("testcase"):
@@ -49,7 +49,7 @@ def main():
         cannot_run += counted[2]
         if not ran_well and not counted[1]:
             failed.append(f"{name}: the program did not end normally")
-    # The reports of programs whose tests are an entry each.
+    # Reports of programs whose tests are separate entries.
     for report in set(folder.glob("*.xml")) - counted_reports:
         reasons = count_program(report)[2]
         passed -= len(reasons)
