@@ -11,8 +11,7 @@ namespace testsupport {
 /// Base folders for one test, in which the library finds its configuration and writes its logs while the object lives.
 /// On Linux they are new folders, named by environment variables, which child processes inherit. On Windows, which has
 /// no such variables, they are the shell folders: the sandbox removes the product folders before and after the test,
-/// and whatever else is new in them after it. It unsets DEFAULT_CA_NR before and after. Only one may live at a time in
-/// a process.
+/// and whatever else is new in them after it. It unsets DEFAULT_CA_NR before and after. One may live in a process.
 class ConfigSandbox {
  public:
   ConfigSandbox();

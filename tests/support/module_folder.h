@@ -5,8 +5,7 @@
 
 namespace testsupport {
 
-/// While it lives, the system also finds modules in the folder, but first those in the folders of the program and of
-/// the loader.
+/// While it lives, the system finds modules also in the folder, after the folders of the program and of the loader.
 class ModuleFolder {
  public:
   explicit ModuleFolder(const std::string& _folder);

@@ -6,8 +6,7 @@
 
 namespace testsupport {
 
-/// A new folder with a unique name, open to every user (mode 0777 on Linux); the destructor removes it with its
-/// content.
+/// A new folder with a unique name, open to every user (mode 0777 on Linux), removed with its content at the end.
 class TemporaryFolder {
  public:
   TemporaryFolder();

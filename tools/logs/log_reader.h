@@ -22,8 +22,7 @@ class LogReader {
 
   const std::string& path() const { return path_; }
 
-  /// Opens all files of the log and goes to the beginning of the last _lines lines that the query selects, or a little
-  /// before.
+  /// Opens all files of the log and goes to the last _lines lines that the query selects, or a little before them.
   /// @return the result for the log's own file; if it is missing, there may still be backups.
   toolsystem::OpenResult begin(const MessageQuery& _query, std::uint64_t _lines);
 

@@ -7,8 +7,7 @@
 
 namespace logtest {
 
-/// Why a set-up that found these facts failed: the first fact that makes it fail, in words, with paths in the system's
-/// form.
+/// Why a set-up that found these facts failed: the first fact that makes it fail, in words, paths in the system's form.
 std::string reasonOfFailure(const SetupFacts& _facts);
 
 }  // namespace logtest

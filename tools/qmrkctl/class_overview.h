@@ -5,8 +5,7 @@
 
 namespace qmrkctl {
 
-/// Lists all known classes of a CA: from its class list, its filter, running applications and the lines of the common
-/// log.
+/// Lists all known classes of a CA: those in its class list, its filter, running applications and the common log.
 /// @return the exit code.
 int listClasses(const Options& _options, Report& _report);
 

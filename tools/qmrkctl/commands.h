@@ -11,8 +11,7 @@ namespace qmrkctl {
 /// @param _options receives them when the command line is parsed; must outlive the program.
 void addOptions(CLI::App& _program, Options& _options);
 
-/// Adds all commands. Whatever needs their definitions, such as completion, builds the program with these two
-/// functions.
+/// Adds all commands. Whatever needs their definitions, such as completion, builds the program with these functions.
 /// @param _choice receives the command that parsing chooses; must outlive the program.
 void addCommands(CLI::App& _program, Choice& _choice);
 

@@ -27,8 +27,7 @@ struct SweptList {
 /// @return no value if there was nothing to do, the list cannot be read, or somebody else is changing it.
 std::optional<SweptList> sweepList(const ClassListPlace& _place, std::chrono::milliseconds _wait);
 
-/// The sweep that every command makes first, as far as its rights go: prints nothing, waits for no answer, and ignores
-/// failures.
+/// The sweep that every command makes first, as far as its rights go. Prints nothing, waits for nobody, never fails.
 void sweepInPassing();
 
 }  // namespace qmrkctl

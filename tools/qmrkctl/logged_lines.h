@@ -19,8 +19,7 @@ struct LineCount {
 /// The class at the beginning of a line of the default set-up, "[name] ..."; empty if there is none.
 std::string_view classOfLine(std::string_view _line);
 
-/// Counts the lines added to a log after the construction. Follows the log when it is removed or rotated. For one
-/// thread.
+/// Counts lines added to a log after the construction. Follows the log when it is removed or rotated. For one thread.
 class LoggedLines {
  public:
   /// @param _path with separators of either kind; the file need not exist yet.

@@ -14,7 +14,7 @@ struct ResultSchema {
   std::string_view text;
 };
 
-/// All schemas, sorted by name; valid as long as the program.
+/// All schemas, sorted by name and valid as long as the program.
 const std::vector<ResultSchema>& resultSchemas();
 
 /// The JSON Schema (draft 2020-12) of the whole object that a command prints with --json.

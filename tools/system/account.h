@@ -41,8 +41,7 @@ std::optional<Environment> environmentOfProcess(int _pid);
 /// it sees the same, or that is unknown.
 std::string fileSystemOfProcess(int _pid);
 
-/// Finds a base folder as the library would, in that environment and with that home. On Windows always that of the
-/// current user.
+/// Finds a base folder as the library would, in that environment and with that home. On Windows the current user's.
 /// @param _path receives it in the library's form; untouched on failure.
 bool baseFolder(platform::ShellFolder _folder, const Environment& _environment, const std::string& _home,
                 std::string& _path);

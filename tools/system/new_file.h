@@ -5,8 +5,7 @@
 
 namespace toolsystem {
 
-/// Writes a new file that everybody may read (mode 0644 on Linux, whatever the umask). Removes it if it cannot be
-/// written whole.
+/// Writes a new file that everybody may read (mode 0644 on Linux, whatever the umask). Never leaves a partial file.
 /// @param _path in the system's form.
 /// @param _text each "\n" becomes the system's line end.
 /// @return 0, or an errno value: EEXIST if anything is at the path, even a dangling link.

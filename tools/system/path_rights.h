@@ -16,8 +16,7 @@ struct PathRights {
 };
 
 /// The rights of an account on each path (in the system's form). Asks the system on behalf of the account if this
-/// program may (as root, or for the current user); otherwise derives them from the mode bits of the file and its
-/// folders.
+/// program may (as root, or for the current user); otherwise derives them from mode bits of file and folders.
 /// @param _root the folder through which another file system is reached; else empty.
 std::vector<PathRights> rightsOn(const std::vector<std::string>& _paths, const Account& _account,
                                  const std::string& _root);

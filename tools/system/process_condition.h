@@ -8,8 +8,7 @@ struct ProcessCondition {
   /// It has variables that move folders, but the library ignores them because the process has more rights than whoever
   /// started it (set-user-id, capabilities). Always false on Windows.
   bool ignoresEnvironment = false;
-  /// The library's file was removed or replaced since the process loaded it. Always false on Windows, which does not
-  /// allow that.
+  /// The library's file was removed or replaced since the process loaded it, which Windows does not allow.
   bool hasFormerLibrary = false;
 };
 

@@ -26,9 +26,8 @@ void markCalls();
 
 /// Runs the function in a forked child under ptrace (x86-64), which needs no special rights, and judges each system
 /// call between marks. No other thread may run in the child.
-/// @return the child's status as waitpid gives it, with the result of the function as its exit code; -1 if no child
-/// could
-///   be traced.
+/// @return the child's status as waitpid gives it, with the result of the function as its exit code; -1 if there was no
+///   child to trace.
 int runTraced(const std::function<int()>& _function, const CallJudge& _judge);
 
 }  // namespace testsupport
