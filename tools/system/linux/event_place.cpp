@@ -73,8 +73,8 @@ std::vector<EventPlace> eventPlaces(const std::vector<ProcessFacts>& _processes,
 platform::ErrorCode setEventAt(const EventPlace& _place, const std::string& _event) {
   const FileDescriptor memory = platform::openSharedMemory(_place.root);
   if (!memory.isOpen()) return platform::errnoCode(errno);
-  const std::string path = "/proc/self/fd/" + std::to_string(memory.get()) + "/" + std::string(folderPrefix) +
-                           std::to_string(_place.folderUserId);
+  const std::string path = "/proc/self/fd/" + std::to_string(memory.get()) + "/" +
+                           std::string(platform::statusUserFolderPrefix) + std::to_string(_place.folderUserId);
   const platform::ErrorCode error = platform::setForeignEvent({path, _place.owner}, _event);
   // Who has no folder holds no event.
   return error == platform::errorPathNotFound ? platform::errorFileNotFound : error;
