@@ -2,12 +2,10 @@
 #include "tools/qmrkctl/class_list_file.h"
 
 #include <algorithm>
-#include <fstream>
-#include <sstream>
 
 #include "diagnostics/status_page_values.h"
 #include "platform/native_path.h"
-#include "platform/text_file.h"
+#include "tools/qmrkctl/file_bytes.h"
 
 namespace qmrkctl {
 namespace {
@@ -18,12 +16,7 @@ constexpr std::string_view nameSuffix = ".init";
 // No value: it is there, or may be, and cannot be read.
 std::optional<std::string> bytesOf(const std::string& _path, const toolsystem::PathFacts& _facts) {
   if (_facts.kind == toolsystem::PathKind::missing) return std::string();
-  if (_facts.kind != toolsystem::PathKind::file || _facts.size > platform::largestTextFile) return std::nullopt;
-  std::ifstream file(platform::nativePath(_path), std::ios::binary);
-  if (!file) return std::nullopt;
-  std::ostringstream bytes;
-  bytes << file.rdbuf();
-  return bytes.str();
+  return bytesOfFile(_path);
 }
 
 std::optional<toolsystem::FileFailure> writeLeases(const ClassListPlace& _place, const ClassListState& _before,

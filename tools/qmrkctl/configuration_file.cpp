@@ -3,23 +3,15 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <map>
-#include <sstream>
 #include <system_error>
 
 #include "config/cfg_parser.h"
 #include "platform/text_file.h"
+#include "tools/qmrkctl/file_bytes.h"
 
 namespace qmrkctl {
 namespace {
-
-std::string fileBytes(const std::string& _path) {
-  std::ifstream file(_path, std::ios::binary);
-  std::ostringstream bytes;
-  bytes << file.rdbuf();
-  return bytes.str();
-}
 
 void markReplaced(std::vector<Setting>& _settings) {
   std::map<std::string_view, Setting*> latest;
@@ -69,7 +61,7 @@ ConfigurationFile readConfigurationFile(const Viewpoint& _viewpoint, const std::
   platform::TextReader reader(reachedPath(_viewpoint, _path));
   file.isRead = reader.readAll(file.text);
   if (!file.isRead) return file;
-  file.bytes = fileBytes(reachedPath(_viewpoint, _path));
+  file.bytes = bytesOfFile(reachedPath(_viewpoint, _path)).value_or("");
   if (_path.ends_with(".cfg")) file.settings = settingsOf(_path, file.text);
   return file;
 }
