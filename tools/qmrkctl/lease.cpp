@@ -18,16 +18,30 @@ bool isSameBoot(const Lease& _lease, const Clocks& _now) {
   return !_lease.bootId.empty() && _lease.bootId == _now.boot.bootId;
 }
 
+// The end of the year 9999. Times are added and subtracted, so whoever may write the file must not choose any number.
+constexpr std::int64_t latestTime = 253'402'300'799'999;
+constexpr std::int64_t noTime = -1;
+
+std::int64_t timeFrom(const Json& _value) {
+  if (!_value.is_number_integer()) return noTime;
+  const auto time = _value.get<std::int64_t>();
+  return time >= 0 && time <= latestTime ? time : noTime;
+}
+
+bool hasTimes(const Lease& _lease) {
+  return _lease.since != noTime && _lease.until != noTime && _lease.untilUptime != noTime;
+}
+
 Lease leaseFrom(const Json& _object) {
   Lease lease;
   for (const Json& name : _object.at("classes")) {
     // Whoever may write the file may write the list, but not what can be no class.
     if (isClassName(name.get<std::string>())) lease.classes.push_back(name.get<std::string>());
   }
-  lease.since = _object.at("since").get<std::int64_t>();
-  lease.until = _object.at("until").get<std::int64_t>();
+  lease.since = timeFrom(_object.at("since"));
+  lease.until = timeFrom(_object.at("until"));
   lease.bootId = _object.value("bootId", "");
-  lease.untilUptime = _object.value("untilUptime", std::int64_t{0});
+  lease.untilUptime = timeFrom(_object.value("untilUptime", Json(0)));
   lease.who = _object.value("who", "");
   lease.reason = _object.value("reason", "");
   return lease;
@@ -80,7 +94,8 @@ std::vector<Lease> parseLeases(std::string_view _text) {
   if (!object.is_object() || !object.contains("leases") || !object["leases"].is_array()) return leases;
   for (const Json& each : object["leases"]) {
     try {
-      leases.push_back(leaseFrom(each));
+      const Lease lease = leaseFrom(each);
+      if (hasTimes(lease)) leases.push_back(lease);
     } catch (const Json::exception&) {
       continue;
     }

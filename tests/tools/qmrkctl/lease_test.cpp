@@ -70,6 +70,20 @@ TEST(Leases, AreNoneInATextThatIsNone) {
   }
 }
 
+TEST(Leases, NeedTimesThatAClockCanShow) {
+  const auto withTimes = [](const std::string& _since, const std::string& _until, const std::string& _untilUptime) {
+    return "{\"leases\":[{\"classes\":[\"A\"],\"since\":" + _since + ",\"until\":" + _until +
+           ",\"untilUptime\":" + _untilUptime + "}]}";
+  };
+  EXPECT_EQ(parseLeases(withTimes("0", "253402300799999", "0")).size(), 1U);
+  for (const char* time :
+       {"-9223372036854775808", "-1", "253402300800000", "18446744073709551615", "1e300", "\"1\"", "null"}) {
+    EXPECT_TRUE(parseLeases(withTimes(time, "1", "1")).empty()) << time;
+    EXPECT_TRUE(parseLeases(withTimes("1", time, "1")).empty()) << time;
+    EXPECT_TRUE(parseLeases(withTimes("1", "1", time)).empty()) << time;
+  }
+}
+
 TEST(Sweep, TakesOffWhatTheLeaseAdded) {
   const Swept swept = sweep("A;\nB;\nC;\n", {leaseFor({"B"}, 100), leaseFor({"C"}, 200)}, clocksAfter(100));
   EXPECT_EQ(swept.list, "A;\nC;\n");
