@@ -115,11 +115,15 @@ bool isReplacedBy(unsigned int _user, const std::string& _path) {
          }) == 0;
 }
 
+// In a folder of the group, to which new files in it belong from the start or not.
+constexpr mode_t givesItsGroup = 02775;
+constexpr mode_t keepsItsGroup = 0775;
+
 struct GroupFile {
-  explicit GroupFile(unsigned int _owner) {
+  explicit GroupFile(unsigned int _owner, mode_t _folderMode = givesItsGroup) {
     writeFile(path, "old");
     EXPECT_EQ(::chown(folder.path().c_str(), 0, daemonId), 0) << "these tests need the rights of root";
-    EXPECT_EQ(::chmod(folder.path().c_str(), 02775), 0);
+    EXPECT_EQ(::chmod(folder.path().c_str(), _folderMode), 0);
     EXPECT_EQ(::chown(path.c_str(), _owner, daemonId), 0);
     EXPECT_EQ(::chmod(path.c_str(), 0664), 0);
   }
@@ -129,13 +133,15 @@ struct GroupFile {
 };
 
 TEST(ReplacedFile, StaysWritableForItsGroup) {
-  const GroupFile file(0);
-  EXPECT_TRUE(isReplacedBy(binId, file.path));
-  EXPECT_EQ(readFile(file.path), "new");
-  struct stat status {};
-  ASSERT_EQ(::stat(file.path.c_str(), &status), 0);
-  EXPECT_EQ(status.st_gid, daemonId);
-  EXPECT_EQ(status.st_mode & 07777U, 0664U);
+  for (const mode_t folderMode : {givesItsGroup, keepsItsGroup}) {
+    const GroupFile file(0, folderMode);
+    EXPECT_TRUE(isReplacedBy(binId, file.path));
+    EXPECT_EQ(readFile(file.path), "new");
+    struct stat status {};
+    ASSERT_EQ(::stat(file.path.c_str(), &status), 0);
+    EXPECT_EQ(status.st_gid, daemonId);
+    EXPECT_EQ(status.st_mode & 07777U, 0664U);
+  }
 }
 
 TEST(ReplacedFile, ChangesItsOwnerOnlyWithinItsGroup) {
@@ -149,19 +155,22 @@ TEST(ReplacedFile, ChangesItsOwnerOnlyWithinItsGroup) {
   EXPECT_FALSE(isReplacedBy(binId, notForTheGroup.path));
 }
 
+bool isLockedBy(unsigned int _user, const std::string& _lock) {
+  return testsupport::inForkedChild([&] {
+           const gid_t group = daemonId;
+           if (::setgroups(1, &group) != 0 || ::setresgid(_user, _user, _user) != 0 ||
+               ::setresuid(_user, _user, _user) != 0)
+             return 2;
+           return toolsystem::FileLock(_lock, std::chrono::milliseconds(0)).isHeld() ? 0 : 1;
+         }) == 0;
+}
+
 TEST(FileLock, IsForAllWhoMayWriteInTheFolder) {
-  const GroupFile file(0);
-  const std::string lock = file.folder.path() + "/lock";
-  for (const unsigned int user : {binId, daemonId}) {
-    EXPECT_EQ(
-        testsupport::inForkedChild([&] {
-          const gid_t group = daemonId;
-          if (::setgroups(1, &group) != 0 || ::setresgid(user, user, user) != 0 || ::setresuid(user, user, user) != 0)
-            return 2;
-          return toolsystem::FileLock(lock, std::chrono::milliseconds(0)).isHeld() ? 0 : 1;
-        }),
-        0)
-        << user;
+  for (const mode_t folderMode : {givesItsGroup, keepsItsGroup}) {
+    const GroupFile file(0, folderMode);
+    const std::string lock = file.folder.path() + "/lock";
+    EXPECT_TRUE(isLockedBy(binId, lock)) << folderMode;
+    EXPECT_TRUE(isLockedBy(daemonId, lock)) << folderMode;
   }
 }
 
