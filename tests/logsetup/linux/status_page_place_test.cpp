@@ -2,14 +2,17 @@
 #include <gtest/gtest.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <string>
 
 #include "platform/linux/event_folder.h"
 #include "quillmark_logging.h"
 #include "tests/logsetup/linux/page_in_its_folder.h"
 #include "tests/support/linux/file_size_limit.h"
+#include "tests/support/linux/traced_child.h"
 
 namespace {
 
@@ -57,6 +60,28 @@ TEST_F(StatusPagePlace, MayBeMissingBeyondAFileSizeLimit) {
   const testsupport::FileSizeLimit limit(1000);
   EXPECT_TRUE(updateLogLevels("CA12"));
   EXPECT_TRUE(testsupport::showsNothing());
+}
+
+// A folder whose mode the umask has changed would be in the way of every later process of the user.
+TEST_F(StatusPagePlace, IsNoFolderThatCouldNotBeGivenItsMode) {
+  const auto makeNoPage = [] {
+    ::umask(0777);
+    testsupport::markCalls();
+    const bool isSetUp = setUp();
+    testsupport::markCalls();
+    return isSetUp ? 0 : 1;
+  };
+  int refused = 0;
+  const int status = testsupport::runTraced(makeNoPage, [&refused](long _call) {
+    if (_call != SYS_fchmodat) return testsupport::CallFate();
+    ++refused;
+    return testsupport::CallFate{testsupport::CallFate::Kind::fails, EPERM};
+  });
+  EXPECT_EQ(status, 0);
+  EXPECT_GT(refused, 0);
+  EXPECT_FALSE(exists(platform::statusFolderPath()));
+  ASSERT_TRUE(setUp());
+  EXPECT_EQ(pageOf(::getpid()).state, PageState::live);
 }
 
 TEST_F(StatusPagePlace, TrustsNoForeignFolder) {
