@@ -2,6 +2,7 @@
 #include "tests/fault/linux/whole_life.h"
 
 #include <boost/logging/logging.hpp>
+#include <cstdint>
 #include <exception>
 #include <functional>
 #include <string>
@@ -17,6 +18,9 @@ namespace fault {
 namespace {
 
 constexpr char ca[] = "CA12";
+
+/// In milliseconds; against hanging.
+constexpr std::uint32_t longestWait = 30'000;
 
 bool succeeds(const std::function<bool()>& _step) {
   try {
@@ -49,8 +53,9 @@ bool listenForOneSetting() {
   const platform::Handle event = platform::createEvent(Listener::eventName());
   Listener listener;
   listener.setListenForEventState(false);
-  platform::setEvent(event);
-  const bool hasEnded = platform::waitForThread(listener.getThreadHandle(), 1000) == platform::waitObject;
+  // Nothing else ends it, so there is nothing to wait for without it.
+  const bool hasEnded = platform::setEvent(event) &&
+                        platform::waitForThread(listener.getThreadHandle(), longestWait) == platform::waitObject;
   platform::closeHandle(event);
   return listener.isCreated() != 0 && hasEnded;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/stress/linux/numbered_line.h"
 
+#include <algorithm>
 #include <charconv>
 #include <optional>
 
@@ -66,6 +67,12 @@ Findings findIn(std::string_view _text) {
     }
   }
   return findings;
+}
+
+std::int64_t countLinesOf(std::uint32_t _writer, std::string_view _text) {
+  const std::vector<NumberedLine> lines = findIn(_text).whole;
+  return std::count_if(lines.begin(), lines.end(),
+                       [_writer](const NumberedLine& _line) { return _line.writer == _writer; });
 }
 
 }  // namespace stress

@@ -31,4 +31,7 @@ struct Findings {
 
 Findings findIn(std::string_view _text);
 
+/// How many whole lines of that writer are in the text.
+std::int64_t countLinesOf(std::uint32_t _writer, std::string_view _text);
+
 }  // namespace stress
