@@ -60,8 +60,15 @@ TEST_F(QmrkctlSignal, SaysThatNobodyListensAndCreatesNothing) {
 }
 
 TEST_F(QmrkctlSignal, EndsWithTwoOnAWrongCommandLine) {
-  const std::vector<std::vector<std::string>> wrong = {
-      {}, {"unknown"}, {"signal", "surplus"}, {"signal", "--event"}, {"signal", "--unknown"}, {"--event", "X"}};
+  const std::vector<std::vector<std::string>> wrong = {{},
+                                                       {"unknown"},
+                                                       {"signal", "surplus"},
+                                                       {"signal", "--event"},
+                                                       {"signal", "--unknown"},
+                                                       {"--event", "X"},
+                                                       {"--ca", "", "check"},
+                                                       {"--user", "", "apps"},
+                                                       {"--app", "", "apps"}};
   for (const auto& arguments : wrong) {
     const ChildResult result = qmrkctl(arguments);
     EXPECT_EQ(result.exitCode, 2) << ::testing::PrintToString(arguments);

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "tools/qmrkctl/program.h"
 
+#include <cerrno>
 #include <exception>
+#include <iostream>
 #include <string>
 
 #include <CLI/CLI.hpp>
@@ -27,10 +29,20 @@ int run(const Choice& _choice, const Options& _options) {
   return report.finish(_choice.schema, exitCode);
 }
 
+// A request for help is no error. The numbers of the parser for all the others are not ours.
+int tellParser(const CLI::App& _program, const CLI::ParseError& _error) {
+  if (_program.exit(_error) != 0) return exitUsage;
+  errno = 0;
+  if (std::cout.flush() || errno == EPIPE) return exitOk;
+  Report::message("the help cannot be written");
+  return exitInternal;
+}
+
 }  // namespace
 
 int runProgram(int _argc, char** _argv) {
   toolsystem::ignoreClosedPipes();
+  toolsystem::reserveClosedStreams();
   CLI::App program("Shows and steers the logging of running applications", "qmrkctl");
   program.set_version_flag("--version", std::string("qmrkctl ") + QMRK_LOG_VERSION_STRING, "Print the version");
   Options options;
@@ -40,8 +52,7 @@ int runProgram(int _argc, char** _argv) {
     addCommands(program, choice);
     program.parse(_argc, _argv);
   } catch (const CLI::ParseError& error) {
-    // A request for help is no error. The numbers of the parser for all the others are not ours.
-    return program.exit(error) == 0 ? exitOk : exitUsage;
+    return tellParser(program, error);
   }
   return run(choice, options);
 }

@@ -15,4 +15,7 @@ bool isTerminal(Stream _stream) {
 // Windows has no such signal; the write fails by itself.
 void ignoreClosedPipes() {}
 
+// No file takes the place of a stream.
+void reserveClosedStreams() {}
+
 }  // namespace toolsystem
