@@ -37,8 +37,11 @@ FileFailure failureOf(const std::string& _what) {
           error == ENOENT || error == ENOTDIR};
 }
 
-// Where the chain of links ends; the path itself when nothing is there yet.
+// Where the chain of links ends; the path itself when it is no link, or nothing is there yet. The folders above stay as
+// they are written: /proc/PID/root is a link whose text leads back to the files of this program.
 std::string targetOf(const std::string& _path) {
+  struct stat status {};
+  if (::lstat(_path.c_str(), &status) != 0 || !S_ISLNK(status.st_mode)) return _path;
   std::array<char, PATH_MAX> target{};
   return ::realpath(_path.c_str(), target.data()) != nullptr ? std::string(target.data()) : _path;
 }
