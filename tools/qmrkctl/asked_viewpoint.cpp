@@ -18,18 +18,23 @@ std::optional<Viewpoint> refused(const std::string& _message, int _code, int& _e
 }
 
 std::optional<Viewpoint> ofProcess(int _pid, int& _exitCode) {
-  const std::string process = "process " + std::to_string(_pid);
   std::optional<Viewpoint> viewpoint = viewpointOfProcess(_pid);
-  if (!viewpoint) return refused("there is no " + process, exitNotFound, _exitCode);
-  if (!toolsystem::environmentOfProcess(_pid)) {
-    return refused("the environment of " + process + " cannot be read; root may: sudo qmrkctl --pid " +
-                       std::to_string(_pid) + " ...",
-                   exitNoPermission, _exitCode);
-  }
-  return viewpoint;
+  if (!viewpoint) return refused("there is no process " + std::to_string(_pid), exitNotFound, _exitCode);
+  if (!isHiddenProcess(_pid)) return viewpoint;
+  _exitCode = refuseHiddenProcess(_pid);
+  return std::nullopt;
 }
 
 }  // namespace
+
+bool isHiddenProcess(int _pid) { return viewpointOfProcess(_pid) && !toolsystem::environmentOfProcess(_pid); }
+
+int refuseHiddenProcess(int _pid) {
+  const std::string pid = std::to_string(_pid);
+  Report::message("the environment of process " + pid + " cannot be read; root may: sudo qmrkctl --pid " + pid +
+                  " ...");
+  return exitNoPermission;
+}
 
 std::optional<Viewpoint> askedViewpoint(const Options& _options, int& _exitCode) {
   if (_options.pid) return ofProcess(*_options.pid, _exitCode);

@@ -13,4 +13,11 @@ namespace qmrkctl {
 /// @param _exitCode receives the exit code if there is no value; otherwise untouched.
 std::optional<Viewpoint> askedViewpoint(const Options& _options, int& _exitCode);
 
+/// Whether a process is there, and this program may not look into it.
+bool isHiddenProcess(int _pid);
+
+/// Says so, and who may.
+/// @return the code to end with.
+int refuseHiddenProcess(int _pid);
+
 }  // namespace qmrkctl

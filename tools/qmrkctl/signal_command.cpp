@@ -6,6 +6,7 @@
 #include "quillmark_logging_names.h"
 #include "tools/qmrkctl/acknowledgement.h"
 #include "tools/qmrkctl/answer_report.h"
+#include "tools/qmrkctl/asked_viewpoint.h"
 #include "tools/qmrkctl/commands.h"
 #include "tools/qmrkctl/duration.h"
 #include "tools/qmrkctl/exit_code.h"
@@ -73,6 +74,7 @@ int signalEvent(const SignalOptions& _signal, const Options& _options, Report& _
   }
   const RunningProcesses processes = runningProcesses(query);
   if (processes.found.empty() && (query.pid || !query.application.empty())) {
+    if (_options.pid && isHiddenProcess(*_options.pid)) return refuseHiddenProcess(*_options.pid);
     Report::message("no such process has the library loaded, as far as can be seen");
     return exitNotFound;
   }

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "tools/qmrkctl/asked_viewpoint.h"
 #include "tools/qmrkctl/commands.h"
 #include "tools/qmrkctl/doctor/process_check.h"
 #include "tools/qmrkctl/doctor/why_chain.h"
@@ -63,6 +64,7 @@ int explainWhy(const std::string& _class, const Options& _options, Report& _repo
   std::vector<RunningProcess> processes;
   if (_options.ca.empty()) processes = runningProcesses(query).found;
   if (asksForProcess(_options) && _options.ca.empty() && processes.empty()) {
+    if (_options.pid && isHiddenProcess(*_options.pid)) return refuseHiddenProcess(*_options.pid);
     Report::message(_options.pid ? "the process " + std::to_string(*_options.pid) + " does not have the library loaded"
                                  : "no application \"" + shown(_options.app) + "\" runs");
     return exitNotFound;
