@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "tools/qmrkctl/ca_choice.h"
 
+#include "quillmark_logging_names.h"
+#include "tools/qmrkctl/check/similar_name.h"
+
 namespace qmrkctl {
 namespace {
 
@@ -26,6 +29,11 @@ Json caJson(const Configuration& _configuration) {
   return {{"asked", _configuration.caAsked},           {"origin", originName(_configuration.origin)},
           {"inEffect", _configuration.caInEffect},     {"files", _configuration.caOfFiles},
           {"fallenBack", _configuration.isFallenBack}, {"wouldBeGenerated", _configuration.wouldBeGenerated}};
+}
+
+bool isNamedCaMissing(const Configuration& _configuration) {
+  return _configuration.origin == CaOrigin::option && _configuration.isFallenBack &&
+         !isSameIgnoringCase(_configuration.caAsked, Quillmark_logging::GENERIC_CA);
 }
 
 }  // namespace qmrkctl

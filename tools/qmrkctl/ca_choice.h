@@ -14,4 +14,7 @@ std::string caText(const Configuration& _configuration);
 /// The same as an object: asked, origin, inEffect, files, fallenBack, wouldBeGenerated.
 Json caJson(const Configuration& _configuration);
 
+/// Whether a CA was named on the command line that is not installed, so that "GE" would answer for it.
+bool isNamedCaMissing(const Configuration& _configuration);
+
 }  // namespace qmrkctl

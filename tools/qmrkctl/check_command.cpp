@@ -67,11 +67,11 @@ class CheckRun {
 int checkOneFile(const std::string& _path, Report& _report) {
   const Viewpoint own = ownViewpoint();
   const ConfigurationFile file = readConfigurationFile(own, _path, "named on the command line");
-  if (file.facts.kind == toolsystem::PathKind::missing) {
+  if (file.facts.kind == toolsystem::PathKind::missing && !file.facts.isHidden) {
     Report::message("there is no file " + shown(_path));
     return exitNotFound;
   }
-  if (file.facts.kind == toolsystem::PathKind::file && !file.rights.isReadable) {
+  if (file.facts.isHidden || (file.facts.kind == toolsystem::PathKind::file && !file.rights.isReadable)) {
     Report::message("permission denied for " + shown(_path) + "; root may: sudo qmrkctl check \"" + shown(_path) +
                     "\"");
     return exitNoPermission;
@@ -88,7 +88,7 @@ int checkCas(const Options& _options, bool _isAll, Report& _report) {
   if (!viewpoint) return exitCode;
   std::vector<std::string> cas = {_options.ca};
   if (_isAll) {
-    const std::vector<std::string> installed = installedCas(*viewpoint);
+    const std::vector<std::string> installed = casToName(*viewpoint);
     cas.insert(cas.end(), installed.begin(), installed.end());
   }
   const RunningProcesses processes = runningProcesses(queryOf(_options));

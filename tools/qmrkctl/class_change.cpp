@@ -9,6 +9,7 @@
 #include "tools/qmrkctl/actor.h"
 #include "tools/qmrkctl/answer_report.h"
 #include "tools/qmrkctl/asked_viewpoint.h"
+#include "tools/qmrkctl/ca_choice.h"
 #include "tools/qmrkctl/class_list_text.h"
 #include "tools/qmrkctl/duration.h"
 #include "tools/qmrkctl/exit_code.h"
@@ -58,7 +59,9 @@ std::string differenceText(const Names& _added, const Names& _removed) {
 int refuse(const toolsystem::FileFailure& _failure) {
   Report::message(shown(_failure.text));
   if (_failure.isDenied) {
-    Report::message("the owner of the file may do that, or root: run the same command by sudo");
+    Report::message(toolsystem::seesEveryProcess()
+                        ? "not even root may: look at the mount options and the attributes of the file (lsattr)"
+                        : "the owner of the file may do that, or root: run the same command by sudo");
     return exitNoPermission;
   }
   return _failure.isMissing ? exitNotFound : exitInternal;
@@ -75,6 +78,7 @@ class Change {
     const auto viewpoint = askedViewpoint(options_, refusal);
     if (!viewpoint) return refusal;
     const Configuration configuration = readConfiguration(*viewpoint, options_.ca);
+    if (isNamedCaMissing(configuration)) return refuseOtherCa(configuration);
     const auto place = classListPlace(*viewpoint, configuration);
     if (!place) {
       Report::message("the CA " + shown(configuration.caInEffect) +
@@ -90,6 +94,13 @@ class Change {
   }
 
  private:
+  // A slip in the name must not change the list of another CA.
+  static int refuseOtherCa(const Configuration& _configuration) {
+    Report::message("the CA " + shown(_configuration.caAsked) + " has no .cfg file; applications that ask for it use " +
+                    "the class list of " + shown(_configuration.caOfFiles) + ": change it by that name");
+    return exitNotFound;
+  }
+
   static int tellNoLock(const toolsystem::FileLock& _lock) {
     if (_lock.failure()) return refuse(*_lock.failure());
     if (toolsystem::isEndRequested()) return exitInterrupted;
@@ -117,6 +128,9 @@ class Change {
   // What is wrong with the new list. That an empty one is empty has been asked for.
   int lint(const Viewpoint& _viewpoint, Configuration _configuration) {
     if (request_.kind == ChangeKind::clear) return exitOk;
+    // As it will be: it may not be there yet.
+    _configuration.init.facts.kind = toolsystem::PathKind::file;
+    _configuration.init.rights = {true, true, true};
     _configuration.init.isRead = true;
     _configuration.init.bytes = after_.list;
     _configuration.init.text = withoutCarriageReturns(after_.list);

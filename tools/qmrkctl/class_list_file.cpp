@@ -57,7 +57,10 @@ std::optional<ClassListPlace> classListPlace(const Viewpoint& _viewpoint, const 
   auto place = classListPlaceOf(folder + "\\" + path.substr(nameBegin));
   if (!place) return place;
   place->path = path;
-  if (!_viewpoint.root.empty()) place->reached = reachedPath(_viewpoint, path);
+  if (_viewpoint.root.empty()) return place;
+  place->reached = reachedPath(_viewpoint, path);
+  // A link that the process made must not lead out of its files.
+  place->lease = reachedPath(_viewpoint, path.substr(0, nameBegin) + place->ca + ".lease");
   return place;
 }
 
@@ -66,7 +69,8 @@ std::optional<ClassListState> readClassList(const ClassListPlace& _place) {
   std::optional<std::string> list = bytesOf(_place.reached, facts);
   if (!list) return std::nullopt;
   const auto leases = bytesOf(_place.lease, toolsystem::factsOf(platform::nativePath(_place.lease)));
-  return ClassListState{facts.kind == toolsystem::PathKind::file, std::move(*list), parseLeases(leases.value_or(""))};
+  return ClassListState{facts.kind == toolsystem::PathKind::file, std::move(*list), parseLeases(leases.value_or("")),
+                        !leases || hasDamagedLeases(*leases)};
 }
 
 std::optional<toolsystem::FileFailure> writeClassList(const ClassListPlace& _place, const ClassListState& _before,

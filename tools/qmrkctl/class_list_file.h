@@ -34,6 +34,7 @@ struct ClassListState {
   bool exists = false;
   std::string list;
   std::vector<Lease> leases;
+  bool hasDamagedLeases = false;  ///< the file of the leases has more, which cannot be read
 };
 
 /// Reads a list and its leases; a missing list is empty.

@@ -2,6 +2,7 @@
 #include "tools/qmrkctl/class_list_text.h"
 
 #include <algorithm>
+#include <set>
 
 namespace qmrkctl {
 namespace {
@@ -96,8 +97,9 @@ bool isClassName(std::string_view _name) {
 std::vector<std::string> classesMissingIn(const std::vector<std::string>& _names,
                                           const std::vector<std::string>& _others) {
   std::vector<std::string> missing;
+  std::set<std::string_view> known(_others.begin(), _others.end());
   for (const std::string& name : _names) {
-    if (!contains(_others, name) && !contains(missing, name)) missing.push_back(name);
+    if (known.insert(name).second) missing.push_back(name);
   }
   return missing;
 }

@@ -11,6 +11,7 @@
 #include "tools/qmrkctl/class_entries.h"
 #include "tools/qmrkctl/exit_code.h"
 #include "tools/qmrkctl/logged_lines.h"
+#include "tools/qmrkctl/pattern_set.h"
 #include "tools/qmrkctl/shown_text.h"
 #include "tools/qmrkctl/steering.h"
 #include "tools/qmrkctl/table_text.h"
@@ -34,13 +35,10 @@ struct Row {
 
 class Overview {
  public:
-  Overview(const Configuration& _configuration, const ClassListPlace& _place) : place_(_place) {
-    for (const ClassEntry& entry : enabledClasses(_configuration.init.text))
-      listed_.push_back(entry.pattern);
+  Overview(const Configuration& _configuration, const ClassListPlace& _place)
+      : place_(_place), listed_(enabledClasses(_configuration.init.text)) {
     const std::string* const filter = _configuration.value(Quillmark_logging::COMMON_LOG_FILE_FILTER);
-    if (filter == nullptr) return;
-    for (const ClassEntry& entry : filterClasses(*filter))
-      filtered_.push_back(entry.pattern);
+    if (filter != nullptr) filtered_ = filterClasses(*filter);
   }
 
   void addRunning(const std::vector<RunningProcess>& _processes) {
@@ -48,8 +46,10 @@ class Overview {
     for (const RunningProcess& process : _processes) {
       if (!follows(process, place_, configurations)) continue;
       ++processes_;
-      for (const LogState& log : process.status->classes.logs)
+      const ClassStatus& classes = process.status->classes;
+      for (const LogState& log : classes.logs)
         ++(log.isOn ? rows_[log.name].on : rows_[log.name].off);
+      if (isKnownByList(classes)) applied_.emplace_back(enabledClasses(classes.text.text));
     }
   }
 
@@ -58,15 +58,26 @@ class Overview {
       rows_[name].logged += lines;
   }
 
+  // A page has the logs of the moment at which it was written. One that was created since is as the applied list says.
+  void addLateLogs() {
+    for (auto& [name, row] : rows_) {
+      if (row.on + row.off > 0) continue;
+      for (const PatternSet& list : applied_)
+        ++(list.selects(name) ? row.on : row.off);
+    }
+  }
+
   // After all others: patterns that select none of the classes stand for themselves.
   void addPatterns() {
-    for (const Names* const patterns : {&listed_, &filtered_}) {
-      for (const std::string& pattern : *patterns)
-        rows_[pattern];
+    for (const std::vector<ClassEntry>* const entries : {&listed_, &filtered_}) {
+      for (const ClassEntry& entry : *entries)
+        rows_[entry.pattern];
     }
+    const PatternSet list(listed_);
+    const PatternSet filter(filtered_);
     for (auto& [name, row] : rows_) {
-      row.isListed = isSelected(listed_, name);
-      row.isFiltered = isSelected(filtered_, name);
+      row.isListed = list.selects(name);
+      row.isFiltered = filter.selects(name);
     }
   }
 
@@ -93,9 +104,8 @@ class Overview {
   }
 
  private:
-  static bool isSelected(const Names& _patterns, const std::string& _name) {
-    return std::any_of(_patterns.begin(), _patterns.end(),
-                       [&_name](const std::string& _pattern) { return _pattern == _name || selects(_pattern, _name); });
+  static bool isKnownByList(const ClassStatus& _classes) {
+    return _classes.generation > 0 && !_classes.text.isCut && _classes.ownChange == status::Call::none;
   }
 
   static std::string runningText(const Row& _row) {
@@ -114,11 +124,21 @@ class Overview {
   }
 
   const ClassListPlace& place_;
-  Names listed_;
-  Names filtered_;
+  std::vector<ClassEntry> listed_;
+  std::vector<ClassEntry> filtered_;
   int processes_ = 0;
+  std::vector<PatternSet> applied_;  ///< the lists of those processes, where a page shows all of it
   std::map<std::string, Row> rows_;
 };
+
+// Without a list all classes stay as they are.
+int tellUnreadList(const ConfigurationFile& _list) {
+  const std::string path = shown(platform::nativePath(_list.path));
+  const bool isMissing = _list.facts.kind == toolsystem::PathKind::missing && !_list.facts.isHidden;
+  if (!_list.isRead)
+    Report::message((isMissing ? "there is no class list " : "the class list cannot be read: ") + path);
+  return _list.isRead || isMissing ? exitOk : exitPartial;
+}
 
 }  // namespace
 
@@ -139,10 +159,11 @@ int listClasses(const Options& _options, Report& _report) {
     log.goBack(longestLookBack);
     overview.addLogged(log.newLines().byClass);
   }
+  overview.addLateLogs();
   overview.addPatterns();
   const auto state = readClassList(*place);
   overview.tell(state ? state->leases : std::vector<Lease>(), _report);
-  return exitOk;
+  return tellUnreadList(configuration.init);
 }
 
 }  // namespace qmrkctl

@@ -131,7 +131,7 @@ LogPlaces placesBelow(const std::string& _userFolder, const ConfigurationFile& _
 }
 
 void findLogs(const Viewpoint& _viewpoint, const GenericAnswer& _generic, Configuration& _configuration) {
-  if (!baseFolder(_viewpoint, ShellFolder::userAppData, _configuration.userBase)) return;
+  if (_configuration.userBase.empty()) return;
   _configuration.logs = placesBelow(_configuration.userBase, _configuration.cfg);
   _configuration.genericLogs =
       placesBelow(_configuration.userBase, readConfigurationFile(_viewpoint, _generic.cfg, ""));
@@ -167,6 +167,8 @@ bool Configuration::isOn(std::string_view _key) const {
 Configuration readConfiguration(const Viewpoint& _viewpoint, const std::string& _ca) {
   Configuration configuration;
   chooseCa(_viewpoint, _ca, configuration);
+  // Stays empty when there is none.
+  baseFolder(_viewpoint, ShellFolder::userAppData, configuration.userBase);
   if (!baseFolder(_viewpoint, ShellFolder::commonProgramFiles, configuration.cfgBase) ||
       !baseFolder(_viewpoint, ShellFolder::commonAppData, configuration.initBase)) {
     configuration.failure = "the system does not know the folder of the configuration files";
@@ -199,6 +201,13 @@ std::vector<std::string> installedCas(const Viewpoint& _viewpoint) {
     if (!name.starts_with(beginning) || !name.ends_with(ending)) continue;
     cas.push_back(name.substr(beginning.size(), name.size() - beginning.size() - ending.size()));
   }
+  return cas;
+}
+
+std::vector<std::string> casToName(const Viewpoint& _viewpoint) {
+  std::vector<std::string> cas = installedCas(_viewpoint);
+  const Configuration ofGeneric = readConfiguration(_viewpoint, names::GENERIC_CA);
+  std::erase_if(cas, [&](const std::string& _ca) { return _ca == ofGeneric.caOfFiles && _ca != upper(_ca); });
   return cas;
 }
 

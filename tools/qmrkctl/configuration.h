@@ -65,6 +65,10 @@ std::string redirectedCfgPath(const Configuration& _configuration, const std::st
 /// The CAs that have a .cfg file, "GE" included, spelled as in the file names and sorted.
 std::vector<std::string> installedCas(const Viewpoint& _viewpoint);
 
+/// Those of them that an application may name. A CA in lower case is found by no name; it is left out where "GE"
+/// redirects to it.
+std::vector<std::string> casToName(const Viewpoint& _viewpoint);
+
 /// Reports everything that is wrong with a configuration: its files, folders and class list.
 /// @param _knownLogs the names of the logs of running applications; empty: unknown.
 std::vector<Finding> checkConfiguration(const Viewpoint& _viewpoint, const Configuration& _configuration,

@@ -103,6 +103,13 @@ std::vector<Lease> parseLeases(std::string_view _text) {
   return leases;
 }
 
+bool hasDamagedLeases(std::string_view _text) {
+  if (_text.empty()) return false;
+  const Json object = Json::parse(_text, nullptr, false);
+  if (!object.is_object() || !object.contains("leases") || !object["leases"].is_array()) return true;
+  return parseLeases(_text).size() != object["leases"].size();
+}
+
 Swept sweep(const std::string& _list, const std::vector<Lease>& _leases, const Clocks& _now) {
   Swept swept{_list, {}, {}};
   const std::vector<std::string> listed = classesIn(_list);

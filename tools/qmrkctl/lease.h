@@ -47,6 +47,9 @@ std::string leasesText(const std::vector<Lease>& _leases);
 /// Reads such a text. Skips entries that are no leases; any other text has none.
 std::vector<Lease> parseLeases(std::string_view _text);
 
+/// Whether a text, which may be empty, has leases that cannot be read.
+bool hasDamagedLeases(std::string_view _text);
+
 /// A class list and its leases after the expired leases have ended.
 struct Swept {
   std::string list;

@@ -2,6 +2,7 @@
 #include <memory>
 #include <string>
 
+#include "platform/native_path.h"
 #include "tools/qmrkctl/answer_report.h"
 #include "tools/qmrkctl/asked_viewpoint.h"
 #include "tools/qmrkctl/commands.h"
@@ -20,12 +21,18 @@ int listLeases(const Options& _options, Report& _report) {
   const auto viewpoint = askedViewpoint(_options, refusal);
   if (!viewpoint) return refusal;
   const Clocks now = clocksNow();
+  int exitCode = exitOk;
   Json all = Json::array();
   for (const ClassListPlace& place : listsWithLeases(*viewpoint)) {
     const auto state = readClassList(place);
     if (!state) {
       Report::message("cannot read " + shown(place.reached));
       return exitNoPermission;
+    }
+    if (state->hasDamagedLeases) {
+      Report::message("cannot read all of " + shown(platform::nativePath(place.lease)) +
+                      ": what it should switch off stays on until \"qmrkctl classes disable\"");
+      exitCode = exitPartial;
     }
     for (const Lease& lease : state->leases) {
       std::string line = shown(place.ca) + " until " + utcText(lease.until) + " (" +
@@ -45,7 +52,7 @@ int listLeases(const Options& _options, Report& _report) {
   }
   if (all.empty()) _report.line("no class is on for a time");
   _report.result() = {{"leases", all}};
-  return exitOk;
+  return exitCode;
 }
 
 int sweepAll(const std::string& _wait, const Options& _options, Report& _report) {

@@ -8,6 +8,7 @@
 #include "platform/native_path.h"
 #include "platform/text_file.h"
 #include "tools/qmrkctl/check/similar_name.h"
+#include "tools/status/valid_utf8.h"
 #include "tools/system/log_file.h"
 #include "tools/system/path_in_root.h"
 
@@ -90,7 +91,8 @@ bool follows(const RunningProcess& _process, const ClassListPlace& _place, Proce
   const toolsystem::FileId theirs = toolsystem::fileIdAt(reached);
   const toolsystem::FileId ours = toolsystem::fileIdAt(_place.reached);
   const toolsystem::FileId none;
-  if (theirs == none || ours == none) return reached == _place.reached;
+  // A page has valid UTF-8 only.
+  if (theirs == none || ours == none) return reached == validUtf8(platform::nativePath(_place.reached));
   return theirs == ours;
 }
 

@@ -12,6 +12,7 @@ enum class PathKind { missing, file, folder, pipe, socket, device, danglingLink 
 /// What this program sees at a path. Follows links.
 struct PathFacts {
   PathKind kind = PathKind::missing;
+  bool isHidden = false;    ///< a folder above it may not be entered, so it is not known whether there is anything
   bool isLink = false;      ///< the last part of the path is a link
   std::int64_t size = 0;    ///< bytes of a file
   std::uint32_t owner = 0;  ///< 0 on Windows

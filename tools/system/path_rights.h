@@ -12,7 +12,7 @@ namespace toolsystem {
 struct PathRights {
   bool exists = false;  ///< and the user may reach it
   bool isReadable = false;
-  bool isWritable = false;
+  bool isWritable = false;  ///< of a folder: files can be created in it
 };
 
 /// The rights of an account on each path (in the system's form). Asks the system on behalf of the account if this

@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
 #include <string>
 
 #include "platform/linux/event_folder.h"
+#include "tests/support/as_unprivileged_user.h"
 #include "tests/support/child_process.h"
 #include "tests/support/linux/shared_memory_mount.h"
 #include "tests/support/private_events.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 
@@ -33,6 +36,22 @@ TEST_F(QmrkctlRefusal, DiffersFromNobodyListeningWhenTheSystemRefuses) {
   const auto result = testsupport::runProgram(QMRKCTL, {"signal"});
   EXPECT_EQ(result.exitCode, 4);
   EXPECT_NE(result.errors.find("cannot be set (error 5)"), std::string::npos) << result.errors;
+}
+
+TEST_F(QmrkctlRefusal, SaysThatTheHelpCannotBeWritten) {
+  const auto result = testsupport::runProgram("/bin/sh", {"-c", "exec \"$0\" --help >/dev/full", QMRKCTL});
+  EXPECT_EQ(result.exitCode, 70);
+  EXPECT_NE(result.errors.find("the help cannot be written"), std::string::npos) << result.errors;
+}
+
+TEST_F(QmrkctlRefusal, NamesWhoMayReadAFileInAFolderThatIsClosed) {
+  const testsupport::TemporaryFolder folder;
+  std::filesystem::create_directory(folder.path() + "/closed");
+  testsupport::denyAccess(folder.path() + "/closed");
+  const testsupport::AsUnprivilegedUser user;
+  const auto result = testsupport::runProgram(QMRKCTL, {"check", folder.path() + "/closed/my.cfg"});
+  EXPECT_EQ(result.exitCode, 4);
+  EXPECT_NE(result.errors.find("sudo qmrkctl check"), std::string::npos) << result.errors;
 }
 
 }  // namespace

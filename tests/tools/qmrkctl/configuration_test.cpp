@@ -52,6 +52,21 @@ TEST_F(ConfigurationTest, UsesTheCaOfTheEnvironment) {
   EXPECT_EQ(found.caOfFiles, "CA12");
 }
 
+TEST_F(ConfigurationTest, KnowsTheFoldersWhereTheEnvironmentNamesNoCa) {
+  testsupport::setEnvironment("DEFAULT_CA_NR", std::string(256, 'C'));
+  const Configuration found = read();
+  EXPECT_EQ(found.caAsked, "");
+  EXPECT_NE(found.failure, "");
+  EXPECT_EQ(found.userBase, sandbox_.appData());
+}
+
+TEST_F(ConfigurationTest, NamesNoCaInLowerCaseToWhichTheGenericFileLeads) {
+  for (const std::string ca : {"CA12", "plant", "other"})
+    sandbox_.writeCfg(ca, "LOG_STATE=TRUE\n");
+  sandbox_.writeCfg("GE", "REDIRECT_CA_NR=plant\n");
+  EXPECT_EQ(casToName(ownViewpoint()), (std::vector<std::string>{"CA12", "GE", "other"}));
+}
+
 TEST_F(ConfigurationTest, FallsBackToTheGenericFile) {
   sandbox_.writeDemoOfCa12("LOG_STATE=TRUE\n");
   sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA12\n");

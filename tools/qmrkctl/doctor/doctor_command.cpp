@@ -54,7 +54,7 @@ class Examination {
     for (const Viewpoint& viewpoint : _viewpoints) {
       configurations_.of(viewpoint, _ca);
       if (!_ca.empty()) continue;
-      for (const std::string& ca : installedCas(viewpoint))
+      for (const std::string& ca : casToName(viewpoint))
         configurations_.of(viewpoint, ca);
     }
     for (const SeenConfiguration& seen : configurations_.all()) {

@@ -122,7 +122,9 @@ std::optional<Account> accountOfUser(const std::string& _user) {
   uid_t uid = 0;
   const char* const end = _user.data() + _user.size();
   const auto read = std::from_chars(_user.data(), end, uid);
-  return !_user.empty() && read.ec == std::errc() && read.ptr == end ? accountOfId(uid) : std::nullopt;
+  if (_user.empty() || read.ec != std::errc() || read.ptr != end) return std::nullopt;
+  // One without a password entry may run programs all the same, in containers above all.
+  return accountOfId(uid).value_or(Account{std::to_string(uid), uid, uid, {}, ""});
 }
 
 std::optional<Account> accountOfProcess(int _pid) {

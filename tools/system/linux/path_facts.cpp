@@ -4,6 +4,8 @@
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 
+#include <cerrno>
+
 #include "tools/system/account.h"
 
 namespace toolsystem {
@@ -21,7 +23,10 @@ PathKind kindOf(mode_t _mode) {
 PathFacts factsOf(const std::string& _path) {
   PathFacts facts;
   struct stat status {};
-  if (::lstat(_path.c_str(), &status) != 0) return facts;
+  if (::lstat(_path.c_str(), &status) != 0) {
+    facts.isHidden = errno == EACCES;
+    return facts;
+  }
   facts.isLink = S_ISLNK(status.st_mode);
   const bool leadsSomewhere = ::stat(_path.c_str(), &status) == 0;
   facts.kind = leadsSomewhere ? kindOf(status.st_mode) : PathKind::danglingLink;

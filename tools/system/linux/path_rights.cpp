@@ -17,9 +17,14 @@ constexpr char existsBit = 1;
 constexpr char readBit = 2;
 constexpr char writeBit = 4;
 
+// Files are created in a folder only by who may enter it too.
+int modeOfWriting(const struct stat& _status) { return S_ISDIR(_status.st_mode) ? W_OK | X_OK : W_OK; }
+
 char askSystem(const char* _path) {
+  struct stat status {};
+  if (::stat(_path, &status) != 0) return 0;
   const auto may = [_path](int _mode) { return ::faccessat(AT_FDCWD, _path, _mode, AT_EACCESS) == 0; };
-  return static_cast<char>((may(F_OK) ? existsBit : 0) | (may(R_OK) ? readBit : 0) | (may(W_OK) ? writeBit : 0));
+  return static_cast<char>(existsBit | (may(R_OK) ? readBit : 0) | (may(modeOfWriting(status)) ? writeBit : 0));
 }
 
 PathRights rightsOf(char _bits) { return {(_bits & existsBit) != 0, (_bits & readBit) != 0, (_bits & writeBit) != 0}; }
@@ -70,7 +75,8 @@ PathRights byModeBits(const std::string& _path, const Account& _account) {
   }
   if (::stat(_path.c_str(), &status) != 0) return {};
   const unsigned int bits = modeBits(status, _account);
-  return {true, _account.uid == 0 || (bits & 4U) != 0, _account.uid == 0 || (bits & 2U) != 0};
+  const auto writing = static_cast<unsigned int>(modeOfWriting(status));
+  return {true, _account.uid == 0 || (bits & 4U) != 0, _account.uid == 0 || (bits & writing) == writing};
 }
 
 bool isRunningUser(const Account& _account) { return _account.uid == ::geteuid() && _account.gid == ::getegid(); }

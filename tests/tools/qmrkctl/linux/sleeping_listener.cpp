@@ -55,6 +55,7 @@ class ShownPage {
     platform::TextReader(settings_.listPath).readAll(text);
     const Names on = qmrkctl::classesIn(text);
     page_.number(status::classGeneration, ++generation_).number(status::classHash, status::hashOf(text));
+    page_.text(status::classText, text);
     page_.number(status::updateAt,
                  1'000'000 * static_cast<std::uint64_t>(platform::wallClockMilliseconds()) + generation_);
     page_.number(status::updateResult, 1);

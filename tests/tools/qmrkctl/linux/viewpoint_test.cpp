@@ -9,6 +9,7 @@
 
 #include <filesystem>
 
+#include "tests/support/as_unprivileged_user.h"
 #include "tests/support/config_sandbox.h"
 #include "tests/support/temporary_folder.h"
 #include "tools/system/process_condition.h"
@@ -43,6 +44,13 @@ TEST(ViewpointTest, DoesNotExistForAnUnknownUserOrProcess) {
   EXPECT_FALSE(viewpointOfProcess(0x7FFFFFFF));
 }
 
+TEST(ViewpointTest, ExistsForANumberWithoutPasswordEntry) {
+  const Viewpoint viewpoint = viewpointOfUser("54321").value();
+  EXPECT_EQ(viewpoint.account.name, "54321");
+  EXPECT_EQ(viewpoint.account.uid, 54321U);
+  EXPECT_EQ(viewpoint.environment.count("HOME"), 0U);
+}
+
 TEST(ViewpointTest, HasUserAndFileSystemOfAProcess) {
   const Viewpoint self = viewpointOfProcess(::getpid()).value();
   EXPECT_EQ(self.account.uid, ::geteuid());
@@ -72,6 +80,25 @@ TEST(ViewpointTest, FindsNothingInAFolderThatTheUserMayNotEnter) {
   fs::permissions(folder.path() + "/d", fs::perms(0700));
   EXPECT_FALSE(rightsOn(nobody(), folder.path() + "/d/f").exists);
   EXPECT_TRUE(rightsOn(ownViewpoint(), folder.path() + "/d/f").exists);
+}
+
+TEST(ViewpointTest, MayWriteInAFolderOnlyWhereTheUserMayEnterItToo) {
+  const testsupport::TemporaryFolder folder;
+  const std::string path = folder.path() + "/d";
+  fs::create_directory(path);
+  fs::permissions(path, fs::perms(0777));
+  EXPECT_TRUE(mayWrite(nobody(), path));
+  fs::permissions(path, fs::perms(0666));
+  EXPECT_FALSE(mayWrite(nobody(), path));
+}
+
+TEST(ViewpointTest, KnowsAMissingPathFromAHiddenOne) {
+  const testsupport::TemporaryFolder folder;
+  fs::create_directory(folder.path() + "/d");
+  testsupport::denyAccess(folder.path() + "/d");
+  const testsupport::AsUnprivilegedUser user;
+  EXPECT_TRUE(factsOf(ownViewpoint(), folder.path() + "/d/f").isHidden);
+  EXPECT_FALSE(factsOf(ownViewpoint(), folder.path() + "/f").isHidden);
 }
 
 TEST(ViewpointTest, SeesWhatIsAtAPath) {
