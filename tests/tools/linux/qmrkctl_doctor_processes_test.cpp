@@ -107,6 +107,17 @@ TEST_F(QmrkctlDoctorProcesses, AnswerForTheClassListOfTheirListener) {
   EXPECT_EQ(answers[0]["outcome"], "applied");
 }
 
+TEST_F(QmrkctlDoctorProcesses, GoOnWithWhatTheyReadAtTheirSetUp) {
+  const CompanionProcess process = application("CA662");
+  sandbox_.writeCfg("CA662",
+                    "LOG_STATE=FALSE\nCOMMON_LOG_FILE_NAME=common.log\nCOMMON_LOG_FILE_ROOT=Logs\\Common\n"
+                    "COMMON_LOG_FILE_FILTER=Demo.Net;\n");
+  const std::string why = qmrkctl({"why", "Demo.App.info"}).output;
+  EXPECT_THAT(why, HasSubstr("ok      LOG_STATE     on since the set-up"));
+  EXPECT_THAT(why, HasSubstr("ok      filter        \"Demo.App\" in that of the set-up"));
+  EXPECT_THAT(qmrkctl({"why", "Demo.Other"}).output, HasSubstr("FAIL    filter        the filter of the set-up"));
+}
+
 TEST_F(QmrkctlDoctorProcesses, HaveAnotherDefaultCaThanTheSession) {
   configure("CA663");
   CompanionProcess process(

@@ -53,6 +53,7 @@ TEST_F(CheckTest, FindsNothingInASoundFile) {
       codesIn(std::string("# a comment = of any kind\n\n") + soundText + "SPEC_LOG_ROTATION=true  # kept\r\n\n# end"),
       IsEmpty());
   EXPECT_THAT(codesIn("CA_NR=GE\nREDIRECT_CA_NR=CA1\n", FileRole::cfg, "qmrk_logging_GE.cfg"), IsEmpty());
+  EXPECT_THAT(codesIn(soundText + "REDIRECT_CA_NR=GE\n", FileRole::cfg, "qmrk_logging_GE.cfg"), IsEmpty());
   EXPECT_THAT(codesInInit("A;\r\nB.*;\n*.error;C"), IsEmpty());
 }
 
@@ -63,6 +64,29 @@ TEST_F(CheckTest, FindsBytesThatNoEditorShows) {
   EXPECT_THAT(codesIn(soundText + "TS_APPENDERS=TRUE\r\r\n"), Contains("Q104@4:18"));
   EXPECT_THAT(codesIn(soundText + "TS_APPENDERS=TRUE"), ElementsAre("Q105@4:1"));
   EXPECT_THAT(codesInInit("A;\rB;"), Contains("Q104@1:3"));
+}
+
+TEST_F(CheckTest, TakesARepeatedKeyWithTheSameValueEasily) {
+  const auto severityOf = [](const std::string& _line) {
+    const testsupport::TemporaryFolder folder;
+    const std::string path = folder.path() + "/qmrk_logging_CA1.cfg";
+    testsupport::writeFile(path, soundText + _line);
+    return checkFile(ownViewpoint(), readConfigurationFile(ownViewpoint(), path, ""), FileRole::cfg).at(0).severity;
+  };
+  EXPECT_EQ(severityOf("LOG_STATE=TRUE\n"), Severity::note);
+  EXPECT_EQ(severityOf("LOG_STATE=true\n"), Severity::warning);
+}
+
+TEST_F(CheckTest, StopsInATextThatIsSomethingElse) {
+  std::string log;
+  for (int line = 0; line < 5000; ++line)
+    log += "# [Demo.App.info] 20261122 10:00:00 = x;\n";
+  EXPECT_THAT(codesInInit(log), testing::SizeIs(testing::Le(300U)));
+  EXPECT_THAT(codesIn(testsupport::replaced(log, "#", "KEY")), testing::SizeIs(testing::Le(300U)));
+  std::string repeated;
+  for (int line = 0; line < 5000; ++line)
+    repeated += "LOG_STATE=TRUE\n";
+  EXPECT_THAT(codesIn(soundText + repeated), testing::SizeIs(testing::Le(300U)));
 }
 
 TEST_F(CheckTest, FindsKeysThatNothingReads) {
@@ -131,6 +155,13 @@ TEST_F(CheckTest, FindsPathsThatLeadElsewhere) {
   EXPECT_THAT(name(std::string(256, 'n')), ElementsAre("Q313@2:22"));
 }
 
+TEST_F(CheckTest, FindsVariablesThatNothingReplaces) {
+  for (const std::string root : {"%APPDATA%\\Logs", "a/%X%", "$HOME/logs", "${HOME}", "~", "~/logs", "~\\logs"})
+    EXPECT_THAT(codesIn(soundText + "COMMON_LOG_FILE_ROOT=" + root + "\n"), ElementsAre("Q329@4:22")) << root;
+  for (const std::string root : {"100%", "%%", "% a%", "5$", "$5", "backup~", "~anna"})
+    EXPECT_THAT(codesIn(soundText + "COMMON_LOG_FILE_ROOT=" + root + "\n"), IsEmpty()) << root;
+}
+
 TEST_F(CheckTest, FindsAFilterOfBlanks) {
   EXPECT_THAT(codesIn("LOG_STATE=TRUE\nCOMMON_LOG_FILE_NAME=c.log\nCOMMON_LOG_FILE_FILTER= \n"),
               ElementsAre("Q312@3:24"));
@@ -161,6 +192,35 @@ TEST_F(CheckTest, ComparesTheClassListWithTheFilterAndWithRunningApplications) {
   EXPECT_THAT(checkConfiguration(own, configuration).front().text, HasSubstr("did you mean Demo.App?"));
   EXPECT_THAT(codesOf(checkConfiguration(own, configuration, {"Demo.App", "Demo.App.error"})),
               ElementsAre("Q405@2:1", "Q406@2:1", "Q406@3:1"));
+}
+
+// The set-up fails where it cannot create a folder, not where one cannot be used.
+TEST_F(CheckTest, TellsAFileInPlaceOfTheLogFolderFromOneAboveIt) {
+  const testsupport::ConfigSandbox sandbox;
+  sandbox.writeCfg("GE", "REDIRECT_CA_NR=CA1\n");
+  sandbox.writeCfg("CA1", soundText + "COMMON_LOG_FILE_ROOT=a\\b\n");
+  sandbox.writeInit("CA1", "A;\n");
+  const auto effect = [] {
+    const Viewpoint own = ownViewpoint();
+    return checkConfiguration(own, readConfiguration(own, "")).at(0).effect;
+  };
+  testsupport::makeFolders(sandbox.appData() + "\\a");
+  testsupport::writeFile(sandbox.appData() + "\\a\\b", "");
+  EXPECT_THAT(effect(), HasSubstr("says true and every line is lost"));
+  testsupport::removeAll(sandbox.appData() + "\\a");
+  testsupport::writeFile(sandbox.appData() + "\\a", "");
+  EXPECT_THAT(effect(), HasSubstr("the set-up fails"));
+}
+
+TEST_F(CheckTest, SuggestsNoEntryThatIsWrongItself) {
+  const testsupport::ConfigSandbox sandbox;
+  sandbox.writeCfg("GE", "REDIRECT_CA_NR=CA1\n");
+  sandbox.writeCfg("CA1", "LOG_STATE=TRUE\nCOMMON_LOG_FILE_NAME=c.log\nCOMMON_LOG_FILE_FILTER=Demo.App ;\n");
+  sandbox.writeInit("CA1", "Demo.App;\n");
+  const Viewpoint own = ownViewpoint();
+  const std::vector<Finding> findings = checkConfiguration(own, readConfiguration(own, ""));
+  EXPECT_THAT(codesOf(findings), ElementsAre("Q402@3:24", "Q405@1:1"));
+  EXPECT_THAT(findings.back().text, Not(HasSubstr("did you mean")));
 }
 
 TEST_F(CheckTest, NamesWhatWasProbablyMeant) {

@@ -129,6 +129,29 @@ TEST_F(ProcessCheck, FindsAConfigurationThatHasChangedSinceTheStart) {
   EXPECT_EQ(found(), "warning Q613;");
 }
 
+TEST_F(ProcessCheck, FindsWhatAFileSaysOtherwiseSinceTheStart) {
+  configuration_.cfg.rights = {true, true, true};
+  configuration_.cfg.facts.kind = toolsystem::PathKind::file;
+  configuration_.cfg.settings = settingsOf("", "COMMON_LOG_FILE_FILTER=Demo;\n");
+  configuration_.logs = {"\\x", "\\x\\common.log", "", ""};
+  page().classes.filter.text = "Demo;";
+  page().commonLogPath.text = "\\x\\common.log";
+  EXPECT_EQ(found(), "");
+  page().classes.filter.text = "Demo.App;";
+  EXPECT_EQ(found(), "warning Q613;");
+  page().commonLogPath.text = "\\x\\former.log";
+  EXPECT_EQ(found(), "warning Q613;warning Q613;");
+  page().setUp.result = status::Result::none;
+  EXPECT_EQ(found(), "") << "it has read nothing yet";
+}
+
+// A page has valid UTF-8 only.
+TEST_F(ProcessCheck, TakesAPathThatIsNoUtf8ForTheSame) {
+  configuration_.cfg.path = "\\caf\xE9\\qmrk_logging_CA12.cfg";
+  page().cfgPath.text = "\\caf\xEF\xBF\xBD\\qmrk_logging_CA12.cfg";
+  EXPECT_EQ(found(), "");
+}
+
 TEST_F(ProcessCheck, FindsAStoppedProcessAndOneThatShowsNothing) {
   process_.facts.activity = toolsystem::Activity::stopped;
   ASSERT_EQ(found(), "warning Q609;");

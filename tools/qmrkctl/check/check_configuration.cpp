@@ -6,6 +6,13 @@
 namespace qmrkctl {
 namespace {
 
+// Where the generic file leads to itself, all of its keys are read.
+CfgUse useOfGeneric(const ConfigurationFile& _generic) {
+  const Setting* const redirection = _generic.setting(Quillmark_logging::REDIRECT_CA_NR);
+  const bool leadsAway = redirection != nullptr && redirection->value != Quillmark_logging::GENERIC_CA;
+  return leadsAway ? CfgUse::genericWithRedirection : CfgUse::single;
+}
+
 // The text of a .cfg file. What makes all of it unreadable is said once.
 void checkCfgText(const ConfigurationFile& _file, CfgUse _use, Findings& _findings) {
   const std::size_t before = _findings.size();
@@ -31,7 +38,11 @@ FindingPlace placeIn(const ConfigurationFile& _file, TextPlace _place) {
   return {platform::nativePath(_file.path), _place.line, _place.column};
 }
 
-std::string inQuotes(std::string_view _text) { return "\"" + std::string(_text) + "\""; }
+std::string inQuotes(std::string_view _text) {
+  // More of it is no name.
+  constexpr std::size_t longest = 1000;
+  return "\"" + std::string(_text.substr(0, longest)) + (_text.size() > longest ? "..." : "") + "\"";
+}
 
 FindingPlace placeOf(const std::string& _path) { return {platform::nativePath(_path), 0, 0}; }
 
@@ -42,10 +53,7 @@ std::vector<Finding> checkConfiguration(const Viewpoint& _viewpoint, const Confi
   const ConfigurationFile& cfg = _configuration.cfg;
   checkEnvironment(_viewpoint, _configuration, findings);
   checkRedirection(_viewpoint, _configuration, findings);
-  if (generic.path != cfg.path) {
-    const bool redirects = generic.setting(Quillmark_logging::REDIRECT_CA_NR) != nullptr;
-    checkCfgText(generic, redirects ? CfgUse::genericWithRedirection : CfgUse::single, findings);
-  }
+  if (generic.path != cfg.path) checkCfgText(generic, useOfGeneric(generic), findings);
   checkCfgText(cfg, CfgUse::single, findings);
   if (_configuration.init.path != cfg.path) checkInitText(_configuration.init, &cfg, _knownLogs, findings);
   checkFolders(_viewpoint, _configuration, findings);
@@ -58,8 +66,7 @@ std::vector<Finding> checkFile(const Viewpoint& _viewpoint, const ConfigurationF
   if (_role == FileRole::init) {
     checkInitText(_file, nullptr, {}, findings);
   } else {
-    const bool redirects = _file.setting(Quillmark_logging::REDIRECT_CA_NR) != nullptr;
-    checkCfgText(_file, redirects ? CfgUse::genericWithRedirection : CfgUse::single, findings);
+    checkCfgText(_file, useOfGeneric(_file), findings);
   }
   return findings;
 }

@@ -22,6 +22,9 @@ FindingPlace placeOf(const std::string& _path);
 /// The text in double quotes.
 std::string inQuotes(std::string_view _text);
 
+/// A check stops after so many findings in one text: it is something else altogether, such as a log.
+constexpr std::size_t mostFindings = 100;
+
 // Each examines one aspect of a configuration and adds its findings. None changes anything.
 
 /// Bytes that no editor shows: codes of the first hundred.

@@ -51,6 +51,12 @@ std::size_t commentBehindEntry(std::string_view _line) {
   return std::min(hash, slashes);
 }
 
+// Whether an entry is written as a name can be.
+bool isSound(std::string_view _pattern) {
+  return !_pattern.empty() && !isBlank(_pattern.front()) && !isBlank(_pattern.back()) && !hasEmptyPart(_pattern) &&
+         _pattern.find_first_of(strangeCharacters) == std::string_view::npos;
+}
+
 // What both kinds of lists have in common.
 void checkEntry(const ClassEntry& _entry, const FindingPlace& _place, Findings& _findings) {
   const std::string& pattern = _entry.pattern;
@@ -88,7 +94,7 @@ bool isCommentLine(std::string_view _line) {
 std::set<int> checkComments(const ConfigurationFile& _init, Findings& _findings) {
   std::set<int> lines;
   int number = 0;
-  for (std::size_t begin = 0; begin < _init.text.size(); ++number) {
+  for (std::size_t begin = 0; begin < _init.text.size() && lines.size() < mostFindings; ++number) {
     const std::size_t end = std::min(_init.text.find('\n', begin), _init.text.size());
     const std::string_view line = std::string_view(_init.text).substr(begin, end - begin);
     if (isCommentLine(line)) {
@@ -111,7 +117,7 @@ void checkReach(const ClassEntry& _entry, const FindingPlace& _place, const std:
   std::vector<std::string_view> names;
   for (const ClassEntry& entry : _filter) {
     if (selectACommonLog(_entry.pattern, entry.pattern)) return;
-    names.emplace_back(entry.pattern);
+    if (isSound(entry.pattern)) names.emplace_back(entry.pattern);
   }
   const std::string similar = similarName(_entry.pattern, names);
   const std::string text = "the class " + inQuotes(_entry.pattern) + " is on but not in the filter";
@@ -172,7 +178,9 @@ void checkClassList(const ConfigurationFile& _init, const ConfigurationFile* _fi
   const Setting* const setting = _filter == nullptr ? nullptr : filterOf(*_filter);
   const std::vector<ClassEntry> filter = setting == nullptr ? std::vector<ClassEntry>{} : filterClasses(setting->value);
   const TextPlaces places(_init.text);
+  const std::size_t first = _findings.size();
   for (const ClassEntry& entry : entries) {
+    if (_findings.size() - first >= mostFindings) return;
     const TextPlace place = places.of(entry.begin);
     if (commented.contains(place.line)) continue;
     const std::size_t before = _findings.size();

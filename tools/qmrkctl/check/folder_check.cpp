@@ -56,7 +56,7 @@ class FolderCheck {
       checkCreation(_places.folder, existing);
       return;
     }
-    if (!isFolder(_places.folder, "Q505")) return;
+    if (!isFolder(_places.folder, "the log cannot be opened: the set-up says true and every line is lost")) return;
     checkOwner(_places.folder);
     if (!_places.commonLog.empty()) checkLog(_places.folder, _places.commonLog);
     checkRecords(_places.errorRecords);
@@ -103,15 +103,15 @@ class FolderCheck {
         needed > 0 ? "the log cannot be created: every line is lost" : "a log that is rotated cannot be created again");
   }
 
-  bool isFolder(const std::string& _path, std::string_view _code) {
+  bool isFolder(const std::string& _path, const std::string& _effect) {
     if (factsOf(viewpoint_, _path).kind == PathKind::folder) return true;
-    add(_code, _path, "there is something else in place of the folder", "remove what stands there",
-        "the folder cannot be created: the set-up fails");
+    add("Q505", _path, "there is something else in place of the folder", "remove what stands there", _effect);
     return false;
   }
 
   void checkCreation(const std::string& _folder, const std::string& _existing) {
-    if (!isFolder(_existing, "Q505") || mayWrite(viewpoint_, _existing)) return;
+    if (!isFolder(_existing, "the folder cannot be created: the set-up fails")) return;
+    if (mayWrite(viewpoint_, _existing)) return;
     add("Q501", _folder, user() + " may not create it in " + platform::nativePath(_existing));
   }
 
@@ -165,6 +165,22 @@ class FolderCheck {
       add("Q509", _folder, "there is something else in place of the folder", "remove what stands there");
     } else if (!mayWrite(viewpoint_, _folder)) {
       add("Q509", _folder, user() + " may not write in it");
+    } else if (facts.owner == viewpoint_.account.uid) {
+      checkApplicationLogs(_folder);
+    }
+  }
+
+  // Where the folder is the user's, so are the logs in it.
+  void checkApplicationLogs(const std::string& _folder) {
+    std::vector<std::string> logs;
+    for (const std::string& name : fileNamesIn(viewpoint_, _folder)) {
+      if (name.ends_with("_log.txt")) logs.push_back(_folder + "\\" + name);
+    }
+    const std::vector<toolsystem::PathRights> rights = rightsOn(viewpoint_, logs);
+    for (std::size_t i = 0; i < logs.size(); ++i) {
+      if (rights[i].isWritable) continue;
+      add("Q502", logs[i], user() + " may not write the log of the application", "",
+          "the set-up says true, and the lines of the application's own log are lost");
     }
   }
 

@@ -90,12 +90,18 @@ void checkPair(const ConfigurationFile& _file, CfgUse _use, const Setting& _sett
 }
 
 void checkRepeated(const ConfigurationFile& _file, Findings& _findings) {
+  std::size_t repeated = 0;
   for (const Setting& setting : _file.settings) {
     if (!setting.isReplaced) continue;
     const Setting* const counts = _file.setting(setting.key);
-    _findings.push_back(findingOf("Q306", placeIn(_file, counts->keyPlace),
-                                  setting.key + " stands in line " + std::to_string(setting.keyPlace.line) + " too", "",
-                                  "the later value counts: " + inQuotes(counts->value)));
+    const bool isSame = setting.value == counts->value;
+    Finding finding =
+        findingOf("Q306", placeIn(_file, counts->keyPlace),
+                  setting.key + " stands in line " + std::to_string(setting.keyPlace.line) + " too", "",
+                  isSame ? "none: both say the same" : "the later value counts: " + inQuotes(counts->value));
+    if (isSame) finding.severity = Severity::note;
+    _findings.push_back(finding);
+    if (++repeated == mostFindings) return;
   }
 }
 
@@ -135,8 +141,11 @@ void checkRest(const ConfigurationFile& _file, Findings& _findings) {
 
 void checkKeys(const ConfigurationFile& _file, CfgUse _use, Findings& _findings) {
   if (!_file.isRead) return;
-  for (const Setting& setting : _file.settings)
+  const std::size_t before = _findings.size();
+  for (const Setting& setting : _file.settings) {
     checkPair(_file, _use, setting, _findings);
+    if (_findings.size() - before >= mostFindings) return;
+  }
   checkRepeated(_file, _findings);
   checkRest(_file, _findings);
 }

@@ -74,6 +74,9 @@ constexpr FindingKind keyTable[] = {
     {"Q328", Severity::warning, "A limit of the rotation without the rotation",
      "the key is not read: application logs grow for ever", "add SPEC_LOG_ROTATION=TRUE, or delete the line",
      "SPEC_LOG_FILE_LIMIT=1024000 alone"},
+    {"Q329", Severity::warning, "A path has a variable or \"~\"",
+     "nothing replaces it: it becomes part of the name of the file or folder",
+     "write the path itself, relative to the user's application data", "COMMON_LOG_FILE_ROOT=%APPDATA%\\Logs"},
 };
 
 }  // namespace

@@ -49,8 +49,9 @@ void addMissing(const Viewpoint& _viewpoint, const ConfigurationFile& _file, std
   const std::string other = otherLetterCase(_viewpoint, _file.path);
   if (_file.facts.kind == PathKind::danglingLink) {
     _findings.push_back(findingOf("Q213", place, "in place of the file stands a link that leads nowhere", "", _effect));
-  } else if (_file.facts.kind == PathKind::file) {
-    _findings.push_back(findingOf("Q211", place, "the user " + _viewpoint.account.name + " may not enter its folder",
+  } else if (_file.facts.kind == PathKind::file || _file.facts.isHidden) {
+    _findings.push_back(findingOf(_code == "Q210" ? "Q212" : "Q211", place,
+                                  "the user " + _viewpoint.account.name + " may not enter its folder",
                                   "let the user read and enter the folder (mode 0755)", _effect));
   } else if (!other.empty()) {
     _findings.push_back(findingOf("Q208", place, "the file is missing, but there is " + other,

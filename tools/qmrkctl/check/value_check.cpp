@@ -46,6 +46,22 @@ bool isQuoted(std::string_view _value) {
   return _value.size() > 1 && _value.front() == _value.back() && (_value.front() == '"' || _value.front() == '\'');
 }
 
+bool isLetter(char _c) { return (_c >= 'A' && _c <= 'Z') || (_c >= 'a' && _c <= 'z') || _c == '_'; }
+
+// "$NAME", "${NAME}" or "%NAME%" anywhere, or "~" as the first folder.
+bool hasVariable(std::string_view _path) {
+  if (_path == "~" || _path.starts_with("~/") || _path.starts_with("~\\")) return true;
+  for (std::size_t i = 0; i + 1 < _path.size(); ++i) {
+    if (_path[i] == '$' && (isLetter(_path[i + 1]) || _path[i + 1] == '{')) return true;
+    if (_path[i] != '%') continue;
+    const std::string_view name = _path.substr(i + 1);
+    const std::size_t end = name.find('%');
+    if (end != std::string_view::npos && end > 0 && std::all_of(name.begin(), name.begin() + end, isLetter))
+      return true;
+  }
+  return false;
+}
+
 std::string upperCase(const std::string& _text) { return CfgDataManager::getInstance(false)->toUpperCopy(_text); }
 
 // One file and what is found in it.
@@ -140,6 +156,7 @@ class ValueCheck {
       add("Q326", _setting, "the value of " + _setting.key + " stands in quotes",
           "write " + _setting.key + "=" + plain);
     }
+    if (hasVariable(_setting.value)) add("Q329", _setting, _setting.key + " is " + inQuotes(_setting.value));
     const std::vector<std::string_view> parts = partsOf(_setting.value);
     // One that ends so is no name of a file, as was said.
     const bool isOutside = std::find(parts.begin(), parts.end() - 1, "..") != parts.end() - 1 ||

@@ -3,8 +3,10 @@
 
 #include "diagnostics/status_page_values.h"
 #include "platform/native_path.h"
+#include "quillmark_logging_names.h"
 #include "quillmark_logging_version.h"
 #include "tools/qmrkctl/utc_time.h"
+#include "tools/status/valid_utf8.h"
 
 namespace qmrkctl {
 namespace {
@@ -70,7 +72,7 @@ class PageCheck {
   // The list of another CA is another finding.
   bool isListOfFileKnown() const {
     return status_.classes.generation > 0 && configuration_ != nullptr && configuration_->init.isRead &&
-           (status_.initPath.text.empty() || status_.initPath.text == configuration_->init.path);
+           (status_.initPath.text.empty() || status_.initPath.text == validUtf8(configuration_->init.path));
   }
 
   void checkListener() {
@@ -98,9 +100,28 @@ class PageCheck {
 
   void checkConfigurationFile() {
     if (configuration_ == nullptr || status_.cfgPath.isCut || status_.cfgPath.text.empty()) return;
-    if (configuration_->cfg.path.empty() || configuration_->cfg.path == status_.cfgPath.text) return;
-    add("Q613", name_ + " was set up with another file than " + platform::nativePath(configuration_->cfg.path),
-        status_.cfgPath.text);
+    if (configuration_->cfg.path.empty()) return;
+    if (validUtf8(configuration_->cfg.path) == status_.cfgPath.text) {
+      checkSettings();
+    } else {
+      add("Q613", name_ + " was set up with another file than " + platform::nativePath(configuration_->cfg.path),
+          status_.cfgPath.text);
+    }
+  }
+
+  // What the application has read from its file at its set-up.
+  void checkSettings() {
+    if (logsElsewhere(status_, *configuration_)) {
+      add("Q613",
+          name_ + " goes on with its common log " + platform::nativePath(status_.commonLogPath.text) +
+              "; its file names " + platform::nativePath(configuration_->logs->commonLog) + " now",
+          configuration_->cfg.path);
+    }
+    if (hasOtherFilter(status_, *configuration_)) {
+      add("Q613",
+          name_ + " goes on with the filter \"" + status_.classes.filter.text + "\"; its file has another one now",
+          configuration_->cfg.path);
+    }
   }
 
   void checkFile(const LogFileStatus& _file) {
@@ -122,6 +143,21 @@ class PageCheck {
 };
 
 }  // namespace
+
+bool isSetUp(const ProcessStatus& _status) { return _status.setUp.result == status::Result::done; }
+
+bool logsElsewhere(const ProcessStatus& _status, const Configuration& _configuration) {
+  const PageText& path = _status.commonLogPath;
+  if (!isSetUp(_status) || path.isCut || path.text.empty() || !_configuration.logs) return false;
+  const std::string& named = _configuration.logs->commonLog;
+  return !named.empty() && validUtf8(named) != path.text;
+}
+
+bool hasOtherFilter(const ProcessStatus& _status, const Configuration& _configuration) {
+  const std::string* const filter = _configuration.value(Quillmark_logging::COMMON_LOG_FILE_FILTER);
+  const PageText& applied = _status.classes.filter;
+  return isSetUp(_status) && filter != nullptr && !applied.isCut && validUtf8(*filter) != applied.text;
+}
 
 std::string processText(const RunningProcess& _process) {
   return _process.application + " (pid " + std::to_string(_process.pid()) + ", user " + _process.facts.user + ")";

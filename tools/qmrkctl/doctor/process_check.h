@@ -20,6 +20,15 @@ struct ProcessConfiguration {
 void checkProcess(const RunningProcess& _process, const ProcessConfiguration& _configuration,
                   std::vector<Finding>& _findings);
 
+/// Whether the last set-up has succeeded; otherwise it is unknown what the process has read from its .cfg file.
+bool isSetUp(const ProcessStatus& _status);
+
+/// Whether a process that was set up writes another common log than its file names now.
+bool logsElsewhere(const ProcessStatus& _status, const Configuration& _configuration);
+
+/// Whether it has connected its common log with another filter than its file has now.
+bool hasOtherFilter(const ProcessStatus& _status, const Configuration& _configuration);
+
 /// "demo (pid 123, user anna)", with the names as they are: pass it through shown() before it is printed.
 std::string processText(const RunningProcess& _process);
 

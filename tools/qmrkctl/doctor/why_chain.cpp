@@ -3,6 +3,7 @@
 
 #include "platform/native_path.h"
 #include "quillmark_logging_names.h"
+#include "tools/qmrkctl/doctor/process_check.h"
 #include "tools/qmrkctl/doctor/why_faults.h"
 
 namespace qmrkctl {
@@ -40,8 +41,11 @@ void addStateStep(const WhyQuestion& _question, StepList& _steps) {
   using Quillmark_logging::LOG_STATE;
   const ConfigurationFile& cfg = _question.seen->configuration.cfg;
   const Setting* const state = cfg.setting(LOG_STATE);
+  const ProcessStatus* const status = statusOf(_question);
   if (_question.seen->configuration.isOn(LOG_STATE)) {
     _steps.ok(LOG_STATE, state == nullptr ? "on" : "on in " + placeText(*state));
+  } else if (status != nullptr && isSetUp(*status)) {
+    _steps.ok(LOG_STATE, "on since the set-up; what the file says now counts at the next one");
   } else if (const Finding* const fault = faultOfKey(_question, LOG_STATE)) {
     _steps.failBy(LOG_STATE, *fault);
   } else if (state == nullptr) {

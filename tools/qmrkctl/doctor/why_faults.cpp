@@ -2,7 +2,6 @@
 #include "tools/qmrkctl/doctor/why_faults.h"
 
 #include <algorithm>
-#include <initializer_list>
 #include <string>
 
 #include "platform/native_path.h"
@@ -59,6 +58,17 @@ bool hasClass(std::string_view _text, std::string_view _class) {
 
 }  // namespace
 
+const ProcessStatus* statusOf(const WhyQuestion& _question) {
+  return _question.process != nullptr && _question.process->status ? &*_question.process->status : nullptr;
+}
+
+const Finding* findingAmong(const WhyQuestion& _question, std::initializer_list<std::string_view> _codes) {
+  const auto found = std::ranges::find_if(_question.findings, [_codes](const Finding& _finding) {
+    return std::ranges::find(_codes, _finding.code) != _codes.end();
+  });
+  return found == _question.findings.end() ? nullptr : &*found;
+}
+
 const Finding* faultOfCfg(const WhyQuestion& _question) {
   const Configuration& configuration = _question.seen->configuration;
   const auto isOfFiles = [](const Finding& _finding) {
@@ -94,8 +104,10 @@ const Finding* faultOfFolder(const WhyQuestion& _question) {
 }
 
 const Finding* faultOfLog(const WhyQuestion& _question) {
-  return firstFault(_question, [](const Finding& _finding) {
-    return isAmong(_finding, {"Q313", "Q502", "Q504", "Q505"});
+  // Logs of applications have some of these codes too.
+  const std::string log = platform::nativePath(_question.seen->configuration.logs->commonLog);
+  return firstFault(_question, [&](const Finding& _finding) {
+    return _finding.code == "Q313" || (_finding.file == log && isAmong(_finding, {"Q502", "Q504", "Q505"}));
   });
 }
 

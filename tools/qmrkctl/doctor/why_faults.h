@@ -1,11 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <initializer_list>
 #include <string_view>
 
 #include "tools/qmrkctl/doctor/why_chain.h"
 
 namespace qmrkctl {
+
+/// The status page of the process; null: no process is asked about, or it shows none.
+const ProcessStatus* statusOf(const WhyQuestion& _question);
+
+/// The first finding of the process with one of these codes; null: it has none.
+const Finding* findingAmong(const WhyQuestion& _question, std::initializer_list<std::string_view> _codes);
 
 // Find the fault of the configuration that explains why a step fails. A fault says more than the step itself could:
 // that LOG_STATE is missing because the file is UTF-16, or that a class is off because two lines are joined. Null: none

@@ -132,6 +132,22 @@ std::vector<Fault> faultsOfUnreadableFiles() {
        },
        everyClass,
        {"Q212", initFile, 0, "0644"}},
+      {"a folder of the `.cfg` files that the user may not enter",
+       "the set-up fails",
+       [](Installation& _at) {
+         fs::permissions(fs::path(_at.cfgPath()).parent_path(), fs::perms(0700));
+         _at.runAs(nobodysId);
+       },
+       fails,
+       {"Q211", "qmrk_logging_GE.cfg", 0, "enter the folder"}},
+      {"a folder of the class lists that the user may not enter",
+       "all classes stay on",
+       [](Installation& _at) {
+         fs::permissions(fs::path(_at.initPath()).parent_path(), fs::perms(0700));
+         _at.runAs(nobodysId);
+       },
+       everyClass,
+       {"Q212", initFile, 0, "enter the folder"}},
       {"a folder in place of the class list",
        "all classes stay on",
        [](Installation& _at) {

@@ -46,6 +46,14 @@ std::vector<Fault> faultsOfFolders() {
        },
        noLine,
        {"Q502", "common.log", 0, "give the file and its folder"}},
+      {"the log folder cannot be entered (mode 0666)",
+       "the set-up says true, every line is lost",
+       [](Installation& _at) {
+         makeLogFolder(_at, 0666);
+         _at.runAs(nobodyId);
+       },
+       noLine,
+       {"Q502", "common.log", 0, "give the file and its folder"}},
       {"the log belongs to root",
        "the set-up says true, every line is lost",
        [](Installation& _at) {
@@ -94,6 +102,14 @@ std::vector<Fault> faultsOfFolders() {
        },
        noLine,
        {"Q505", "common.log", 0, "remove what stands there"}},
+      {"a file in place of the log folder",
+       "the set-up says true, every line is lost",
+       [](Installation& _at) {
+         fs::create_directories(_at.data() + "/Logs");
+         writeFile(_at.logFolder(), "");
+       },
+       noLine,
+       {"Q505", "/Logs/Common", 0, "remove what stands there"}},
       {"a file in place of a folder above the log",
        "the set-up fails",
        [](Installation& _at) { writeFile(_at.data() + "/Logs", ""); },
@@ -132,6 +148,19 @@ std::vector<Fault> faultsOfFolders() {
        usualLines,
        {"Q509", "Application logs", 0, "remove"},
        {"--app", "app"}},
+      {"the log of an application belongs to root",
+       "the set-up says true, the lines of the application's own log are lost",
+       [](Installation& _at) {
+         makeLogFolder(_at, 0777);
+         const std::string folder = fs::path(_at.applicationLog()).parent_path();
+         fs::create_directory(folder);
+         writeFile(_at.applicationLog(), "");
+         if (::chown(folder.c_str(), nobodyId, nobodyId) == 0) _at.runAs(nobodyId);
+       },
+       usualLines,
+       {"Q502", "app_log.txt", 0, "give the file"},
+       {"--app", "app"},
+       [](const Installation& _at) { return fs::file_size(_at.applicationLog()) == 0; }},
       {"a class list that everybody may write",
        "any user can switch classes of all others",
        [](Installation& _at) {

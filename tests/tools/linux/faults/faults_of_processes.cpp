@@ -63,6 +63,59 @@ std::vector<Fault> faultsOfProcesses() {
        {},
        goesOn,
        {"why", "Demo.Net.info"}},
+      {"an application that names a CA, without `DEFAULT_CA_NR`",
+       "a change of its own class list does not reach it",
+       [](Installation& _at) {
+         _at.sandbox().writeCfg("CA13", replaced(_at.cfgText(), "CA12", "CA13"));
+         _at.sandbox().writeInit("CA13", "Demo.App;\n");
+         _at.start("--ca CA13 --classes 'Demo.App.other;'");
+       },
+       soundApplication,
+       {"Q604", "", 0, "DEFAULT_CA_NR set to the CA"},
+       {},
+       [](const Installation& _at) {
+         _at.sandbox().writeInit("CA13", "Demo.Net;\n");
+         return _at.qmrkctl({"signal"}).exitCode == 0 && goesOn(_at);
+       },
+       {"doctor"}},
+      {"a filter that was changed while an application runs",
+       "the application goes on with the former one",
+       [](Installation& _at) {
+         _at.start(logsIntoOther);
+         _at.cfgLine(5, "COMMON_LOG_FILE_FILTER=Demo.Net;\n");
+       },
+       {true, {"Demo.Net.error"}},
+       {"Q613", "qmrk_logging_CA12.cfg", 0, "restart"},
+       {},
+       goesOn,
+       {"doctor", "--strict"}},
+      {"a class that was added to the filter while an application runs",
+       "it does not reach the common log before the next start",
+       [](Installation& _at) {
+         _at.cfgLine(5, "COMMON_LOG_FILE_FILTER=Demo.Net;\n");
+         _at.start(logsIntoOther);
+         _at.cfgLine(5, "COMMON_LOG_FILE_FILTER=Demo.App;Demo.Net;\n");
+       },
+       soundApplication,
+       {"Q613", "qmrk_logging_CA12.cfg", 0, "restart"},
+       {},
+       [](const Installation& _at) {
+         const bool hasApplied = _at.qmrkctl({"signal"}).exitCode == 0;
+         std::this_thread::sleep_for(std::chrono::milliseconds(300));  // It would have logged three times.
+         return hasApplied && linesOfOther(_at) == 0;
+       },
+       {"why", "Demo.App.other"}},
+      {"`COMMON_LOG_FILE_NAME` that was changed while an application runs",
+       "the application goes on with the former log",
+       [](Installation& _at) {
+         _at.start(logsIntoOther);
+         _at.cfgLine(3, "COMMON_LOG_FILE_NAME=other.log\n");
+       },
+       {true, {}},
+       {"Q613", "qmrk_logging_CA12.cfg", 0, "restart"},
+       {},
+       goesOn,
+       {"doctor", "--strict"}},
       {"an application that was stopped",
        "it logs nothing and follows no change until it goes on",
        [](Installation& _at) {
