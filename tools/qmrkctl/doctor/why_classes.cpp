@@ -71,7 +71,6 @@ bool addFilterOfSetUp(const WhyQuestion& _question, StepList& _steps) {
 }
 
 void addFilterStep(const WhyQuestion& _question, StepList& _steps) {
-  if (addFilterOfSetUp(_question, _steps)) return;
   const ConfigurationFile& cfg = _question.seen->configuration.cfg;
   const Setting* const filter = cfg.setting(Quillmark_logging::COMMON_LOG_FILE_FILTER);
   Finding finding = {"Q405",
@@ -184,7 +183,7 @@ void addAppliedStep(const WhyQuestion& _question, const ProcessStatus& _status, 
 
 std::vector<WhyStep> classSteps(const WhyQuestion& _question) {
   StepList steps;
-  addFilterStep(_question, steps);
+  if (!addFilterOfSetUp(_question, steps)) addFilterStep(_question, steps);
   if (steps.isOpen()) addListStep(_question, steps);
   const ProcessStatus* const status = statusOf(_question);
   if (steps.isOpen() && status != nullptr) addAppliedStep(_question, *status, steps);
