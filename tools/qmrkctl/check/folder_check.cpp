@@ -174,7 +174,7 @@ class FolderCheck {
   void checkApplicationLogs(const std::string& _folder) {
     std::vector<std::string> logs;
     for (const std::string& name : fileNamesIn(viewpoint_, _folder)) {
-      if (name.ends_with("_log.txt")) logs.push_back(_folder + "\\" + name);
+      if (name.ends_with("_log.txt")) logs.push_back(std::string(_folder).append("\\").append(name));
     }
     const std::vector<toolsystem::PathRights> rights = rightsOn(viewpoint_, logs);
     for (std::size_t i = 0; i < logs.size(); ++i) {

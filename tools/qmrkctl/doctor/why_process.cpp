@@ -18,13 +18,11 @@ void addCaStep(const WhyQuestion& _question, StepList& _steps) {
   if (configuration.isFallenBack) seen += "; " + configuration.caAsked + " has no .cfg file: fallen back to GE";
   if (configuration.isRedirected) seen += "; GE redirects";
   const ProcessStatus* const status = statusOf(_question);
-  if (status == nullptr) {
-    _steps.ok("CA", seen);
-  } else if (!status->cfgPath.text.empty() && status->cfgPath.text != validUtf8(configuration.cfg.path)) {
+  if (status != nullptr && !status->cfgPath.text.empty() && status->cfgPath.text != validUtf8(configuration.cfg.path)) {
     _steps.fail("CA", findingOf("Q613", {nativePath(status->cfgPath.text), 0, 0},
                                 "the application was set up with this file; today it would be " +
                                     nativePath(configuration.cfg.path)));
-  } else if (logsElsewhere(*status, configuration)) {
+  } else if (status != nullptr && logsElsewhere(*status, configuration)) {
     _steps.fail("CA", findingOf("Q613", {nativePath(configuration.cfg.path), 0, 0},
                                 "the file names another log now; the application goes on with " +
                                     nativePath(status->commonLogPath.text)));
