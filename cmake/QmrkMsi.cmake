@@ -44,8 +44,11 @@ list(APPEND changes -q
   "UPDATE `InstallExecuteSequence` SET `Sequence` = 1450 WHERE `Action` = 'RemoveExistingProducts'")
 add_custom_target(windows-msi VERBATIM COMMENT "Making ${QMRK_MSI}"
   COMMAND ${CMAKE_COMMAND} -E rm -rf ${stage}
-  COMMAND ${CMAKE_COMMAND} --install ${PROJECT_BINARY_DIR} --strip --component libraries --prefix ${stage}
-  COMMAND ${CMAKE_COMMAND} --install ${PROJECT_BINARY_DIR} --strip --component tools --prefix ${stage}
+  # What is stripped gets a time of its own.
+  COMMAND ${CMAKE_COMMAND} -E env SOURCE_DATE_EPOCH=${QMRK_SOURCE_TIME}
+    ${CMAKE_COMMAND} --install ${PROJECT_BINARY_DIR} --strip --component libraries --prefix ${stage}
+  COMMAND ${CMAKE_COMMAND} -E env SOURCE_DATE_EPOCH=${QMRK_SOURCE_TIME}
+    ${CMAKE_COMMAND} --install ${PROJECT_BINARY_DIR} --strip --component tools --prefix ${stage}
   COMMAND ${CMAKE_COMMAND} -E make_directory ${stage}/files
   COMMAND ${CMAKE_COMMAND} -E copy ${examples}/qmrk_logging_GE.cfg ${examples}/qmrk_logging_CA12.cfg
     ${examples}/qmrk_logging_CA12.init ${PROJECT_SOURCE_DIR}/packaging/windows/lease_sweep.xml ${stage}/files
