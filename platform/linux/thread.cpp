@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/thread.h"
 
+#include <new>
+
 #include "platform/fault.h"
 #include "platform/linux/errno_code.h"
 #include "platform/linux/thread_object.h"
@@ -20,12 +22,23 @@ Handle createThread(ThreadRoutine _routine, void* _argument, std::uint32_t& _id)
   setLastError(injectedFault(Call::createThread));
   if (lastError() != noError) return nullptr;
   const auto thread = std::make_shared<ThreadObject>(_routine, _argument);
+  // First, since it may lack memory: nobody could wait for a thread that runs without a handle.
+  const Handle handle = HandleTable::instance().insert(thread, nullptr);
   std::uint32_t id = 0;
-  const int error = ThreadObject::start(thread, id);
+  int error = 0;
+  try {
+    error = ThreadObject::start(thread, id);
+  } catch (const std::bad_alloc&) {
+    HandleTable::instance().remove(handle);
+    throw;
+  }
   setLastError(errnoCode(error));
-  if (error != 0) return nullptr;
+  if (error != 0) {
+    HandleTable::instance().remove(handle);
+    return nullptr;
+  }
   _id = id;
-  return HandleTable::instance().insert(thread, nullptr);
+  return handle;
 }
 
 std::uint32_t waitForThread(Handle _thread, std::uint32_t _milliseconds) {

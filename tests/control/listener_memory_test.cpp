@@ -1,7 +1,13 @@
 // SPDX-License-Identifier: MIT
+#include <cstdint>
+#include <future>
+#include <new>
+
 #include "boost/logging/logging.hpp"
+#include "platform/thread.h"
 #include "tests/config/scarce_memory.h"
 #include "tests/control/listener_fixture.h"
+#include "tests/support/process_resources.h"
 
 namespace {
 
@@ -31,6 +37,34 @@ TEST_F(ListenerMemory, MayRunOutInAnUpdateWithoutEndingTheListener) {
   EXPECT_EQ(cerr_.text(), "<!= LogEventHandler::Listen4EventThread() ERROR: std::bad_alloc\n");
   stop(handler);
   EXPECT_TRUE(two.is_enabled());
+}
+
+// What the thread was to use is gone when its creator has failed.
+TEST(ThreadMemory, MayRunOutWithoutLeavingAThreadBehind) {
+  static std::promise<void> end;
+  static const std::shared_future<void> hasEnded(end.get_future());
+  const platform::ThreadRoutine waitForTheEnd = [](void*) {
+    hasEnded.wait();
+    return std::uint32_t{0};
+  };
+  const std::size_t before = testsupport::processResources().threads;
+  platform::Handle thread = nullptr;
+  int failures = 0;
+  for (int nth = 1; thread == nullptr && nth < 100; ++nth) {
+    std::uint32_t id = 0;
+    try {
+      const testsupport::ScarceMemory memory(nth);
+      thread = platform::createThread(waitForTheEnd, nullptr, id);
+    } catch (const std::bad_alloc&) {
+      ++failures;
+    }
+    EXPECT_EQ(testsupport::processResources().threads, before + (thread != nullptr ? 1 : 0)) << nth;
+  }
+  RecordProperty("failures", failures);
+  end.set_value();
+  ASSERT_NE(thread, nullptr);
+  EXPECT_EQ(platform::waitForThread(thread, platform::waitForever), platform::waitObject);
+  EXPECT_TRUE(platform::closeHandle(thread));
 }
 
 }  // namespace
