@@ -15,7 +15,7 @@ heading() {
 # show_failure LOG: prints the part of a failed step's output that a reader needs.
 show_failure() {
   printf '   FAILED, the end of %s:\n' "${1#"$ROOT/"}"
-  tail -n "${2:-60}" "$1" | sed 's/^/   | /'
+  tail -n 60 "$1" | sed 's/^/   | /'
 }
 
 # need STEP COMMAND...: runs something that later steps depend on. Counts only if it fails.
