@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The file system of the logs gets full while processes write, and has room again.
+#include <boost/logging/file_states.hpp>
 #include <regex>
 
 #include "platform/native_path.h"
@@ -23,6 +24,13 @@ std::int64_t reportedLost(const std::string& _text) {
   return lost;
 }
 
+/// Whether this process has lost messages, by its own count.
+bool hasLostMessages() {
+  bool isAny = false;
+  boost::logging::list_files([&isAny](const boost::logging::file_state& _file) { isAny = isAny || _file.lost > 0; });
+  return isAny;
+}
+
 class DiskWithoutRoom : public stress::Writers {
  protected:
   /// A process writes until the space is gone and longer, then there is room, and it writes until the file tells how
@@ -36,7 +44,8 @@ class DiskWithoutRoom : public stress::Writers {
       Oracle oracle(1);
       stress::expectNormalEnds({start(_way, [&] {
         logLines(oracle, 0, 700 + round * 13, 1500);
-        if (_way == Way::threadSafe) stress::comesTrue([&] { return text(_way).size() > 50'000; });
+        // The writer thread may be far behind. A file that is nearly full says nothing of a message that met its end.
+        if (_way == Way::threadSafe && !stress::comesTrue(hasLostMessages)) std::abort();
         space.makeRoom();
         const bool isReported = stress::comesTrue([&] {
           logLines(oracle, 0, 1, 20);
