@@ -5,7 +5,6 @@
 #include <string>
 #include <tuple>
 
-#include "platform/native_path.h"
 #include "tools/qmrkctl/asked_viewpoint.h"
 #include "tools/qmrkctl/commands.h"
 #include "tools/qmrkctl/configuration.h"
@@ -23,10 +22,9 @@ class CheckRun {
   explicit CheckRun(Report& _report) : report_(_report), files_(Json::array()) {}
 
   void note(const ConfigurationFile& _file) {
-    const std::string path = platform::nativePath(_file.path);
-    if (_file.path.empty() || !paths_.insert(path).second) return;
-    files_.push_back(path);
-    report_.detail("checked " + shown(path));
+    if (_file.path.empty() || !paths_.insert(_file.systemPath).second) return;
+    files_.push_back(_file.systemPath);
+    report_.detail("checked " + shown(_file.systemPath));
   }
 
   void add(const std::vector<Finding>& _findings) {
@@ -66,7 +64,7 @@ class CheckRun {
 
 int checkOneFile(const std::string& _path, Report& _report) {
   const Viewpoint own = ownViewpoint();
-  const ConfigurationFile file = readConfigurationFile(own, _path, "named on the command line");
+  const ConfigurationFile file = readNamedFile(own, _path);
   if (file.facts.kind == toolsystem::PathKind::missing && !file.facts.isHidden) {
     Report::message("there is no file " + shown(_path));
     return exitNotFound;

@@ -7,8 +7,10 @@
 #include <system_error>
 
 #include "config/cfg_parser.h"
+#include "platform/native_path.h"
 #include "platform/text_file.h"
 #include "tools/qmrkctl/file_bytes.h"
+#include "tools/system/named_path.h"
 
 namespace qmrkctl {
 namespace {
@@ -20,6 +22,17 @@ void markReplaced(std::vector<Setting>& _settings) {
     if (former != nullptr) former->isReplaced = true;
     former = &setting;
   }
+}
+
+// Reads a file whose facts are known.
+// @param _reached where this program reaches it, with separators of either kind.
+void readTexts(const std::string& _reached, ConfigurationFile& _file) {
+  if (_file.facts.kind != toolsystem::PathKind::file) return;
+  platform::TextReader reader(_reached);
+  _file.isRead = reader.readAll(_file.text);
+  if (!_file.isRead) return;
+  _file.bytes = bytesOfFile(_reached).value_or("");
+  if (_file.path.ends_with(".cfg")) _file.settings = settingsOf(_file.path, _file.text);
 }
 
 }  // namespace
@@ -55,14 +68,22 @@ ConfigurationFile readConfigurationFile(const Viewpoint& _viewpoint, const std::
   file.path = _path;
   file.rule = _rule;
   if (_path.empty()) return file;
+  file.systemPath = platform::nativePath(_path);
   file.facts = factsOf(_viewpoint, _path);
   file.rights = rightsOn(_viewpoint, _path);
-  if (file.facts.kind != toolsystem::PathKind::file) return file;
-  platform::TextReader reader(reachedPath(_viewpoint, _path));
-  file.isRead = reader.readAll(file.text);
-  if (!file.isRead) return file;
-  file.bytes = bytesOfFile(reachedPath(_viewpoint, _path)).value_or("");
-  if (_path.ends_with(".cfg")) file.settings = settingsOf(_path, file.text);
+  readTexts(reachedPath(_viewpoint, _path), file);
+  return file;
+}
+
+ConfigurationFile readNamedFile(const Viewpoint& _viewpoint, const std::string& _systemPath) {
+  ConfigurationFile file;
+  file.path = _systemPath;
+  file.systemPath = _systemPath;
+  file.rule = "named on the command line";
+  file.facts = toolsystem::factsOf(_systemPath);
+  file.rights = toolsystem::rightsOn({_systemPath}, _viewpoint.account, "").front();
+  const toolsystem::NamedPath reached(_systemPath);
+  readTexts(reached.inLibraryForm(), file);
   return file;
 }
 

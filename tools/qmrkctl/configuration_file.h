@@ -26,8 +26,9 @@ struct Setting {
 
 /// A configuration file, or the place where it would be.
 struct ConfigurationFile {
-  std::string path;  ///< in the library's form; empty: no such place
-  std::string rule;  ///< why it is this file, in words
+  std::string path;        ///< in the library's form; empty: no such place
+  std::string systemPath;  ///< the same in the system's form, as it is shown
+  std::string rule;        ///< why it is this file, in words
   toolsystem::PathFacts facts;
   toolsystem::PathRights rights;
   bool isRead = false;            ///< this program could read it; else both texts are empty
@@ -50,6 +51,10 @@ struct ConfigurationFile {
 /// @param _rule becomes the member of that name.
 ConfigurationFile readConfigurationFile(const Viewpoint& _viewpoint, const std::string& _path,
                                         const std::string& _rule);
+
+/// The same for a file that somebody named on the command line.
+/// @param _systemPath its path in the system's form; on Linux the library may have no form for it.
+ConfigurationFile readNamedFile(const Viewpoint& _viewpoint, const std::string& _systemPath);
 
 /// The settings in a text, found by the library's own scanner.
 /// @param _file becomes their member of that name.

@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "platform/native_path.h"
 #include "quillmark_logging_names.h"
 #include "quillmark_logging_version.h"
 #include "tools/logs/log_files.h"
@@ -140,7 +139,7 @@ int writeBundle(const std::string& _out, const Options& _options, Report& _repor
   std::string moment = utcNow().substr(0, 19);
   std::erase(moment, ':');
   const std::string name = "qmrk-bundle-" + fileName(toolsystem::hostName()) + "-" + moment;
-  const std::string file = _out.empty() ? name + ".tar.gz" : platform::nativePath(_out);
+  const std::string file = _out.empty() ? name + ".tar.gz" : _out;
   // The logs of the bundle then show when it was made.
   OwnCommands(_options).output({"mark", "bundle " + name});
   const std::vector<Part> parts = partsOf(choice.viewpoints.front(), _options);

@@ -35,8 +35,10 @@ void checkInitText(const ConfigurationFile& _file, const ConfigurationFile* _cfg
 }  // namespace
 
 FindingPlace placeIn(const ConfigurationFile& _file, TextPlace _place) {
-  return {platform::nativePath(_file.path), _place.line, _place.column};
+  return {_file.systemPath, _place.line, _place.column};
 }
+
+FindingPlace placeOf(const ConfigurationFile& _file) { return {_file.systemPath, 0, 0}; }
 
 std::string inQuotes(std::string_view _text) {
   // More of it is no name.

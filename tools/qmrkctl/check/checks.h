@@ -15,7 +15,9 @@ using Findings = std::vector<Finding>;
 
 /// A place in a file, with the path in the system's form.
 FindingPlace placeIn(const ConfigurationFile& _file, TextPlace _place);
-/// A file or folder as a whole.
+/// The file as a whole.
+FindingPlace placeOf(const ConfigurationFile& _file);
+/// Any file or folder as a whole.
 /// @param _path in the library's form.
 FindingPlace placeOf(const std::string& _path);
 

@@ -174,7 +174,7 @@ void checkClassList(const ConfigurationFile& _init, const ConfigurationFile* _fi
   if (!_init.isRead) return;
   const std::set<int> commented = checkComments(_init, _findings);
   const std::vector<ClassEntry> entries = enabledClasses(_init.text);
-  if (entries.empty()) _findings.push_back(findingOf("Q408", placeOf(_init.path), "the class list is empty"));
+  if (entries.empty()) _findings.push_back(findingOf("Q408", placeOf(_init), "the class list is empty"));
   const Setting* const setting = _filter == nullptr ? nullptr : filterOf(*_filter);
   const std::vector<ClassEntry> filter = setting == nullptr ? std::vector<ClassEntry>{} : filterClasses(setting->value);
   const TextPlaces places(_init.text);

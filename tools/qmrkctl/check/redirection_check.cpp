@@ -45,7 +45,7 @@ const char* kindName(PathKind _kind) {
 // A file that the library cannot find. _code is that of the plain case.
 void addMissing(const Viewpoint& _viewpoint, const ConfigurationFile& _file, std::string_view _code,
                 const std::string& _effect, Findings& _findings) {
-  const FindingPlace place = placeOf(_file.path);
+  const FindingPlace place = placeOf(_file);
   const std::string other = otherLetterCase(_viewpoint, _file.path);
   if (_file.facts.kind == PathKind::danglingLink) {
     _findings.push_back(findingOf("Q213", place, "in place of the file stands a link that leads nowhere", "", _effect));
@@ -124,14 +124,14 @@ void checkGeneric(const Viewpoint& _viewpoint, const Configuration& _configurati
   if (const Setting* const redirection = generic.setting(names::REDIRECT_CA_NR)) {
     checkTarget(_viewpoint, _configuration, *redirection, _findings);
   } else {
-    _findings.push_back(findingOf("Q209", placeOf(generic.path), "the file has no REDIRECT_CA_NR"));
+    _findings.push_back(findingOf("Q209", placeOf(generic), "the file has no REDIRECT_CA_NR"));
   }
 }
 
 }  // namespace
 
 void checkUsable(const Viewpoint& _viewpoint, const ConfigurationFile& _file, FileRole _role, Findings& _findings) {
-  const FindingPlace place = placeOf(_file.path);
+  const FindingPlace place = placeOf(_file);
   const bool isCfg = _role == FileRole::cfg;
   const std::string effect = isCfg ? "no key can be read: the set-up fails" : findingEffect("Q212");
   if (_file.facts.kind != PathKind::file) {

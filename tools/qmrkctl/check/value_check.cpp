@@ -213,7 +213,7 @@ class ValueCheck {
   }
 
   void addMissing(std::string_view _code, const std::string& _text) {
-    findings_.push_back(findingOf(_code, placeOf(file_.path), _text));
+    findings_.push_back(findingOf(_code, placeOf(file_), _text));
   }
 
   void checkMissing() {
