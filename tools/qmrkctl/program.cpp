@@ -12,6 +12,7 @@
 #include "tools/qmrkctl/commands.h"
 #include "tools/qmrkctl/exit_code.h"
 #include "tools/qmrkctl/lease_sweep.h"
+#include "tools/qmrkctl/usage_error.h"
 #include "tools/system/terminal.h"
 
 namespace qmrkctl {
@@ -44,6 +45,8 @@ int runProgram(int _argc, char** _argv) {
   toolsystem::ignoreClosedPipes();
   toolsystem::reserveClosedStreams();
   CLI::App program("Shows and steers the logging of running applications", "qmrkctl");
+  program.failure_message(
+      [](const CLI::App* _program, const CLI::Error& _error) { return usageText(*_program, _error); });
   program.set_version_flag("--version", std::string("qmrkctl ") + QMRK_LOG_VERSION_STRING, "Print the version");
   Options options;
   Choice choice;
