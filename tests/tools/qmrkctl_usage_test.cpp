@@ -49,4 +49,26 @@ TEST_F(QmrkctlUsage, ShowsNoControlCharactersOfAnArgument) {
     EXPECT_THAT(refusal(arguments), Not(HasSubstr("\x1b")));
 }
 
+TEST_F(QmrkctlUsage, RefusesAnEmptyArgumentInPlaceOfNone) {
+  sandbox_.writeDemoOfCa12("LOG_STATE=TRUE\n");
+  sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA12\n");
+  const std::vector<Names> all = {{"check", ""},
+                                  {"explain", ""},
+                                  {"schema", ""},
+                                  {"init-config", ""},
+                                  {"bundle", "--out", ""},
+                                  {"show", "--diff", ""},
+                                  {"errors", "--since", ""},
+                                  {"tail", "--since", ""},
+                                  {"tail", "--class", ""},
+                                  {"--ca", "", "doctor"},
+                                  {"--app", "", "signal"},
+                                  {"--user", "", "where"}};
+  for (Names arguments : all) {
+    const std::string name = ::testing::PrintToString(arguments);
+    if (arguments.front() == "init-config") arguments.insert(arguments.begin(), {"--ca", "CA5"});
+    EXPECT_THAT(refusal(arguments), HasSubstr("it is empty")) << name;
+  }
+}
+
 }  // namespace

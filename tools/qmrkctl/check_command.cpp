@@ -5,6 +5,7 @@
 #include <string>
 #include <tuple>
 
+#include "tools/qmrkctl/argument_check.h"
 #include "tools/qmrkctl/asked_viewpoint.h"
 #include "tools/qmrkctl/commands.h"
 #include "tools/qmrkctl/configuration.h"
@@ -111,7 +112,7 @@ void addCheckCommand(CLI::App& _program, Choice& _choice) {
   const auto arguments = std::make_shared<Arguments>();
   CLI::Option* const file =
       command->add_option("file", arguments->file, "A .cfg or .init file by itself, instead of a whole configuration");
-  file->type_name("FILE");
+  file->type_name("FILE")->check(checkNotEmpty);
   command->add_flag("--all", arguments->isAll, "Every CA that is installed")->excludes(file);
   command->footer(
       "Example: qmrkctl check --ca CA12\n"

@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include "tools/qmrkctl/argument_check.h"
+
 namespace qmrkctl {
 namespace {
 
@@ -22,17 +24,15 @@ void handDownOptions(CLI::App& _command) {
 }  // namespace
 
 void addOptions(CLI::App& _program, Options& _options) {
-  // A script whose variable is unset must not reach the default.
-  const auto hasText = [](const std::string& _text) { return std::string(_text.empty() ? "the name is empty" : ""); };
   CLI::Option* const ca = _program.add_option("--ca", _options.ca, "Customer adaptation, instead of the default one");
-  ca->type_name("CA")->check(hasText);
+  ca->type_name("CA")->check(checkNotEmpty);
   CLI::Option* const user =
       _program.add_option("--user", _options.user, "As that user sees it, or his processes")->type_name("USER");
-  user->check(hasText);
+  user->check(checkNotEmpty);
   CLI::Option* const all = _program.add_flag("--all-users", _options.allUsers, "The processes of every user");
   CLI::Option* const pid = _program.add_option("--pid", _options.pid, "That process")->type_name("PID");
   CLI::Option* const app = _program.add_option("--app", _options.app, "The processes of that application");
-  app->type_name("NAME")->check(hasText);
+  app->type_name("NAME")->check(checkNotEmpty);
   user->excludes(all, pid);
   all->excludes(pid);
   pid->excludes(app);

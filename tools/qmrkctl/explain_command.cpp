@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "tools/qmrkctl/argument_check.h"
 #include "tools/qmrkctl/commands.h"
 #include "tools/qmrkctl/exit_code.h"
 #include "tools/qmrkctl/finding_catalogue.h"
@@ -57,7 +58,9 @@ int explainCode(const std::string& _code, Report& _report) {
 void addExplainCommand(CLI::App& _program, Choice& _choice) {
   CLI::App* const command = _program.add_subcommand("explain", "Say what a code of a finding means and what to do");
   const auto code = std::make_shared<std::string>();
-  command->add_option("code", *code, "The code, like Q301; without it all are listed")->type_name("CODE");
+  command->add_option("code", *code, "The code, like Q301; without it all are listed")
+      ->type_name("CODE")
+      ->check(checkNotEmpty);
   command->footer("Example: qmrkctl explain Q301");
   command->callback([code, &_choice] {
     _choice = {"explain", [code](const Options&, Report& _report) { return explainCode(*code, _report); }};

@@ -7,6 +7,7 @@
 #include "config/cfg_data_manager.h"
 #include "platform/native_path.h"
 #include "quillmark_logging_names.h"
+#include "tools/qmrkctl/argument_check.h"
 #include "tools/qmrkctl/commands.h"
 #include "tools/qmrkctl/configuration.h"
 #include "tools/qmrkctl/exit_code.h"
@@ -105,7 +106,7 @@ void addInitConfigCommand(CLI::App& _program, Choice& _choice) {
   const auto arguments = std::make_shared<Arguments>();
   CLI::Option* const folder =
       command->add_option("folder", arguments->folder, "Folder for the files, by default the current one");
-  folder->type_name("FOLDER");
+  folder->type_name("FOLDER")->check(checkNotEmpty);
   command->add_flag("--install", arguments->isInstalled, "Into the folders where the library finds them")
       ->excludes(folder);
   command->footer("Example: sudo qmrkctl init-config --ca CA12 --install");

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "tools/qmrkctl/argument_check.h"
 #include "tools/qmrkctl/commands.h"
 #include "tools/qmrkctl/exit_code.h"
 #include "tools/qmrkctl/schemas.h"
@@ -46,7 +47,7 @@ void addSchemaCommand(CLI::App& _program, Choice& _choice) {
   CLI::App* const command =
       _program.add_subcommand("schema", "Print the JSON Schema of what a command prints with --json");
   const auto name = std::make_shared<std::string>();
-  command->add_option("name", *name, "Of the command; without it, all names")->type_name("NAME");
+  command->add_option("name", *name, "Of the command; without it, all names")->type_name("NAME")->check(checkNotEmpty);
   command->callback([name, &_choice] {
     _choice = {"schema", [name](const Options&, Report& _report) {
                  return name->empty() ? listSchemas(_report) : printSchema(*name, _report);

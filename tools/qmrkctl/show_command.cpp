@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/native_path.h"
+#include "tools/qmrkctl/argument_check.h"
 #include "tools/qmrkctl/asked_viewpoint.h"
 #include "tools/qmrkctl/ca_choice.h"
 #include "tools/qmrkctl/class_entries.h"
@@ -149,7 +150,8 @@ void addShowCommand(CLI::App& _program, Choice& _choice) {
       _program.add_subcommand("show", "Show every key with its value and where that stands, and the class list");
   const auto other = std::make_shared<std::string>();
   command->add_option("--diff", *other, "Show only what differs from another CA; ends with 1 when something does")
-      ->type_name("CA2");
+      ->type_name("CA2")
+      ->check(checkNotEmpty);
   command->footer("Example: qmrkctl show --ca CA12 --diff CA13");
   command->callback([other, &_choice] {
     _choice = {"show", [other](const Options& _options, Report& _report) { return show(_options, *other, _report); }};

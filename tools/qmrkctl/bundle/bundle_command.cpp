@@ -9,6 +9,7 @@
 #include "quillmark_logging_names.h"
 #include "quillmark_logging_version.h"
 #include "tools/logs/log_files.h"
+#include "tools/qmrkctl/argument_check.h"
 #include "tools/qmrkctl/bundle/tar_archive.h"
 #include "tools/qmrkctl/commands.h"
 #include "tools/qmrkctl/configuration.h"
@@ -165,7 +166,9 @@ void addBundleCommand(CLI::App& _program, Choice& _choice) {
   CLI::App* command = _program.add_subcommand(
       "bundle", "Pack what helps to find a fault into one file: findings, configuration, applications, ends of logs");
   const auto out = std::make_shared<std::string>();
-  command->add_option("--out", *out, "The file; it must not exist. Else a name with host and time")->type_name("FILE");
+  command->add_option("--out", *out, "The file; it must not exist. Else a name with host and time")
+      ->type_name("FILE")
+      ->check(checkNotEmpty);
   command->footer(
       "Says what is inside before it writes. Of the environment only the documented variables are in it; the ends of "
       "logs are in it as they are.\nExample: sudo qmrkctl bundle --out /tmp/case-17.tar.gz");

@@ -5,6 +5,7 @@
 
 #include "platform/clock.h"
 #include "tools/logs/since.h"
+#include "tools/qmrkctl/argument_check.h"
 #include "tools/qmrkctl/commands.h"
 #include "tools/qmrkctl/exit_code.h"
 #include "tools/qmrkctl/shown_text.h"
@@ -103,7 +104,9 @@ void addErrorsCommand(CLI::App& _program, Choice& _choice) {
   CLI::App* command = _program.add_subcommand(
       "errors", "Show what the library could not do: its records in the files qmrk.info, and what each means");
   const auto since = std::make_shared<std::string>();
-  command->add_option("--since", *since, std::string("Only records since then: ") + sinceForms)->type_name("TIME");
+  command->add_option("--since", *since, std::string("Only records since then: ") + sinceForms)
+      ->type_name("TIME")
+      ->check(checkNotEmpty);
   command->footer("Ends with 0 when there are none, with 1 when there are some.\nExample: qmrkctl errors --since 1d");
   command->callback([since, &_choice] {
     _choice = {"errors",

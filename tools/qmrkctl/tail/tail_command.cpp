@@ -8,6 +8,7 @@
 #include "tools/logs/log_line.h"
 #include "tools/logs/merged_logs.h"
 #include "tools/logs/since.h"
+#include "tools/qmrkctl/argument_check.h"
 #include "tools/qmrkctl/commands.h"
 #include "tools/qmrkctl/exit_code.h"
 #include "tools/qmrkctl/shown_text.h"
@@ -196,9 +197,11 @@ void addTailCommand(CLI::App& _program, Choice& _choice) {
       ->add_option("--class", tailOptions->classes,
                    "Only classes that a pattern selects, as in a class list: \"Demo.Net\", \"*.error\", \"A;B\"")
       ->allow_extra_args(false)
-      ->type_name("PATTERN");
+      ->type_name("PATTERN")
+      ->check(checkNotEmpty);
   command->add_option("--since", tailOptions->since, std::string("Only messages since then: ") + sinceForms)
-      ->type_name("TIME");
+      ->type_name("TIME")
+      ->check(checkNotEmpty);
   command->footer(
       "Backups of a rotated log come before it, as one stream. Times are those of the log.\n"
       "Example: qmrkctl tail -f --class \"*.error\" --since 10m");
