@@ -157,8 +157,14 @@ class Change {
     report_.result() = {{"ca", place_.ca},    {"file", file},     {"added", added},
                         {"removed", removed}, {"classes", after}, {"dryRun", request_.isDryRun}};
     if (!request_.duration) return;
+    const std::string lead = "what it switches on goes off again after " + durationText(*request_.duration);
+    if (request_.leaseReserve.count() > 0) {
+      // They begin with the answers of the applications.
+      report_.line(lead + " of measuring");
+      return;
+    }
     const std::string until = utcText(millisecondsNow() + request_.duration->count());
-    report_.line("what it switches on goes off again after " + durationText(*request_.duration) + ", at " + until);
+    report_.line(lead + ", at " + until);
     report_.result()["until"] = until;
   }
 
@@ -248,7 +254,7 @@ ClassListState changed(const ClassListState& _state, const ChangeRequest& _reque
   if (!_request.duration) after.leases = withoutLeased(after.leases, meant);
   leased = classesMissingIn(leased, {});
   if (_request.duration && !leased.empty()) {
-    Lease lease = leaseOf(leased, *_request.duration, _now);
+    Lease lease = leaseOf(leased, *_request.duration + _request.leaseReserve, _now);
     lease.who = actorText();
     lease.reason = _request.reason;
     after.leases.push_back(std::move(lease));

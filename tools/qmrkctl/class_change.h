@@ -19,6 +19,8 @@ struct ChangeRequest {
   std::vector<std::string> names;                     ///< enable, disable, only
   std::string list;                                   ///< set
   std::optional<std::chrono::milliseconds> duration;  ///< of a lease; no value: for good
+  /// The lease lasts so much longer: whoever asks switches off again himself, before it ends.
+  std::chrono::milliseconds leaseReserve{0};
   std::string reason;
   std::chrono::milliseconds wait{2000};  ///< how long to wait for the answers
   bool isDryRun = false;

@@ -44,7 +44,7 @@ std::set<std::string> logsOf(const Viewpoint& _viewpoint, const Configuration& _
   for (const RunningProcess& process : runningProcesses(steeredProcesses(_options)).found) {
     if (!follows(process, _place, configurations)) continue;
     for (const LogFileStatus& file : process.status->files) {
-      if (!file.path.isCut && !file.path.text.empty()) logs.insert(reachedPathOf(process, file.path.text));
+      if (!file.path.isCut && !file.path.bytes.empty()) logs.insert(reachedPathOf(process, file.path.bytes));
     }
   }
   return logs;
@@ -127,7 +127,7 @@ int tryClasses(const ChangeRequest& _request, const Options& _options, Report& _
     }
   }
   ChangeRequest on = _request;
-  on.duration = *_request.duration + leaseReserve;
+  on.leaseReserve = leaseReserve;
   const int code = changeClasses(on, _options, _report);
   // Whatever the answers were, a list that was written is taken back.
   if (!before || !_report.result().contains("answers")) return code;

@@ -120,6 +120,8 @@ TEST_F(QmrkctlClasses, KeepsTheLeaseOfATrialThatIsKilled) {
   EXPECT_TRUE(contains(list(), "Demo.Net;\n"));
   Json leases = Json::parse(testsupport::readFile(beside("lease")));
   ASSERT_EQ(leases["leases"].size(), 1U);
+  EXPECT_GT(leases["leases"][0]["until"].get<std::int64_t>(),
+            leases["leases"][0]["since"].get<std::int64_t>() + 3'600'000);
   leases["leases"][0]["untilUptime"] = 1;
   testsupport::writeFile(beside("lease"), leases.dump());
   EXPECT_EQ(qmrkctl({"leases", "sweep"}).exitCode, 0);
@@ -130,6 +132,7 @@ TEST_F(QmrkctlClasses, MeasuresATrialAndSwitchesBack) {
   const ChildResult result = qmrkctl({"classes", "try", "Demo.Net", "--for", "300ms"});
   EXPECT_EQ(result.exitCode, 0) << result.output << result.errors;
   EXPECT_TRUE(contains(result.output, "lines/s")) << result.output;
+  EXPECT_TRUE(contains(result.output, "goes off again after 300ms of measuring\n")) << result.output;
   EXPECT_EQ(list(), "Demo.App;\nDemo.Net.error;\n");
 }
 
