@@ -55,7 +55,7 @@ std::vector<std::string> filesOf(const RunningProcess& _process) {
   std::vector<std::string> files;
   if (!_process.status) return files;
   for (const LogFileStatus& file : _process.status->files)
-    files.push_back(platform::nativePath(file.path.text));
+    files.push_back(platform::nativePath(file.path.bytes));
   return files;
 }
 

@@ -24,26 +24,29 @@ constexpr const char* markName = "qmrkctl.mark";
 // Who must own a log, by its path as this program reaches it.
 using Logs = std::map<std::string, std::optional<std::uint32_t>>;
 
-void addLog(const std::string& _root, const PageText& _path, std::uint32_t _owner, Logs& _logs) {
-  if (_path.isCut || _path.text.empty()) return;
+void addLog(const std::string& _path, std::uint32_t _owner, Logs& _logs) {
   // Windows has no such owners.
   const bool isOwned = _owner != status::noUserId;
-  _logs.emplace(_root + platform::nativePath(_path.text),
-                isOwned ? std::optional<std::uint32_t>(_owner) : std::nullopt);
+  _logs.emplace(_path, isOwned ? std::optional<std::uint32_t>(_owner) : std::nullopt);
+}
+
+void addLogOf(const RunningProcess& _process, const PageText& _path, Logs& _logs) {
+  if (_path.isCut || _path.bytes.empty()) return;
+  // A link in place of a log is not followed.
+  const std::string root = toolsystem::fileSystemOfProcess(static_cast<int>(_process.pid()));
+  addLog(root + platform::nativePath(_path.bytes), _process.facts.userId, _logs);
 }
 
 Logs findLogs(const Viewpoint& _viewpoint, const Configuration& _configuration, const Options& _options) {
   Logs logs;
   for (const RunningProcess& process : runningProcesses(steeredProcesses(_options)).found) {
     if (!process.status) continue;
-    // A link in place of a log is not followed.
-    const std::string root = toolsystem::fileSystemOfProcess(static_cast<int>(process.pid()));
-    addLog(root, process.status->commonLogPath, process.facts.userId, logs);
+    addLogOf(process, process.status->commonLogPath, logs);
     for (const LogFileStatus& file : process.status->files)
-      addLog(root, file.path, process.facts.userId, logs);
+      addLogOf(process, file.path, logs);
   }
   if (_configuration.logs && !_configuration.logs->commonLog.empty() && !_options.pid && _options.app.empty()) {
-    addLog("", {reachedPath(_viewpoint, _configuration.logs->commonLog), 0, false}, _viewpoint.account.uid, logs);
+    addLog(reachedPath(_viewpoint, _configuration.logs->commonLog), _viewpoint.account.uid, logs);
   }
   return logs;
 }

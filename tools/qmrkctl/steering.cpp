@@ -8,7 +8,6 @@
 #include "platform/native_path.h"
 #include "platform/text_file.h"
 #include "tools/qmrkctl/check/similar_name.h"
-#include "tools/status/valid_utf8.h"
 #include "tools/system/log_file.h"
 #include "tools/system/path_in_root.h"
 
@@ -36,8 +35,8 @@ std::optional<std::string> nextList(const RunningProcess& _process, ProcessConfi
     const SeenConfiguration* const seen = _configurations.ofListener(_process);
     if (seen != nullptr && !seen->configuration.init.path.empty()) return seen->configuration.init.path;
   }
-  if (status.initPath.isCut || status.initPath.text.empty()) return std::nullopt;
-  return status.initPath.text;
+  if (status.initPath.isCut || status.initPath.bytes.empty()) return std::nullopt;
+  return status.initPath.bytes;
 }
 
 }  // namespace
@@ -69,11 +68,11 @@ std::vector<toolsystem::EventPlace> placesOf(const ProcessQuery& _query, const s
 }
 
 std::optional<std::uint64_t> hashOfList(const RunningProcess& _process) {
-  if (!_process.status || _process.status->initPath.isCut || _process.status->initPath.text.empty()) {
+  if (!_process.status || _process.status->initPath.isCut || _process.status->initPath.bytes.empty()) {
     return std::nullopt;
   }
   std::string text;
-  platform::TextReader file(reachedPathOf(_process, _process.status->initPath.text));
+  platform::TextReader file(reachedPathOf(_process, _process.status->initPath.bytes));
   if (!file.readAll(text)) return std::nullopt;
   return status::hashOf(text);
 }
@@ -91,8 +90,7 @@ bool follows(const RunningProcess& _process, const ClassListPlace& _place, Proce
   const toolsystem::FileId theirs = toolsystem::fileIdAt(reached);
   const toolsystem::FileId ours = toolsystem::fileIdAt(_place.reached);
   const toolsystem::FileId none;
-  // A page has valid UTF-8 only.
-  if (theirs == none || ours == none) return reached == validUtf8(platform::nativePath(_place.reached));
+  if (theirs == none || ours == none) return reached == platform::nativePath(_place.reached);
   return theirs == ours;
 }
 

@@ -10,9 +10,9 @@
 
 namespace qmrkctl {
 
-// What a process shows of its logging on its status page (docs/status-page.md), as C++ values. Every text is valid
-// UTF-8 but may contain line ends and other control characters. Paths have backslashes. A moment counts nanoseconds
-// since 1970-01-01 00:00 UTC, and is empty if it never came.
+// What a process shows of its logging on its status page (docs/status-page.md), as C++ values. Every text but bytes is
+// valid UTF-8 but may contain line ends and other control characters. Paths have backslashes. A moment counts
+// nanoseconds since 1970-01-01 00:00 UTC, and is empty if it never came.
 
 namespace status = Quillmark_logging::status;
 
@@ -23,6 +23,7 @@ struct PageText {
   std::string text;
   std::uint32_t wholeSize = 0;  ///< in bytes, before it was cut
   bool isCut = false;
+  std::string bytes;  ///< exactly as on the page, to reach a file whose name is no UTF-8
 };
 
 struct ApplicationName {

@@ -49,7 +49,8 @@ class Fields {
     const std::string_view room = all.substr(status::textHead);
     const std::uint64_t stored = std::min<std::uint64_t>(littleEndian(all.substr(0, 4)), room.size());
     const std::uint64_t whole = std::max(littleEndian(all.substr(4, 4)), stored);
-    return {validUtf8(room.substr(0, stored)), static_cast<std::uint32_t>(whole), whole > stored};
+    const std::string_view text = room.substr(0, stored);
+    return {validUtf8(text), static_cast<std::uint32_t>(whole), whole > stored, std::string(text)};
   }
 
   // Calls _take(text, flags) for each entry.

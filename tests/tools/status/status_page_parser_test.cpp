@@ -165,10 +165,11 @@ TEST(StatusPageParser, ReadsUnknownNumbersAsNothing) {
   EXPECT_FALSE(process->writtenAt);
 }
 
-TEST(StatusPageParser, ReplacesInvalidUtf8) {
+TEST(StatusPageParser, ReplacesInvalidUtf8ButKeepsTheBytes) {
   const auto process = parseStatusPage(PageImage().text(status::cfgPath, "a\xFF\xC3\xA4").bytes());
   ASSERT_TRUE(process);
   EXPECT_EQ("a\xEF\xBF\xBD\xC3\xA4", process->cfgPath.text);
+  EXPECT_EQ("a\xFF\xC3\xA4", process->cfgPath.bytes);
 }
 
 TEST(StatusPageParser, SurvivesRandomBytes) {

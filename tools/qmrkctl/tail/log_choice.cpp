@@ -26,7 +26,7 @@ std::vector<std::string> logsOfRunning(const Options& _options, const std::strin
     if (!process.status) continue;
     for (const LogFileStatus& file : process.status->files) {
       if (file.kind != status::FileKind::common && !file.path.isCut)
-        paths.push_back(reachedPathOf(process, file.path.text));
+        paths.push_back(reachedPathOf(process, file.path.bytes));
     }
   }
   std::ranges::sort(paths);
