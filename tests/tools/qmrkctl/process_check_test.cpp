@@ -129,6 +129,22 @@ TEST_F(ProcessCheck, FindsAConfigurationThatHasChangedSinceTheStart) {
   EXPECT_EQ(found(), "warning Q613;");
 }
 
+// "why" says it in a step of its own.
+TEST_F(ProcessCheck, SaysTheSameOfAChangeSinceTheStartWhoeverAsks) {
+  const auto change = [this] { return changedSinceSetUp(processText(process_), page(), configuration_); };
+  EXPECT_FALSE(change());
+  page().cfgPath.text = "\\x\\qmrk_logging_GE.cfg";
+  ASSERT_EQ(found(), "warning Q613;");
+  EXPECT_EQ(change().value().text, findings_[0].text);
+  page().cfgPath.isCut = true;
+  EXPECT_FALSE(change()) << "it is not known which file it was";
+  page().cfgPath = {};
+  configuration_.logs = {"\\x", "\\x\\common.log", "", ""};
+  page().commonLogPath.text = "\\x\\former.log";
+  ASSERT_EQ(found(), "warning Q613;");
+  EXPECT_EQ(change().value().text, findings_[0].text);
+}
+
 TEST_F(ProcessCheck, FindsWhatAFileSaysOtherwiseSinceTheStart) {
   configuration_.cfg.rights = {true, true, true};
   configuration_.cfg.facts.kind = toolsystem::PathKind::file;

@@ -20,6 +20,20 @@ std::string failureText(const PageText& _error, status::Failure _failure) {
   return _error.text.empty() ? "reason " + std::to_string(static_cast<int>(_failure)) : _error.text;
 }
 
+bool readsOtherFile(const ProcessStatus& _status, const Configuration& _configuration) {
+  const PageText& read = _status.cfgPath;
+  const std::string& now = _configuration.cfg.path;
+  return !read.isCut && !read.text.empty() && !now.empty() && validUtf8(now) != read.text;
+}
+
+// Whether it writes another common log than its file names now.
+bool logsElsewhere(const ProcessStatus& _status, const Configuration& _configuration) {
+  const PageText& path = _status.commonLogPath;
+  if (!isSetUp(_status) || path.isCut || path.text.empty() || !_configuration.logs) return false;
+  const std::string& named = _configuration.logs->commonLog;
+  return !named.empty() && validUtf8(named) != path.text;
+}
+
 // Looks at one process that shows its page.
 class PageCheck {
  public:
@@ -99,25 +113,11 @@ class PageCheck {
   }
 
   void checkConfigurationFile() {
-    if (configuration_ == nullptr || status_.cfgPath.isCut || status_.cfgPath.text.empty()) return;
-    if (configuration_->cfg.path.empty()) return;
-    if (validUtf8(configuration_->cfg.path) == status_.cfgPath.text) {
-      checkSettings();
-    } else {
-      add("Q613", name_ + " was set up with another file than " + platform::nativePath(configuration_->cfg.path),
-          status_.cfgPath.text);
+    if (configuration_ == nullptr) return;
+    if (const std::optional<Finding> change = changedSinceSetUp(name_, status_, *configuration_)) {
+      findings_.push_back(*change);
     }
-  }
-
-  // What the application has read from its file at its set-up.
-  void checkSettings() {
-    if (logsElsewhere(status_, *configuration_)) {
-      add("Q613",
-          name_ + " goes on with its common log " + platform::nativePath(status_.commonLogPath.text) +
-              "; its file names " + platform::nativePath(configuration_->logs->commonLog) + " now",
-          configuration_->cfg.path);
-    }
-    if (hasOtherFilter(status_, *configuration_)) {
+    if (hasOtherFilter(status_, *configuration_) && !readsOtherFile(status_, *configuration_)) {
       add("Q613",
           name_ + " goes on with the filter \"" + status_.classes.filter.text + "\"; its file has another one now",
           configuration_->cfg.path);
@@ -146,11 +146,17 @@ class PageCheck {
 
 bool isSetUp(const ProcessStatus& _status) { return _status.setUp.result == status::Result::done; }
 
-bool logsElsewhere(const ProcessStatus& _status, const Configuration& _configuration) {
-  const PageText& path = _status.commonLogPath;
-  if (!isSetUp(_status) || path.isCut || path.text.empty() || !_configuration.logs) return false;
-  const std::string& named = _configuration.logs->commonLog;
-  return !named.empty() && validUtf8(named) != path.text;
+std::optional<Finding> changedSinceSetUp(const std::string& _name, const ProcessStatus& _status,
+                                         const Configuration& _configuration) {
+  if (readsOtherFile(_status, _configuration)) {
+    return findingOf(
+        "Q613", {platform::nativePath(_status.cfgPath.text), 0, 0},
+        _name + " was set up with this file; today it would be " + platform::nativePath(_configuration.cfg.path));
+  }
+  if (!logsElsewhere(_status, _configuration)) return std::nullopt;
+  return findingOf("Q613", {platform::nativePath(_configuration.cfg.path), 0, 0},
+                   _name + " goes on with its common log " + platform::nativePath(_status.commonLogPath.text) +
+                       "; its file names " + platform::nativePath(_configuration.logs->commonLog) + " now");
 }
 
 bool hasOtherFilter(const ProcessStatus& _status, const Configuration& _configuration) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "tools/qmrkctl/configuration.h"
@@ -23,10 +25,13 @@ void checkProcess(const RunningProcess& _process, const ProcessConfiguration& _c
 /// Whether the last set-up has succeeded; otherwise it is unknown what the process has read from its .cfg file.
 bool isSetUp(const ProcessStatus& _status);
 
-/// Whether a process that was set up writes another common log than its file names now.
-bool logsElsewhere(const ProcessStatus& _status, const Configuration& _configuration);
+/// Q613 of a process that would read another .cfg file today, or another name of the common log in it; no value if it
+/// would not.
+/// @param _name of the process, as in other findings.
+std::optional<Finding> changedSinceSetUp(const std::string& _name, const ProcessStatus& _status,
+                                         const Configuration& _configuration);
 
-/// Whether it has connected its common log with another filter than its file has now.
+/// Whether a process that was set up has connected its common log with another filter than its file has now.
 bool hasOtherFilter(const ProcessStatus& _status, const Configuration& _configuration);
 
 /// "demo (pid 123, user anna)", with the names as they are: pass it through shown() before it is printed.

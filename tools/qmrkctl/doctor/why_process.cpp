@@ -1,16 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "diagnostics/status_page_values.h"
-#include "platform/native_path.h"
 #include "tools/logs/merged_logs.h"
 #include "tools/qmrkctl/doctor/process_check.h"
 #include "tools/qmrkctl/doctor/why_chain.h"
 #include "tools/qmrkctl/doctor/why_faults.h"
-#include "tools/status/valid_utf8.h"
 
 namespace qmrkctl {
 namespace {
-
-using platform::nativePath;
 
 void addCaStep(const WhyQuestion& _question, StepList& _steps) {
   const Configuration& configuration = _question.seen->configuration;
@@ -18,14 +14,10 @@ void addCaStep(const WhyQuestion& _question, StepList& _steps) {
   if (configuration.isFallenBack) seen += "; " + configuration.caAsked + " has no .cfg file: fallen back to GE";
   if (configuration.isRedirected) seen += "; GE redirects";
   const ProcessStatus* const status = statusOf(_question);
-  if (status != nullptr && !status->cfgPath.text.empty() && status->cfgPath.text != validUtf8(configuration.cfg.path)) {
-    _steps.fail("CA", findingOf("Q613", {nativePath(status->cfgPath.text), 0, 0},
-                                "the application was set up with this file; today it would be " +
-                                    nativePath(configuration.cfg.path)));
-  } else if (status != nullptr && logsElsewhere(*status, configuration)) {
-    _steps.fail("CA", findingOf("Q613", {nativePath(configuration.cfg.path), 0, 0},
-                                "the file names another log now; the application goes on with " +
-                                    nativePath(status->commonLogPath.text)));
+  std::optional<Finding> change;
+  if (status != nullptr) change = changedSinceSetUp(processText(*_question.process), *status, configuration);
+  if (change) {
+    _steps.fail("CA", *change);
   } else {
     _steps.ok("CA", seen);
   }
