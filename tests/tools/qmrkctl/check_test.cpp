@@ -194,6 +194,19 @@ TEST_F(CheckTest, ComparesTheClassListWithTheFilterAndWithRunningApplications) {
               ElementsAre("Q405@2:1", "Q406@2:1", "Q406@3:1"));
 }
 
+TEST_F(CheckTest, FindsNamesOfTheCommonLogThatTheLibraryUsesItself) {
+  const auto codes = [](const std::string& _name) {
+    return codesIn("LOG_STATE=TRUE\nCOMMON_LOG_FILE_NAME=" + _name + "\nCOMMON_LOG_FILE_FILTER=A;\n");
+  };
+  for (const char* const name : {"qmrk.info", ".\\qmrk.info", "/./qmrk.info", "Application logs",
+                                 "Application logs\\a_log.txt", "Application logs\\b/a_log.txt.12"})
+    EXPECT_THAT(codes(name), Contains("Q330@2:22")) << name;
+  for (const char* const name : {"qmrk.info.log", "logs\\qmrk.info", "Application logs.txt", "a_log.txt", "a_log.txt.1",
+                                 "Application logs\\a.log", "Application logs\\a_log.txt.x", "x"})
+    EXPECT_THAT(codes(name), IsEmpty()) << name;
+  EXPECT_THAT(codes("a\\..\\qmrk.info"), ElementsAre("Q330@2:22", "Q321@2:22"));
+}
+
 // The set-up fails where it cannot create a folder, not where one cannot be used.
 TEST_F(CheckTest, TellsAFileInPlaceOfTheLogFolderFromOneAboveIt) {
   const testsupport::ConfigSandbox sandbox;

@@ -48,6 +48,10 @@ void checkKeys(const ConfigurationFile& _file, CfgUse _use, Findings& _findings)
 /// The values of the keys: the third hundred, too.
 void checkValues(const ConfigurationFile& _file, Findings& _findings);
 
+/// Whether the name of the common log is one that the library uses itself.
+/// @param _name the setting.
+void checkUsedName(const ConfigurationFile& _cfg, const Setting& _name, Findings& _findings);
+
 /// The filter of a .cfg file: the fourth hundred.
 void checkFilter(const ConfigurationFile& _cfg, Findings& _findings);
 

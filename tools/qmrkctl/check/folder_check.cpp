@@ -142,6 +142,8 @@ class FolderCheck {
       add("Q504", _log, "the log is a link, and its folder is not " + viewpoint_.account.name + "'s alone");
     } else if (facts.kind == PathKind::danglingLink) {
       if (!hasFolderOfTarget(_log)) add("Q505", _log, "the log is a link that leads nowhere");
+    } else if (facts.kind == PathKind::missing && factsOf(viewpoint_, folder).kind != PathKind::folder) {
+      add("Q505", folder, "there is something else in place of a folder of the log");
     } else if (facts.kind == PathKind::missing) {
       if (!mayWrite(viewpoint_, folder)) add("Q502", _log, user() + " may not create the log in its folder");
     } else if (facts.kind != PathKind::file) {

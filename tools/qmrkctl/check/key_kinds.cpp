@@ -77,6 +77,9 @@ constexpr FindingKind keyTable[] = {
     {"Q329", Severity::warning, "A path has a variable or \"~\"",
      "nothing replaces it: it becomes part of the name of the file or folder",
      "write the path itself, relative to the user's application data", "COMMON_LOG_FILE_ROOT=%APPDATA%\\Logs"},
+    {"Q330", Severity::error, "COMMON_LOG_FILE_NAME is a name that the library uses itself",
+     "the common log and the error records, or the logs of applications, get in each other's way",
+     "write another name, such as common.log", "COMMON_LOG_FILE_NAME=qmrk.info"},
 };
 
 }  // namespace

@@ -139,6 +139,7 @@ class ValueCheck {
     } else if (isAbsolute(name)) {
       add("Q320", _setting, "COMMON_LOG_FILE_NAME is the absolute path " + inQuotes(name));
     }
+    checkUsedName(file_, _setting, findings_);
     checkPath(_setting, "Q313", "the common log cannot be opened: the set-up says true and every line is lost");
   }
 

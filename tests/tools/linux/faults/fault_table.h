@@ -40,6 +40,8 @@ struct Fault {
 
 /// Faults in what is written in files.
 std::vector<Fault> faultsOfTexts();
+/// Faults in the name of the common log.
+std::vector<Fault> faultsOfNames();
 /// Faults in which files are found.
 std::vector<Fault> faultsOfFiles();
 /// Faults of folders, rights, space and environment.

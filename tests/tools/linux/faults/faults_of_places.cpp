@@ -214,7 +214,7 @@ std::vector<Fault> faultsOfPlaces() {
 
 std::vector<Fault> allFaults() {
   std::vector<Fault> all = faultsOfTexts();
-  for (const auto& more : {faultsOfFiles(), faultsOfPlaces(), faultsOfProcesses()})
+  for (const auto& more : {faultsOfNames(), faultsOfFiles(), faultsOfPlaces(), faultsOfProcesses()})
     all.insert(all.end(), more.begin(), more.end());
   return all;
 }
