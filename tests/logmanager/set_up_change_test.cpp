@@ -193,7 +193,7 @@ TEST_F(SetUpChange, GivesNoLateStatementToTheCallablesOfALogThatWentOff) {
   logWhileItGoesOff(bl::logger("H13"), bl::ts_appender(bl::write_to_file(paths[1], false), 0));
   EXPECT_THAT(recorder_.messages(), ElementsAre("H11|on"));
   EXPECT_EQ(testsupport::readFile(paths[0]), "on");
-  while (testsupport::readFile(paths[1]).size() < 2)
+  while (!testsupport::exists(paths[1]) || testsupport::readFile(paths[1]).size() < 2)
     std::this_thread::yield();
   EXPECT_EQ(testsupport::readFile(paths[1]), "on");
 }

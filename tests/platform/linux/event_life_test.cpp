@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <functional>
+#include <memory>
 #include <string>
 
 #include "platform/linux/event_folder.h"
@@ -10,7 +12,6 @@
 #include "tests/support/companion_process.h"
 #include "tests/support/fault_plan.h"
 #include "tests/support/linux/forked_child.h"
-#include "tests/support/linux/sleeping_process.h"
 #include "tests/support/private_events.h"
 #include "tests/support/process_resources.h"
 #include "tests/support/temporary_folder.h"
@@ -33,6 +34,18 @@ class EventLife : public ::testing::Test {
     closeHandle(event);
     return isNew;
   }
+
+  /// Leaves a child that sleeps when it has run the function, and outlives this process.
+  static void leaveChild(const std::function<void()>& _function) {
+    static std::unique_ptr<SleepingChild> child;
+    child = std::make_unique<SleepingChild>([&_function] {
+      // Ends by itself when the test is over, for whose end those who read its output do not wait.
+      ::close(STDOUT_FILENO);
+      ::close(STDERR_FILENO);
+      ::alarm(20);
+      _function();
+    });
+  }
 };
 
 TEST_F(EventLife, EndsDespiteAForkedChild) {
@@ -46,15 +59,7 @@ TEST_F(EventLife, EndsDespiteAForkedChild) {
 TEST_F(EventLife, EndsDespiteAChildWhoseParentIsKilled) {
   SleepingChild parent([] {
     setEvent(createEvent(livingEvent));
-    const pid_t child = ::fork();
-    if (child == 0) {
-      // Ends by itself when the test is over, for whose end those who read its output do not wait.
-      ::close(STDOUT_FILENO);
-      ::close(STDERR_FILENO);
-      ::alarm(20);
-      ::pause();
-    }
-    testsupport::waitUntilProcessSleeps(child);
+    leaveChild([] {});
   });
   const Handle event = openEvent(livingEvent);
   ASSERT_EQ(waitForEvent(event, 0), waitObject);
@@ -120,15 +125,7 @@ TEST_F(EventLife, LastsAsLongAsAForkedChildThatTerminatesAThreadToo) {
   };
   SleepingChild parent([&terminateOne] {
     terminateOne();
-    const pid_t child = ::fork();
-    if (child != 0) return testsupport::waitUntilProcessSleeps(child);
-    // Ends by itself when the test is over, for whose end those who read its output do not wait.
-    ::close(STDOUT_FILENO);
-    ::close(STDERR_FILENO);
-    ::alarm(20);
-    terminateOne();
-    ::pause();
-    return false;
+    leaveChild(terminateOne);
   });
   parent.kill();
   EXPECT_FALSE(createsAnew());
