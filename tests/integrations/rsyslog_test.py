@@ -91,13 +91,16 @@ class CentralLog(Machines):
         receiver.start()
         sender.start()
         due = [LINES / PER_SECOND * (i + 1) / (ROTATIONS + 1) for i in range(ROTATIONS)]
+        rotated = [-1]
         leaves = LINES / PER_SECOND / 3
         moments = collections.deque([(leaves, receiver.stop), (leaves + SECONDS_AWAY, receiver.start)])
 
         def disturb(now):
-            if due and now > due[0]:
+            # On a busy machine several are due at once. Nobody rotates a file again before its writers know of the first.
+            if due and now > max(due[0], rotated[-1] + 1):
                 due.pop(0)
                 self.rotate()
+                rotated.append(now)
             if moments and now > moments[0][0]:
                 moments.popleft()[1]()
             # On a busy machine the last of them can come when the writers are done: there are lines to send all the same.

@@ -33,6 +33,7 @@ void setUpAgain(const std::string& _logs) {
   bl::del_modifier(manager, _logs, "again");
 }
 
+/// Threads that log, each at least once before the constructor returns.
 class LoggingThreads {
  public:
   explicit LoggingThreads(const std::string& _logName) {
@@ -41,9 +42,12 @@ class LoggingThreads {
         for (int message = 0; !isOver_; ++message) {
           QMRK_LOG(bl::logger(_logName + "." + std::to_string(message % 10))) << "message " << message << "\n";
           if (i == 0) setUpAgain(_logName);
+          if (message == 0) ++logging_;
         }
       });
     }
+    while (logging_ < threadCount)
+      std::this_thread::yield();
   }
   ~LoggingThreads() {
     isOver_ = true;
@@ -55,6 +59,7 @@ class LoggingThreads {
 
  private:
   std::atomic<bool> isOver_{false};
+  std::atomic<int> logging_{0};
   std::vector<std::thread> threads_;
 };
 

@@ -3,10 +3,12 @@
 
 #include <sys/wait.h>
 
+#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <thread>
 
 #include "platform/native_path.h"
 #include "tests/support/linux/shared_memory_mount.h"
@@ -89,6 +91,9 @@ void FaultInstallation::start(const std::string& _arguments, const std::string& 
   companions_.emplace_back(std::vector<std::string>{"/bin/sh", "-c", "echo $$; " + _limits + program});
   running_ = std::stoi(companions_.back().readLine());
   if (companions_.back().readLine().find(" is o") == std::string::npos) std::abort();
+  // Its listener is a thread that has only begun to start.
+  while (runProgram(QMRKCTL, {"apps", "--json"}).output.find("\"listens\": \"yes\"") == std::string::npos)
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
 }
 
 void FaultInstallation::replaceLibrary() const {

@@ -52,7 +52,7 @@ class FaultInstallation {
   /// A file system of the test's own, with room for two folders but for no file in them, takes that place.
   void exhaustInodes();
 
-  /// LogTest with these arguments of a shell runs from now on, and listens.
+  /// LogTest with these arguments of a shell runs from now on; its listener listens.
   /// @param _limits commands of the shell before it.
   void start(const std::string& _arguments, const std::string& _limits = "");
   /// Puts another file in place of the library that a program started after runAs has loaded.
