@@ -24,6 +24,7 @@ bool has(const std::string& _file, const std::string& _part) {
 
 }  // namespace
 
+// NOLINTNEXTLINE(readability-function-size): one table of one meaning.
 std::vector<Fault> faultsOfNames() {
   return {
       {"`COMMON_LOG_FILE_NAME=qmrk.info`",
