@@ -17,24 +17,32 @@ const FaultEffect onlyDemoNet = {true, {"Demo.Net.error", "Demo.Net.info"}};
 
 constexpr char logsIntoOther[] = "--ca CA12 --classes 'Demo.App.other;'";
 
-std::ptrdiff_t linesOfOther(const Installation& _at) {
+// A class whose lines count the rounds of an application: in each one it logs a line into every one of its classes, in
+// their order, and then sleeps for 100 ms.
+constexpr char beat[] = "Demo.Net.error.beat";
+
+std::ptrdiff_t linesOf(const std::string& _class, const Installation& _at) {
   const std::string text = readFile(_at.log());
+  const std::string name = "[" + _class + "]";
   std::ptrdiff_t lines = 0;
-  for (std::size_t place = text.find("[Demo.App.other]"); place != std::string::npos;
-       place = text.find("[Demo.App.other]", place + 1))
+  for (std::size_t place = text.find(name); place != std::string::npos; place = text.find(name, place + 1))
     ++lines;
   return lines;
 }
 
-// Whether the application goes on logging; it does so ten times a second.
-bool goesOn(const Installation& _at) {
-  const std::ptrdiff_t before = linesOfOther(_at);
+std::ptrdiff_t linesOfOther(const Installation& _at) { return linesOf("Demo.App.other", _at); }
+
+// Whether so many lines of the class come.
+bool logs(const std::string& _class, std::ptrdiff_t _more, const Installation& _at) {
+  const std::ptrdiff_t before = linesOf(_class, _at);
   for (int look = 0; look < 3000; ++look) {
-    if (linesOfOther(_at) > before) return true;
+    if (linesOf(_class, _at) >= before + _more) return true;
     std::this_thread::sleep_for(std::chrono::milliseconds(10));
   }
   return false;
 }
+
+bool goesOn(const Installation& _at) { return logs("Demo.App.other", 1, _at); }
 
 // The application follows the list, and nobody tells it that it has changed.
 void editUnnoticed(Installation& _at) {
@@ -93,7 +101,7 @@ std::vector<Fault> faultsOfProcesses() {
        "it does not reach the common log before the next start",
        [](Installation& _at) {
          _at.cfgLine(5, "COMMON_LOG_FILE_FILTER=Demo.Net;\n");
-         _at.start(logsIntoOther);
+         _at.start("--ca CA12 --classes 'Demo.App.other;" + std::string(beat) + ";'");
          _at.cfgLine(5, "COMMON_LOG_FILE_FILTER=Demo.App;Demo.Net;\n");
        },
        soundApplication,
@@ -101,8 +109,7 @@ std::vector<Fault> faultsOfProcesses() {
        {},
        [](const Installation& _at) {
          const bool hasApplied = _at.qmrkctl({"signal"}).exitCode == 0;
-         std::this_thread::sleep_for(std::chrono::milliseconds(300));  // It would have logged three times.
-         return hasApplied && linesOfOther(_at) == 0;
+         return hasApplied && logs(beat, 3, _at) && linesOfOther(_at) == 0;
        },
        {"why", "Demo.App.other"}},
       {"`COMMON_LOG_FILE_NAME` that was changed while an application runs",
@@ -119,6 +126,7 @@ std::vector<Fault> faultsOfProcesses() {
       {"an application that was stopped",
        "it logs nothing and follows no change until it goes on",
        [](Installation& _at) {
+         _at.start("--ca CA12 --classes '" + std::string(beat) + ";'");
          _at.start(logsIntoOther);
          _at.signal(SIGSTOP);
        },
@@ -127,8 +135,8 @@ std::vector<Fault> faultsOfProcesses() {
        {},
        [](const Installation& _at) {
          const std::ptrdiff_t before = linesOfOther(_at);
-         std::this_thread::sleep_for(std::chrono::milliseconds(500));  // It would have logged five times.
-         const bool isSilent = linesOfOther(_at) == before;
+         // Another application logs five times meanwhile.
+         const bool isSilent = logs(beat, 5, _at) && linesOfOther(_at) == before;
          _at.signal(SIGCONT);
          return isSilent && goesOn(_at);
        },
