@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 
 #include "tests/support/config_sandbox.h"
@@ -9,6 +10,7 @@
 #include "tools/qmrkctl/check/similar_name.h"
 #include "tools/qmrkctl/configuration.h"
 #include "tools/qmrkctl/finding_catalogue.h"
+#include "tools/system/file_name.h"
 
 namespace {
 
@@ -205,6 +207,23 @@ TEST_F(CheckTest, FindsNamesOfTheCommonLogThatTheLibraryUsesItself) {
                                  "Application logs\\a.log", "Application logs\\a_log.txt.x", "x"})
     EXPECT_THAT(codes(name), IsEmpty()) << name;
   EXPECT_THAT(codes("a\\..\\qmrk.info"), ElementsAre("Q330@2:22", "Q321@2:22"));
+}
+
+// On Windows a name of a device leads to the device, which is no log.
+TEST_F(CheckTest, FindsNamesThatTheSystemHasForNoFile) {
+  const bool isWindows = toolsystem::isSameFileName("a", "A");
+  const auto codes = [](const std::string& _key, const std::string& _value) {
+    return codesIn("LOG_STATE=TRUE\nCOMMON_LOG_FILE_NAME=c.log\nCOMMON_LOG_FILE_FILTER=A;\n" + _key + "=" + _value +
+                   "\n");
+  };
+  for (const char* const name : {"NUL", "nul.log", "Con .x", "logs\\COM1", "lpt9.1.txt", "a?.log", "a*", "a<b>"}) {
+    const auto found = codes("COMMON_LOG_FILE_NAME", name);
+    EXPECT_EQ(std::ranges::count(found, "Q313@4:22"), isWindows ? 1 : 0) << name;
+  }
+  EXPECT_EQ(std::ranges::count(codes("COMMON_LOG_FILE_ROOT", "a?\\b"), "Q501@4:22"), isWindows ? 1 : 0);
+  for (const char* const name : {"nullog", "com.log", "COM10", "con1.log", "common.log.", "a'b!.log"})
+    EXPECT_THAT(codes("COMMON_LOG_FILE_ROOT", name), IsEmpty()) << name;
+  EXPECT_EQ(std::ranges::count(codes("COMMON_LOG_FILE_NAME", "QMRK.info"), "Q330@4:22"), isWindows ? 1 : 0);
 }
 
 // The set-up fails where it cannot create a folder, not where one cannot be used.

@@ -7,6 +7,7 @@
 #include "quillmark_logging_names.h"
 #include "tools/logs/log_files.h"
 #include "tools/qmrkctl/check/checks.h"
+#include "tools/system/file_name.h"
 
 namespace qmrkctl {
 namespace {
@@ -52,11 +53,11 @@ void checkUsedName(const ConfigurationFile& _cfg, const Setting& _name, Findings
                                   _effect));
   };
   const std::string_view records = std::string_view(names::ERROR_INFO_FILE_NAME).substr(1);
-  if (steps.size() == 1 && steps.front() == records) {
+  if (steps.size() == 1 && toolsystem::isSameFileName(steps.front(), records)) {
     add("the file of the error records",
         "lines and error records are mixed: \"qmrkctl errors\" knows neither from the "
         "other");
-  } else if (steps.front() == applicationLogsName) {
+  } else if (toolsystem::isSameFileName(steps.front(), applicationLogsName)) {
     if (steps.size() == 1) {
       add("the folder of the application logs",
           "what is opened first wins: every line of the applications' own logs is lost, or every line of the common "

@@ -10,6 +10,7 @@
 #include "config/cfg_data_manager.h"
 #include "quillmark_logging_names.h"
 #include "tools/qmrkctl/check/checks.h"
+#include "tools/system/file_name.h"
 
 namespace qmrkctl {
 namespace {
@@ -151,7 +152,7 @@ class ValueCheck {
   }
 
   // What name and root have in common.
-  void checkPath(const Setting& _setting, std::string_view _codeOfTooLong, const std::string& _effectOfTooLong) {
+  void checkPath(const Setting& _setting, std::string_view _codeOfNoName, const std::string& _effectOfNoName) {
     if (isQuoted(_setting.value)) {
       const std::string plain = _setting.value.substr(1, _setting.value.size() - 2);
       add("Q326", _setting, "the value of " + _setting.key + " stands in quotes",
@@ -163,12 +164,26 @@ class ValueCheck {
     const bool isOutside = std::find(parts.begin(), parts.end() - 1, "..") != parts.end() - 1 ||
                            (parts.back() == ".." && _setting.key == names::COMMON_LOG_FILE_ROOT);
     if (isOutside) add("Q321", _setting, _setting.key + " is " + inQuotes(_setting.value));
-    const auto tooLong =
-        std::find_if(parts.begin(), parts.end(), [](std::string_view _part) { return _part.size() > longestPart; });
-    if (tooLong == parts.end()) return;
-    add(_codeOfTooLong, _setting,
-        "a name in " + _setting.key + " has " + std::to_string(tooLong->size()) + " characters",
-        "write a name of at most " + std::to_string(longestPart), _effectOfTooLong);
+    checkParts(_setting, parts, _codeOfNoName, _effectOfNoName);
+  }
+
+  // Whether files and folders can have the names in a path.
+  void checkParts(const Setting& _setting, const std::vector<std::string_view>& _parts, std::string_view _code,
+                  const std::string& _effect) {
+    for (const std::string_view& part : _parts) {
+      const bool isFile = &part == &_parts.back() && _setting.key == names::COMMON_LOG_FILE_NAME;
+      if (part.size() > longestPart) {
+        add(_code, _setting, "a name in " + _setting.key + " has " + std::to_string(part.size()) + " characters",
+            "write a name of at most " + std::to_string(longestPart), _effect);
+        return;
+      }
+      // Quotes were said to be wrong.
+      if (isQuoted(_setting.value) || (isFile ? toolsystem::isFileName(part) : toolsystem::isFolderName(part)))
+        continue;
+      add(_code, _setting, _setting.key + " has " + inQuotes(part) + ", which can name no file on this system",
+          "write another name", _effect);
+      return;
+    }
   }
 
   // Whether limits of the rotation count.

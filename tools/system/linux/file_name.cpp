@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#include "tools/system/file_name.h"
+
+namespace toolsystem {
+
+bool isFolderName(std::string_view /*_name*/) { return true; }
+
+bool isFileName(std::string_view /*_name*/) { return true; }
+
+bool isSameFileName(std::string_view _one, std::string_view _other) { return _one == _other; }
+
+}  // namespace toolsystem
