@@ -2,6 +2,7 @@
 #include "tools/qmrkctl/class_change.h"
 
 #include <algorithm>
+#include <map>
 #include <utility>
 
 #include "platform/native_path.h"
@@ -54,6 +55,18 @@ std::string differenceText(const Names& _added, const Names& _removed) {
   for (const std::string& name : _removed)
     text += " -" + shown(name);
   return text.empty() ? " no change" : text;
+}
+
+// When each class of some leases goes off, in milliseconds since 1970.
+using Ends = std::map<std::string, std::int64_t>;
+
+Ends endsOf(const std::vector<Lease>& _leases) {
+  Ends ends;
+  for (const Lease& lease : _leases) {
+    for (const std::string& name : lease.classes)
+      ends[name] = std::max(ends[name], lease.until);
+  }
+  return ends;
 }
 
 int refuse(const toolsystem::FileFailure& _failure) {
@@ -112,9 +125,9 @@ class Change {
     auto state = readClassList(place_);
     if (!state) return refuse({"cannot read " + place_.reached, true, false});
     before_ = *state;
-    const Clocks now = clocksNow();
-    Swept swept = sweep(before_.list, before_.leases, now);
-    after_ = changed({before_.exists, swept.list, swept.leases}, request_, now);
+    now_ = clocksNow();
+    Swept swept = sweep(before_.list, before_.leases, now_);
+    after_ = changed({before_.exists, swept.list, swept.leases}, request_, now_);
     if (const int code = lint(_viewpoint, _configuration); code != exitOk) return code;
     tellDifference();
     if (request_.isDryRun) return exitOk;
@@ -156,16 +169,30 @@ class Change {
                  differenceText(added, removed));
     report_.result() = {{"ca", place_.ca},    {"file", file},     {"added", added},
                         {"removed", removed}, {"classes", after}, {"dryRun", request_.isDryRun}};
-    if (!request_.duration) return;
+    if (request_.duration) tellEnd();
+  }
+
+  void tellEnd() {
+    const Ends ends = endsOf(after_.leases);
+    const Names meant = classesMissingIn(namesMeant(request_), {});
+    if (std::none_of(meant.begin(), meant.end(), [&ends](const auto& _name) { return ends.contains(_name); })) {
+      report_.line("nothing goes off again: it was on before");
+      return;
+    }
     const std::string lead = "what it switches on goes off again after " + durationText(*request_.duration);
     if (request_.leaseReserve.count() > 0) {
       // They begin with the answers of the applications.
       report_.line(lead + " of measuring");
       return;
     }
-    const std::string until = utcText(millisecondsNow() + request_.duration->count());
-    report_.line(lead + ", at " + until);
-    report_.result()["until"] = until;
+    const std::int64_t end = now_.wall + request_.duration->count();
+    report_.line(lead + ", at " + utcText(end));
+    report_.result()["until"] = utcText(end);
+    for (const std::string& name : meant) {
+      const auto found = ends.find(name);
+      if (found == ends.end() || found->second <= end) continue;
+      report_.line("but " + shown(name) + " at " + utcText(found->second) + ": a former lease lasts longer");
+    }
   }
 
   std::vector<Addressee> addresseesOf(const std::vector<RunningProcess>& _processes) {
@@ -216,6 +243,7 @@ class Change {
   ClassListPlace place_;
   ClassListState before_;
   ClassListState after_;
+  Clocks now_;
 };
 
 }  // namespace

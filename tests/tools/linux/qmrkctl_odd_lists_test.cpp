@@ -93,6 +93,20 @@ TEST_F(QmrkctlOddLists, MayHaveLeasesThatCannotBeRead) {
   }
 }
 
+TEST_F(QmrkctlOddLists, HaveClassesThatALeaseDoesNotSwitchOff) {
+  const ChildResult on = qmrkctl({"classes", "enable", "Demo.App", "--for", "5m"});
+  EXPECT_TRUE(contains(on.output, "nothing goes off again: it was on before\n")) << on.output;
+  EXPECT_FALSE(json({"classes", "enable", "Demo.App", "--for", "5m"})["result"].contains("until"));
+  EXPECT_FALSE(testsupport::exists(beside("lease")));
+  const ChildResult both = qmrkctl({"classes", "enable", "Demo.App", "Demo.Net", "--for", "2h"});
+  EXPECT_TRUE(contains(both.output, "what it switches on goes off again after 2h, at ")) << both.output;
+  EXPECT_FALSE(contains(both.output, "but ")) << both.output;
+  const std::string until = Json::parse(testsupport::readFile(beside("lease")))["leases"][0]["untilText"];
+  const ChildResult shorter = qmrkctl({"classes", "enable", "Demo.Net", "--for", "1h"});
+  EXPECT_TRUE(contains(shorter.output, "but Demo.Net at " + until + ": a former lease lasts longer\n"))
+      << shorter.output;
+}
+
 TEST_F(QmrkctlOddLists, OnAReadOnlyDiskAreNotPromisedToRoot) {
   ASSERT_EQ(::mount(folder().c_str(), folder().c_str(), nullptr, MS_BIND, nullptr), 0);
   ASSERT_EQ(::mount(nullptr, folder().c_str(), nullptr, MS_BIND | MS_REMOUNT | MS_RDONLY, nullptr), 0);
