@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
+#include <cstdint>
 #include <memory>
 #include <string>
 
+#include "platform/native_path.h"
 #include "platform/text_file.h"
 #include "tools/qmrkctl/asked_viewpoint.h"
 #include "tools/qmrkctl/class_list_text.h"
@@ -11,6 +13,9 @@
 #include "tools/qmrkctl/history.h"
 #include "tools/qmrkctl/shown_text.h"
 #include "tools/qmrkctl/steering.h"
+#include "tools/system/elevation.h"
+#include "tools/system/path_facts.h"
+#include "tools/system/path_rights.h"
 
 namespace qmrkctl {
 namespace {
@@ -46,6 +51,20 @@ std::string recordLine(const Json& _record) {
   return line;
 }
 
+int refuseUnread(const std::string& _path, const toolsystem::PathFacts& _facts) {
+  const bool isFile = _facts.kind == toolsystem::PathKind::file;
+  if (!isFile && !_facts.isHidden) {
+    Report::message("cannot read " + shown(_path) + ": it is no regular file");
+    return exitInternal;
+  }
+  if (isFile && toolsystem::rightsOn({_path}, toolsystem::ownAccount(), "").front().isReadable) {
+    Report::message("cannot read " + shown(_path));
+    return exitInternal;
+  }
+  Report::message("permission denied for " + shown(_path) + "; " + toolsystem::elevated("qmrkctl history") + " has it");
+  return exitNoPermission;
+}
+
 int showHistory(std::size_t _most, const Options& _options, Report& _report) {
   int refusal = exitOk;
   const auto viewpoint = askedViewpoint(_options, refusal);
@@ -55,12 +74,12 @@ int showHistory(std::size_t _most, const Options& _options, Report& _report) {
     Report::message("the CA has no class list of its own");
     return exitNotFound;
   }
-  const toolsystem::PathFacts facts = factsOf(*viewpoint, place->history);
+  const std::string path = platform::nativePath(place->history);
+  const toolsystem::PathFacts facts = toolsystem::factsOf(path);
   std::string text;
   platform::TextReader file(place->history);
-  if (facts.kind != toolsystem::PathKind::missing && !file.readAll(text)) {
-    Report::message("cannot read " + shown(place->history));
-    return exitNoPermission;
+  if ((facts.kind != toolsystem::PathKind::missing || facts.isHidden) && !file.readAll(text)) {
+    return refuseUnread(path, facts);
   }
   History history = parseHistory(text);
   if (history.records.size() > _most) {
@@ -72,10 +91,8 @@ int showHistory(std::size_t _most, const Options& _options, Report& _report) {
   if (history.unreadableLines > 0) {
     _report.line(std::to_string(history.unreadableLines) + " lines cannot be read");
   }
-  _report.result() = {{"ca", place->ca},
-                      {"file", place->history},
-                      {"records", history.records},
-                      {"unreadableLines", history.unreadableLines}};
+  _report.result() = {
+      {"ca", place->ca}, {"file", path}, {"records", history.records}, {"unreadableLines", history.unreadableLines}};
   return exitOk;
 }
 
@@ -84,7 +101,10 @@ int showHistory(std::size_t _most, const Options& _options, Report& _report) {
 void addHistoryCommand(CLI::App& _program, Choice& _choice) {
   CLI::App* const command = _program.add_subcommand("history", "Who changed the class list, when and why");
   const auto most = std::make_shared<std::size_t>(50);
-  command->add_option("-n", *most, "How many changes, the latest")->type_name("N")->capture_default_str();
+  command->add_option("-n", *most, "How many changes, the latest")
+      ->type_name("N")
+      ->capture_default_str()
+      ->check(CLI::Range(std::uint64_t{0}, std::uint64_t{1'000'000'000}));
   command->footer("Example: qmrkctl history -n 10 --ca CA12");
   command->callback([most, &_choice] {
     _choice = {"history",

@@ -107,6 +107,26 @@ TEST_F(QmrkctlOddLists, HaveClassesThatALeaseDoesNotSwitchOff) {
       << shorter.output;
 }
 
+TEST_F(QmrkctlOddLists, MayHaveAHistoryThatCannotBeRead) {
+  EXPECT_EQ(qmrkctl({"classes", "enable", "Demo.Net"}).exitCode, 0);
+  const std::string file = folder() + "/CA12.history";
+  EXPECT_EQ(json({"history"})["result"]["file"], file);
+  for (const char* const number : {"-1", "", "99999999999999999999"})
+    EXPECT_EQ(qmrkctl({"history", "-n", number}).exitCode, 2) << number;
+  testsupport::denyAccess(folder());
+  EXPECT_EQ(testsupport::inForkedChild([] {
+              if (::setresuid(other, other, other) != 0) return 1;
+              const ChildResult result = qmrkctl({"history"});
+              return result.exitCode == 4 && contains(result.errors, "sudo qmrkctl history has it") ? 0 : 2;
+            }),
+            0);
+  std::filesystem::remove(file);
+  std::filesystem::create_directory(file);
+  const ChildResult result = qmrkctl({"history"});
+  EXPECT_EQ(result.exitCode, 70);
+  EXPECT_TRUE(contains(result.errors, "cannot read " + file + ": it is no regular file")) << result.errors;
+}
+
 TEST_F(QmrkctlOddLists, OnAReadOnlyDiskAreNotPromisedToRoot) {
   ASSERT_EQ(::mount(folder().c_str(), folder().c_str(), nullptr, MS_BIND, nullptr), 0);
   ASSERT_EQ(::mount(nullptr, folder().c_str(), nullptr, MS_BIND | MS_REMOUNT | MS_RDONLY, nullptr), 0);
