@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <memory>
 #include <string>
 #include <vector>
@@ -56,6 +58,24 @@ bool areNew(const std::vector<NewFile>& _files) {
   return true;
 }
 
+// All or none.
+// @param _created receives the paths of those that did not exist; on failure that of the one that failed.
+// @return 0, or an errno value.
+int createFiles(const std::vector<NewFile>& _files, std::vector<std::string>& _created) {
+  for (const NewFile& file : _files) {
+    const int error = toolsystem::writeNewFile(file.path, file.text);
+    if (error == EEXIST && file.mayExist) continue;
+    if (error != 0) {
+      for (const std::string& created : _created)
+        std::remove(created.c_str());
+      _created = {file.path};
+      return error;
+    }
+    _created.push_back(file.path);
+  }
+  return 0;
+}
+
 int writeFiles(const std::string& _ca, const Place& _place, Report& _report) {
   _report.result() = {{"ca", _ca}, {"created", Json::array()}, {"kept", Json::array()}};
   const std::vector<NewFile> files = filesFor(_ca, _place);
@@ -64,11 +84,12 @@ int writeFiles(const std::string& _ca, const Place& _place, Report& _report) {
     const int error = toolsystem::makeFolders(folder);
     if (error != 0) return failed(folder, error, _ca);
   }
+  std::vector<std::string> created;
+  if (const int error = createFiles(files, created); error != 0) return failed(created.front(), error, _ca);
   for (const NewFile& file : files) {
-    const int error = toolsystem::writeNewFile(file.path, file.text);
-    if (error != 0 && !(error == EEXIST && file.mayExist)) return failed(file.path, error, _ca);
-    _report.line((error == 0 ? "created " : "kept    ") + shown(file.path));
-    _report.result()[error == 0 ? "created" : "kept"].push_back(file.path);
+    const bool isCreated = std::find(created.begin(), created.end(), file.path) != created.end();
+    _report.line((isCreated ? "created " : "kept    ") + shown(file.path));
+    _report.result()[isCreated ? "created" : "kept"].push_back(file.path);
   }
   return exitOk;
 }

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
+#include <sys/mount.h>
 
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <vector>
 
 #include "platform/linux/event_folder.h"
 #include "tests/support/as_unprivileged_user.h"
@@ -52,6 +54,18 @@ TEST_F(QmrkctlRefusal, NamesWhoMayReadAFileInAFolderThatIsClosed) {
   const auto result = testsupport::runProgram(QMRKCTL, {"check", folder.path() + "/closed/my.cfg"});
   EXPECT_EQ(result.exitCode, 4);
   EXPECT_NE(result.errors.find("sudo qmrkctl check"), std::string::npos) << result.errors;
+}
+
+// A second try would else find the files of the first one, and write nothing.
+TEST_F(QmrkctlRefusal, LeavesNoFileOfANewCaOnAFullDisk) {
+  const testsupport::TemporaryFolder folder;
+  ASSERT_EQ(::mount("qmrk-test", folder.path().c_str(), "tmpfs", 0, "nr_inodes=3"), 0);
+  const auto result = testsupport::runProgram(QMRKCTL, {"init-config", "--ca", "CA5", folder.path()});
+  EXPECT_EQ(result.exitCode, 70);
+  EXPECT_EQ(result.output, "");
+  EXPECT_NE(result.errors.find("qmrk_logging_GE.cfg: No space left"), std::string::npos) << result.errors;
+  EXPECT_EQ(testsupport::namesIn(folder.path()), std::vector<std::string>());
+  EXPECT_EQ(::umount(folder.path().c_str()), 0);
 }
 
 }  // namespace
