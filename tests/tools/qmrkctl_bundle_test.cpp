@@ -9,6 +9,7 @@
 namespace {
 
 using testing::HasSubstr;
+using testing::Not;
 using testsupport::ChildResult;
 
 class QmrkctlBundle : public testsupport::QmrkctlRun {
@@ -43,12 +44,14 @@ TEST_F(QmrkctlBundle, ReplacesNoFile) {
   EXPECT_EQ(result.exitCode, 1);
   EXPECT_THAT(result.errors, HasSubstr("is there already"));
   EXPECT_EQ(testsupport::readFile(file()), "mine");
+  EXPECT_THAT(testsupport::readFile(commonLog()), Not(HasSubstr(" bundle "))) << "a mark of what is not there";
 }
 
 TEST_F(QmrkctlBundle, SaysThatItsFolderIsMissing) {
   const ChildResult result = qmrkctl({"bundle", "--out", folder_.path() + "/missing/bundle.tar.gz"});
   EXPECT_EQ(result.exitCode, 3);
   EXPECT_THAT(result.errors, HasSubstr("cannot be written"));
+  EXPECT_THAT(testsupport::readFile(commonLog()), Not(HasSubstr(" bundle ")));
 }
 
 }  // namespace

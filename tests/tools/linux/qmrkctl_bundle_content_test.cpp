@@ -1,11 +1,21 @@
 // SPDX-License-Identifier: MIT
 // What a bundle holds, as tar of the system reads it; its rights; a full disk.
 #include <gmock/gmock.h>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
+#include <sys/prctl.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 
+#include <array>
+#include <cerrno>
+#include <cstddef>
 #include <cstdint>
+#include <cstdlib>
+#include <utility>
 
 #include "tests/support/as_unprivileged_user.h"
+#include "tests/support/linux/forked_child.h"
 #include "tests/support/linux/shared_memory_mount.h"
 #include "tests/support/private_events.h"
 #include "tests/tools/qmrkctl_run.h"
@@ -15,6 +25,20 @@ namespace {
 using testing::HasSubstr;
 using testing::Not;
 using testsupport::ChildResult;
+
+// From now on this system call fails with that error in the calling process and its children.
+void refuse(long _call, int _error) {
+  std::array<sock_filter, 4> filter = {{
+      BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+      BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, static_cast<std::uint32_t>(_call), 0, 1),
+      BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | static_cast<std::uint32_t>(_error)),
+      BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
+  }};
+  const sock_fprog program = {static_cast<unsigned short>(filter.size()), filter.data()};
+  if (::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0 || ::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program) != 0) {
+    std::abort();
+  }
+}
 
 class QmrkctlBundleContent : public testsupport::QmrkctlRun {
  protected:
@@ -74,6 +98,19 @@ TEST_F(QmrkctlBundleContent, LeavesNothingOnAFullDisk) {
   for (const std::string& name : testsupport::namesIn("/dev/shm"))
     EXPECT_THAT(name, Not(HasSubstr("bundle")));
   testsupport::unmountSharedMemory();
+}
+
+// As on a file system that has no links, such as that of a USB stick, or on one that can only replace by a rename.
+TEST_F(QmrkctlBundleContent, NeedsEitherLinksOrARenameThatReplacesNothing) {
+  for (const auto& [call, error] : {std::pair(SYS_linkat, EPERM), std::pair(SYS_renameat2, EINVAL)}) {
+    const int code = testsupport::inForkedChild([this, number = call, failure = error] {
+      refuse(number, failure);
+      return qmrkctl({"bundle", "--out", file()}).exitCode;
+    });
+    EXPECT_EQ(code, 0) << call;
+    EXPECT_EQ(testsupport::namesIn(folder_.path()), std::vector<std::string>{"bundle.tar.gz"});
+    testsupport::removeAll(file());
+  }
 }
 
 TEST_F(QmrkctlBundleContent, NamesTheCommandThatMayWrite) {

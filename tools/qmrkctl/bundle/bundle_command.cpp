@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
@@ -20,6 +21,7 @@
 #include "tools/system/elevation.h"
 #include "tools/system/host.h"
 #include "tools/system/own_program.h"
+#include "tools/system/path_facts.h"
 #include "tools/system/private_file.h"
 
 namespace qmrkctl {
@@ -131,6 +133,16 @@ int failure(int _error, const std::string& _file) {
   return _error == ENOENT ? exitNotFound : exitInternal;
 }
 
+// Why a file cannot be created, as far as that can be seen beforehand; 0: for no reason.
+int reasonAgainst(const std::string& _file) {
+  const auto isMissing = [](const std::string& _path) {
+    return toolsystem::factsOf(_path).kind == toolsystem::PathKind::missing;
+  };
+  if (!isMissing(_file)) return EEXIST;
+  const std::string folder = std::filesystem::path(_file).parent_path().string();
+  return !folder.empty() && isMissing(folder) ? ENOENT : 0;
+}
+
 int writeBundle(const std::string& _out, const Options& _options, Report& _report) {
   const ViewpointChoice choice = viewpointsOf(_options);
   if (choice.viewpoints.empty()) {
@@ -141,6 +153,8 @@ int writeBundle(const std::string& _out, const Options& _options, Report& _repor
   std::erase(moment, ':');
   const std::string name = "qmrk-bundle-" + fileName(toolsystem::hostName()) + "-" + moment;
   const std::string file = _out.empty() ? name + ".tar.gz" : _out;
+  // Before anything is marked or read for it.
+  if (const int error = reasonAgainst(file); error != 0) return failure(error, file);
   // The logs of the bundle then show when it was made.
   OwnCommands(_options).output({"mark", "bundle " + name});
   const std::vector<Part> parts = partsOf(choice.viewpoints.front(), _options);

@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdio>
 
 namespace toolsystem {
 namespace {
@@ -20,6 +21,14 @@ int writePrivateBytes(int _file, std::string_view _bytes) {
   return ::fsync(_file) == 0 ? 0 : errno;
 }
 
+// Unlike a plain rename, neither replaces what came meanwhile. Some file systems, such as those of USB sticks, have no
+// links, others no such rename.
+int renamePrivateFile(const std::string& _begun, const std::string& _path) {
+  if (::renameat2(AT_FDCWD, _begun.c_str(), AT_FDCWD, _path.c_str(), RENAME_NOREPLACE) == 0) return 0;
+  if (errno != EINVAL && errno != ENOSYS) return errno;
+  return ::linkat(AT_FDCWD, _begun.c_str(), AT_FDCWD, _path.c_str(), 0) == 0 ? 0 : errno;
+}
+
 }  // namespace
 
 int writePrivateFile(const std::string& _path, std::string_view _bytes) {
@@ -30,8 +39,7 @@ int writePrivateFile(const std::string& _path, std::string_view _bytes) {
   if (file == -1) return errno;
   int error = writePrivateBytes(file, _bytes);
   if (::close(file) != 0 && error == 0) error = errno;
-  // Unlike a rename, a link never replaces what came meanwhile.
-  if (error == 0 && ::link(begun.c_str(), _path.c_str()) != 0) error = errno;
+  if (error == 0) error = renamePrivateFile(begun, _path);
   ::unlink(begun.c_str());
   return error;
 }
