@@ -68,8 +68,11 @@ std::string parentOf(const std::string& _path) {
 }
 
 std::string existingPart(const Viewpoint& _viewpoint, std::string _path) {
-  while (factsOf(_viewpoint, _path).kind == toolsystem::PathKind::missing && !parentOf(_path).empty())
-    _path = parentOf(_path);
+  while (factsOf(_viewpoint, _path).kind == toolsystem::PathKind::missing) {
+    const std::string parent = parentOf(_path);
+    if (parent.empty()) return _path.starts_with('/') ? "/" : _path;
+    _path = parent;
+  }
   return _path;
 }
 

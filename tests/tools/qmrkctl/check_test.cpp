@@ -101,7 +101,10 @@ TEST_F(CheckTest, FindsKeysThatNothingReads) {
   EXPECT_THAT(codesIn(soundText + "TS_APPENDERS TRUE\n"), ElementsAre("Q305@4:1"));
   EXPECT_THAT(codesIn(soundText + "LOG_STATE=TRUE\n"), ElementsAre("Q306@4:1"));
   EXPECT_THAT(codesIn(soundText + "# =\n=====\nTS_APPENDERS=TRUE\n"), ElementsAre("Q308@5:1"));
-  EXPECT_THAT(codesIn("REDIRECT_CA_NR=CA1\nLOG_STATE=TRUE\n"), ElementsAre("Q325@2:1"));
+  for (const char* const name : {"qmrk_logging_GE.cfg", "draft.cfg"})
+    EXPECT_THAT(codesIn("REDIRECT_CA_NR=CA1\nLOG_STATE=TRUE\n", FileRole::cfg, name), ElementsAre("Q325@2:1")) << name;
+  EXPECT_THAT(codesIn(soundText + "REDIRECT_CA_NR=CA2\n"), ElementsAre("Q331@4:1"));
+  EXPECT_THAT(codesIn(soundText + "REDIRECT_CA_NR=GE\n", FileRole::cfg, "qmrk_logging_GE.cfg"), IsEmpty());
 }
 
 TEST_F(CheckTest, FindsValuesThatDoSomethingElse) {

@@ -6,11 +6,19 @@
 namespace qmrkctl {
 namespace {
 
-// Where the generic file leads to itself, all of its keys are read.
+namespace names = Quillmark_logging;
+
 CfgUse useOfGeneric(const ConfigurationFile& _generic) {
-  const Setting* const redirection = _generic.setting(Quillmark_logging::REDIRECT_CA_NR);
-  const bool leadsAway = redirection != nullptr && redirection->value != Quillmark_logging::GENERIC_CA;
-  return leadsAway ? CfgUse::genericWithRedirection : CfgUse::single;
+  const Setting* const redirection = _generic.setting(names::REDIRECT_CA_NR);
+  const bool leadsAway = redirection != nullptr && redirection->value != names::GENERIC_CA;
+  return leadsAway ? CfgUse::genericWithRedirection : CfgUse::generic;
+}
+
+// By its name; under another one, such as that of a draft, it may become either.
+CfgUse useOfNamed(const ConfigurationFile& _file) {
+  const std::string name = _file.systemPath.substr(_file.systemPath.find_last_of("\\/") + 1);
+  const bool isOfCa = name.starts_with("qmrk_logging_") && name != names::GENERIC_CFG_FILE_NAME;
+  return isOfCa ? CfgUse::single : useOfGeneric(_file);
 }
 
 // The text of a .cfg file. What makes all of it unreadable is said once.
@@ -56,7 +64,7 @@ std::vector<Finding> checkConfiguration(const Viewpoint& _viewpoint, const Confi
   checkEnvironment(_viewpoint, _configuration, findings);
   checkRedirection(_viewpoint, _configuration, findings);
   if (generic.path != cfg.path) checkCfgText(generic, useOfGeneric(generic), findings);
-  checkCfgText(cfg, CfgUse::single, findings);
+  checkCfgText(cfg, generic.path == cfg.path ? CfgUse::generic : CfgUse::single, findings);
   if (_configuration.init.path != cfg.path) checkInitText(_configuration.init, &cfg, _knownLogs, findings);
   checkFolders(_viewpoint, _configuration, findings);
   return findings;
@@ -68,7 +76,7 @@ std::vector<Finding> checkFile(const Viewpoint& _viewpoint, const ConfigurationF
   if (_role == FileRole::init) {
     checkInitText(_file, nullptr, {}, findings);
   } else {
-    checkCfgText(_file, useOfGeneric(_file), findings);
+    checkCfgText(_file, useOfNamed(_file), findings);
   }
   return findings;
 }

@@ -40,6 +40,7 @@ void checkUsable(const Viewpoint& _viewpoint, const ConfigurationFile& _file, Fi
 
 enum class CfgUse {
   single,                  ///< the file of a CA
+  generic,                 ///< all of its keys are read
   genericWithRedirection,  ///< only REDIRECT_CA_NR is read
 };
 /// How keys are spelled, and which are missing: the third hundred.

@@ -73,6 +73,11 @@ void addUnknownKey(const ConfigurationFile& _file, const Setting& _setting, Find
   }
 }
 
+bool isAmong(const Findings& _findings, std::string_view _code) {
+  return std::any_of(_findings.begin(), _findings.end(),
+                     [_code](const Finding& _finding) { return _finding.code == _code; });
+}
+
 void checkPair(const ConfigurationFile& _file, CfgUse _use, const Setting& _setting, Findings& _findings) {
   if (hasLineEnd(_file, _setting.keyBegin, _setting.valueBegin)) {
     addLineWithoutSeparator(_file, _setting, _findings);
@@ -81,6 +86,9 @@ void checkPair(const ConfigurationFile& _file, CfgUse _use, const Setting& _sett
   } else if (_use == CfgUse::genericWithRedirection && _setting.key != names::REDIRECT_CA_NR &&
              _setting.key != names::CA_NR) {
     _findings.push_back(findingOf("Q325", placeIn(_file, _setting.keyPlace), _setting.key + " is not read here"));
+  } else if (_use == CfgUse::single && _setting.key == names::REDIRECT_CA_NR && !isAmong(_findings, "Q205")) {
+    _findings.push_back(
+        findingOf("Q331", placeIn(_file, _setting.keyPlace), "REDIRECT_CA_NR=" + _setting.value + " is not read here"));
   }
   if (hasLineEnd(_file, _setting.valueBegin, _setting.end)) {
     const std::string swallowed = firstLine(part(_file, _file.text.find('\n', _setting.valueBegin) + 1, _setting.end));

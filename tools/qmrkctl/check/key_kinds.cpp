@@ -80,6 +80,9 @@ constexpr FindingKind keyTable[] = {
     {"Q330", Severity::error, "COMMON_LOG_FILE_NAME is a name that the library uses itself",
      "the common log and the error records, or the logs of applications, get in each other's way",
      "write another name, such as common.log", "COMMON_LOG_FILE_NAME=qmrk.info"},
+    {"Q331", Severity::warning, "REDIRECT_CA_NR in the file of a CA",
+     "only qmrk_logging_GE.cfg leads to another CA: the file counts for its own", "delete the line",
+     "REDIRECT_CA_NR=CA13 in qmrk_logging_CA12.cfg"},
 };
 
 }  // namespace

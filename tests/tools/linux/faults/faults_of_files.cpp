@@ -73,6 +73,19 @@ std::vector<Fault> faultsOfRedirection() {
        [](Installation& _at) { _at.cfgLine(1, "REDIRECT_CA_NR=CA13\n"); },
        soundLines,
        {"Q205", cfgFile, 1, "last CA"}},
+      {"`REDIRECT_CA_NR` in the file of a CA",
+       "it leads nowhere: that file counts",
+       [](Installation& _at) {
+         _at.sandbox().writeCfg("CA13", replaced(_at.cfgText(), "common.log", "other.log"));
+         _at.sandbox().writeInit("CA13", "Demo.App;\n");
+         _at.generic("REDIRECT_CA_NR=CA13\n");
+         _at.cfgLine(1, "REDIRECT_CA_NR=CA13\n");
+         _at.environment("DEFAULT_CA_NR", "CA12");
+       },
+       soundLines,
+       {"Q331", cfgFile, 1, "delete the line"},
+       {},
+       [](const Installation& _at) { return !exists(_at.logFolder() + "/other.log"); }},
       {"`REDIRECT_CA_NR=GE`",
        "the generic file has no `LOG_STATE`: the set-up fails",
        generic("CA_NR=GE\nREDIRECT_CA_NR=GE\n"),

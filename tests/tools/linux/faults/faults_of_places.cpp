@@ -38,6 +38,14 @@ std::vector<Fault> faultsOfFolders() {
        },
        noSetUp,
        {"Q501", "Logs/Common", 0, "let the user write"}},
+      {"the user's data folder is missing, and nobody may create it in `/`",
+       "the set-up fails",
+       [](Installation& _at) {
+         _at.environment("QMRK_APPDATA", "/qmrk-test-missing");
+         _at.runAs(nobodyId);
+       },
+       noSetUp,
+       {"Q501", "Logs/Common", 0, "let the user write"}},
       {"the log folder cannot be written",
        "the set-up says true, every line is lost",
        [](Installation& _at) {
