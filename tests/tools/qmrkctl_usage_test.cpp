@@ -61,6 +61,7 @@ TEST_F(QmrkctlUsage, RefusesAnEmptyArgumentInPlaceOfNone) {
                                   {"errors", "--since", ""},
                                   {"tail", "--since", ""},
                                   {"tail", "--class", ""},
+                                  {"mark", ""},
                                   {"--ca", "", "doctor"},
                                   {"--app", "", "signal"},
                                   {"--user", "", "where"}};

@@ -57,18 +57,6 @@ std::string differenceText(const Names& _added, const Names& _removed) {
   return text.empty() ? " no change" : text;
 }
 
-// When each class of some leases goes off, in milliseconds since 1970.
-using Ends = std::map<std::string, std::int64_t>;
-
-Ends endsOf(const std::vector<Lease>& _leases) {
-  Ends ends;
-  for (const Lease& lease : _leases) {
-    for (const std::string& name : lease.classes)
-      ends[name] = std::max(ends[name], lease.until);
-  }
-  return ends;
-}
-
 int refuse(const toolsystem::FileFailure& _failure) {
   Report::message(shown(_failure.text));
   if (_failure.isDenied) {
@@ -125,6 +113,7 @@ class Change {
     auto state = readClassList(place_);
     if (!state) return refuse({"cannot read " + place_.reached, true, false});
     before_ = *state;
+    if (!before_.exists && request_.kind == ChangeKind::disable) return refuseMissing();
     now_ = clocksNow();
     Swept swept = sweep(before_.list, before_.leases, now_);
     after_ = changed({before_.exists, swept.list, swept.leases}, request_, now_);
@@ -136,6 +125,12 @@ class Change {
     std::vector<Addressee> addressees = addresseesOf(processes.found);
     if (const auto failure = writeClassList(place_, before_, after_)) return refuse(*failure);
     return awaitAnswers(addressees);
+  }
+
+  int refuseMissing() const {
+    Report::message("there is no class list " + shown(place_.reached) +
+                    ", so every class is on; \"classes only\" says which stay on");
+    return exitNotFound;
   }
 
   // What is wrong with the new list. That an empty one is empty has been asked for.
@@ -165,6 +160,9 @@ class Change {
     const Names added = classesMissingIn(after, before);
     const Names removed = classesMissingIn(before, after);
     const std::string file = platform::nativePath(place_.path);
+    if (!before_.exists && request_.kind == ChangeKind::enable) {
+      Report::message("there was no class list, so every class was on; now only those of the list are");
+    }
     report_.line(shown(place_.ca) + " " + shown(file) + (request_.isDryRun ? " would change:" : ":") +
                  differenceText(added, removed));
     report_.result() = {{"ca", place_.ca},    {"file", file},     {"added", added},
@@ -173,7 +171,7 @@ class Change {
   }
 
   void tellEnd() {
-    const Ends ends = endsOf(after_.leases);
+    const std::map<std::string, std::int64_t> ends = endsOf(after_.leases);
     const Names meant = classesMissingIn(namesMeant(request_), {});
     if (std::none_of(meant.begin(), meant.end(), [&ends](const auto& _name) { return ends.contains(_name); })) {
       report_.line("nothing goes off again: it was on before");

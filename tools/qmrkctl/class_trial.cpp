@@ -118,6 +118,11 @@ int tryClasses(const ChangeRequest& _request, const Options& _options, Report& _
   const Configuration configuration = readConfiguration(*viewpoint, _options.ca);
   const auto place = classListPlace(*viewpoint, configuration);
   const auto before = place ? readClassList(*place) : std::nullopt;
+  if (before && !before->exists) {
+    Report::message("there is no class list " + shown(place->reached) +
+                    ", so every class is on: nothing is to be tried");
+    return exitNotFound;
+  }
   std::deque<LoggedLines> logs;
   std::string anyLog;
   if (before) {

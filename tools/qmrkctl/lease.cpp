@@ -68,6 +68,15 @@ Lease leaseOf(const std::vector<std::string>& _classes, std::chrono::millisecond
   return lease;
 }
 
+std::map<std::string, std::int64_t> endsOf(const std::vector<Lease>& _leases) {
+  std::map<std::string, std::int64_t> ends;
+  for (const Lease& lease : _leases) {
+    for (const std::string& name : lease.classes)
+      ends[name] = std::max(ends[name], lease.until);
+  }
+  return ends;
+}
+
 std::chrono::milliseconds timeLeft(const Lease& _lease, const Clocks& _now) {
   std::int64_t left = _lease.until - _now.wall;
   if (isSameBoot(_lease, _now)) {

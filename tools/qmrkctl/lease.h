@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,6 +33,9 @@ Clocks clocksNow();
 
 /// A lease that begins at that moment, without who and reason.
 Lease leaseOf(const std::vector<std::string>& _classes, std::chrono::milliseconds _duration, const Clocks& _now);
+
+/// When each class of some leases goes off, in milliseconds since 1970.
+std::map<std::string, std::int64_t> endsOf(const std::vector<Lease>& _leases);
 
 /// Whether the lease has expired. Until the next boot, the time since boot decides, which does not jump when somebody
 /// sets the clock; afterwards the clock does. If the clock then shows a time before the lease began, it is wrong, and

@@ -9,6 +9,7 @@
 #include "platform/clock.h"
 #include "platform/native_path.h"
 #include "quillmark_logging_names.h"
+#include "tools/qmrkctl/argument_check.h"
 #include "tools/qmrkctl/asked_viewpoint.h"
 #include "tools/qmrkctl/commands.h"
 #include "tools/qmrkctl/exit_code.h"
@@ -98,7 +99,7 @@ int markLogs(const std::string& _text, const Options& _options, Report& _report)
 void addMarkCommand(CLI::App& _program, Choice& _choice) {
   CLI::App* const command = _program.add_subcommand("mark", "Append a line to every log, to find a moment again");
   const auto text = std::make_shared<std::string>();
-  command->add_option("TEXT", *text, "The text of the line")->required();
+  command->add_option("TEXT", *text, "The text of the line")->required()->check(checkNotEmpty);
   command->footer("Example: qmrkctl mark \"pump switched on\"");
   command->callback([text, &_choice] {
     _choice = {"mark", [text](const Options& _options, Report& _report) { return markLogs(*text, _options, _report); }};

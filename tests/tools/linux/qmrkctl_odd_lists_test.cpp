@@ -14,6 +14,7 @@ namespace {
 
 using testsupport::ChildResult;
 using testsupport::Json;
+using testsupport::Names;
 using testsupport::other;
 using testsupport::SleepingListener;
 
@@ -40,6 +41,20 @@ TEST_F(QmrkctlOddLists, AreCreatedByAChange) {
   const ChildResult result = qmrkctl({"classes", "enable", "Demo.Net"});
   EXPECT_EQ(result.exitCode, 0) << result.output << result.errors;
   EXPECT_EQ(list(), "Demo.Net;\n");
+  EXPECT_TRUE(contains(result.errors, "every class was on; now only those of the list are")) << result.errors;
+}
+
+// A list of nothing would switch everything off.
+TEST_F(QmrkctlOddLists, AreNotCreatedToTakeAClassOff) {
+  testsupport::removeAll(sandbox_.initPath("CA12"));
+  for (const Names& arguments : {Names{"disable", "Demo.Net"}, Names{"try", "Demo.Net", "--for", "10ms"}}) {
+    Names all = {"classes"};
+    all.insert(all.end(), arguments.begin(), arguments.end());
+    const ChildResult result = qmrkctl(all);
+    EXPECT_EQ(result.exitCode, 3) << result.output;
+    EXPECT_TRUE(contains(result.errors, ", so every class is on")) << result.errors;
+    EXPECT_FALSE(testsupport::exists(sandbox_.initPath("CA12")));
+  }
 }
 
 TEST_F(QmrkctlOddLists, AreNotChangedForACaThatIsNotInstalled) {
