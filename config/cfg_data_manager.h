@@ -5,6 +5,8 @@
 #include <map>
 #include <string>
 
+#include "platform/text_pieces.h"
+
 /// The store of the configuration: finds the files of a customer adaptation (CA), looks keys up in them, keeps the
 /// list of enabled log classes and records what went wrong with them. Nothing is cached: every lookup reads its file
 /// again. No operation throws on failure; the result reports it, and output arguments are untouched unless said
@@ -64,6 +66,8 @@ class CfgDataManager {
 
   /// Appends the whole text of the CA's .init file to _logClasses. A failure leaves an error record where it can.
   bool getEnabledLogClasses(const std::string& _ca, std::string& _logClasses);
+  /// The same for a long list; a part of the text may have been appended on failure.
+  bool getEnabledLogClasses(const std::string& _ca, platform::TextPieces& _logClasses);
 
   /// Replaces the text of the CA's .init file. An empty list is refused. A file that cannot be opened or written
   /// leaves an error record where it can.

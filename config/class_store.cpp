@@ -7,6 +7,14 @@
 using Quillmark_logging::traceLineIf;
 
 bool CfgDataManager::getEnabledLogClasses(const std::string& _ca, std::string& _logClasses) {
+  platform::TextPieces pieces;
+  if (!_logClasses.empty()) pieces.push_back(_logClasses);
+  if (!getEnabledLogClasses(_ca, pieces)) return false;
+  _logClasses = platform::joined(pieces);
+  return true;
+}
+
+bool CfgDataManager::getEnabledLogClasses(const std::string& _ca, platform::TextPieces& _logClasses) {
   traceLineIf(tracing(), "==> CfgDataManager::getEnabledLogClasses() _ca=\"%s\"\r\n", _ca.c_str());
   std::string path;
   if (!getQmrkCfgFilePath(path, _ca, false)) {
@@ -28,9 +36,7 @@ bool CfgDataManager::getEnabledLogClasses(const std::string& _ca, std::string& _
     writeErrorRecord(_ca, "The file " + path + " doesn't have READ permission.", "");
     return false;
   }
-  const std::size_t sizeBefore = _logClasses.size();
   if (!file.readAll(_logClasses)) {
-    _logClasses.resize(sizeBefore);
     writeErrorRecord(_ca, "Failed to open file " + path, "");
     traceLineIf(tracing(), "<!= CfgDataManager::getEnabledLogClasses() ERROR: Failed to open file %s\r\n",
                 path.c_str());
@@ -38,9 +44,9 @@ bool CfgDataManager::getEnabledLogClasses(const std::string& _ca, std::string& _
   }
   if (_logClasses.empty()) {
     traceLineIf(tracing(), "<== CfgDataManager::getEnabledLogClasses() Logging is disabled.\r\n");
-  } else {
-    traceLineIf(tracing(), "<== CfgDataManager::getEnabledLogClasses() Enabled log classes: \"%s\"\r\n",
-                _logClasses.c_str());
+  } else if (tracing()) {
+    traceLineIf(true, "<== CfgDataManager::getEnabledLogClasses() Enabled log classes: \"%s\"\r\n",
+                platform::joined(_logClasses).c_str());
   }
   return true;
 }

@@ -65,8 +65,9 @@ constexpr std::uint8_t isOn = 1;
 constexpr std::uint8_t isUnregistered = 1;
 
 /// The hash of a class list: FNV-1a of 64 bits over the text of the file, with CR LF read as LF.
-constexpr std::uint64_t hashOf(std::string_view _text) {
-  std::uint64_t hash = 0xCBF29CE484222325;
+/// @param _before the hash of what stands before the text.
+constexpr std::uint64_t hashOf(std::string_view _text, std::uint64_t _before = 0xCBF29CE484222325) {
+  std::uint64_t hash = _before;
   for (const char character : _text) {
     hash ^= static_cast<unsigned char>(character);
     hash *= 0x100000001B3;

@@ -16,6 +16,7 @@ using detail::Log;
 using detail::NamePattern;
 using detail::SetUpCalls;
 using detail::SharedCallable;
+using detail::SwitchList;
 
 Log& default_log_manager::log(const std::string& _name) {
   const std::lock_guard<std::mutex> lock(lock_);
@@ -28,8 +29,11 @@ Log& default_log_manager::log(const std::string& _name) {
 void default_log_manager::apply(const SetUpCalls& _calls) {
   CallableRules::Rules forgotten;
   Sets unused;
+  // Made, and what it replaces destroyed, without the lock: it can be long.
+  SwitchList list(_calls);
   const std::lock_guard<std::mutex> lock(lock_);
   try {
+    if (!list.forAll()) prepareEnableRules(_calls);
     _calls.forEach([this](const SetUpCalls::Call& _call) { prepare(_call); });
     for (Log* const log : pending_)
       prepareCallables(*log);
@@ -40,7 +44,7 @@ void default_log_manager::apply(const SetUpCalls& _calls) {
     throw;
   }
   forgotten = callableRules_.commit();
-  setEnableRules(_calls);
+  setEnableRules(_calls, list);
   for (Log* const log : pending_)
     publish(*log);
   dropPending();
@@ -71,8 +75,7 @@ default_log_manager::Size default_log_manager::size() const {
 void default_log_manager::prepare(const SetUpCalls::Call& _call) {
   const NamePattern& pattern = _call.pattern;
   if (_call.switches()) {
-    const bool enabled = _call.action == SetUpCalls::Action::enable;
-    enableRules_.prepare(pattern);
+    const bool enabled = _call.enables();
     logs_.forEachSelected(pattern, [this, enabled](Log& _log) { nextOf(_log).enabled = enabled; });
     return;
   }
@@ -84,11 +87,20 @@ void default_log_manager::prepare(const SetUpCalls::Call& _call) {
   logs_.forEachSelected(pattern, [this](Log& _log) { nextOf(_log).replacesCallables = true; });
 }
 
-// The calls are gone through once more, as notes of what they change would take as much memory as they do.
-void default_log_manager::setEnableRules(const SetUpCalls& _calls) noexcept {
+void default_log_manager::prepareEnableRules(const SetUpCalls& _calls) {
   _calls.forEach([this](const SetUpCalls::Call& _call) {
-    if (_call.switches()) enableRules_.set(_call.pattern, _call.action == SetUpCalls::Action::enable);
+    if (_call.switches()) enableRules_.prepare(_call.pattern);
   });
+}
+
+void default_log_manager::setEnableRules(const SetUpCalls& _calls, SwitchList& _list) noexcept {
+  if (_list.forAll()) {
+    enableRules_.exchange(_list);
+  } else {
+    _calls.forEach([this](const SetUpCalls::Call& _call) {
+      if (_call.switches()) enableRules_.set(_call.pattern, _call.enables());
+    });
+  }
   enableRules_.forgetOverruled();
 }
 

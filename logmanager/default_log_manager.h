@@ -12,6 +12,7 @@
 #include "logmanager/enable_rules.h"
 #include "logmanager/log_registry.h"
 #include "logmanager/set_up_calls.h"
+#include "logmanager/switch_list.h"
 #include "logmanager/threads/slot_pool.h"
 
 namespace boost::logging {
@@ -58,7 +59,8 @@ class default_log_manager {
   using Sets = std::vector<std::unique_ptr<const detail::CallableSet>>;
 
   void prepare(const detail::SetUpCalls::Call& _call);
-  void setEnableRules(const detail::SetUpCalls& _calls) noexcept;
+  void prepareEnableRules(const detail::SetUpCalls& _calls);
+  void setEnableRules(const detail::SetUpCalls& _calls, detail::SwitchList& _list) noexcept;
   void prepareCallables(detail::Log& _log);
   detail::Log::Next& nextOf(detail::Log& _log);
   void publish(detail::Log& _log) noexcept;

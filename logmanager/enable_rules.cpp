@@ -2,11 +2,11 @@
 #include "logmanager/enable_rules.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace boost::logging::detail {
 
 void EnableRules::prepare(const NamePattern& _pattern) {
-  if (_pattern.selectsAll()) return;
   if (!_pattern.isPlain()) {
     wild_.at(_pattern.text());
     return;
@@ -16,11 +16,8 @@ void EnableRules::prepare(const NamePattern& _pattern) {
 }
 
 void EnableRules::set(const NamePattern& _pattern, bool _enabled) noexcept {
-  const Call call = 2 * ++calls_ + (_enabled ? 1 : 0);
-  if (_pattern.selectsAll()) {
-    usualCalls_ = calls_ - forAll_ / 2 - 1;
-    forAll_ = call;
-  } else if (_pattern.isPlain()) {
+  const Call call = nextCall(_enabled);
+  if (_pattern.isPlain()) {
     plain_.set(_pattern, call);
   } else {
     *wild_.find(_pattern.text()) = call;
@@ -32,24 +29,28 @@ void EnableRules::set(const NamePattern& _pattern, bool _enabled) noexcept {
 void EnableRules::forgetOverruled() noexcept {
   constexpr std::uint64_t staleRuleSlack = 64;
   const std::uint64_t calls = calls_ - forAll_ / 2;
-  if (size() <= 2 * std::max(calls, usualCalls_) + staleRuleSlack) return;
+  if (plain_.size() + wild_.size() <= 2 * std::max(calls, usualCalls_) + staleRuleSlack) return;
   plain_.eraseBelow(forAll_);
   wild_.eraseIf([this](Call _call) { return _call < forAll_; });
 }
 
+void EnableRules::exchange(SwitchList& _list) noexcept {
+  const Call former = forAll_;
+  forAll_ = nextCall(*_list.forAll());
+  usualCalls_ = calls_ - former / 2 - 1;
+  std::swap(list_, _list);
+}
+
 bool EnableRules::isEnabled(std::string_view _name) {
   Call latest = forAll_;
-  const auto considerPlain = [this, &latest](std::string_view _text) { latest = std::max(latest, plain_.find(_text)); };
-  considerPlain(_name);
-  for (std::size_t dot = _name.find('.', 1); dot <= longestPlain_ && dot != std::string_view::npos;
-       dot = _name.find('.', dot + 1)) {
-    considerPlain(_name.substr(0, dot));
-  }
+  forEachPlainPatternOf(_name, longestPlain_,
+                        [this, &latest](std::string_view _text) { latest = std::max(latest, plain_.find(_text)); });
   wild_.anyMatching(_name, [&latest](Call _call) {
     latest = std::max(latest, _call);
     return false;
   });
-  return latest % 2 == 1;
+  const bool isSwitched = latest % 2 == 1;
+  return latest > forAll_ ? isSwitched : list_.find(_name).value_or(isSwitched);
 }
 
 }  // namespace boost::logging::detail

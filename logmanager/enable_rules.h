@@ -8,6 +8,7 @@
 #include "logmanager/names/glob_index.h"
 #include "logmanager/names/name_numbers.h"
 #include "logmanager/names/name_pattern.h"
+#include "logmanager/switch_list.h"
 
 namespace boost::logging::detail {
 
@@ -15,11 +16,14 @@ namespace boost::logging::detail {
 /// rule per pattern. Not synchronised.
 class EnableRules {
  public:
-  /// Makes room for the calls of a pattern, which changes nothing yet. May throw std::bad_alloc.
+  /// Makes room for the calls of a pattern other than "*", which changes nothing yet. May throw std::bad_alloc.
   void prepare(const NamePattern& _pattern);
 
   /// Carries out a call for a prepared pattern.
   void set(const NamePattern& _pattern, bool _enabled) noexcept;
+
+  /// Carries out the calls of a list, which has one for all logs, and gives back the list that it overrules.
+  void exchange(SwitchList& _list) noexcept;
 
   /// Forgets obsolete rules now and then. Call it after calls.
   void forgetOverruled() noexcept;
@@ -28,13 +32,16 @@ class EnableRules {
   bool isEnabled(std::string_view _name);
 
   /// How many rules it holds, including those that a later call for all logs has overruled.
-  std::size_t size() const { return plain_.size() + wild_.size(); }
+  std::size_t size() const { return plain_.size() + wild_.size() + list_.size(); }
 
  private:
   /// The number of a call times two, plus one when it switches on: a later call is greater. 0: no call.
   using Call = std::uint64_t;
+  Call nextCall(bool _enabled) { return 2 * ++calls_ + (_enabled ? 1 : 0); }
 
-  // The latest call for each pattern.
+  /// What came with the latest call for all logs.
+  SwitchList list_;
+  // The latest call for each pattern of the others.
   NameNumbers plain_;
   GlobIndex<Call> wild_;
   Call forAll_ = 1;

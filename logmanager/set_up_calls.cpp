@@ -18,13 +18,6 @@ NotedCalls*& latestNoted() {
   return noted;
 }
 
-// What stands before a pattern: its size, the action, and whether the pattern is plain. A power of two has no division.
-constexpr std::size_t kindCount = 16;
-
-std::size_t headOf(SetUpCalls::Action _action, std::string_view _logs, bool _isPlain) {
-  return _logs.size() * kindCount + 2 * static_cast<std::size_t>(_action) + (_isPlain ? 1 : 0);
-}
-
 bool hasName(SetUpCalls::Action _action) {
   return _action == SetUpCalls::Action::disconnectAppender || _action == SetUpCalls::Action::disconnectModifier;
 }
@@ -60,9 +53,10 @@ void SetUpCalls::note(Action _action, std::string_view _logs, std::string_view _
     note(_action, withoutRunsOfStars(_logs), _name);
     return;
   }
-  const std::size_t head = headOf(_action, _logs, isPlain);
+  const std::size_t head = _logs.size() * kindCount + 2 * static_cast<std::size_t>(_action) + (isPlain ? 1 : 0);
   const std::size_t nameSize = hasName(_action) ? shortNumberSize(_name.size()) + _name.size() : 0;
-  char* to = records_.add(shortNumberSize(head) + _logs.size() + nameSize);
+  if (records_ == nullptr) records_ = std::make_shared<RecordBlocks>();
+  char* to = records_->add(shortNumberSize(head) + _logs.size() + nameSize);
   to = writeShortNumber(to, head);
   to += _logs.copy(to, _logs.size());
   if (hasName(_action)) _name.copy(writeShortNumber(to, _name.size()), _name.size());
@@ -87,14 +81,14 @@ void SetUpCalls::shrink(std::size_t _size) noexcept {
     std::size_t count = 0;
     std::size_t keptCallables = 0;
     RecordBlocks::Place firstForgotten = 0;
-    records_.forEach([&](RecordBlocks::Place _place, const char* _record) {
+    records_->forEach([&](RecordBlocks::Place _place, const char* _record) {
       const char* const begin = _record;
       const bool connects = read(_record).action == Action::connect;
       if (count == _size) firstForgotten = _place;
       if (count++ < _size && connects) ++keptCallables;
       return static_cast<std::size_t>(_record - begin);
     });
-    records_.cut(firstForgotten);
+    records_->cut(firstForgotten);
     size_ = _size;
     while (callables_.size() > keptCallables) {
       const SharedCallable callable = std::move(callables_.back());

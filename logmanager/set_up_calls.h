@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <string_view>
 #include <vector>
 
@@ -9,6 +10,7 @@
 #include "logmanager/callable.h"
 #include "logmanager/names/name_pattern.h"
 #include "logmanager/names/record_blocks.h"
+#include "logmanager/names/short_number.h"
 
 namespace boost::logging::detail {
 
@@ -26,7 +28,9 @@ class SetUpCalls {
     std::string_view name;
     /// What is connected, else null.
     const SharedCallable* callable = nullptr;
+    RecordBlocks::Place place = 0;
 
+    bool enables() const { return action == Action::enable; }
     bool switches() const { return action == Action::enable || action == Action::disable; }
     /// Of the callables that are disconnected.
     CallableKind kind() const {
@@ -41,11 +45,13 @@ class SetUpCalls {
   /// Calls _visit(const Call&) for each call.
   template <typename Visit>
   void forEach(Visit _visit) const {
+    if (records_ == nullptr) return;
     const SharedCallable* nextCallable = callables_.data();
-    records_.forEach([&](RecordBlocks::Place, const char* _record) {
+    records_->forEach([&](RecordBlocks::Place _place, const char* _record) {
       const char* const begin = _record;
       Call call = read(_record);
       if (call.action == Action::connect) call.callable = nextCallable++;
+      call.place = _place;
       _visit(call);
       return static_cast<std::size_t>(_record - begin);
     });
@@ -54,17 +60,32 @@ class SetUpCalls {
   std::size_t size() const { return size_; }
   bool isEmpty() const { return size_ == 0; }
 
+  /// For who wants the calls to outlive this object; readAt reads them. Null while there is none.
+  std::shared_ptr<const RecordBlocks> records() const { return records_; }
+
+  /// Reads a call, but for its callable and its place.
+  static Call readAt(const char* _record) { return read(_record); }
+  /// Reads the text of its pattern only.
+  static std::string_view patternAt(const char* _record) {
+    const std::size_t size = readShortNumber(_record) / kindCount;
+    return {_record, size};
+  }
+
   /// Forgets all but the first calls. Their callables may have destructors that add calls, which are forgotten as well.
   void shrink(std::size_t _size) noexcept;
 
  private:
+  /// What stands before a pattern: its size, the action, and whether the pattern is plain. A power of two has no
+  /// division.
+  static constexpr std::size_t kindCount = 16;
+
   void note(Action _action, std::string_view _logs, std::string_view _name);
 
-  /// Reads a record, but for its callable, and moves the place behind it.
+  /// As readAt, and moves the place behind the record.
   static Call read(const char*& _record);
 
   /// Of each call: its action and the size of its pattern, the pattern, the size of the name, the name.
-  RecordBlocks records_;
+  std::shared_ptr<RecordBlocks> records_;
   /// Of the calls that connect, in their order.
   std::vector<SharedCallable> callables_;
   std::size_t size_ = 0;

@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include "platform/text_pieces.h"
+
 namespace Quillmark_logging {
 
 /// Calls _entryFound(entry, count) for each entry of a class list, in order and as soon as its ";" is found; the first
@@ -16,6 +18,24 @@ void forEachClass(const std::string& _classList, EntryFound _entryFound) {
   for (auto end = _classList.find(';'); end != std::string::npos; end = _classList.find(';', begin)) {
     _entryFound(_classList.substr(begin, end - begin), ++count);
     begin = end + 1;
+  }
+}
+
+/// The same for a list in pieces. Each piece is gone when its last entry has been found.
+template <class EntryFound>
+void forEachClass(platform::TextPieces&& _classList, EntryFound _entryFound) {
+  int count = 0;
+  std::string entry;
+  for (; !_classList.empty(); _classList.pop_front()) {
+    const std::string& piece = _classList.front();
+    std::string::size_type begin = 0;
+    for (auto end = piece.find(';'); end != std::string::npos; end = piece.find(';', begin)) {
+      entry.append(piece, begin, end - begin);
+      _entryFound(entry, ++count);
+      entry.clear();
+      begin = end + 1;
+    }
+    entry.append(piece, begin);
   }
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <algorithm>
+#include <deque>
 #include <utility>
 
 #include "config/cfg_data_manager.h"
@@ -17,14 +17,18 @@
 namespace Quillmark_logging {
 namespace {
 
+using platform::TextPieces;
+
 // The class list as it is walked. A line end separates nothing: "A", line end, "B;" is the one class "AB".
-std::string withoutLineEnds(std::string _classList) {
-  _classList.erase(std::remove(_classList.begin(), _classList.end(), '\n'), _classList.end());
-  return _classList;
+void dropLineEnds(TextPieces& _classList) {
+  for (std::string& piece : _classList)
+    std::erase(piece, '\n');
+  std::erase_if(_classList, [](const std::string& _piece) { return _piece.empty(); });
 }
 
-void enableClasses(const std::string& _classList) {
-  forEachClass(_classList, [](const std::string& _class, int _count) {
+// A long list does not have to lie in memory besides the calls that are noted for it.
+void enableClasses(TextPieces&& _classList) {
+  forEachClass(std::move(_classList), [](const std::string& _class, int _count) {
     traceLine("--- Quillmark_logging::updateLogLevels() tmp=\"%s\" tmpCnt=%i\r\n", _class.c_str(), _count);
     enableLogs(_class);
   });
@@ -69,7 +73,7 @@ bool updateLogLevels(const std::string& _ca) {
                                    _ca);
     return false;
   }
-  std::string enabledLogClasses;
+  TextPieces enabledLogClasses;
   if (!CfgDataManager::getInstance(loadTimeTrace())->getEnabledLogClasses(ca, enabledLogClasses)) {
     traceLine("<!= Quillmark_logging::updateLogLevels() ERROR: Failed to get enabled log class/es.\r\n");
     SetupStatus::noteUpdateFailure(status::Failure::listUnreadable, "the class list cannot be read for ", ca);
@@ -78,17 +82,18 @@ bool updateLogLevels(const std::string& _ca) {
   SetupStatus::noteClasses(enabledLogClasses);
   SetUpChange change;
   // A list of nothing but line ends counts as empty.
-  enabledLogClasses = withoutLineEnds(std::move(enabledLogClasses));
+  dropLineEnds(enabledLogClasses);
   if (enabledLogClasses.empty()) {
     traceLine("--- Quillmark_logging::updateLogLevels() enabledLogClasses is empty. Disabling all log classes.\r\n");
     disableLogs("*");
   } else {
-    if (enabledLogClasses.back() != ';') enabledLogClasses += ';';
-    traceLine("--- Quillmark_logging::updateLogLevels() enabledLogClasses=\"%s\"\r\n", enabledLogClasses.c_str());
+    if (enabledLogClasses.back().back() != ';') enabledLogClasses.back() += ';';
+    if (freeFunctionTrace()) {
+      traceLine("--- Quillmark_logging::updateLogLevels() enabledLogClasses=\"%s\"\r\n",
+                platform::joined(enabledLogClasses).c_str());
+    }
     disableLogs("*");
-    enableClasses(enabledLogClasses);
-    // The calls are noted. A long list does not have to lie in memory besides them.
-    std::string().swap(enabledLogClasses);
+    enableClasses(std::move(enabledLogClasses));
   }
   change.apply();
   traceLine("<== Quillmark_logging::updateLogLevels()\r\n");

@@ -26,8 +26,15 @@ void setFailure(SetupStatus::Outcome& _outcome, Failure _failure, const char* _t
   _outcome.error = _text + _subject;
 }
 
-SetupStatus::LongText longText(const std::string& _text, const status::Field& _field) {
-  return {_text.substr(0, _field.size), _text.size(), status::hashOf(_text)};
+SetupStatus::LongText longText(const platform::TextPieces& _pieces, const status::Field& _field) {
+  SetupStatus::LongText text;
+  text.hash = status::hashOf("");
+  for (const std::string& piece : _pieces) {
+    if (text.beginning.size() < _field.size) text.beginning.append(piece, 0, _field.size - text.beginning.size());
+    text.wholeSize += piece.size();
+    text.hash = status::hashOf(piece, text.hash);
+  }
+  return text;
 }
 
 }  // namespace
@@ -97,10 +104,10 @@ void SetupStatus::noteFile(const std::string& _path, status::FileKind _kind) noe
 }
 
 void SetupStatus::noteFilter(const std::string& _filter) noexcept {
-  note([&](Notes& _notes) { _notes.filter = longText(_filter, status::filter); });
+  note([&](Notes& _notes) { _notes.filter = longText({_filter}, status::filter); });
 }
 
-void SetupStatus::noteClasses(const std::string& _text) noexcept {
+void SetupStatus::noteClasses(const platform::TextPieces& _text) noexcept {
   note([&](Notes& _notes) {
     _notes.update = {Result::done, Failure::none, ""};
     _notes.classes = longText(_text, status::classText);

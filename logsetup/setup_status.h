@@ -9,6 +9,7 @@
 #include "config/found_configuration.h"
 #include "diagnostics/status_file_values.h"
 #include "diagnostics/status_page_values.h"
+#include "platform/text_pieces.h"
 
 namespace Quillmark_logging {
 
@@ -35,7 +36,7 @@ class SetupStatus {
   static void noteFile(const std::string& _path, status::FileKind _kind) noexcept;
   static void noteFilter(const std::string& _filter) noexcept;
   /// The text of the class list that the call applies.
-  static void noteClasses(const std::string& _text) noexcept;
+  static void noteClasses(const platform::TextPieces& _text) noexcept;
   static void notePattern(const std::string& _pattern) noexcept;
   /// A reason of the call, or of its part that updates the classes; a text and what it is about.
   static void noteFailure(status::Failure _failure, const char* _text, const std::string& _subject) noexcept;

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+#include "platform/text_pieces.h"
+
 namespace platform {
 
 /// A larger text file counts as a mistake and is not read.
@@ -29,6 +31,7 @@ class TextReader {
   /// @return false when the file is not open, a read failed or the file has become too large; a part of the text may
   ///   have been appended then.
   bool readAll(std::string& _text);
+  bool readAll(TextPieces& _text);
 
  private:
   int file_ = -1;

@@ -45,6 +45,17 @@ class NamePattern {
   mutable std::size_t hash_ = notHashed;
 };
 
+/// Calls _visit(std::string_view) for each plain pattern that selects the name, but for those that are longer than this
+/// and not the whole name.
+template <typename Visit>
+void forEachPlainPatternOf(std::string_view _name, std::size_t _longest, Visit _visit) {
+  _visit(_name);
+  for (std::size_t dot = _name.find('.', 1); dot <= _longest && dot != std::string_view::npos;
+       dot = _name.find('.', dot + 1)) {
+    _visit(_name.substr(0, dot));
+  }
+}
+
 // Let tables of names look up a part of a name without a copy, and a plain pattern by its hash.
 
 struct NameHash {

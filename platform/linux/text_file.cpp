@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <utility>
 
 #include "platform/fault.h"
 #include "platform/linux/file_descriptor.h"
@@ -68,6 +69,30 @@ bool TextReader::readAll(std::string& _text) {
   } while (got > 0 || (got == -1 && errno == EINTR));
   _text.resize(end);
   dropCarriageReturns(_text, begin);
+  return got == 0;
+}
+
+bool TextReader::readAll(TextPieces& _text) {
+  if (!isOpen()) return false;
+  const std::size_t begin = _text.size();
+  std::size_t size = 0;
+  ssize_t got = -1;
+  do {
+    if (injectedFault(Call::read) != noError) return false;
+    std::string piece(largestRead, '\0');
+    got = ::read(file_, piece.data(), largestRead);
+    if (got <= 0) continue;
+    size += static_cast<std::size_t>(got);
+    if (size > static_cast<std::size_t>(largestTextFile)) return false;
+    piece.resize(static_cast<std::size_t>(got));
+    // A CR LF between two reads: the piece that the CR ends is not left empty, but takes the LF.
+    if (piece.front() == '\n' && _text.size() > begin && _text.back().back() == '\r') {
+      _text.back().back() = '\n';
+      piece.erase(0, 1);
+    }
+    dropCarriageReturns(piece, 0);
+    if (!piece.empty()) _text.push_back(std::move(piece));
+  } while (got > 0 || (got == -1 && errno == EINTR));
   return got == 0;
 }
 

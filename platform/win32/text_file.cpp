@@ -14,6 +14,26 @@
 // The files are those of the C run-time in text mode, which translates the line ends.
 
 namespace platform {
+namespace {
+
+/// Calls _take(block, size) for each block of the file.
+template <typename Take>
+bool readBlocks(int _file, Take _take) {
+  std::array<char, 16384> buffer;
+  std::int64_t size = 0;
+  int got = -1;
+  do {
+    if (injectedFault(Call::read) != noError) return false;
+    got = ::_read(_file, buffer.data(), static_cast<unsigned int>(buffer.size()));
+    if (got > 0) _take(buffer.data(), static_cast<std::size_t>(got));
+    // It may have grown since it was opened.
+    size += got;
+    if (size > largestTextFile) return false;
+  } while (got > 0);
+  return got == 0;
+}
+
+}  // namespace
 
 TextReader::TextReader(const std::string& _path) {
   if (injectedFault(Call::openForReading) == noError) file_ = openRunTimeFile(_path, _O_RDONLY);
@@ -27,19 +47,12 @@ TextReader::~TextReader() { closeRunTimeFile(file_); }
 bool TextReader::isOpen() const { return file_ != -1; }
 
 bool TextReader::readAll(std::string& _text) {
-  if (!isOpen()) return false;
-  std::array<char, 16384> buffer;
-  std::int64_t size = 0;
-  int got = -1;
-  do {
-    if (injectedFault(Call::read) != noError) return false;
-    got = ::_read(file_, buffer.data(), static_cast<unsigned int>(buffer.size()));
-    if (got > 0) _text.append(buffer.data(), static_cast<std::size_t>(got));
-    // It may have grown since it was opened.
-    size += got;
-    if (size > largestTextFile) return false;
-  } while (got > 0);
-  return got == 0;
+  return isOpen() && readBlocks(file_, [&](const char* _block, std::size_t _size) { _text.append(_block, _size); });
+}
+
+bool TextReader::readAll(TextPieces& _text) {
+  return isOpen() &&
+         readBlocks(file_, [&](const char* _block, std::size_t _size) { _text.emplace_back(_block, _size); });
 }
 
 bool isTooLargeToRead(const std::string& _path) {

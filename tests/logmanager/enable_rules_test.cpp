@@ -11,12 +11,21 @@ namespace {
 
 using boost::logging::detail::EnableRules;
 using boost::logging::detail::NamePattern;
+using boost::logging::detail::SetUpCalls;
+using boost::logging::detail::SwitchList;
 
 constexpr int classCount = 100'000;
 
 std::string className(int _class) { return "Class." + std::to_string(1'000'000 + _class); }
 
 void enable(EnableRules& _rules, const std::string& _pattern, bool _enabled) {
+  if (_pattern == "*") {
+    SetUpCalls calls;
+    calls.enable("*", _enabled);
+    SwitchList list(calls);
+    _rules.exchange(list);
+    return;
+  }
   _rules.prepare(NamePattern(_pattern));
   _rules.set(NamePattern(_pattern), _enabled);
 }
@@ -29,6 +38,47 @@ TEST(EnableRules, TakeLittleMoreMemoryThanTheNamesOfTheirClasses) {
   EXPECT_LT(testsupport::memoryInUse() - before, classCount * (className(0).size() + 22));
   for (int i = 0; i < classCount; ++i)
     ASSERT_EQ(rules.isEnabled(className(i) + ".below"), i % 2 == 0) << i;
+}
+
+TEST(EnableRules, TakeLittleMoreThanWhatIsNotedOfAList) {
+  for (const std::string ending : {"", "*"}) {
+    const std::size_t before = testsupport::memoryInUse();
+    EnableRules rules;
+    {
+      SetUpCalls calls;
+      calls.enable("*", false);
+      for (int i = 0; i < classCount; ++i)
+        calls.enable(className(i) + ending, true);
+      SwitchList list(calls);
+      rules.exchange(list);
+    }
+    EXPECT_LT(testsupport::memoryInUse() - before, classCount * (className(0).size() + 10)) << ending;
+    EXPECT_EQ(rules.size(), classCount);
+    EXPECT_TRUE(rules.isEnabled(className(7) + ".below"));
+    EXPECT_FALSE(rules.isEnabled("Class.7"));
+  }
+}
+
+TEST(EnableRules, DoNotKeepTheMemoryOfManyCallsForTheSakeOfFew) {
+  const std::size_t before = testsupport::memoryInUse();
+  EnableRules rules;
+  {
+    SetUpCalls calls;
+    for (int i = 0; i < classCount; ++i) {
+      calls.enable(i % 2 == 0 ? "*" : "App*", i % 3 == 0);
+      calls.enable(className(i % 20), i % 3 == 1);
+    }
+    calls.enable("*", false);
+    for (int i = 0; i < classCount; ++i)
+      calls.enable(i % 2 == 0 ? "App*" : "Mod", i % 4 != 0);
+    SwitchList list(calls);
+    rules.exchange(list);
+  }
+  EXPECT_EQ(rules.size(), 2U);
+  EXPECT_LT(testsupport::memoryInUse() - before, 10'000U);
+  EXPECT_TRUE(rules.isEnabled("App"));
+  EXPECT_TRUE(rules.isEnabled("Mod.below"));
+  EXPECT_FALSE(rules.isEnabled(className(3)));
 }
 
 TEST(EnableRules, GiveBackTheMemoryOfALongListAfterShortOnes) {

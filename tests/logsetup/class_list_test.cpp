@@ -66,6 +66,17 @@ TEST(ClassList, CallsBackBeforeItSearchesTheNextEntry) {
   EXPECT_EQ(calls, 1);
 }
 
+/// The entries of a list whose pieces have this many characters each.
+Entries entriesOfPieces(const std::string& _classList, std::size_t _size) {
+  platform::TextPieces pieces;
+  for (std::size_t begin = 0; begin < _classList.size(); begin += _size)
+    pieces.push_back(_classList.substr(begin, _size));
+  Entries entries;
+  Quillmark_logging::forEachClass(
+      std::move(pieces), [&entries](const std::string& _entry, int _count) { entries.emplace_back(_entry, _count); });
+  return entries;
+}
+
 // Every list of up to 8 characters.
 TEST(ClassList, AgreesWithASplitByCharacter) {
   std::vector<std::string> lists = {""};
@@ -73,8 +84,12 @@ TEST(ClassList, AgreesWithASplitByCharacter) {
     for (const char c : {'a', ' ', ';'})
       lists.push_back(lists[i] + c);
   }
-  for (const auto& list : lists)
-    ASSERT_EQ(entriesOf(list), entriesByCharacter(list)) << list;
+  for (const auto& list : lists) {
+    const Entries expected = entriesByCharacter(list);
+    ASSERT_EQ(entriesOf(list), expected) << list;
+    for (std::size_t size = 1; size < 5; ++size)
+      ASSERT_EQ(entriesOfPieces(list, size), expected) << list << " in pieces of " << size;
+  }
 }
 
 }  // namespace

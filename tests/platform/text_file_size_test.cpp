@@ -42,4 +42,16 @@ TEST(TextFileSize, LimitsAFileThatGrowsWhileItIsRead) {
   EXPECT_LT(text.size(), static_cast<std::size_t>(platform::largestTextFile + platform::largestTextFile / 2));
 }
 
+TEST(TextFileSize, LimitsAFileThatGrowsWhileItIsReadInPieces) {
+  const testsupport::TemporaryFolder folder;
+  const std::string path = folder.file("text");
+  testsupport::writeFile(path, "small");
+  TextReader reader(path);
+  const testsupport::CallHook grow(platform::Call::read, 1, [&path] {
+    std::filesystem::resize_file(testsupport::systemPath(path), 2 * platform::largestTextFile);
+  });
+  platform::TextPieces pieces;
+  EXPECT_FALSE(reader.readAll(pieces));
+}
+
 }  // namespace

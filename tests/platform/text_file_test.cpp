@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -36,6 +37,10 @@ class TextFile : public ::testing::Test {
     std::string text;
     EXPECT_TRUE(reader.isOpen());
     EXPECT_TRUE(reader.readAll(text));
+    platform::TextPieces pieces;
+    EXPECT_TRUE(TextReader(_path).readAll(pieces));
+    EXPECT_EQ(platform::joined(pieces), text);
+    EXPECT_TRUE(std::ranges::none_of(pieces, &std::string::empty));
     return text;
   }
 

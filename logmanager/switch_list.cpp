@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+#include "logmanager/switch_list.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <iterator>
+
+namespace boost::logging::detail {
+namespace {
+
+auto patternsIn(const RecordBlocks& _records) {
+  return [&_records](RecordBlocks::Place _place) { return SetUpCalls::patternAt(_records.at(_place)); };
+}
+
+}  // namespace
+
+SwitchList::SwitchList(const SetUpCalls& _calls) {
+  build(_calls);
+  constexpr std::size_t overruledSlack = 64;
+  if (!forAll_ || _calls.size() <= 2 * size() + overruledSlack) return;
+  // Does not keep the memory of many calls for the sake of few.
+  std::vector<Place> latest(wild_.places());
+  std::ranges::copy_if(slots_, std::back_inserter(latest), [this](Place _place) { return _place > begin_; });
+  std::ranges::sort(latest);
+  SetUpCalls kept;
+  kept.enable("*", *forAll_);
+  for (const Place place : latest) {
+    const SetUpCalls::Call call = SetUpCalls::readAt(records_->at(place));
+    kept.enable(call.pattern.text(), call.enables());
+  }
+  *this = SwitchList(kept);
+}
+
+std::optional<bool> SwitchList::find(std::string_view _name) const {
+  Place latest = begin_;
+  if (plainCount_ > 0) {
+    forEachPlainPatternOf(_name, longestPlain_, [this, &latest](std::string_view _text) {
+      latest = std::max(latest, slots_[slotOf(_text, NameHash()(_text))]);
+    });
+  }
+  if (!wild_.places().empty()) {
+    wild_.forEachMatching(_name, patternsIn(*records_), [&latest](Place _place) { latest = std::max(latest, _place); });
+  }
+  if (latest == begin_) return std::nullopt;
+  return SetUpCalls::readAt(records_->at(latest)).enables();
+}
+
+void SwitchList::build(const SetUpCalls& _calls) {
+  records_ = _calls.records();
+  _calls.forEach([&](const SetUpCalls::Call& _call) {
+    if (!_call.switches()) return;
+    if (_call.pattern.selectsAll()) {
+      beginAt(_call);
+    } else if (forAll_ && _call.pattern.isPlain()) {
+      if (slots_.empty()) slots_.resize(_calls.size() + _calls.size() / 2);
+      enterPlain(_call);
+    } else if (forAll_) {
+      wild_.reserve(_calls.size());
+      wild_.add(_call.place);
+    }
+  });
+  if (size() == 0) {
+    records_.reset();
+  } else {
+    wild_.sort(patternsIn(*records_));
+  }
+}
+
+void SwitchList::beginAt(const SetUpCalls::Call& _call) {
+  begin_ = _call.place;
+  forAll_ = _call.enables();
+  plainCount_ = 0;
+  wild_.clear();
+}
+
+void SwitchList::enterPlain(const SetUpCalls::Call& _call) {
+  Place& slot = slots_[slotOf(_call.pattern.text(), _call.pattern.hash())];
+  if (slot <= begin_) ++plainCount_;
+  slot = _call.place;
+  longestPlain_ = std::max(longestPlain_, _call.pattern.text().size());
+}
+
+// The slot of a name, or the free one where it is to be entered.
+std::size_t SwitchList::slotOf(std::string_view _name, std::size_t _hash) const {
+  const auto textAt = patternsIn(*records_);
+  // As many slots as are needed, not a power of two of them: of a million, that would be twice as many.
+  std::size_t slot = std::uint64_t{static_cast<std::uint32_t>(_hash)} * slots_.size() >> 32U;
+  while (slots_[slot] > begin_ && textAt(slots_[slot]) != _name)
+    slot = slot + 1 == slots_.size() ? 0 : slot + 1;
+  return slot;
+}
+
+}  // namespace boost::logging::detail
