@@ -84,7 +84,7 @@ TEST_F(QmrkctlClasses, SaysWhoMayChangeAListThatItMayNot) {
 
 TEST_F(QmrkctlClasses, EndsALeaseAfterItsTimeAndAfterARestart) {
   const SleepingListener pump(follower("Pump"));
-  EXPECT_EQ(qmrkctl({"classes", "enable", "Demo.App", "Demo.Net", "--for", "1h"}).exitCode, 0);
+  EXPECT_EQ(qmrkctl({"classes", "enable", "Demo.App", "Demo.Net", "--for", "1h", "--wait", "60s"}).exitCode, 0);
   EXPECT_TRUE(contains(qmrkctl({"leases", "list"}).output, "Demo.Net"));
   EXPECT_EQ(list(), "Demo.App;\nDemo.Net.error;\nDemo.Net;\n");
   // Somebody adds a class meanwhile; then the machine is started again, later.
@@ -99,8 +99,13 @@ TEST_F(QmrkctlClasses, EndsALeaseAfterItsTimeAndAfterARestart) {
   EXPECT_EQ(qmrkctl({"history"}).exitCode, 0);
   EXPECT_EQ(list(), "Demo.App;\nDemo.Net.error;\nDemo.Extra;\n");
   EXPECT_TRUE(Json::parse(testsupport::readFile(beside("lease")))["leases"].empty());
-  const Json apps = json({"--pid", std::to_string(pump.pid()), "apps"});
-  EXPECT_EQ(apps["result"]["apps"][0]["applied"], "yes");
+  // It waits for no answer.
+  const auto hasApplied = [&] {
+    const Json apps = json({"--pid", std::to_string(pump.pid()), "apps"});
+    return apps["result"]["apps"][0]["applied"] == "yes";
+  };
+  while (!hasApplied())
+    std::this_thread::yield();
 }
 
 TEST_F(QmrkctlClasses, LeavesAClassOnThatSomebodyEnablesForGood) {
@@ -199,9 +204,9 @@ TEST_F(QmrkctlClasses, ChangesTheListThatAProcessSeesInItsOwnMounts) {
 
 TEST_F(QmrkctlClasses, RecordsEveryChange) {
   const SleepingListener pump(follower("Pump"));
-  EXPECT_EQ(qmrkctl({"classes", "enable", "Demo.Net", "--reason", "slow\nstart"}).exitCode, 0);
+  EXPECT_EQ(qmrkctl({"classes", "enable", "Demo.Net", "--reason", "slow\nstart", "--wait", "60s"}).exitCode, 0);
   testsupport::writeFile(beside("history"), testsupport::readFile(beside("history")) + "{\"torn");
-  EXPECT_EQ(qmrkctl({"classes", "disable", "Demo.Net"}).exitCode, 0);
+  EXPECT_EQ(qmrkctl({"classes", "disable", "Demo.Net", "--wait", "60s"}).exitCode, 0);
   const Json result = json({"history"})["result"];
   ASSERT_EQ(result["records"].size(), 2U);
   EXPECT_EQ(result["unreadableLines"], 1);

@@ -99,7 +99,7 @@ TEST_F(QmrkctlDoctorProcesses, AnswerForTheClassListOfTheirListener) {
   const CompanionProcess process = application("CA662");
   EXPECT_TRUE(says("error Q604 LogTest (pid "));
   const auto answersFor = [](const std::string& _ca) {
-    return jsonOf({"--ca", _ca, "classes", "enable", "Demo.Net"})["result"]["answers"];
+    return jsonOf({"--ca", _ca, "classes", "enable", "Demo.Net", "--wait", "60s"})["result"]["answers"];
   };
   EXPECT_EQ(answersFor("CA662").size(), 0U);
   const auto answers = answersFor("CA663");

@@ -59,7 +59,7 @@ TEST_F(QmrkctlLatin1Paths, LeadToTheListThatIsApplied) {
 TEST_F(QmrkctlLatin1Paths, LeadToTheLogsOfWhoFollowsTheList) {
   EXPECT_THAT(qmrkctl({"check"}).output, testing::Not(HasSubstr("Q406")));
   const testsupport::CompanionProcess process = application();
-  ASSERT_EQ(qmrkctl({"signal"}).exitCode, 0) << "the page of a set-up has no logs yet";
+  ASSERT_EQ(qmrkctl({"signal", "--wait", "60s"}).exitCode, 0) << "the page of a set-up has no logs yet";
   EXPECT_THAT(qmrkctl({"check"}).output, HasSubstr("no running application has the class \"Demo.Nobody\""));
 }
 

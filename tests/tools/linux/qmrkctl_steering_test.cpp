@@ -49,7 +49,7 @@ TEST_F(QmrkctlSteering, SignalsEveryUserAsRoot) {
   auto settings = follower("Hidden", stranger);
   settings.hasPrivateMemory = true;
   const SleepingListener apart(settings);
-  const ChildResult result = qmrkctl({"signal"});
+  const ChildResult result = qmrkctl({"signal", "--wait", "60s"});
   EXPECT_EQ(result.exitCode, 0) << result.output << result.errors;
   EXPECT_TRUE(contains(result.output, std::to_string(own.pid()) + " Pump root applied")) << result.output;
   EXPECT_TRUE(contains(result.output, std::to_string(apart.pid()) + " Hidden 12345 applied")) << result.output;
@@ -146,7 +146,7 @@ TEST_F(QmrkctlSteering, AnswersSoonWithTwentyProcesses) {
   }
   std::vector<double> times;
   for (int round = 0; round < 20; ++round) {
-    const Json object = json({"classes", round % 2 == 0 ? "enable" : "disable", "Demo.Net"});
+    const Json object = json({"classes", round % 2 == 0 ? "enable" : "disable", "Demo.Net", "--wait", "60s"});
     ASSERT_EQ(object["result"]["answers"].size(), 20U) << object;
     for (const Json& answer : object["result"]["answers"]) {
       EXPECT_EQ(answer["outcome"], "applied") << answer;

@@ -83,7 +83,7 @@ std::vector<Fault> faultsOfProcesses() {
        {},
        [](const Installation& _at) {
          _at.sandbox().writeInit("CA13", "Demo.Net;\n");
-         return _at.qmrkctl({"signal"}).exitCode == 0 && goesOn(_at);
+         return _at.qmrkctl({"signal", "--wait", "60s"}).exitCode == 0 && goesOn(_at);
        },
        {"doctor"}},
       {"a filter that was changed while an application runs",
@@ -108,7 +108,7 @@ std::vector<Fault> faultsOfProcesses() {
        {"Q613", "qmrk_logging_CA12.cfg", 0, "restart"},
        {},
        [](const Installation& _at) {
-         const bool hasApplied = _at.qmrkctl({"signal"}).exitCode == 0;
+         const bool hasApplied = _at.qmrkctl({"signal", "--wait", "60s"}).exitCode == 0;
          return hasApplied && logs(beat, 3, _at) && linesOfOther(_at) == 0;
        },
        {"why", "Demo.App.other"}},
