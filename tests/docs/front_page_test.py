@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""front_page_test.py ROOT: the README is short, names the packages that a build needs, and says of speed and safety only
-what the pages on them say."""
+"""front_page_test.py ROOT: the README is short, names the packages that a build needs and every folder of the tree, and says
+of speed and safety only what the pages on them say."""
 
 import pathlib
 import re
@@ -30,6 +30,12 @@ class FrontPage(unittest.TestCase):
         lists = (ROOT / "scripts" / "lib" / "packages.sh").read_text(encoding="utf-8")
         needed = re.search(r"^PACKAGES_BUILD=\(([^)]*)\)", lists, re.MULTILINE).group(1).split()
         self.assertEqual(command.replace("\\", " ").split(), [*needed, "pkg-config"])
+
+    def test_its_tree_has_every_folder(self):
+        files = subprocess.run(["git", "-C", str(ROOT), "ls-files"], capture_output=True, text=True, check=True).stdout
+        folders = {line.split("/")[0] + "/" for line in files.splitlines() if "/" in line}
+        self.assertGreater(len(folders), 10)
+        self.assertEqual(set(re.findall(r"`([\w.]+/)`", chapter("The tree"))), folders)
 
     def test_its_figures_of_speed_are_those_of_the_page(self):
         subprocess.run([str(ROOT / "bench" / "speed_plot.py"), "--check"], check=True)
