@@ -68,7 +68,7 @@ def main(folder, processes=20, changes=100):
             answers, commands, examinations = [], [], []
             for change in range(changes):
                 what = "disable" if change % 2 else "enable"
-                result, took = run([qmrkctl, "--json", "classes", what, "Demo.Net"], environment)
+                result, took = run([qmrkctl, "--json", "classes", what, "--wait", "60s", "Demo.Net"], environment)
                 given = json.loads(result.stdout)["result"]["answers"]
                 if sum(answer["outcome"] == "applied" for answer in given) != processes:
                     sys.exit(f"not everybody answered: {given}")

@@ -3,7 +3,7 @@
 # shellcheck shell=bash
 
 # make_clean_root FOLDER: unpacks it there. It is made once, and kept in the cache folder of the user, together with the
-# packages on which ours depend, so that later runs need no network.
+# packages on which ours depend or which the pages install, so that later runs need no network. There apt-get asks nothing.
 make_clean_root() {
   local cache="${XDG_CACHE_HOME:-$HOME/.cache}/qmrk-packages" kept
   kept=$cache/bookworm-$(sha256sum "$ROOT/scripts/lib/clean_root.sh" | cut -c1-12).tar
@@ -22,7 +22,9 @@ fill_clean_root() {
     "${site:-http://deb.debian.org/debian/}" || return
   as_root chroot "$1" apt-get clean &&
     as_root chroot "$1" apt-get install -y -q --download-only --no-install-recommends \
-      libboost1.74-dev libboost-filesystem1.74.0 libboost-thread1.74.0 "${PACKAGES_BUILD[@]}"
+      libboost1.74-dev libboost-filesystem1.74.0 libboost-thread1.74.0 rsyslog rsyslog-relp "${PACKAGES_BUILD[@]}" &&
+    printf 'APT::Get::Assume-Yes "true";\nAPT::Install-Recommends "false";\n' |
+    as_root tee "$1/etc/apt/apt.conf.d/90answers" >/dev/null
 }
 
 # in_root COMMAND...: as root in the folder CLEAN_ROOT. Neither asks anything nor sees the settings of the user.

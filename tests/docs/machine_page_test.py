@@ -14,6 +14,7 @@ import sys
 import tempfile
 
 from expected_output import is_as_shown
+from page_blocks import count_of_commands
 
 STAGE, PAGE = (pathlib.Path(argument) for argument in sys.argv[1:3])
 PRIVATE_MACHINE = pathlib.Path(__file__).with_name("private_machine")
@@ -39,10 +40,11 @@ def script_of(blocks, folder):
 
 
 def main():
-    blocks = [match.groupdict() for match in BLOCK.finditer(PAGE.read_text(encoding="utf-8"))]
+    text = PAGE.read_text(encoding="utf-8")
+    blocks = [match.groupdict() for match in BLOCK.finditer(text)]
     shown = [number for number, block in enumerate(blocks) if block["hidden"] is None]
-    if not shown:
-        sys.exit(f"{PAGE} has no commands")
+    if not shown or len(shown) != count_of_commands(text):
+        sys.exit(f"{PAGE}: {len(shown)} blocks of {count_of_commands(text)} would be run")
     wrong = 0
     with tempfile.TemporaryDirectory() as folder:
         os.chmod(folder, 0o777)

@@ -12,6 +12,7 @@ import sys
 import tempfile
 
 from expected_output import is_as_shown
+from page_blocks import count_of_commands
 
 STAGE, PAGE = (pathlib.Path(argument) for argument in sys.argv[1:3])
 BLOCK = re.compile(r"^```sh\n(.*?)^```\n(?:```text\n(.*?)^```)?", re.MULTILINE | re.DOTALL)
@@ -39,9 +40,10 @@ def run(blocks, folder):
 
 
 def main():
-    blocks = BLOCK.findall(PAGE.read_text(encoding="utf-8"))
-    if not blocks:
-        sys.exit(f"{PAGE} has no commands")
+    text = PAGE.read_text(encoding="utf-8")
+    blocks = BLOCK.findall(text)
+    if not blocks or len(blocks) != count_of_commands(text):
+        sys.exit(f"{PAGE}: {len(blocks)} blocks of {count_of_commands(text)} would be run")
     wrong = 0
     with tempfile.TemporaryDirectory() as folder:
         for (commands, expected), printed in zip(blocks, run(blocks, folder)):

@@ -1,10 +1,12 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""lnav_test.py ROOT BUILD: lnav reads what processes have logged by the format in integrations/lnav/."""
+"""lnav_test.py ROOT BUILD: lnav reads what processes have logged by the format in integrations/lnav/, which the commands of
+docs/integrations.md install and use."""
 
 import json
 import pathlib
 import re
+import shlex
 import subprocess
 import sys
 import unittest
@@ -12,20 +14,27 @@ import unittest
 from logging_machine import LoggingMachine
 
 ROOT, BUILD = (pathlib.Path(argument) for argument in sys.argv[1:3])
+sys.path.insert(0, str(ROOT / "tests" / "docs"))
+from page_blocks import commands_below  # noqa: E402  (it lies elsewhere)
+
+INSTALL, SHOW, COUNT = commands_below(ROOT / "docs/integrations.md", "lnav")
 
 
 class LnavFormat(unittest.TestCase):
     def setUp(self):
         self.machine = LoggingMachine(self, ROOT)
-        self.environment = {**self.machine.environment, "HOME": str(self.machine.folder), "TERM": "dumb"}
+        self.environment = {**self.machine.environment, "HOME": str(self.machine.folder / "home" / "ann"), "TERM": "dumb"}
         self.environment.pop("XDG_CONFIG_HOME", None)
-        self.lnav("-i", ROOT / "integrations" / "lnav" / "qmrk_log.json")
+        self.run_in(ROOT, INSTALL)
 
-    def lnav(self, *words):
-        found = subprocess.run(["lnav", *(str(word) for word in words)], env=self.environment, capture_output=True,
-                               text=True, stdin=subprocess.DEVNULL, check=False)
+    def run_in(self, folder, commands):
+        found = subprocess.run(["bash", "-ec", commands], cwd=folder, env=self.environment, capture_output=True, text=True,
+                               stdin=subprocess.DEVNULL, check=False)
         self.assertEqual(found.returncode, 0, found.stderr + found.stdout)
         return found.stdout
+
+    def lnav(self, *words):
+        return self.run_in(ROOT, shlex.join(["lnav", *(str(word) for word in words)]))
 
     def query(self, statement, *files):
         return json.loads(self.lnav("-n", "-c", f";{statement}", "-c", ":write-json-to -", *files))
@@ -57,11 +66,15 @@ class LnavFormat(unittest.TestCase):
 
     def test_the_query_of_the_page_counts_the_lines_of_each_class(self):
         self.run_writer()
-        page = (ROOT / "docs" / "integrations.md").read_text(encoding="utf-8")
-        command = re.search(r"(?m)^lnav -n .*$", page).group(0)
-        counted = subprocess.run(["bash", "-c", command], cwd=self.machine.logs, env=self.environment, text=True,
-                                 capture_output=True, stdin=subprocess.DEVNULL, check=True)
-        self.assertEqual(counted.stdout, "class,lines\nDemo.App.shared,5\n")
+        self.assertEqual(self.run_in(self.machine.logs, COUNT), "class,lines\nDemo.App.shared,5\n")
+
+    def test_the_command_of_the_page_shows_all_logs_of_the_user(self):
+        self.run_writer()
+        (self.machine.logs / "qmrk.info").write_text("2007/01/05 09:03:07 Unspecified error.\n", encoding="utf-8")
+        # Without its screen, on which one would leave it by "q".
+        shown = self.run_in(self.machine.folder, SHOW.replace("lnav ", "lnav -n ", 1))
+        self.assertIn("Unspecified error.", shown)
+        self.assertIn("[Demo.App.shared]", shown)
 
     def test_files_are_merged_by_time(self):
         first = self.write("first.log", "[Demo.App.info] 20261121 10:00:00.123 a\n[Demo.App.info] 20261121 10:00:02.000 c\n")

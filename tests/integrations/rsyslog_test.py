@@ -18,7 +18,9 @@ import unittest
 from logging_machine import LoggingMachine, Rsyslogd, replaced, wait_for
 
 ROOT, BUILD = (pathlib.Path(argument) for argument in sys.argv[1:3])
-FULL = "--full" in sys.argv[3:]
+FULL = sys.argv[3:] == ["--full"]
+if sys.argv[3:] and not FULL:
+    sys.exit(__doc__)
 WRITERS = 16
 LINES, PER_SECOND, SECONDS_AWAY = (6250, 150, 10) if FULL else (400, 80, 1.5)
 ROTATIONS = 4

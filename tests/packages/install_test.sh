@@ -8,10 +8,11 @@ set -euo pipefail
 
 # What was there before, for the test of the removal.
 in_root find / -xdev ! -path '/proc/*' ! -path '/tmp/*' -print | LC_ALL=C sort | as_root tee "$CLEAN_ROOT/../before" >/dev/null
-as_root mkdir -p "$CLEAN_ROOT/packages" "$CLEAN_ROOT/home/ann"
-as_root cp "$BUILD"/*.deb "$CLEAN_ROOT/packages/"
+# Where the page on deployment has them.
+as_root mkdir -p "$CLEAN_ROOT/packages/build/linux-packages" "$CLEAN_ROOT/home/ann"
+as_root cp "$BUILD"/*.deb "$CLEAN_ROOT/packages/build/linux-packages/"
 as_root chown 1234:1234 "$CLEAN_ROOT/home/ann"
-in_root sh -c 'apt-get install -y -q --no-install-recommends /packages/*.deb'
+in_root bash -ec "cd /packages; $(python3 -B "$ROOT/tests/docs/page_blocks.py" "$ROOT/docs/deployment.md" 'Debian packages' 3/3)"
 
 echo '-- the machine'
 folder=/var/lib/Orvane/qmrk/logging

@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
 """readme_test.py ROOT FOLDER: does what the README says, from the first command to the last, in a clone in the clean Debian
-in FOLDER, as the user ann, who may use sudo. What the commands of a block print must be the block ```text behind it, with
-the placeholders of tests/docs/expected_output.py.
+in FOLDER, as the user ann, who may use sudo; and then makes and installs the packages, as docs/deployment.md says. What the
+commands of a block print must be the block ```text behind it, with the placeholders of tests/docs/expected_output.py.
 
 One thing is not literal: scripts/test is left out, since it is what runs this."""
 
@@ -15,6 +15,7 @@ import sys
 ROOT, FOLDER = (pathlib.Path(argument) for argument in sys.argv[1:3])
 sys.path.insert(0, str(ROOT / "tests" / "docs"))
 from expected_output import is_as_shown  # noqa: E402  (it lies elsewhere)
+from page_blocks import commands_below, count_of_commands  # noqa: E402
 
 BLOCK = re.compile(r"^```sh\n(.*?)^```\n(?:```text\n(.*?)^```)?", re.MULTILINE | re.DOTALL)
 CLONE = "home/ann/qmrk_log"
@@ -41,7 +42,7 @@ def prepare():
                              check=True).stdout
     as_root("tar", "-C", str(clone), "-xf", "-", input=archive)
     in_root(f"""set -e
-echo 'APT::Install-Recommends "false";' >/etc/apt/apt.conf.d/90small
+sed -i /Assume-Yes/d /etc/apt/apt.conf.d/90answers
 echo 'ann ALL=(ALL) NOPASSWD: ALL' >/etc/sudoers.d/ann
 echo "127.0.0.1 localhost $(uname -n)" >>/etc/hosts
 useradd --no-create-home --uid 1234 --user-group ann
@@ -58,9 +59,11 @@ def commands_of(block):
 
 
 def main():
-    blocks = BLOCK.findall((ROOT / "README.md").read_text(encoding="utf-8"))
-    if len(blocks) < 2:
-        sys.exit("The README has no commands")
+    text = (ROOT / "README.md").read_text(encoding="utf-8")
+    blocks = BLOCK.findall(text)
+    if not blocks or len(blocks) != count_of_commands(text):
+        sys.exit(f"README.md: {len(blocks)} blocks of {count_of_commands(text)} would be run")
+    blocks += [(block, "") for block in commands_below(ROOT / "docs/deployment.md", "Debian packages")]
     prepare()
     wrong = 0
     for block, expected in blocks:
@@ -69,7 +72,7 @@ def main():
         printed = in_root(f"cd /{CLONE} && set -e\n{commands}", "/usr/bin/" + AS_ANN[0], *AS_ANN[1:],
                           stdout=subprocess.PIPE).stdout
         wrong += bool(expected) and not is_as_shown(expected, printed, commands, "README.md")
-    print(f"README.md: {len(blocks)} blocks of commands, {wrong} with another output")
+    print(f"README.md and docs/deployment.md: {len(blocks)} blocks of commands, {wrong} with another output")
     return 1 if wrong else 0
 
 

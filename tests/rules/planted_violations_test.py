@@ -96,10 +96,20 @@ PLANTED = {
          "include/r.h": "/// @code\n/// fourth();\n/// @endcode\n",
          "logmanager/include/boost/logging/s.hpp": "  /// @code\n  /// first();\n  /// fourth();\n  /// @endcode\n"}),
     "page_commands": (
-        {"docs/a.md": "```sh\nls\n```\n", "README.md": "    ls\n```text\nsh\n```\n",
-         "tests/docs/CMakeLists.txt": "foreach(page IN ITEMS a b)\nendforeach()\n"},
+        {"docs/a.md": "```sh\nls\n```\n```text\nscripts/test says so\n```\n<!-- sh\nls\n-->\n```cpp\nf();\n```\n",
+         "tests/docs/CMakeLists.txt": "foreach(page IN ITEMS a b)\nendforeach()\n",
+         "README.md": "- A list,\n    continued\n\n```text\n[A.b] text\n```\n```cmake\n\n    f()\n```\n",
+         "docs/b.md": "# B\n```sh\nls\n```\n# C\n```sh status=1\nls\n```\n",
+         "docs/c.md": "# D e\n```sh\nls\n```\n", "docs/d.md": "# D\n```sh\nls\n```\n",
+         "docs/windows.md": "## Building with MSVC\n```sh\nls\n```\n## Building on Debian 12, with mingw-w64\n```sh\nls\n```\n",
+         "tests/x_test.sh": "#!/bin/sh\npython3 \"$ROOT/tests/docs/page_blocks.py\" \"$ROOT/docs/c.md\" 'D e' 1/1\n",
+         "tests/y_test.py": "a = commands_below(ROOT / \"docs/d.md\", \"D\")\nb = commands_below(ROOT / \"docs/u.md\", \"B\")\n",
+         "tests/z_test.sh": "#!/bin/sh\npage_blocks.py docs/v.md 'A' 1/1\n"},
         {"docs/p.md": "Text.\n```sh\nls\n```\n", "examples/README.md": "```console\nls\n```\n",
-         "docs/q.md": "```sh status=1\nfalse\n```\n", "README.md": "```sh\nls\n```\n"}),
+         "docs/q.md": "```sh status=1\nfalse\n```\n", "docs/r.md": "Text:\n\n    ls\n",
+         "docs/s.md": "```\nls\n```\n", "docs/t.md": "```text\nscripts/test release\n```\n",
+         "docs/u.md": "# A\n```sh\nls\n```\n# B\n```sh\nls\n```\n", "docs/v.md": "# A\n```text\nls\n```\n",
+         "CONTRIBUTING.md": "# Tests\nNone.\n"}),
     "page_links": (
         {"docs/a.md": "# A: `b` (c)\n[b](../README.md#two-words) ![p](p.svg) [self](#a-b-c)\n```text\n[x](gone.md)\n```\n`[y](gone.md)`\n"
                       "[folder](../examples) [site](https://example.org/a_b?c=d#e) [mail](mailto:a@example.org)\n",

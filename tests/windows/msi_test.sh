@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# msi_test.sh BUILD SOURCE: makes the installer and runs it under Wine without a question: it brings programs that log with
-# no further step, and the task; a later version takes its place; the removal leaves what an administrator may have changed.
+# msi_test.sh BUILD SOURCE: makes the installer and runs it under Wine by the commands of docs/windows.md: it brings programs
+# that log with no further step, and the task; a later version takes its place; the removal leaves what an administrator may
+# have changed.
 set -Eeuo pipefail
 trap 'echo "line $LINENO failed: $BASH_COMMAND"' ERR
 build=$1
@@ -15,11 +16,18 @@ trap 'rm -rf "$folder"' EXIT
 . "$source/tests/windows/shell_folders.sh"
 export -n GTEST_OUTPUT
 
+commands=$(python3 -B "$source/tests/docs/page_blocks.py" "$source/docs/windows.md" 'The installer' 1/1)
+{ read -r install && read -r remove; } <<<"$commands"
+[ "$commands" = "$install"$'\n'"$remove" ]
+msiexec() { "$run" msiexec "$@"; }
+
 cmake --build "$build" --target windows-msi >"$folder/make.log" 2>&1 || { cat "$folder/make.log"; exit 1; }
-cp "$build"/qmrk_log-*.msi "$folder/qmrk_log.msi"
+later=$folder/qmrk_log-later-windows-x86_64.msi
+former=$folder/qmrk_log-former-windows-x86_64.msi
+cp "$build"/qmrk_log-*.msi "$later"
 cd "$folder"
 # Where Windows wants it, though Wine takes it elsewhere, too: after InstallValidate (1400), before InstallInitialize (1500).
-msiinfo export qmrk_log.msi InstallExecuteSequence | grep -x $'RemoveExistingProducts\t\t1450\r*' >/dev/null
+msiinfo export "$later" InstallExecuteSequence | grep -x $'RemoveExistingProducts\t\t1450\r*' >/dev/null
 lay_out "$source/examples"
 cfg="$common_files/Orvane Shared/qmrk/logging/cfg/qmrk_logging_CA12.cfg"
 cfg32="${common_files/Program Files/Program Files (x86)}/Orvane Shared"
@@ -34,15 +42,15 @@ there() { for path in "$@"; do [ -e "$path" ] || { echo "there is no $path"; exi
 gone() { for path in "$@"; do [ ! -e "$path" ] || { echo "$path is left"; exit 1; }; done; }
 
 # As an earlier version would be.
-former='{8D5A1F60-0B5C-4E0F-9F0E-3B6F2A0C7D11}'
-cp qmrk_log.msi former.msi
-msibuild former.msi -q "UPDATE \`Property\` SET \`Value\` = '0.9.0' WHERE \`Property\` = 'ProductVersion'" \
-  -q "UPDATE \`Property\` SET \`Value\` = '$former' WHERE \`Property\` = 'ProductCode'"
+code='{8D5A1F60-0B5C-4E0F-9F0E-3B6F2A0C7D11}'
+cp "$later" "$former"
+msibuild "$former" -q "UPDATE \`Property\` SET \`Value\` = '0.9.0' WHERE \`Property\` = 'ProductVersion'" \
+  -q "UPDATE \`Property\` SET \`Value\` = '$code' WHERE \`Property\` = 'ProductCode'"
 
 installed() { "$run" reg query 'HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall' | tr -d '\r' | grep '{' || true; }
 
 echo '-- installed'
-"$run" msiexec /i former.msi /qn
+eval "${install/<version>/former}"
 there "$programs/bin/qmrkctl.exe" "$programs/LICENSE" "$programs/licences/boost.txt" "$cfg" \
   "$cfg32/qmrk/logging/cfg/qmrk_logging_GE.cfg" "$init" "$task"
 command=$(tr -d '\r' <"$task" | sed -n 's|.*<Command>"%ProgramFiles%\\\(.*\)"</Command>.*|\1|p')
@@ -50,20 +58,20 @@ there "$(shell_folder ProgramFiles)/${command//\\//}"
 "$run" "$programs/bin/LogTest.exe" --classes 'Demo.App.info;' --lines 3
 expect "$common_log" '\[Demo\.App\.info\] .* of 3' 3
 
-installed | grep -F "$former" >/dev/null
+installed | grep -F "$code" >/dev/null
 
 echo '-- a later version'
 printf '# edited here\r\n' >>"$cfg"
 edited=$(sha256sum <"$cfg")
 printf 'Demo.Net;\r\n' >"$init"
-"$run" msiexec /i qmrk_log.msi /qn
+eval "${install/<version>/later}"
 there "$programs/bin/qmrkctl.exe" "$task"
 [ "$(sha256sum <"$cfg")" = "$edited" ] || { echo "$cfg was replaced"; exit 1; }
 [ "$(tr -d '\r' <"$init")" = 'Demo.Net;' ] || { echo "$init was replaced"; exit 1; }
 [ "$(installed | grep -c .)" = 1 ] || { echo 'both versions are installed'; exit 1; }
 
 echo '-- removed'
-"$run" msiexec /x qmrk_log.msi /qn
+eval "${remove/<version>/later}"
 gone "$programs" "$task"
 [ -z "$(installed)" ] || { echo "installed is still $(installed)"; exit 1; }
 there "$cfg" "$init"
