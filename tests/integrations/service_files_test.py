@@ -41,6 +41,21 @@ class ServiceFiles(unittest.TestCase):
         self.assertIn("LogsDir", self.verify(replaced(UNIT, [("/usr/bin/shop", "/usr/bin/true"),
                                                              ("LogsDirectory=", "LogsDir=")])).stderr)
 
+    def test_systemd_has_nothing_to_say_about_the_timer_and_its_service(self):
+        for name in ("qmrk-lease-sweep.service", "qmrk-lease-sweep.timer"):
+            text = (ROOT / "integrations" / "systemd" / name).read_text(encoding="utf-8")
+            (self.machine.folder / name).write_text(text.replace("/usr/bin/qmrkctl", "/usr/bin/true"), encoding="utf-8")
+        timer = self.machine.folder / "qmrk-lease-sweep.timer"
+        found = subprocess.run(["systemd-analyze", "verify", "--man=no", str(timer)], capture_output=True, text=True,
+                               check=False)
+        self.assertEqual((found.returncode, found.stdout, found.stderr), (0, "", ""))
+
+    def test_the_command_of_the_timer_works(self):
+        text = (ROOT / "integrations" / "systemd" / "qmrk-lease-sweep.service").read_text(encoding="utf-8")
+        command = values(text, "ExecStart")[0].replace("/usr/bin/qmrkctl", str(BUILD / "tools/qmrkctl/qmrkctl"))
+        found = subprocess.run(command.split(), env=self.machine.environment, capture_output=True, text=True, check=False)
+        self.assertEqual((found.returncode, found.stdout, found.stderr), (0, "", ""))
+
     def test_the_journal_knows_the_keys(self):
         known = JOURNALD.read_bytes()
         keys = re.findall(r"(?m)^(\w+)=", JOURNAL)
