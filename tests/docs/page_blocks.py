@@ -9,12 +9,13 @@ import pathlib
 import re
 import sys
 
-# kind: what is behind the three "`"; "" if nothing is, None for an indented block. line: that of its first command.
+# kind: what is behind the three "`"; "" if nothing is, None for a block without them. line: that of its first command.
 Block = collections.namedtuple("Block", "kind heading line text")
 
-_FENCE = re.compile(r"^ {0,3}```(.*)$")
+_FENCE = re.compile(r"^\s*(?:```|~~~)(.*)$")
 _HEADING = re.compile(r"^#+ (.*)$")
 _INDENTED = re.compile(r"^(?: {4}|\t)\S")
+_PREFORMATTED = re.compile(r"^\s*<pre\b")
 _COMMENT = re.compile(r"^<!-- sh$.*?^-->$", re.MULTILINE | re.DOTALL)
 _INLINE = re.compile(r"`([^`\n]+)`")
 
@@ -34,10 +35,10 @@ def blocks_of(text):
             opened = [fence.group(1).strip(), heading, number + 1, []]
         elif _HEADING.match(line):
             heading = _HEADING.match(line).group(1)
-        elif _INDENTED.match(line) and not before.strip():
+        elif _PREFORMATTED.match(line) or (_INDENTED.match(line) and not before.strip()):
             blocks.append(Block(None, heading, number, line + "\n"))
         before = line
-    return blocks
+    return blocks + ([Block(*opened[:3], "".join(opened[3]))] if opened else [])
 
 
 def is_of_commands(block):

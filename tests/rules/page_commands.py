@@ -48,7 +48,7 @@ def _is_output(block, before):
 def _fault_of(block, before, is_run):
     kind = (block.kind or "").split(" ")[0]
     if block.kind is None:
-        return "an indented block: commands stand in a block ```sh, text in one ```text"
+        return "a block without ```: commands stand in a block ```sh, text in one ```text"
     if kind not in _KINDS:
         return f"nothing reads a block ```{kind}: commands stand in a block ```sh, text in one ```text"
     if kind == "text" and not _is_output(block, before) and _TYPED.match(block.text):

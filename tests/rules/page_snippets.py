@@ -19,7 +19,7 @@ def _stands_in(run, example):
 
 
 def _snippets(file):
-    if file.path == "README.md" or (file.folder == "docs" and file.path.endswith(".md")):
+    if file.path.endswith(".md"):
         return ((match.start(1), match.group(1)) for match in _PAGE.finditer(file.content))
     if file.is_header() and "include" in file.path.split("/")[:2]:
         return ((match.start(1), _COMMENT.sub("", match.group(1))) for match in _HEADER.finditer(file.content))

@@ -91,7 +91,7 @@ PLANTED = {
                       "```cmake\nadd_executable(a a.cpp)\n```\n",
          "include/c.h": "/// @code\n///   first();\n///\n///   third();\n/// @endcode\n",
          "config/d.h": "/// @code\n/// fourth();\n/// @endcode\n"},
-        {"docs/p.md": "```cpp\nfirst();\nthird();\n```\n",
+        {"docs/p.md": "```cpp\nfirst();\nthird();\n```\n", "examples/README.md": "```cpp\nfourth();\n```\n",
          "docs/q.md": "```cmake\nadd_executable(b b.cpp)\n```\n",
          "include/r.h": "/// @code\n/// fourth();\n/// @endcode\n",
          "logmanager/include/boost/logging/s.hpp": "  /// @code\n  /// first();\n  /// fourth();\n  /// @endcode\n"}),
@@ -107,7 +107,8 @@ PLANTED = {
          "tests/z_test.sh": "#!/bin/sh\npage_blocks.py docs/v.md 'A' 1/1\n"},
         {"docs/p.md": "Text.\n```sh\nls\n```\n", "examples/README.md": "```console\nls\n```\n",
          "docs/q.md": "```sh status=1\nfalse\n```\n", "docs/r.md": "Text:\n\n    ls\n",
-         "docs/s.md": "```\nls\n```\n", "docs/t.md": "```text\nscripts/test release\n```\n",
+         "docs/s.md": "```\nls\n```\n", "docs/w.md": "<pre>\nls\n</pre>\n", "docs/x.md": "1. Do\n    ```sh\n    ls\n    ```\n",
+         "docs/y.md": "~~~sh\nls\n~~~\n", "docs/z.md": "```sh\nls\n", "docs/t.md": "```text\nscripts/test release\n```\n",
          "docs/u.md": "# A\n```sh\nls\n```\n# B\n```sh\nls\n```\n", "docs/v.md": "# A\n```text\nls\n```\n",
          "CONTRIBUTING.md": "# Tests\nNone.\n"}),
     "page_links": (
