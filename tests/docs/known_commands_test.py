@@ -10,7 +10,7 @@ import sys
 import unittest
 
 from known_commands import Checker, simple_commands
-from page_blocks import blocks_of, inline_code_of, is_of_commands
+from page_blocks import blocks_of, examples_of_man_page, inline_code_of, is_of_commands
 
 ROOT, BUILD = (pathlib.Path(argument) for argument in sys.argv[1:3])
 CHECKER = Checker(ROOT, BUILD)
@@ -37,12 +37,6 @@ OTHERS = {
 
 def text_of(page):
     return page.read_text(encoding="utf-8")
-
-
-def examples_of(man_page):
-    chapter = re.search(r"^# EXAMPLES\n(.*?)^#", text_of(man_page), re.MULTILINE | re.DOTALL)
-    lines = re.findall(r"^\t((?:sudo |qmrkctl |LogTest ).*)$", chapter.group(1) if chapter else "", re.MULTILINE)
-    return [re.sub(r"\\(.)", r"\1", line) for line in lines]
 
 
 class KnownCommands(unittest.TestCase):
@@ -78,7 +72,8 @@ class KnownCommands(unittest.TestCase):
         self.assertEqual(set(OTHERS) - shown, set())
 
     def test_the_examples_of_the_man_pages_name_what_there_is(self):
-        examples = [(page.name, line) for page in ROOT.glob("docs/man/*.scd") for line in examples_of(page)]
+        examples = [(page.name, line) for page in ROOT.glob("docs/man/*.scd")
+                    for line in examples_of_man_page(text_of(page))]
         self.assertGreater(len(examples), 4)
         for page, line in examples:
             self.check(page, line)

@@ -69,6 +69,13 @@ def inline_code_of(text):
     return [(number, code) for number, line in enumerate(outside, start=1) for code in _INLINE.findall(line)]
 
 
+def examples_of_man_page(text):
+    """The lines of its examples that are commands, as a reader sees them."""
+    chapter = re.search(r"(?ms)^# EXAMPLES\n(.*?)^#", text)
+    lines = re.findall(r"(?m)^\t((?:sudo |qmrkctl |LogTest ).*)$", chapter.group(1) if chapter else "")
+    return [re.sub(r"\\(.)", r"\1", line) for line in lines]
+
+
 def main(page, heading, which):
     number, count = (int(part) for part in which.split("/"))
     found = commands_below(page, heading)
