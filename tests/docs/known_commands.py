@@ -35,6 +35,10 @@ def _option_names(words):
     return [word.split("=")[0] for word in words if re.match(r"--?[a-zA-Z]", word)]
 
 
+def _word_behind(words, option):
+    return (words[words.index(option) + 1:] + [""])[0]
+
+
 class Checker:
     """Of the sources ROOT and of a build of them with the tools and tests."""
 
@@ -63,7 +67,7 @@ class Checker:
         return {preset["name"] for preset in self.presets[kind] if not preset.get("hidden")}
 
     def _preset(self, kind, words):
-        name = words[words.index("--preset") + 1]
+        name = _word_behind(words, "--preset")
         return None if name in self.names_of(kind) else f"no preset {name} in {kind}"
 
     def _cmake(self, words):
@@ -72,11 +76,11 @@ class Checker:
             if fault:
                 return fault
         elif {"--build", "--install"} & set(words):
-            folder = words[words.index("--build" if "--build" in words else "--install") + 1]
+            folder = _word_behind(words, "--build" if "--build" in words else "--install")
             if folder.startswith("build/") and self._preset("configurePresets", ["--preset", folder[6:]]):
                 return f"no preset builds in {folder}"
-        if "--target" in words and words[words.index("--target") + 1] not in self._targets():
-            return f"no target {words[words.index('--target') + 1]}"
+        if "--target" in words and _word_behind(words, "--target") not in self._targets():
+            return f"no target {_word_behind(words, '--target')}"
         return None
 
     @functools.lru_cache(maxsize=None)
@@ -91,7 +95,7 @@ class Checker:
         fault = self._preset("testPresets", words)
         if fault or "-R" not in words:
             return fault
-        pattern = words[words.index("-R") + 1]
+        pattern = _word_behind(words, "-R")
         return None if any(re.search(pattern, name) for name in self._tests()) else f"no test is called {pattern}"
 
     @functools.lru_cache(maxsize=None)

@@ -14,7 +14,7 @@ from page_blocks import blocks_of, examples_of_man_page, inline_code_of, is_of_c
 
 ROOT, BUILD = (pathlib.Path(argument) for argument in sys.argv[1:3])
 CHECKER = Checker(ROOT, BUILD)
-PAGES = sorted([*ROOT.glob("*.md"), *ROOT.glob("docs/*.md"), *ROOT.glob("examples/**/*.md"), *ROOT.glob("integrations/**/*.md")])
+PAGES = sorted(page for folder in ("*.md", "docs/*.md", "examples/**/*.md", "integrations/**/*.md") for page in ROOT.glob(folder))
 # A command in a line of text begins like this: a program and something behind it, or a script of its own.
 COMMAND = re.compile(r"[a-z][\w./-]* +[\w./-]|scripts/[\w-]+$")
 # Commands in a line of text that this test cannot judge, and why no test runs them.
@@ -80,7 +80,8 @@ class KnownCommands(unittest.TestCase):
 
     def test_each_kind_of_mistake_is_found(self):
         for wrong in ("scripts/tests", "scripts/test --quik", "scripts/test release widows", "scripts/bench --onlyy E",
-                      "cmake --preset linux-debugg", "cmake --build --preset linux-relase", "cmake --build build/linux-old",
+                      "cmake --preset linux-debugg", "cmake --preset", "cmake --build --preset linux-relase",
+                      "cmake --build build/linux-old",
                       "sudo cmake --build build/linux-release --target uninstal", "cmake --install build/linux-realease",
                       "ctest --preset linux-test", "ctest --preset linux-tests -R no_such_test",
                       "ls && (cd tests && ctest -R docs)", "qmrkctl whi CLASS", "qmrkctl classes enabel A",
