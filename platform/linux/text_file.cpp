@@ -85,6 +85,8 @@ bool TextReader::readAll(TextPieces& _text) {
     size += static_cast<std::size_t>(got);
     if (size > static_cast<std::size_t>(largestTextFile)) return false;
     piece.resize(static_cast<std::size_t>(got));
+    // Some file systems give little at a time, and not only at the end.
+    if (_text.size() > begin && _text.back().size() < largestRead / 2) _text.back().shrink_to_fit();
     // A CR LF between two reads: the piece that the CR ends is not left empty, but takes the LF.
     if (piece.front() == '\n' && _text.size() > begin && _text.back().back() == '\r') {
       _text.back().back() = '\n';
