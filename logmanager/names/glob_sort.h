@@ -5,11 +5,11 @@
 #include <array>
 #include <cstddef>
 #include <functional>
-#include <limits>
 #include <span>
 #include <string_view>
 #include <utility>
 
+#include "logmanager/names/glob_keys.h"
 #include "logmanager/names/record_blocks.h"
 
 namespace boost::logging::detail {
@@ -18,8 +18,9 @@ namespace boost::logging::detail {
 /// by the whole glob, then by the place, the greatest first. std::string_view _globAt(RecordBlocks::Place) gives a
 /// glob.
 ///
-/// Byte by byte: the places are parted by the first byte of their globs, each part by the next byte, and so on. A
-/// million globs that lie anywhere in memory take a fifth of the time that comparisons of two of them take.
+/// Byte by byte: the places are parted by the first byte of their globs, each part by the next byte, and so on;
+/// bytes that a whole part has in common are skipped. A million globs that lie anywhere in memory take a fifth of the
+/// time that comparisons of two of them take.
 template <typename GlobAt>
 class GlobSort {
  public:
@@ -31,24 +32,11 @@ class GlobSort {
   void sort(Places _places) const { sortFrom<Beginning>(_places, 0); }
 
  private:
-  /// Comes before every byte.
-  static constexpr unsigned int noByte = 0;
-
-  // The keys follow the orders of the two sides in names/glob.h.
-
-  struct Beginning {
-    static unsigned int keyAt(std::string_view _glob, std::size_t _depth) {
-      if (_depth >= _glob.size() || _glob[_depth] == '*') return noByte;
-      return 1U + static_cast<unsigned char>(_glob[_depth]);
-    }
+  struct Beginning : BeginningKeys {
     static void sortSame(const GlobSort& _sort, Places _places) { _sort.sortFrom<Ending>(_places, 0); }
   };
 
-  struct Ending {
-    static unsigned int keyAt(std::string_view _glob, std::size_t _depth) {
-      if (_depth >= _glob.size() || _glob[_glob.size() - 1 - _depth] == '*') return noByte;
-      return static_cast<unsigned int>(1 + _glob[_glob.size() - 1 - _depth] - std::numeric_limits<char>::min());
-    }
+  struct Ending : EndingKeys {
     static void sortSame(const GlobSort& _sort, Places _places) { _sort.sortWhole(_places); }
   };
 
@@ -71,6 +59,10 @@ class GlobSort {
     while (part.places.size() > 1) {
       const unsigned int key = Side::keyAt(globAt_(part.places[part.places.size() / 2]), part.depth);
       const auto [less, greater] = partBy<Side>(part, key);
+      if (key != noByte && greater - less == part.places.size()) {
+        part.depth = commonDepthOf<Side>(part);
+        continue;
+      }
       std::array<Part, 3> parts{{{part.places.first(less), part.depth},
                                  {part.places.subspan(less, greater - less), part.depth + 1},
                                  {part.places.subspan(greater), part.depth}}};
@@ -103,6 +95,16 @@ class GlobSort {
       }
     }
     return {less, greater};
+  }
+
+  /// How many bytes the sides of all globs have in common. Looks at each glob once, however many bytes they are.
+  template <typename Side>
+  std::size_t commonDepthOf(const Part& _part) const {
+    const std::string_view first = globAt_(_part.places.front());
+    std::size_t depth = first.size();
+    for (const Place place : _part.places.subspan(1))
+      depth = commonDepth<Side>(first, globAt_(place), _part.depth, depth);
+    return depth;
   }
 
   GlobAt globAt_;
