@@ -12,6 +12,18 @@ auto patternsIn(const RecordBlocks& _records) {
   return [&_records](RecordBlocks::Place _place) { return SetUpCalls::patternAt(_records.at(_place)); };
 }
 
+/// How many plain patterns there can be among the calls. Very short ones repeat: a list of nothing but ";" has one.
+std::size_t mostPlainPatterns(const SetUpCalls& _calls) {
+  constexpr std::size_t shortest = 3;
+  constexpr std::size_t mostShorter = 1 + 256 + 256 * 256;
+  std::size_t shorter = 0;
+  std::size_t others = 0;
+  _calls.forEach([&](const SetUpCalls::Call& _call) {
+    if (_call.switches() && _call.pattern.isPlain()) ++(_call.pattern.text().size() < shortest ? shorter : others);
+  });
+  return others + std::min(shorter, mostShorter);
+}
+
 }  // namespace
 
 SwitchList::SwitchList(const SetUpCalls& _calls) {
@@ -52,7 +64,7 @@ void SwitchList::build(const SetUpCalls& _calls) {
     if (_call.pattern.selectsAll()) {
       beginAt(_call);
     } else if (forAll_ && _call.pattern.isPlain()) {
-      if (slots_.empty()) slots_.resize(_calls.size() + _calls.size() / 2);
+      if (slots_.empty()) makeSlots(mostPlainPatterns(_calls));
       enterPlain(_call);
     } else if (forAll_) {
       wild_.reserve(_calls.size());
@@ -80,10 +92,15 @@ void SwitchList::enterPlain(const SetUpCalls::Call& _call) {
   longestPlain_ = std::max(longestPlain_, _call.pattern.text().size());
 }
 
+// At least one slot stays free, so that each search ends.
+void SwitchList::makeSlots(std::size_t _patterns) {
+  // As many as are needed, not a power of two of them: of a million, that would be twice as many.
+  slots_.resize(_patterns + _patterns / 2 + 1);
+}
+
 // The slot of a name, or the free one where it is to be entered.
 std::size_t SwitchList::slotOf(std::string_view _name, std::size_t _hash) const {
   const auto textAt = patternsIn(*records_);
-  // As many slots as are needed, not a power of two of them: of a million, that would be twice as many.
   std::size_t slot = std::uint64_t{static_cast<std::uint32_t>(_hash)} * slots_.size() >> 32U;
   while (slots_[slot] > begin_ && textAt(slots_[slot]) != _name)
     slot = slot + 1 == slots_.size() ? 0 : slot + 1;

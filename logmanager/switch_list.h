@@ -38,6 +38,7 @@ class SwitchList {
 
   void build(const SetUpCalls& _calls);
   void beginAt(const SetUpCalls::Call& _call);
+  void makeSlots(std::size_t _patterns);
   void enterPlain(const SetUpCalls::Call& _call);
   std::size_t slotOf(std::string_view _name, std::size_t _hash) const;
 

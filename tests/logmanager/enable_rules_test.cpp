@@ -59,6 +59,14 @@ TEST(EnableRules, TakeLittleMoreThanWhatIsNotedOfAList) {
   }
 }
 
+TEST(EnableRules, TakeNoMemoryForACallForAllLogs) {
+  EnableRules rules;
+  const std::size_t before = testsupport::memoryInUse();
+  enable(rules, "*", false);
+  EXPECT_EQ(testsupport::memoryInUse(), before);
+  EXPECT_FALSE(rules.isEnabled("App"));
+}
+
 TEST(EnableRules, DoNotKeepTheMemoryOfManyCallsForTheSakeOfFew) {
   const std::size_t before = testsupport::memoryInUse();
   EnableRules rules;

@@ -38,7 +38,8 @@ TEST(SwitchList, IsEmptyWithoutACallForAllLogs) {
 }
 
 TEST(SwitchList, BeginsWithTheLatestCallForAllLogs) {
-  const SwitchList list = listOf({{"Old", true}, {"*", true}, {"Old*", true}, {"*", false}, {"New", true}});
+  const SwitchList list =
+      listOf({{"Old", true}, {"*", true}, {"Old", true}, {"Old*", true}, {"*", false}, {"New", true}});
   EXPECT_EQ(list.forAll(), false);
   EXPECT_EQ(list.find("Old"), std::nullopt);
   EXPECT_EQ(list.find("New.below"), true);
@@ -79,6 +80,27 @@ TEST(SwitchList, ForgetsTheFirstCallWhenItKeepsOnlyTheLatest) {
   EXPECT_EQ(list.size(), 2U);
   EXPECT_EQ(list.find("First"), std::nullopt);
   EXPECT_EQ(list.find("App"), false);
+}
+
+// Repeated, so that there are more calls than names of up to two bytes.
+TEST(SwitchList, HasRoomForEveryVeryShortName) {
+  std::vector<std::string> names{""};
+  for (int first = 0; first < 256; ++first) {
+    if (first == '.' || first == '*') continue;
+    names.emplace_back(1, static_cast<char>(first));
+    for (int second = 0; second < 256; ++second) {
+      if (second != '.' && second != '*') names.push_back({static_cast<char>(first), static_cast<char>(second)});
+    }
+  }
+  Switches switches{{"*", false}, {"longer", true}};
+  for (const bool isOn : {false, true}) {
+    for (std::size_t i = 0; i < names.size(); ++i)
+      switches.emplace_back(names[i], (i % 2 == 0) == isOn);
+  }
+  const SwitchList list = listOf(switches);
+  EXPECT_EQ(list.size(), names.size() + 1);
+  for (std::size_t i = 0; i < names.size(); ++i)
+    ASSERT_EQ(list.find(names[i]), i % 2 == 0) << i;
 }
 
 std::string randomPattern(std::mt19937& _random, const char* _characters) {

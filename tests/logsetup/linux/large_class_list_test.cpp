@@ -43,19 +43,13 @@ struct Form {
 
 std::ostream& operator<<(std::ostream& _stream, const Form& _form) { return _stream << _form.name; }
 
-class LargeClassList : public testsupport::LogSetup, public testing::WithParamInterface<Form> {
+class ListInMemory : public testsupport::LogSetup {
  protected:
-  /// Of classes whose numbers begin with this one.
-  void writeList(const std::string& _ca, int _first) {
+  void writeText(const std::string& _ca, const std::string& _text) {
     sandbox_.writeCfg(_ca, "LOG_STATE=TRUE\n");
-    std::string text;
-    for (int i = 0; i < entries; ++i)
-      text.append(GetParam().beginning).append(std::to_string(_first + i)).append(GetParam().ending).append(";\r\n");
-    sandbox_.writeInit(_ca, text);
-    size_ = text.size();
+    sandbox_.writeInit(_ca, _text);
+    size_ = _text.size();
   }
-
-  std::string logOf(int _class) const { return GetParam().beginning + std::to_string(_class) + GetParam().rest; }
 
   void update(const std::string& _ca) {
     const auto begin = testsupport::processorTime();
@@ -82,6 +76,19 @@ class LargeClassList : public testsupport::LogSetup, public testing::WithParamIn
   std::size_t size_ = 0;
   std::size_t before_ = 0;
   int microseconds_ = 0;
+};
+
+class LargeClassList : public ListInMemory, public testing::WithParamInterface<Form> {
+ protected:
+  /// Of classes whose numbers begin with this one.
+  void writeList(const std::string& _ca, int _first) {
+    std::string text;
+    for (int i = 0; i < entries; ++i)
+      text.append(GetParam().beginning).append(std::to_string(_first + i)).append(GetParam().ending).append(";\r\n");
+    writeText(_ca, text);
+  }
+
+  std::string logOf(int _class) const { return GetParam().beginning + std::to_string(_class) + GetParam().rest; }
 };
 
 TEST_P(LargeClassList, TakesNoMoreThanThreeTimesItsSize) {
@@ -119,5 +126,23 @@ INSTANTIATE_TEST_SUITE_P(Forms, LargeClassList,
                                          Form{"WithAStarBehind", "Class.", "*", ".info"},
                                          Form{"WithAStarInFront", "*.Class", "", ""}),
                          [](const auto& _info) { return std::string(_info.param.name); });
+
+/// A list of one entry over and over.
+class MonotonousClassList : public ListInMemory, public testing::WithParamInterface<const char*> {};
+
+TEST_P(MonotonousClassList, TakesNoMoreThanThreeTimesItsSize) {
+  std::string text;
+  for (int i = 0; i < 4 * entries; ++i)
+    text.append(GetParam()).append(";");
+  writeText("CA12", text);
+  beginToMeasure();
+  update("CA12");
+  EXPECT_LT(peakInSizes(), 3);
+  EXPECT_TRUE(isOn(GetParam()));
+  EXPECT_FALSE(isOn("Other"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Entries, MonotonousClassList, testing::Values("", "ab", "a*"),
+                         [](const auto& _info) { return "Number" + std::to_string(_info.index); });
 
 }  // namespace
