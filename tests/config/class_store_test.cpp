@@ -224,6 +224,18 @@ TEST_F(ClassStore, TracesAList) {
   EXPECT_TRUE(getTraceMatches("CA12", "config_classes_get.txt"));
 }
 
+TEST_F(ClassStore, TracesAListThatIsReadInPieces) {
+  std::string list;
+  while (list.size() < 150'000)
+    list += "Class." + std::to_string(list.size()) + ";";
+  sandbox_.writeInit("CA12", list);
+  const TracedConsole console;
+  EXPECT_TRUE(CfgDataManager::getInstance(true)->getEnabledLogClasses("CA12", classes_));
+  EXPECT_EQ(classes_, list);
+  EXPECT_TRUE(
+      console.text().ends_with("<== CfgDataManager::getEnabledLogClasses() Enabled log classes: \"" + list + "\"\r\n"));
+}
+
 TEST_F(ClassStore, TracesAnEmptyList) {
   sandbox_.writeInit("CA12", "");
   EXPECT_TRUE(getTraceMatches("CA12", "config_classes_get_empty.txt"));

@@ -123,6 +123,28 @@ TEST_F(LogLevels, SwitchEverythingOffForAListOfLineEnds) {
   EXPECT_FALSE(isOn(""));
 }
 
+// The last piece is nothing but line ends; a class lies in all others.
+TEST_F(LogLevels, JoinAListThatIsReadInPieces) {
+  const std::string beginning = "Lev.a;\nLev.";
+  const std::string longClass = "Lev." + std::string((2 << 16) - beginning.size() - 1, 'b');
+  for (const std::string ending : {";", "c"}) {
+    const std::string withoutSemicolon = longClass + (ending == ";" ? "" : ending);
+    EXPECT_EQ(traceOfUpdate("Lev.a;\n" + longClass + ending + "\n\n"),
+              "==> Quillmark_logging::updateLogLevels() _ca=CA12\r\n"
+              "--- Quillmark_logging::updateLogLevels() enabledLogClasses=\"Lev.a;" +
+                  withoutSemicolon +
+                  ";\"\r\n"
+                  "--- Quillmark_logging::updateLogLevels() tmp=\"Lev.a\" tmpCnt=1\r\n"
+                  "--- Quillmark_logging::updateLogLevels() tmp=\"" +
+                  withoutSemicolon +
+                  "\" tmpCnt=2\r\n"
+                  "<== Quillmark_logging::updateLogLevels()\r\n");
+    EXPECT_TRUE(isOn("Lev.a"));
+    EXPECT_TRUE(isOn(withoutSemicolon));
+    EXPECT_FALSE(isOn("Lev.c"));
+  }
+}
+
 TEST_F(LogLevels, LeaveAttachedFilesAlone) {
   writeFilter("Lev.a;");
   EXPECT_TRUE(setInitialLogLevels(logFile(), "CA12"));

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "logsetup/setup_status.h"
 #include "platform/clock.h"
 #include "quillmark_logging.h"
 #include "tests/logsetup/page_of_setup.h"
@@ -156,14 +157,29 @@ TEST_F(StatusPage, TellsWhichClassListIsApplied) {
 
 TEST_F(StatusPage, CutsALongClassListAndKeepsItsHash) {
   std::string list;
-  while (list.size() < 50'000)
-    list += "Def.some.class;";
+  // Longer than what is read at once.
+  while (list.size() < 150'000)
+    list += "Def.class." + std::to_string(list.size()) + ";";
   sandbox_.writeInit("CA12", list);
   ASSERT_TRUE(updateLogLevels("CA12"));
   const qmrkctl::ClassStatus classes = ownStatus().classes;
   EXPECT_TRUE(classes.text.isCut);
   EXPECT_EQ(classes.text.wholeSize, list.size());
   EXPECT_EQ(list.find(classes.text.text), 0U);
+  EXPECT_EQ(classes.hash, status::hashOf(list));
+}
+
+TEST_F(StatusPage, JoinsTheBeginningOfAListFromItsPieces) {
+  const platform::TextPieces pieces{"Def.", "a;", std::string(20'000, 'b'), "c;"};
+  {
+    const SetupStatus call(status::Call::updateLogLevels);
+    SetupStatus::noteClasses(pieces);
+  }
+  const std::string list = platform::joined(pieces);
+  const qmrkctl::ClassStatus classes = ownStatus().classes;
+  EXPECT_GT(classes.text.text.size(), 10'000U);
+  EXPECT_EQ(list.find(classes.text.text), 0U);
+  EXPECT_EQ(classes.text.wholeSize, list.size());
   EXPECT_EQ(classes.hash, status::hashOf(list));
 }
 
