@@ -82,16 +82,25 @@ TEST(SwitchList, ForgetsTheFirstCallWhenItKeepsOnlyTheLatest) {
   EXPECT_EQ(list.find("App"), false);
 }
 
-// Repeated, so that there are more calls than names of up to two bytes.
-TEST(SwitchList, HasRoomForEveryVeryShortName) {
-  std::vector<std::string> names{""};
-  for (int first = 0; first < 256; ++first) {
-    if (first == '.' || first == '*') continue;
-    names.emplace_back(1, static_cast<char>(first));
-    for (int second = 0; second < 256; ++second) {
-      if (second != '.' && second != '*') names.push_back({static_cast<char>(first), static_cast<char>(second)});
+/// Without "." and "*".
+std::vector<std::string> withEachOf(const std::vector<std::string>& _names, int _first, int _last) {
+  std::vector<std::string> names;
+  for (const std::string& name : _names) {
+    for (int byte = _first; byte <= _last; ++byte) {
+      if (byte != '.' && byte != '*') names.push_back(name + static_cast<char>(byte));
     }
   }
+  return names;
+}
+
+// Repeated, so that there are more calls than names of up to two bytes; then more longer names than that.
+TEST(SwitchList, HasRoomForEveryVeryShortName) {
+  std::vector<std::string> names{""};
+  const std::vector<std::string> ones = withEachOf(names, 0, 255);
+  const std::vector<std::string> twos = withEachOf(ones, 0, 255);
+  const std::vector<std::string> threes = withEachOf(withEachOf(withEachOf({""}, 'A', 'z'), 'A', 'z'), 'A', 'z');
+  for (const auto& more : {ones, twos, threes})
+    names.insert(names.end(), more.begin(), more.end());
   Switches switches{{"*", false}, {"longer", true}};
   for (const bool isOn : {false, true}) {
     for (std::size_t i = 0; i < names.size(); ++i)
