@@ -4,7 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <functional>
+#include <limits>
 #include <map>
 #include <random>
 #include <set>
@@ -57,13 +59,20 @@ TEST(GlobSort, OrdersByBeginningThenByEndingFromItsEnd) {
   }
 }
 
-// Each glob begins with the one before, so that all parts but one are small at each byte.
+// Each glob begins with the one before, so that all parts but one are small at each byte. The sort of the large part
+// does not lie on the stack upon that of the part before.
 TEST(GlobSort, TakesGlobsThatBeginWithEachOther) {
   constexpr SortedGlobs::Place count = 2000;
   std::string text(count, 'a');
   for (const bool isEnding : {false, true}) {
     (isEnding ? text.front() : text.back()) = '*';
+    std::uintptr_t lowest = std::numeric_limits<std::uintptr_t>::max();
+    std::uintptr_t highest = 0;
     const auto globAt = [&](SortedGlobs::Place _place) -> std::string_view {
+      const volatile char onTheStack = 0;
+      const auto place = reinterpret_cast<std::uintptr_t>(&onTheStack);
+      lowest = std::min(lowest, place);
+      highest = std::max(highest, place);
       return isEnding ? std::string_view(text).substr(0, _place + 1)
                       : std::string_view(text).substr(count - _place - 1);
     };
@@ -72,6 +81,7 @@ TEST(GlobSort, TakesGlobsThatBeginWithEachOther) {
       places.push_back(i * 7 % count);
     GlobSort(globAt).sort(places);
     EXPECT_TRUE(std::ranges::is_sorted(places));
+    EXPECT_LT(highest - lowest, 150'000U);
     text.assign(count, 'a');
   }
 }
