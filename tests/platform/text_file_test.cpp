@@ -79,6 +79,7 @@ TEST_F(TextReaderTest, FindsACrLfWhereverABufferEnds) {
       bytes.append("\r\n").append(text);
       expected.append("\n").append(text);
       EXPECT_EQ(readBack(bytes), expected) << before;
+      EXPECT_EQ(readBack(text + "\r\n"), text + "\n") << before;
     }
   }
 }
