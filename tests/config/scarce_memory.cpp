@@ -60,5 +60,22 @@ void* operator new(std::size_t _size) {
   count(_size);
   return head + headSize;
 }
+
+// The other forms call that one, unless a sanitizer brings its own.
+
+void* operator new(std::size_t _size, const std::nothrow_t& /*_tag*/) noexcept {
+  try {
+    return operator new(_size);
+  } catch (const std::bad_alloc&) {
+    return nullptr;
+  }
+}
+void* operator new[](std::size_t _size) { return operator new(_size); }
+void* operator new[](std::size_t _size, const std::nothrow_t& _tag) noexcept { return operator new(_size, _tag); }
+
 void operator delete(void* _block) noexcept { release(_block); }
 void operator delete(void* _block, std::size_t) noexcept { release(_block); }
+void operator delete(void* _block, const std::nothrow_t& /*_tag*/) noexcept { release(_block); }
+void operator delete[](void* _block) noexcept { release(_block); }
+void operator delete[](void* _block, std::size_t) noexcept { release(_block); }
+void operator delete[](void* _block, const std::nothrow_t& /*_tag*/) noexcept { release(_block); }

@@ -53,8 +53,8 @@ class WholeLife : public testing::Test {
       sandbox_.writeInit(ca, "Demo;");
   }
 
-  /// How a life went in which something failed.
-  enum Outcome { unharmed, harmed, nothingFailed, notWellAfterwards };
+  /// How a life went in which something failed. No process ends with these codes by itself or by a sanitizer.
+  enum Outcome { unharmed = 100, harmed, nothingFailed, notWellAfterwards };
 
   /// Lives in a process of its own, from its first call of the library on, while an object of the type is there.
   /// @param _hasFailed asks the object whether what it makes fail has come.
@@ -73,7 +73,7 @@ class WholeLife : public testing::Test {
       if (!fault::isWell(commonLog_)) return static_cast<int>(notWellAfterwards);
       return static_cast<int>(!hasFailed ? nothingFailed : isHarmed ? harmed : unharmed);
     });
-    return outcome < 0 ? notWellAfterwards : static_cast<Outcome>(outcome);
+    return outcome < unharmed ? notWellAfterwards : static_cast<Outcome>(outcome);
   }
 
   /// Lets the first, the second and so on fail, until there is none any more.
