@@ -50,6 +50,20 @@ TEST(ManyRounds, LeaveTheMemoryOfOneRound) {
   EXPECT_EQ(testsupport::memoryInUse(), memoryBefore);
 }
 
+TEST(ManyRounds, KeepNoRuleOfNamesThatComeOnlyOnce) {
+  default_log_manager manager;
+  std::size_t most = 0;
+  for (int i = 0; i < 1000; ++i) {
+    bl::enable_logs(manager, "*", bl::level_off);
+    bl::enable_logs(manager, "App" + std::to_string(i), bl::level_on);
+    bl::enable_logs(manager, "*.Demo" + std::to_string(i), bl::level_on);
+    most = std::max(most, manager.size().rules);
+  }
+  EXPECT_LT(most, 150U);
+  EXPECT_TRUE(manager.log("App999").enabled);
+  EXPECT_FALSE(manager.log("App998").enabled);
+}
+
 /// Both removals together take away what the addition adds, neither does alone.
 void overlappingRound(default_log_manager& _manager) {
   bl::add_appender(_manager, "App", &quietAppender, "A", 100);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 #include <malloc.h>
+#include <sys/prctl.h>
 
 #include <algorithm>
 #include <fstream>
@@ -57,8 +58,9 @@ class ListInMemory : public testsupport::LogSetup {
     microseconds_ = std::max(microseconds_, static_cast<int>((testsupport::processorTime() - begin).count()));
   }
 
-  // What was freed before does not count as taken.
+  // What was freed before does not count as taken, nor what the system adds to a block to make it a large page.
   void beginToMeasure() {
+    ASSERT_EQ(::prctl(PR_SET_THP_DISABLE, 1, 0, 0, 0), 0);
     ::malloc_trim(0);
     forgetPeak();
     before_ = memory("VmRSS:");
