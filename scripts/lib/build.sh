@@ -26,9 +26,21 @@ build_ahead() {
   AHEAD_STEP=$step
 }
 
-# finish_ahead STEP: waits for that build. If it failed, it fails again in the step itself, which shows why.
+# hurry PROCESS: gives a process and its descendants the usual priority, which only root may do. The parent comes first, so
+# that what it starts from then on has it too.
+hurry() {
+  local child
+  renice -n 0 -p "$1" || true
+  for child in $(pgrep -P "$1"); do
+    hurry "$child"
+  done
+} >/dev/null 2>&1
+
+# finish_ahead STEP: waits for that build, which a busy machine would hardly let go on while it has the lowest priority. If
+# it failed, it fails again in the step itself, which shows why.
 finish_ahead() {
   [ "$1" = "${AHEAD_STEP:-}" ] || return 0
+  hurry "$AHEAD_PROCESS"
   wait "$AHEAD_PROCESS" || true
   AHEAD_STEP=
 }
