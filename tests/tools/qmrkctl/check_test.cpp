@@ -130,6 +130,9 @@ TEST_F(CheckTest, FindsLimitsThatLimitNothing) {
   EXPECT_THAT(limits("0", "2"), ElementsAre("Q314@4:21"));
   EXPECT_THAT(limits("abc", "2"), ElementsAre("Q314@4:21"));
   EXPECT_THAT(limits("1", "2"), ElementsAre("Q315@4:21"));
+  EXPECT_THAT(limits("10", "2"), ElementsAre("Q332@4:21"));
+  EXPECT_THAT(limits("4095", "2"), ElementsAre("Q332@4:21"));
+  EXPECT_THAT(limits("4096", "2"), IsEmpty());
   EXPECT_THAT(limits("10 MB", "1"), ElementsAre("Q317@4:21", "Q316@5:22"));
   EXPECT_THAT(limits("3000000000", "5"), ElementsAre("Q317@4:21"));
   EXPECT_THAT(limits("99999999999999999999", "5"), ElementsAre("Q317@4:21"));

@@ -83,6 +83,9 @@ constexpr FindingKind keyTable[] = {
     {"Q331", Severity::warning, "REDIRECT_CA_NR in the file of a CA",
      "only qmrk_logging_GE.cfg leads to another CA: the file counts for its own", "delete the line",
      "REDIRECT_CA_NR=CA13 in qmrk_logging_CA12.cfg"},
+    {"Q332", Severity::warning, "SPEC_LOG_FILE_LIMIT is very small",
+     "it counts bytes: an application log is full after a few messages, and its older lines are soon lost",
+     "write the number of bytes, such as 10240000 for 10 MB", "SPEC_LOG_FILE_LIMIT=10, meant as MB"},
 };
 
 }  // namespace

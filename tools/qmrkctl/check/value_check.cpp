@@ -26,6 +26,8 @@ bool isSwitch(std::string_view _key) { return std::find(switches.begin(), switch
 constexpr std::size_t longestPart = 255;
 // What a rotation tests, one after the other, before it goes on.
 constexpr long long mostBackups = 10'000;
+// Bytes. A smaller limit was hardly meant as bytes.
+constexpr long long smallestLimit = 4096;
 
 // The parts of a path between its separators.
 std::vector<std::string_view> partsOf(std::string_view _path) {
@@ -46,6 +48,10 @@ bool isAbsolute(std::string_view _path) {
 bool isQuoted(std::string_view _value) {
   return _value.size() > 1 && _value.front() == _value.back() && (_value.front() == '"' || _value.front() == '\'');
 }
+
+constexpr std::string_view digits = "0123456789";
+
+bool isNumber(const std::string& _value) { return _value.find_first_not_of(digits) == std::string::npos; }
 
 bool isLetter(char _c) { return (_c >= 'A' && _c <= 'Z') || (_c >= 'a' && _c <= 'z') || _c == '_'; }
 
@@ -199,7 +205,7 @@ class ValueCheck {
       add("Q317", _setting, _setting.key + " is " + inQuotes(_setting.value), "write a smaller number",
           "it counts as " + std::to_string(largest));
     }
-    const std::size_t end = _setting.value.find_first_not_of("0123456789");
+    const std::size_t end = _setting.value.find_first_not_of(digits);
     if (end == std::string::npos || end == 0) return;
     add("Q317", _setting, _setting.key + " is " + inQuotes(_setting.value), "",
         "it counts as " + _setting.value.substr(0, end));
@@ -210,6 +216,8 @@ class ValueCheck {
     const long long limit = std::strtoll(_setting.value.c_str(), nullptr, 10);
     if (limit < 1) add("Q314", _setting, "SPEC_LOG_FILE_LIMIT is " + inQuotes(_setting.value));
     if (limit == 1) add("Q315", _setting, "SPEC_LOG_FILE_LIMIT is 1");
+    if (limit > 1 && limit < smallestLimit && isNumber(_setting.value))
+      add("Q332", _setting, "SPEC_LOG_FILE_LIMIT is " + _setting.value + " bytes");
     checkDigits(_setting, limit);
   }
 

@@ -262,6 +262,15 @@ std::vector<Fault> faultsOfLimits() {
        {"Q315", cfgName, 7, "above 1"},
        manyLines,
        grows},
+      {"`SPEC_LOG_FILE_LIMIT=10`, meant as MB",
+       "it counts bytes: a new file after every message, and older lines are lost",
+       cfgLine(7, "SPEC_LOG_FILE_LIMIT=10\n"),
+       asIfSound,
+       {"Q332", cfgName, 7, "number of bytes"},
+       manyLines,
+       [](const Installation& _at) {
+         return hasApplicationLog(_at, ".1") && readFile(_at.applicationLog()).size() < 1000;
+       }},
       {"`SPEC_NR_OF_LOG_FILES=1`",
        "a full log is emptied, and what was in it is lost",
        cfgLine(8, "SPEC_NR_OF_LOG_FILES=1\n"),
