@@ -6,6 +6,7 @@
 
 #include "platform/native_path.h"
 #include "tools/qmrkctl/check/checks.h"
+#include "tools/qmrkctl/check/write_obstacle.h"
 
 namespace qmrkctl {
 namespace {
@@ -76,6 +77,13 @@ class FolderCheck {
     findings_.push_back(findingOf(_code, placeOf(_path), _text, _fix, _effect));
   }
 
+  // What the user may not write, or create something in.
+  void addUnwritable(std::string_view _code, const std::string& _path, const std::string& _text,
+                     const std::string& _unwritable, const std::string& _effect = "") {
+    const WriteObstacle obstacle = writeObstacle(viewpoint_, _unwritable);
+    add(_code, _path, user() + _text + obstacle.cause, obstacle.fix, _effect);
+  }
+
   std::string user() const { return "the user " + viewpoint_.account.name; }
 
   void checkSpace(const std::string& _folder) {
@@ -112,7 +120,7 @@ class FolderCheck {
   void checkCreation(const std::string& _folder, const std::string& _existing) {
     if (!isFolder(_existing, "the folder cannot be created: the set-up fails")) return;
     if (mayWrite(viewpoint_, _existing)) return;
-    add("Q501", _folder, user() + " may not create it in " + platform::nativePath(_existing));
+    addUnwritable("Q501", _folder, " may not create it in " + platform::nativePath(_existing), _existing);
   }
 
   void checkOwner(const std::string& _folder) {
@@ -145,11 +153,11 @@ class FolderCheck {
     } else if (facts.kind == PathKind::missing && factsOf(viewpoint_, folder).kind != PathKind::folder) {
       add("Q505", folder, "there is something else in place of a folder of the log");
     } else if (facts.kind == PathKind::missing) {
-      if (!mayWrite(viewpoint_, folder)) add("Q502", _log, user() + " may not create the log in its folder");
+      if (!mayWrite(viewpoint_, folder)) addUnwritable("Q502", _log, " may not create the log in its folder", folder);
     } else if (facts.kind != PathKind::file) {
       add("Q505", _log, "there is something else in place of the log");
     } else if (!mayWrite(viewpoint_, _log)) {
-      add("Q502", _log, user() + " may not write the log");
+      addUnwritable("Q502", _log, " may not write the log", _log);
     }
   }
 
@@ -157,7 +165,7 @@ class FolderCheck {
     const PathFacts facts = factsOf(viewpoint_, _records);
     if (facts.kind == PathKind::missing) return;
     if (facts.kind != PathKind::file || !mayWrite(viewpoint_, _records))
-      add("Q508", _records, user() + " may not write it");
+      addUnwritable("Q508", _records, " may not write it", _records);
   }
 
   void checkApplicationFolder(const std::string& _folder) {
@@ -166,7 +174,7 @@ class FolderCheck {
     if (facts.kind != PathKind::folder) {
       add("Q509", _folder, "there is something else in place of the folder", "remove what stands there");
     } else if (!mayWrite(viewpoint_, _folder)) {
-      add("Q509", _folder, user() + " may not write in it");
+      addUnwritable("Q509", _folder, " may not write in it", _folder);
     } else if (facts.owner == viewpoint_.account.uid) {
       checkApplicationLogs(_folder);
     }
@@ -181,8 +189,8 @@ class FolderCheck {
     const std::vector<toolsystem::PathRights> rights = rightsOn(viewpoint_, logs);
     for (std::size_t i = 0; i < logs.size(); ++i) {
       if (rights[i].isWritable) continue;
-      add("Q502", logs[i], user() + " may not write the log of the application", "",
-          "the set-up says true, and the lines of the application's own log are lost");
+      addUnwritable("Q502", logs[i], " may not write the log of the application", logs[i],
+                    "the set-up says true, and the lines of the application's own log are lost");
     }
   }
 

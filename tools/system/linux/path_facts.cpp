@@ -18,6 +18,12 @@ PathKind kindOf(mode_t _mode) {
   return S_ISSOCK(_mode) ? PathKind::socket : PathKind::device;
 }
 
+// Files are created in a folder only by who may enter it too.
+bool mayOwnerWrite(mode_t _mode) {
+  const mode_t needed = S_ISDIR(_mode) ? S_IWUSR | S_IXUSR : S_IWUSR;
+  return (_mode & needed) == needed;
+}
+
 }  // namespace
 
 PathFacts factsOf(const std::string& _path) {
@@ -34,6 +40,7 @@ PathFacts factsOf(const std::string& _path) {
   facts.owner = status.st_uid;
   const std::optional<Account> owner = accountOfUser(std::to_string(status.st_uid));
   facts.ownerName = owner ? owner->name : std::to_string(status.st_uid);
+  facts.ownerMayWrite = !leadsSomewhere || mayOwnerWrite(status.st_mode);
   facts.othersMayWrite = leadsSomewhere && (status.st_mode & (S_IWGRP | S_IWOTH)) != 0;
   facts.everybodyMayWrite = leadsSomewhere && (status.st_mode & S_IWOTH) != 0 && (status.st_mode & S_ISVTX) == 0;
   return facts;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/tools/linux/faults/fault_installation.h"
 
+#include <sys/mount.h>
 #include <sys/wait.h>
 
 #include <chrono>
@@ -84,6 +85,14 @@ void FaultInstallation::exhaustInodes() {
   mountSharedMemory("nr_inodes=3");
   isMounted_ = true;
   environment("QMRK_APPDATA", "/dev/shm");
+}
+
+void FaultInstallation::protectDisk() {
+  mountSharedMemory("");
+  isMounted_ = true;
+  environment("QMRK_APPDATA", "/dev/shm");
+  fs::create_directories("/dev/shm/Logs/Common");
+  if (::mount(nullptr, "/dev/shm", nullptr, MS_REMOUNT | MS_RDONLY, nullptr) != 0) std::abort();
 }
 
 void FaultInstallation::start(const std::string& _arguments, const std::string& _limits) {

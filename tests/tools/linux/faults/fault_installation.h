@@ -52,6 +52,9 @@ class FaultInstallation {
   /// A file system of the test's own, with room for two folders but for no file in them, takes that place.
   void exhaustInodes();
 
+  /// A file system of the test's own that is mounted read-only, with the log folder, takes that place.
+  void protectDisk();
+
   /// LogTest with these arguments of a shell runs from now on; its listener listens.
   /// @param _limits commands of the shell before it.
   void start(const std::string& _arguments, const std::string& _limits = "");

@@ -61,7 +61,14 @@ std::vector<Fault> faultsOfFolders() {
          _at.runAs(nobodyId);
        },
        noLine,
-       {"Q502", "common.log", 0, "give the file and its folder"}},
+       {"Q502", "common.log", 0, "chmod u+wx"}},
+      {"the log folder is on a file system that is mounted read-only",
+       "the set-up says true, every line is lost",
+       [](Installation& _at) { _at.protectDisk(); },
+       noLine,
+       {"Q502", "common.log", 0, "remount,rw"},
+       {},
+       [](const Installation&) { return !exists("/dev/shm/Logs/Common/common.log"); }},
       {"the log belongs to root",
        "the set-up says true, every line is lost",
        [](Installation& _at) {
@@ -71,6 +78,16 @@ std::vector<Fault> faultsOfFolders() {
        },
        noLine,
        {"Q502", "common.log", 0, "give the file and its folder"}},
+      {"the log has no right to write (mode 0444)",
+       "the set-up says true, every line is lost",
+       [](Installation& _at) {
+         makeLogFolder(_at, 0755);
+         writeFile(_at.log(), "");
+         fs::permissions(_at.log(), fs::perms(0444));
+         if (::chown(_at.log().c_str(), nobodyId, nobodyId) == 0) _at.runAs(nobodyId);
+       },
+       noLine,
+       {"Q502", "common.log", 0, "chmod u+w "}},
       {"the log folder belongs to another user",
        "lines are written; the other user can remove them",
        [](Installation& _at) {
