@@ -202,6 +202,12 @@ TEST_F(CheckTest, ComparesTheClassListWithTheFilterAndWithRunningApplications) {
               ElementsAre("Q405@2:1", "Q406@2:1", "Q406@3:1"));
 }
 
+TEST_F(CheckTest, TakesBlanksAtTheEndOfAFileAsNothing) {
+  EXPECT_THAT(codesIn(soundText + "   "), IsEmpty());
+  EXPECT_THAT(codesIn(soundText + "\x1A"), IsEmpty());
+  EXPECT_THAT(codesIn(soundText + "   x"), ElementsAre("Q305@4:1"));
+}
+
 TEST_F(CheckTest, FindsNamesOfTheCommonLogThatTheLibraryUsesItself) {
   const auto codes = [](const std::string& _name) {
     return codesIn("LOG_STATE=TRUE\nCOMMON_LOG_FILE_NAME=" + _name + "\nCOMMON_LOG_FILE_FILTER=A;\n");

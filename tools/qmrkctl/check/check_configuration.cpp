@@ -2,6 +2,7 @@
 #include "platform/native_path.h"
 #include "quillmark_logging_names.h"
 #include "tools/qmrkctl/check/checks.h"
+#include "tools/qmrkctl/check/known_classes.h"
 
 namespace qmrkctl {
 namespace {
@@ -32,12 +33,12 @@ void checkCfgText(const ConfigurationFile& _file, CfgUse _use, Findings& _findin
   checkFilter(_file, _findings);
 }
 
-void checkInitText(const ConfigurationFile& _file, const ConfigurationFile* _cfg,
-                   const std::vector<std::string>& _knownLogs, Findings& _findings) {
+void checkInitText(const ConfigurationFile& _file, const ConfigurationFile* _cfg, const KnownClasses& _known,
+                   Findings& _findings) {
   const std::size_t before = _findings.size();
   checkBytes(_file, FileRole::init, _findings);
   if (_findings.size() > before && _findings.back().code == "Q102") return;
-  checkClassList(_file, _cfg, _knownLogs, _findings);
+  checkClassList(_file, _cfg, _known, _findings);
 }
 
 }  // namespace
@@ -65,7 +66,10 @@ std::vector<Finding> checkConfiguration(const Viewpoint& _viewpoint, const Confi
   checkRedirection(_viewpoint, _configuration, findings);
   if (generic.path != cfg.path) checkCfgText(generic, useOfGeneric(generic), findings);
   checkCfgText(cfg, generic.path == cfg.path ? CfgUse::generic : CfgUse::single, findings);
-  if (_configuration.init.path != cfg.path) checkInitText(_configuration.init, &cfg, _knownLogs, findings);
+  if (_configuration.init.path != cfg.path) {
+    const KnownClasses known(_knownLogs, loggedClasses(_viewpoint, _configuration));
+    checkInitText(_configuration.init, &cfg, known, findings);
+  }
   checkFolders(_viewpoint, _configuration, findings);
   return findings;
 }
@@ -74,7 +78,7 @@ std::vector<Finding> checkFile(const Viewpoint& _viewpoint, const ConfigurationF
   Findings findings;
   checkUsable(_viewpoint, _file, _role, findings);
   if (_role == FileRole::init) {
-    checkInitText(_file, nullptr, {}, findings);
+    checkInitText(_file, nullptr, {{}, {}}, findings);
   } else {
     checkCfgText(_file, useOfNamed(_file), findings);
   }

@@ -11,6 +11,8 @@
 
 namespace qmrkctl {
 
+class KnownClasses;
+
 using Findings = std::vector<Finding>;
 
 /// A place in a file, with the path in the system's form.
@@ -56,10 +58,10 @@ void checkUsedName(const ConfigurationFile& _cfg, const Setting& _name, Findings
 /// The filter of a .cfg file: the fourth hundred.
 void checkFilter(const ConfigurationFile& _cfg, Findings& _findings);
 
-/// A class list alone, and against a filter and the logs of running applications, where known: the fourth hundred, too.
+/// A class list alone, and against a filter and the classes that are known: the fourth hundred, too.
 /// @param _filter the .cfg file; null: unknown.
-void checkClassList(const ConfigurationFile& _init, const ConfigurationFile* _filter,
-                    const std::vector<std::string>& _knownLogs, Findings& _findings);
+void checkClassList(const ConfigurationFile& _init, const ConfigurationFile* _filter, const KnownClasses& _known,
+                    Findings& _findings);
 
 /// Folders and logs, their rights, and disk space: the fifth hundred.
 void checkFolders(const Viewpoint& _viewpoint, const Configuration& _configuration, Findings& _findings);

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
+#include <optional>
 #include <set>
 
 #include "quillmark_logging_names.h"
 #include "tools/qmrkctl/check/checks.h"
-#include "tools/qmrkctl/check/similar_name.h"
+#include "tools/qmrkctl/check/entry_check.h"
+#include "tools/qmrkctl/check/known_classes.h"
+#include "tools/qmrkctl/check/reach_check.h"
 #include "tools/qmrkctl/class_entries.h"
 
 namespace qmrkctl {
@@ -28,19 +31,17 @@ constexpr FindingKind classListTable[] = {
     {"Q407", Severity::warning, "An entry is empty", "it selects only the log with the empty name",
      "delete the surplus \";\"", "Demo.App;;Demo.Net;"},
     {"Q408", Severity::note, "The class list is empty", "all classes are off", "add classes, each ended by \";\"", ""},
+    {"Q409", Severity::warning, "A class is probably misspelt", "the entry switches nothing on",
+     "correct the entry; if both classes exist, nothing is wrong", "Demo.App.inof;"},
     {"Q410", Severity::error, "A class is written as no name of a class is",
      "entries are taken literally and end at \";\" alone, so nothing is selected", "separate the entries by \";\"",
      "Demo.App,Demo.Net;"},
 };
 
-constexpr std::string_view strangeCharacters = ",=\"'?<>|&()[]{}";
+// In long lists it is not worth the time to look for every class that nobody knows.
+constexpr int mostSearches = 2000;
 
 bool isBlank(char _c) { return _c == ' ' || _c == '\t'; }
-
-// Names are parts with "." between them.
-bool hasEmptyPart(std::string_view _pattern) {
-  return _pattern.starts_with('.') || _pattern.ends_with('.') || _pattern.find("..") != std::string_view::npos;
-}
 
 // The place where a comment begins behind an entry.
 std::size_t commentBehindEntry(std::string_view _line) {
@@ -49,27 +50,6 @@ std::size_t commentBehindEntry(std::string_view _line) {
   while (slashes != std::string_view::npos && (slashes == 0 || !isBlank(_line[slashes - 1])))
     slashes = _line.find("//", slashes + 1);
   return std::min(hash, slashes);
-}
-
-// Whether an entry is written as a name can be.
-bool isSound(std::string_view _pattern) {
-  return !_pattern.empty() && !isBlank(_pattern.front()) && !isBlank(_pattern.back()) && !hasEmptyPart(_pattern) &&
-         _pattern.find_first_of(strangeCharacters) == std::string_view::npos;
-}
-
-// What both kinds of lists have in common.
-void checkEntry(const ClassEntry& _entry, const FindingPlace& _place, Findings& _findings) {
-  const std::string& pattern = _entry.pattern;
-  if (pattern.empty()) {
-    _findings.push_back(findingOf("Q407", _place, "an entry is empty"));
-  } else if (isBlank(pattern.front()) || isBlank(pattern.back())) {
-    _findings.push_back(findingOf("Q402", _place, "a blank stands beside the entry " + inQuotes(pattern)));
-  } else if (pattern.find_first_of(strangeCharacters) != std::string::npos) {
-    _findings.push_back(findingOf("Q410", _place, "the entry is " + inQuotes(pattern)));
-  } else if (hasEmptyPart(pattern)) {
-    _findings.push_back(findingOf("Q410", _place, "the entry is " + inQuotes(pattern), "delete the surplus \".\"",
-                                  "no class has an empty part in its name, so nothing is selected"));
-  }
 }
 
 // An entry that goes on in the next line, and where it begins.
@@ -111,34 +91,17 @@ std::set<int> checkComments(const ConfigurationFile& _init, Findings& _findings)
   return lines;
 }
 
-// What a class list lacks to reach the common log.
-void checkReach(const ClassEntry& _entry, const FindingPlace& _place, const std::vector<ClassEntry>& _filter,
-                Findings& _findings) {
-  std::vector<std::string_view> names;
-  for (const ClassEntry& entry : _filter) {
-    if (selectACommonLog(_entry.pattern, entry.pattern)) return;
-    if (isSound(entry.pattern)) names.emplace_back(entry.pattern);
-  }
-  const std::string similar = similarName(_entry.pattern, names);
-  const std::string text = "the class " + inQuotes(_entry.pattern) + " is on but not in the filter";
-  if (similar.empty()) {
-    _findings.push_back(findingOf("Q405", _place, text));
-  } else {
-    _findings.push_back(findingOf("Q405", _place, text + "; did you mean " + similar + "?", "write " + similar + ";"));
-  }
-}
-
-void checkKnown(const ClassEntry& _entry, const FindingPlace& _place, const std::vector<std::string>& _knownLogs,
-                Findings& _findings) {
-  const auto isSelected = [&_entry](const std::string& _log) { return selects(_entry.pattern, _log); };
-  if (_knownLogs.empty() || std::any_of(_knownLogs.begin(), _knownLogs.end(), isSelected)) return;
-  const std::vector<std::string_view> names(_knownLogs.begin(), _knownLogs.end());
-  const std::string similar = similarName(_entry.pattern, names);
-  const std::string text = "no running application has the class " + inQuotes(_entry.pattern);
-  if (similar.empty()) {
-    _findings.push_back(findingOf("Q406", _place, text));
-  } else {
-    _findings.push_back(findingOf("Q406", _place, text + "; did you mean " + similar + "?", "write " + similar + ";"));
+void checkKnown(const ClassEntry& _entry, const FindingPlace& _place, const KnownClasses& _known, Findings& _findings) {
+  if (_known.isSelectedBy(_entry.pattern)) return;
+  const std::string meant = _known.meantBy(_entry.pattern);
+  const std::string question = meant.empty() ? "" : "; did you mean " + meant + "?";
+  const std::string fix = meant.empty() ? "" : "write " + meant + ";";
+  if (!_known.running().empty()) {
+    const std::string text = "no running application has the class " + inQuotes(_entry.pattern);
+    _findings.push_back(findingOf("Q406", _place, text + question, fix));
+  } else if (!meant.empty()) {
+    _findings.push_back(findingOf("Q409", _place, "the class " + inQuotes(_entry.pattern) + " is unknown" + question,
+                                  fix + " or leave it if both classes exist"));
   }
 }
 
@@ -161,26 +124,23 @@ void checkFilter(const ConfigurationFile& _cfg, Findings& _findings) {
   for (const ClassEntry& entry : filterClasses(filter->value))
     checkEntry(entry, placeAt(entry.begin), _findings);
   const std::size_t rest = filter->value.rfind(';') + 1;
-  if (rest < filter->value.size()) {
-    const std::string dropped = filter->value.substr(rest);
-    _findings.push_back(findingOf(
-        "Q401", placeAt(rest), "the last entry of the filter, " + inQuotes(dropped) + ", has no \";\"",
-        "write " + inQuotes(dropped + ";"), "it is dropped: " + dropped + " does not write to the common log"));
-  }
+  if (rest < filter->value.size()) checkDroppedEntry(filter->value.substr(rest), placeAt(rest), _findings);
 }
 
-void checkClassList(const ConfigurationFile& _init, const ConfigurationFile* _filter,
-                    const std::vector<std::string>& _knownLogs, Findings& _findings) {
+void checkClassList(const ConfigurationFile& _init, const ConfigurationFile* _filter, const KnownClasses& _known,
+                    Findings& _findings) {
   if (!_init.isRead) return;
   const std::set<int> commented = checkComments(_init, _findings);
   const std::vector<ClassEntry> entries = enabledClasses(_init.text);
   if (entries.empty()) _findings.push_back(findingOf("Q408", placeOf(_init), "the class list is empty"));
   const Setting* const setting = _filter == nullptr ? nullptr : filterOf(*_filter);
-  const std::vector<ClassEntry> filter = setting == nullptr ? std::vector<ClassEntry>{} : filterClasses(setting->value);
+  std::optional<ReachCheck> reach;
+  if (setting != nullptr) reach.emplace(filterClasses(setting->value), placeIn(*_filter, setting->valuePlace), _known);
   const TextPlaces places(_init.text);
   const std::size_t first = _findings.size();
+  int searches = 0;
   for (const ClassEntry& entry : entries) {
-    if (_findings.size() - first >= mostFindings) return;
+    if (_findings.size() - first >= mostFindings) break;
     const TextPlace place = places.of(entry.begin);
     if (commented.contains(place.line)) continue;
     const std::size_t before = _findings.size();
@@ -190,9 +150,13 @@ void checkClassList(const ConfigurationFile& _init, const ConfigurationFile* _fi
       checkEntry(entry, placeIn(_init, place), _findings);
     }
     if (_findings.size() != before) continue;
-    if (setting != nullptr) checkReach(entry, placeIn(_init, place), filter, _findings);
-    checkKnown(entry, placeIn(_init, place), _knownLogs, _findings);
+    if (reach) reach->check(entry, placeIn(_init, place), _findings);
+    const bool isNew = _findings.size() == before || !_known.running().empty();
+    if (isNew && !_known.contains(entry.pattern) && searches++ < mostSearches) {
+      checkKnown(entry, placeIn(_init, place), _known, _findings);
+    }
   }
+  if (reach) reach->end(_findings);
 }
 
 }  // namespace qmrkctl

@@ -123,9 +123,15 @@ std::size_t endlessLine(std::string_view _text, std::size_t _begin) {
   return _begin;
 }
 
+// Whether the text ends in nothing but blanks, if anything. Old editors end a file with another sign.
+bool isEndOfBlanks(const ConfigurationFile& _file) {
+  const std::size_t begin = _file.settings.empty() ? 0 : std::min(_file.settings.back().end, _file.text.size());
+  return _file.text.find_first_not_of(" \t\r\n\x1A", begin) == std::string::npos;
+}
+
 // What is pending at the end of the text shows when one more pair is put behind it.
 void checkRest(const ConfigurationFile& _file, Findings& _findings) {
-  if (_file.text.empty()) return;
+  if (isEndOfBlanks(_file)) return;
   const std::string text = _file.text + (_file.text.back() == '\n' ? "" : "\n");
   const std::vector<Setting> longer = settingsOf(_file.path, text + "K=v\nK=v\n");
   const auto count = static_cast<std::ptrdiff_t>(_file.settings.size());

@@ -134,7 +134,7 @@ const Finding* faultOfList(const WhyQuestion& _question) {
   return firstFault(_question, [&](const Finding& _finding) {
     if (!isIn(_finding, init)) return false;
     if (_finding.code == "Q102") return true;
-    if (!isAmong(_finding, {"Q101", "Q103", "Q104", "Q402", "Q403", "Q404", "Q405", "Q410"})) return false;
+    if (!isAmong(_finding, {"Q101", "Q103", "Q104", "Q402", "Q403", "Q404", "Q405", "Q409", "Q410"})) return false;
     // A comment joins the entry behind it, which stands in the next line.
     const bool isCommented =
         _finding.code == "Q403" && hasClass(lineOf(init.text, _finding.line + 1), _question.logClass);
