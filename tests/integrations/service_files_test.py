@@ -73,7 +73,11 @@ class ServiceFiles(unittest.TestCase):
         account = ["setpriv", "--reuid=65534", "--regid=65534", "--clear-groups"] if os.geteuid() == 0 else []
         environment = {name: value for name, value in self.machine.environment.items()
                        if name not in ("HOME", "XDG_DATA_HOME", "QMRK_APPDATA")}
-        environment.update(variables, LD_LIBRARY_PATH=str(program.parent))
+        # Programs of scripts/coverage write their counts below it, and complain where they cannot.
+        counts = self.machine.folder / "counts"
+        counts.mkdir(exist_ok=True)
+        counts.chmod(0o777)
+        environment.update(variables, LD_LIBRARY_PATH=str(program.parent), GCOV_PREFIX=str(counts))
         return subprocess.run([*account, str(program)], env=environment, capture_output=True, text=True, check=False)
 
     def test_an_account_without_a_home_needs_the_variable(self):
