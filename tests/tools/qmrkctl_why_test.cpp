@@ -131,6 +131,14 @@ TEST_F(QmrkctlWhy, JudgesWithTheRightsOfTheUser) {
   expectFailure("file ", "Q502", "filter");
 }
 
+// Each application has a log of its own beside the common one.
+TEST_F(QmrkctlWhy, IsNotStoppedByTheLogOfAnApplication) {
+  const std::string inPlaceOfLog = logRoot() + "\\Application logs\\shop_log.txt";
+  testsupport::makeFolders(inPlaceOfLog);
+  EXPECT_THAT(qmrkctl({"--ca", "CA12", "check"}).output, HasSubstr("error Q505 " + nativePath(inPlaceOfLog)));
+  EXPECT_EQ(why("Demo.App.info").exitCode, 0);
+}
+
 TEST_F(QmrkctlWhy, SaysThatNoLineOfTheClassIsThere) {
   EXPECT_THAT(why("Demo.App.other").output, HasSubstr("unknown last line"));
 }

@@ -5,6 +5,8 @@
 #include <system_error>
 
 #include "platform/native_path.h"
+#include "quillmark_logging_names.h"
+#include "tools/logs/log_files.h"
 #include "tools/qmrkctl/check/checks.h"
 #include "tools/qmrkctl/check/write_obstacle.h"
 
@@ -44,6 +46,12 @@ constexpr FindingKind folderTable[] = {
      "take the right to write from others (chmod o-w)", "mode 0666"},
 };
 
+struct LogFile {
+  std::string path;
+  std::string name;    // as findings call it
+  std::string effect;  // of its loss; empty: that of the code
+};
+
 // The logs of a configuration for one user, and what is found about them.
 class FolderCheck {
  public:
@@ -59,7 +67,7 @@ class FolderCheck {
     }
     if (!isFolder(_places.folder, "the log cannot be opened: the set-up says true and every line is lost")) return;
     checkOwner(_places.folder);
-    if (!_places.commonLog.empty()) checkLog(_places.folder, _places.commonLog);
+    if (!_places.commonLog.empty()) checkCommonLog({_places.commonLog, "the log", ""});
     checkRecords(_places.errorRecords);
     checkApplicationFolder(_places.applicationFolder);
   }
@@ -143,21 +151,44 @@ class FolderCheck {
     return !error && std::filesystem::is_directory((link.parent_path() / target).parent_path(), error);
   }
 
-  void checkLog(const std::string& _folder, const std::string& _log) {
-    const PathFacts facts = factsOf(viewpoint_, _log);
-    const std::string folder = existingPart(viewpoint_, parentOf(_log));
-    if (facts.isLink && !isLinkFollowed(_folder)) {
-      add("Q504", _log, "the log is a link, and its folder is not " + viewpoint_.account.name + "'s alone");
-    } else if (facts.kind == PathKind::danglingLink) {
-      if (!hasFolderOfTarget(_log)) add("Q505", _log, "the log is a link that leads nowhere");
-    } else if (facts.kind == PathKind::missing && factsOf(viewpoint_, folder).kind != PathKind::folder) {
+  // What is there, unless it is a file.
+  void checkKind(const LogFile& _log, const PathFacts& _facts) {
+    if (_facts.isLink && !isLinkFollowed(parentOf(_log.path))) {
+      add("Q504", _log.path, _log.name + " is a link, and its folder is not " + viewpoint_.account.name + "'s alone",
+          "", _log.effect);
+    } else if (_facts.kind == PathKind::danglingLink) {
+      if (!hasFolderOfTarget(_log.path))
+        add("Q505", _log.path, _log.name + " is a link that leads nowhere", "", _log.effect);
+    } else if (_facts.kind != PathKind::file) {
+      add("Q505", _log.path, "there is something else in place of " + _log.name, "", _log.effect);
+    }
+  }
+
+  void checkCommonLog(const LogFile& _log) {
+    const PathFacts facts = factsOf(viewpoint_, _log.path);
+    const std::string folder = existingPart(viewpoint_, parentOf(_log.path));
+    if (facts.kind != PathKind::missing) {
+      checkLogs({_log});
+    } else if (factsOf(viewpoint_, folder).kind != PathKind::folder) {
       add("Q505", folder, "there is something else in place of a folder of the log");
-    } else if (facts.kind == PathKind::missing) {
-      if (!mayWrite(viewpoint_, folder)) addUnwritable("Q502", _log, " may not create the log in its folder", folder);
-    } else if (facts.kind != PathKind::file) {
-      add("Q505", _log, "there is something else in place of the log");
-    } else if (!mayWrite(viewpoint_, _log)) {
-      addUnwritable("Q502", _log, " may not write the log", _log);
+    } else if (!mayWrite(viewpoint_, folder)) {
+      addUnwritable("Q502", _log.path, " may not create the log in its folder", folder);
+    }
+  }
+
+  void checkLogs(const std::vector<LogFile>& _logs) {
+    std::vector<std::string> paths;
+    paths.reserve(_logs.size());
+    for (const LogFile& log : _logs)
+      paths.push_back(log.path);
+    const std::vector<toolsystem::PathRights> rights = rightsOn(viewpoint_, paths);
+    for (std::size_t i = 0; i < _logs.size(); ++i) {
+      const PathFacts facts = factsOf(viewpoint_, _logs[i].path);
+      if (facts.kind == PathKind::missing) continue;
+      const std::size_t before = findings_.size();
+      checkKind(_logs[i], facts);
+      if (findings_.size() > before || facts.kind != PathKind::file || rights[i].isWritable) continue;
+      addUnwritable("Q502", _logs[i].path, " may not write " + _logs[i].name, _logs[i].path, _logs[i].effect);
     }
   }
 
@@ -182,16 +213,14 @@ class FolderCheck {
 
   // Where the folder is the user's, so are the logs in it.
   void checkApplicationLogs(const std::string& _folder) {
-    std::vector<std::string> logs;
-    for (const std::string& name : fileNamesIn(viewpoint_, _folder)) {
-      if (name.ends_with("_log.txt")) logs.push_back(std::string(_folder).append("\\").append(name));
+    std::vector<LogFile> logs;
+    for (const std::string& name : applicationLogsIn(reachedPath(viewpoint_, _folder))) {
+      std::string path = _folder;
+      path.append("\\").append(name).append(Quillmark_logging::APPL_SPEC_LOG_FILE_SUFFIX);
+      logs.push_back({path, "the log of the application",
+                      "the set-up says true, and the lines of the application's own log are lost"});
     }
-    const std::vector<toolsystem::PathRights> rights = rightsOn(viewpoint_, logs);
-    for (std::size_t i = 0; i < logs.size(); ++i) {
-      if (rights[i].isWritable) continue;
-      addUnwritable("Q502", logs[i], " may not write the log of the application", logs[i],
-                    "the set-up says true, and the lines of the application's own log are lost");
-    }
+    checkLogs(logs);
   }
 
   const Viewpoint& viewpoint_;

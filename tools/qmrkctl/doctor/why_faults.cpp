@@ -38,6 +38,11 @@ bool mentions(const Finding& _finding, std::string_view _name) {
   return contains(_finding.text, _name) || contains(_finding.effect, _name) || contains(_finding.fix, _name);
 }
 
+// Whether the first of two paths, in the system's form, is a folder above the other one.
+bool isAbove(std::string_view _folder, std::string_view _path) {
+  return _path.starts_with(_folder) && _path.substr(_folder.size()).find_first_of("\\/") == 0;
+}
+
 std::string_view lineOf(std::string_view _text, int _line) {
   for (int line = 1; line < _line && !_text.empty(); ++line)
     _text.remove_prefix(std::min(_text.size(), std::min(_text.find('\n'), _text.size()) + 1));
@@ -99,7 +104,7 @@ const Finding* faultOfKey(const WhyQuestion& _question, std::string_view _key) {
 const Finding* faultOfFolder(const WhyQuestion& _question) {
   const std::string log = platform::nativePath(_question.seen->configuration.logs->commonLog);
   return firstFault(_question, [&](const Finding& _finding) {
-    return _finding.code == "Q501" || (_finding.code == "Q505" && _finding.file != log);
+    return _finding.code == "Q501" || (_finding.code == "Q505" && isAbove(_finding.file, log));
   });
 }
 

@@ -25,6 +25,12 @@ void makeLogFolder(const Installation& _at, unsigned int _mode) {
   fs::permissions(_at.logFolder(), fs::perms(_mode));
 }
 
+void makeApplicationFolder(const Installation& _at, unsigned int _mode) {
+  const fs::path folder = fs::path(_at.applicationLog()).parent_path();
+  fs::create_directories(folder);
+  fs::permissions(folder, fs::perms(_mode));
+}
+
 }  // namespace
 
 // NOLINTNEXTLINE(readability-function-size): one table of one meaning.
@@ -186,6 +192,33 @@ std::vector<Fault> faultsOfFolders() {
        {"Q502", "app_log.txt", 0, "give the file"},
        {"--app", "app"},
        [](const Installation& _at) { return fs::file_size(_at.applicationLog()) == 0; }},
+      {"a folder in place of the log of an application",
+       "the set-up says true, the lines of the application's own log are lost",
+       [](Installation& _at) { fs::create_directories(_at.applicationLog()); },
+       usualLines,
+       {"Q505", "app_log.txt", 0, "remove what stands there"},
+       {"--app", "app"},
+       [](const Installation& _at) { return fs::is_empty(_at.applicationLog()); }},
+      {"a pipe in place of the log of an application",
+       "the set-up says true, the lines of the application's own log are lost",
+       [](Installation& _at) {
+         makeApplicationFolder(_at, 0755);
+         ::mkfifo(_at.applicationLog().c_str(), 0644);
+       },
+       usualLines,
+       {"Q505", "app_log.txt", 0, "remove what stands there"},
+       {"--app", "app"},
+       [](const Installation& _at) { return fs::is_fifo(_at.applicationLog()); }},
+      {"the log of an application is a link in a folder that others may write",
+       "the set-up says true, the lines of the application's own log are lost",
+       [](Installation& _at) {
+         makeApplicationFolder(_at, 0777);
+         fs::create_symlink(_at.data() + "/target.log", _at.applicationLog());
+       },
+       usualLines,
+       {"Q504", "app_log.txt", 0, "chmod go-w"},
+       {"--app", "app"},
+       [](const Installation& _at) { return !exists(_at.data() + "/target.log"); }},
       {"a class list that everybody may write",
        "any user can switch classes of all others",
        [](Installation& _at) {
