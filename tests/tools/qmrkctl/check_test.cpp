@@ -202,6 +202,16 @@ TEST_F(CheckTest, ComparesTheClassListWithTheFilterAndWithRunningApplications) {
               ElementsAre("Q405@2:1", "Q406@2:1", "Q406@3:1"));
 }
 
+TEST_F(CheckTest, SaysThatItHasNotExaminedEverything) {
+  std::string text;
+  for (int line = 0; line < 101; ++line)
+    text += "A" + std::to_string(line) + ".;";
+  const auto codes = codesInInit(text);
+  EXPECT_EQ(codes.size(), 101U);
+  EXPECT_EQ(codes.back(), "Q106@0:0");
+  EXPECT_EQ(codesInInit(text.substr(0, text.find("A99"))).size(), 99U);
+}
+
 TEST_F(CheckTest, TakesBlanksAtTheEndOfAFileAsNothing) {
   EXPECT_THAT(codesIn(soundText + "   "), IsEmpty());
   EXPECT_THAT(codesIn(soundText + "\x1A"), IsEmpty());

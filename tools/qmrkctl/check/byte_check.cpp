@@ -25,6 +25,8 @@ constexpr FindingKind byteTable[] = {
     {"Q105", Severity::error, "The last line has no line end",
      "a pair ends at its line feed, so the last setting is not read", "end the last line with a line feed",
      "LOG_STATE=TRUE at the end of the file"},
+    {"Q106", Severity::note, "A file has more faults than are shown", "others may follow when these are mended",
+     "see whether it is the right file, mend these, and check again", ""},
 };
 
 // Of many such bytes the first is shown.

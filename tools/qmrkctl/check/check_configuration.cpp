@@ -22,15 +22,23 @@ CfgUse useOfNamed(const ConfigurationFile& _file) {
   return isOfCa ? CfgUse::single : useOfGeneric(_file);
 }
 
+// Each check stops where a text has too many faults.
+void addLimit(const ConfigurationFile& _file, std::size_t _before, Findings& _findings) {
+  if (_findings.size() - _before < mostFindings) return;
+  _findings.push_back(findingOf("Q106", placeOf(_file), "after 100 findings, the rest of the file was not examined"));
+}
+
 // The text of a .cfg file. What makes all of it unreadable is said once.
 void checkCfgText(const ConfigurationFile& _file, CfgUse _use, Findings& _findings) {
   const std::size_t before = _findings.size();
   checkBytes(_file, FileRole::cfg, _findings);
   if (_findings.size() > before && _findings.back().code == "Q102") return;
   checkKeys(_file, _use, _findings);
-  if (_use == CfgUse::genericWithRedirection) return;
-  checkValues(_file, _findings);
-  checkFilter(_file, _findings);
+  if (_use != CfgUse::genericWithRedirection) {
+    checkValues(_file, _findings);
+    checkFilter(_file, _findings);
+  }
+  addLimit(_file, before, _findings);
 }
 
 void checkInitText(const ConfigurationFile& _file, const ConfigurationFile* _cfg, const KnownClasses& _known,
@@ -39,6 +47,7 @@ void checkInitText(const ConfigurationFile& _file, const ConfigurationFile* _cfg
   checkBytes(_file, FileRole::init, _findings);
   if (_findings.size() > before && _findings.back().code == "Q102") return;
   checkClassList(_file, _cfg, _known, _findings);
+  addLimit(_file, before, _findings);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "platform/text_file.h"
 #include "quillmark_logging_names.h"
 #include "tools/qmrkctl/check/checks.h"
+#include "tools/qmrkctl/check/misplaced_file.h"
 #include "tools/qmrkctl/check/similar_name.h"
 
 namespace qmrkctl {
@@ -42,9 +43,19 @@ const char* kindName(PathKind _kind) {
   }
 }
 
+// A file that is nowhere near by its name.
+void addAbsent(const Viewpoint& _viewpoint, const Configuration& _configuration, const std::string& _missing,
+               const Finding& _plain, Findings& _findings) {
+  _findings.push_back(_plain);
+  const std::string misplaced = misplacedFile(_viewpoint, _configuration, _missing);
+  if (misplaced.empty()) return;
+  _findings.back().text += ", but there is " + native(misplaced);
+  _findings.back().fix = "if it is meant, move it to " + native(_missing);
+}
+
 // A file that the library cannot find. _code is that of the plain case.
-void addMissing(const Viewpoint& _viewpoint, const ConfigurationFile& _file, std::string_view _code,
-                const std::string& _effect, Findings& _findings) {
+void addMissing(const Viewpoint& _viewpoint, const Configuration& _configuration, const ConfigurationFile& _file,
+                std::string_view _code, const std::string& _effect, Findings& _findings) {
   const FindingPlace place = placeOf(_file);
   const std::string other = otherLetterCase(_viewpoint, _file.path);
   if (_file.facts.kind == PathKind::danglingLink) {
@@ -57,7 +68,8 @@ void addMissing(const Viewpoint& _viewpoint, const ConfigurationFile& _file, std
     _findings.push_back(findingOf("Q208", place, "the file is missing, but there is " + other,
                                   "rename " + other + " to " + nameOf(_file.path), _effect));
   } else {
-    _findings.push_back(findingOf(_code, place, "the file is missing", "", _effect));
+    addAbsent(_viewpoint, _configuration, _file.path, findingOf(_code, place, "the file is missing", "", _effect),
+              _findings);
   }
 }
 
@@ -67,24 +79,25 @@ void checkAsked(const Viewpoint& _viewpoint, const Configuration& _configuration
   if (isGeneric) return;
   std::string effect = "the set-up writes a record to qmrk.info and falls back to \"GE\"";
   if (_configuration.cfg.exists()) effect += ", so " + native(_configuration.cfg.path) + " is read instead";
-  addMissing(_viewpoint, _configuration.asked, "Q201", effect, _findings);
+  addMissing(_viewpoint, _configuration, _configuration.asked, "Q201", effect, _findings);
 }
 
 // The file to which the generic one leads cannot be found.
-void checkMissingTarget(const Viewpoint& _viewpoint, const Setting& _redirection, const ConfigurationFile& _target,
-                        const FindingPlace& _place, Findings& _findings) {
+void checkMissingTarget(const Viewpoint& _viewpoint, const Configuration& _configuration, const Setting& _redirection,
+                        const ConfigurationFile& _target, const FindingPlace& _place, Findings& _findings) {
   const std::string other = otherLetterCase(_viewpoint, _target.path);
   const std::string text = "REDIRECT_CA_NR=" + _redirection.value + " leads to " + nameOf(_target.path);
   const bool isInUpperCase = CfgDataManager::getInstance(false)->toUpperCopy(_redirection.value) == _redirection.value;
   if (_target.facts.kind != PathKind::missing) {
-    addMissing(_viewpoint, _target, "Q204", "the file is not found: the set-up fails", _findings);
+    addMissing(_viewpoint, _configuration, _target, "Q204", "the file is not found: the set-up fails", _findings);
   } else if (!other.empty() && isInUpperCase) {
-    addMissing(_viewpoint, _target, "Q204", "", _findings);
+    addMissing(_viewpoint, _configuration, _target, "Q204", "", _findings);
   } else if (!other.empty()) {
     const std::string ca = other.substr(nameOf(_target.path).find(_redirection.value), _redirection.value.size());
     _findings.push_back(findingOf("Q207", _place, text + ", but the file is " + other, "write REDIRECT_CA_NR=" + ca));
   } else {
-    _findings.push_back(findingOf("Q204", _place, text + ", which is missing"));
+    addAbsent(_viewpoint, _configuration, _target.path, findingOf("Q204", _place, text + ", which is missing"),
+              _findings);
   }
 }
 
@@ -99,7 +112,7 @@ void checkTarget(const Viewpoint& _viewpoint, const Configuration& _configuratio
   const std::string path = redirectedCfgPath(_configuration, _redirection.value);
   const ConfigurationFile target = readConfigurationFile(_viewpoint, path, "");
   if (!target.exists()) {
-    checkMissingTarget(_viewpoint, _redirection, target, place, _findings);
+    checkMissingTarget(_viewpoint, _configuration, _redirection, target, place, _findings);
   } else if (const Setting* const second = target.setting(names::REDIRECT_CA_NR)) {
     _findings.push_back(
         findingOf("Q205", placeIn(target, second->keyPlace),
@@ -115,7 +128,7 @@ void checkGeneric(const Viewpoint& _viewpoint, const Configuration& _configurati
     const std::string effect = fails      ? ""
                                : isNeeded ? findingEffect("Q202")
                                           : "\"GE\" has no files: TS_APPENDERS and QMRK_TRACE are off";
-    addMissing(_viewpoint, generic, fails ? "Q203" : "Q202", effect, _findings);
+    addMissing(_viewpoint, _configuration, generic, fails ? "Q203" : "Q202", effect, _findings);
     if (fails) _findings.back().text += "; " + _configuration.failure;
     return;
   }
@@ -153,7 +166,7 @@ void checkRedirection(const Viewpoint& _viewpoint, const Configuration& _configu
   if (_configuration.cfg.exists()) checkUsable(_viewpoint, _configuration.cfg, FileRole::cfg, _findings);
   if (_configuration.init.path.empty() || _configuration.init.path == _configuration.cfg.path) return;
   if (!_configuration.init.exists()) {
-    addMissing(_viewpoint, _configuration.init, "Q210", findingEffect("Q210"), _findings);
+    addMissing(_viewpoint, _configuration, _configuration.init, "Q210", findingEffect("Q210"), _findings);
   } else {
     checkUsable(_viewpoint, _configuration.init, FileRole::init, _findings);
   }
