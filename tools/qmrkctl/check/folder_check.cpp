@@ -8,6 +8,7 @@
 #include "quillmark_logging_names.h"
 #include "tools/logs/log_files.h"
 #include "tools/qmrkctl/check/checks.h"
+#include "tools/qmrkctl/check/uncreated_folder.h"
 #include "tools/qmrkctl/check/write_obstacle.h"
 
 namespace qmrkctl {
@@ -127,8 +128,13 @@ class FolderCheck {
 
   void checkCreation(const std::string& _folder, const std::string& _existing) {
     if (!isFolder(_existing, "the folder cannot be created: the set-up fails")) return;
-    if (mayWrite(viewpoint_, _existing)) return;
-    addUnwritable("Q501", _folder, " may not create it in " + platform::nativePath(_existing), _existing);
+    if (!mayWrite(viewpoint_, _existing)) {
+      addUnwritable("Q501", _folder, " may not create it in " + platform::nativePath(_existing), _existing);
+    } else if (const std::string left = uncreatedFolder(_folder, _existing); !left.empty()) {
+      add("Q501", _folder,
+          "a set-up does not create " + platform::nativePath(left) + ": its name ends with \":\", as that of a drive",
+          "write a path without drive, such as COMMON_LOG_FILE_ROOT=Logs\\Common");
+    }
   }
 
   void checkOwner(const std::string& _folder) {

@@ -52,6 +52,11 @@ std::vector<Fault> faultsOfFolders() {
        },
        noSetUp,
        {"Q501", "Logs/Common", 0, "let the user write"}},
+      {"a drive in `COMMON_LOG_FILE_ROOT`, as in `C:\\Logs`",
+       "the folder `C:` is not created: the set-up fails",
+       [](Installation& _at) { _at.cfgLine(4, "COMMON_LOG_FILE_ROOT=C:\\Logs\n"); },
+       noSetUp,
+       {"Q501", "/C:/Logs", 0, "without drive"}},
       {"the log folder cannot be written",
        "the set-up says true, every line is lost",
        [](Installation& _at) {
