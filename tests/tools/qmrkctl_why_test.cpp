@@ -73,6 +73,16 @@ TEST_F(QmrkctlWhy, SaysWhyAKeyIsMissing) {
   expectFailure("filter", "Q301", "class list");
 }
 
+TEST_F(QmrkctlWhy, StopsAtAGenericFileThatLeadsNowhere) {
+  const auto generic = [](const std::string& _class) { return qmrkctl({"--ca", "GE", "why", _class}).output; };
+  sandbox_.writeCfg("GE", "CA_NR=GE\n");
+  EXPECT_THAT(generic("Demo.App.info"), HasSubstr("FAIL    LOG_STATE"));
+  EXPECT_THAT(generic("Demo.App.info"), HasSubstr("\n  fix: add the line REDIRECT_CA_NR=CA12\n"));
+  sandbox_.writeCfg("GE", "LOG_STATE=TRUE\nCOMMON_LOG_FILE_NAME=x\nCOMMON_LOG_FILE_FILTER=Demo.App;Demo.Net;\n");
+  EXPECT_THAT(generic("Demo.App.info"), HasSubstr("FAIL    class list"));
+  EXPECT_THAT(generic("Demo.App.info"), HasSubstr("\n  fix: add the line REDIRECT_CA_NR=CA12\n"));
+}
+
 TEST_F(QmrkctlWhy, SaysWhatStandsInPlaceOfAConfiguration) {
   testsupport::removeAll(sandbox_.cfgPath("CA12"));
   testsupport::makeFolders(sandbox_.cfgPath("CA12"));

@@ -8,7 +8,6 @@
 #include "tests/support/config_sandbox.h"
 #include "tests/support/temporary_folder.h"
 #include "tools/qmrkctl/check/similar_name.h"
-#include "tools/qmrkctl/check/uncreated_folder.h"
 #include "tools/qmrkctl/configuration.h"
 #include "tools/qmrkctl/finding_catalogue.h"
 #include "tools/system/file_name.h"
@@ -265,15 +264,6 @@ TEST_F(CheckTest, TellsAFileInPlaceOfTheLogFolderFromOneAboveIt) {
   testsupport::removeAll(sandbox.appData() + "\\a");
   testsupport::writeFile(sandbox.appData() + "\\a", "");
   EXPECT_THAT(effect(), HasSubstr("the set-up fails"));
-}
-
-TEST_F(CheckTest, KnowsWhichFoldersASetUpDoesNotCreate) {
-  EXPECT_EQ(uncreatedFolder("\\a\\C:\\Logs\\D:\\x", "\\a"), "\\a\\C:");
-  EXPECT_EQ(uncreatedFolder("\\a\\b/C://Logs", "\\a"), "\\a\\b/C:");
-  EXPECT_EQ(uncreatedFolder("\\a\\C:\\Logs\\D:\\x", "\\a\\C:"), "\\a\\C:\\Logs\\D:");
-  for (const char* const folder : {"\\a\\C:", "\\a\\C:\\", "\\a\\C:x\\y", "\\a\\b"})
-    EXPECT_EQ(uncreatedFolder(folder, "\\a"), "") << folder;
-  EXPECT_EQ(uncreatedFolder("C:\\a", "C:"), "");
 }
 
 TEST_F(CheckTest, SuggestsNoEntryThatIsWrongItself) {

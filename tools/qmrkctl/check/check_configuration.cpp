@@ -75,6 +75,7 @@ std::vector<Finding> checkConfiguration(const Viewpoint& _viewpoint, const Confi
   checkRedirection(_viewpoint, _configuration, findings);
   if (generic.path != cfg.path) checkCfgText(generic, useOfGeneric(generic), findings);
   checkCfgText(cfg, generic.path == cfg.path ? CfgUse::generic : CfgUse::single, findings);
+  judgeMissingRedirection(_viewpoint, _configuration, findings);
   if (_configuration.init.path != cfg.path) {
     const KnownClasses known(_knownLogs, loggedClasses(_viewpoint, _configuration));
     checkInitText(_configuration.init, &cfg, known, findings);

@@ -37,6 +37,10 @@ void checkBytes(const ConfigurationFile& _file, FileRole _role, Findings& _findi
 /// Which files are found, and why: the second hundred.
 void checkRedirection(const Viewpoint& _viewpoint, const Configuration& _configuration, Findings& _findings);
 
+/// Of a generic file without REDIRECT_CA_NR: names the CAs to which it can lead. Where it has no settings of its own
+/// either, that is why set-ups fail, in place of the keys that were found missing.
+void judgeMissingRedirection(const Viewpoint& _viewpoint, const Configuration& _configuration, Findings& _findings);
+
 /// Whether an existing file can be read: the second hundred, too.
 void checkUsable(const Viewpoint& _viewpoint, const ConfigurationFile& _file, FileRole _role, Findings& _findings);
 

@@ -94,6 +94,7 @@ const Finding* faultOfKey(const WhyQuestion& _question, std::string_view _key) {
     if (!isIn(_finding, cfg)) return false;
     if (_finding.code == "Q101") return isMissing && contains(lineOf(cfg.text, 1), _key);
     if (isMissing && (_finding.code == "Q308" || isOfBytes(_finding))) return true;
+    if (isMissing && _finding.code == "Q209") return _finding.severity == Severity::error;
     // Where the redirection is misspelt, the generic file has none of the other keys.
     const bool isOfRedirection =
         cfg.path == _question.seen->configuration.generic.path && mentions(_finding, Quillmark_logging::REDIRECT_CA_NR);
@@ -136,6 +137,8 @@ const Finding* faultOfListFile(const WhyQuestion& _question) {
 
 const Finding* faultOfList(const WhyQuestion& _question) {
   const ConfigurationFile& init = _question.seen->configuration.init;
+  if (init.path == _question.seen->configuration.cfg.path)
+    return firstFault(_question, [](const Finding& _finding) { return _finding.code == "Q209"; });
   return firstFault(_question, [&](const Finding& _finding) {
     if (!isIn(_finding, init)) return false;
     if (_finding.code == "Q102") return true;

@@ -116,6 +116,11 @@ std::vector<Fault> faultsOfRedirection() {
        },
        {true, {"Demo.Net.error", "Demo.Net.info"}},
        {"Q209", genericFile, 0, "REDIRECT_CA_NR"}},
+      {"`REDIRECT_CA_NR` behind a `#`",
+       "the generic file has no `LOG_STATE`: the set-up fails",
+       [](Installation& _at) { _at.generic("CA_NR=GE\n#REDIRECT_CA_NR=CA12\n"); },
+       fails,
+       {"Q209", genericFile, 0, "add the line REDIRECT_CA_NR=CA12"}},
   };
 }
 
