@@ -32,6 +32,10 @@ struct EventScope {
 /// the places are the session that the scope names or, without one, the caller's and the one of all sessions.
 std::vector<EventPlace> eventPlaces(const std::vector<ProcessFacts>& _processes, const EventScope& _scope);
 
+/// The folder of the events and pages of a process's user, where the library does not use it because it is not that
+/// user's alone: "/dev/shm/qmrk-5, which belongs to root, mode 0755". Empty if it is missing or right, and on Windows.
+std::string distrustedFolder(const ProcessFacts& _process);
+
 /// Sets the event there and wakes everyone who waits for it.
 /// @return noError; errorFileNotFound if nobody holds such an event; errorInvalidName or errorFilenameTooLong if no
 ///   event can have that name; errorAccessDenied; or another error of the system.

@@ -2,6 +2,8 @@
 // What doctor and why say of running applications with real faults.
 #include <gmock/gmock.h>
 #include <signal.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <thread>
@@ -129,6 +131,21 @@ TEST_F(QmrkctlDoctorProcesses, HaveAnotherDefaultCaThanTheSession) {
   EXPECT_THAT(output, HasSubstr("DEFAULT_CA_NR is \"CA663\" there, and not set in this session"));
   sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA663\n");
   EXPECT_THAT(qmrkctl({"doctor"}).output, Not(HasSubstr("Q705"))) << "both lead to the same files";
+}
+
+TEST_F(QmrkctlDoctorProcesses, ShowNothingWhereTheFolderOfTheirEventsIsNotTheirs) {
+  const std::string folder = "/dev/shm/qmrk-" + std::to_string(::geteuid());
+  const CompanionProcess process = application("CA662");
+  EXPECT_TRUE(says("healthy"));
+  const auto doctorAt = [&folder](unsigned int _mode) {
+    EXPECT_EQ(::chmod(folder.c_str(), _mode), 0);
+    return qmrkctl({"doctor"}).output;
+  };
+  const std::string output = doctorAt(0755);
+  EXPECT_THAT(output, HasSubstr(" does not use " + folder + ", which belongs to "));
+  EXPECT_THAT(output, HasSubstr(", mode 0755\n"));
+  EXPECT_THAT(output, Not(HasSubstr("Q610")));
+  EXPECT_THAT(doctorAt(0700), Not(HasSubstr("Q6")));
 }
 
 TEST_F(QmrkctlDoctorProcesses, AreStopped) {

@@ -7,6 +7,7 @@
 #include "quillmark_logging_names.h"
 #include "tools/qmrkctl/doctor/process_check.h"
 #include "tools/qmrkctl/finding_catalogue.h"
+#include "tools/system/event_place.h"
 #include "tools/system/process_condition.h"
 
 namespace qmrkctl {
@@ -30,6 +31,14 @@ void checkDefaultCa(const RunningProcess& _process, const SeenConfiguration& _ow
       "ask with --pid " + pid + ", as in \"qmrkctl --pid " + pid + " check\""));
 }
 
+void checkFolderOfEvents(const RunningProcess& _process, std::vector<Finding>& _findings) {
+  const std::string folder = _process.status ? "" : toolsystem::distrustedFolder(_process.facts);
+  if (folder.empty()) return;
+  std::erase_if(_findings, [](const Finding& _finding) { return _finding.code == "Q610"; });
+  _findings.push_back(findingOf("Q620", {}, processText(_process) + " does not use " + folder,
+                                "remove " + folder.substr(0, folder.find(',')) + ", then restart the application"));
+}
+
 }  // namespace
 
 void checkProcessEnvironment(const RunningProcess& _process, const SeenConfiguration* _own,
@@ -43,6 +52,7 @@ void checkProcessEnvironment(const RunningProcess& _process, const SeenConfigura
     _findings.push_back(
         findingOf("Q706", {}, processText(_process) + " was started with more rights than its caller has"));
   }
+  checkFolderOfEvents(_process, _findings);
   if (_own != nullptr) checkDefaultCa(_process, *_own, _session, _findings);
 }
 

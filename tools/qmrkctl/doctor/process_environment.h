@@ -8,7 +8,8 @@
 
 namespace qmrkctl {
 
-/// Adds what is wrong with the surroundings of a process: the library it loaded, the environment it was started with.
+/// Adds what is wrong with the surroundings of a process: the library it loaded, the environment it was started with,
+/// the folder of its events. That one takes the place of Q610, which it explains.
 /// @param _own what the process finds; null: unknown.
 /// @param _session what a set-up in the caller's session would find.
 void checkProcessEnvironment(const RunningProcess& _process, const SeenConfiguration* _own,

@@ -2,11 +2,13 @@
 #include "tools/system/event_place.h"
 
 #include <dirent.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <charconv>
+#include <cstdio>
 #include <memory>
 #include <string_view>
 
@@ -15,6 +17,7 @@
 #include "platform/linux/file_descriptor.h"
 #include "platform/linux/foreign_event.h"
 #include "platform/linux/status_page_files.h"
+#include "tools/system/account.h"
 
 namespace toolsystem {
 namespace {
@@ -68,6 +71,22 @@ std::vector<EventPlace> eventPlaces(const std::vector<ProcessFacts>& _processes,
   for (const std::uint32_t user : usersWithFolder())
     addPlace(placeOf(placeFacts(user)), places);
   return places;
+}
+
+std::string distrustedFolder(const ProcessFacts& _process) {
+  constexpr mode_t permissionBits = 07777;
+  const std::string path =
+      "/dev/shm/" + std::string(platform::statusUserFolderPrefix) + std::to_string(_process.pageUserId);
+  struct stat status {};
+  if (::lstat((_process.root + path).c_str(), &status) != 0) return "";
+  if (!S_ISDIR(status.st_mode)) return path + ", which is no folder";
+  // The library itself gives the user a right that is missing.
+  const bool isOfOthers = (status.st_mode & permissionBits & ~mode_t{S_IRWXU}) != 0;
+  if (status.st_uid == _process.userId && !isOfOthers) return "";
+  char mode[8];
+  std::snprintf(mode, sizeof mode, "%04o", static_cast<unsigned int>(status.st_mode & permissionBits));
+  const std::optional<Account> owner = accountOfUser(std::to_string(status.st_uid));
+  return path + ", which belongs to " + (owner ? owner->name : std::to_string(status.st_uid)) + ", mode " + mode;
 }
 
 platform::ErrorCode setEventAt(const EventPlace& _place, const std::string& _event) {

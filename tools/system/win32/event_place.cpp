@@ -25,6 +25,8 @@ std::vector<EventPlace> eventPlaces(const std::vector<ProcessFacts>& /*_processe
   return places;
 }
 
+std::string distrustedFolder(const ProcessFacts& /*_process*/) { return ""; }
+
 platform::ErrorCode setEventAt(const EventPlace& _place, const std::string& _event) {
   const platform::Handle event = platform::openEvent(_place.prefix + _event);
   if (event == nullptr) return platform::lastError();

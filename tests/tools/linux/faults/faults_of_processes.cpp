@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <chrono>
 #include <csignal>
+#include <filesystem>
 #include <thread>
 
 #include "tests/tools/linux/faults/fault_table.h"
@@ -153,6 +154,17 @@ std::vector<Fault> faultsOfProcesses() {
        {},
        goesOn,
        {"doctor", "--strict"}},
+      {"`/dev/shm/qmrk-UID` that others may enter",
+       "running applications keep the former class list",
+       [](Installation& _at) {
+         editUnnoticed(_at);
+         std::filesystem::permissions("/dev/shm/qmrk-0", std::filesystem::perms(0755));
+       },
+       onlyDemoNet,
+       {"Q620", "", 0, "remove /dev/shm/qmrk-0, then restart"},
+       {},
+       [](const Installation& _at) { return _at.qmrkctl({"signal"}).exitCode != 0 && goesOn(_at); },
+       {"doctor"}},
       {"a log that may not grow (`ulimit -f`)",
        "the application loses every further line",
        [](Installation& _at) {
