@@ -11,6 +11,7 @@
 #include "platform/native_path.h"
 #include "tests/support/companion_process.h"
 #include "tests/support/private_events.h"
+#include "tests/support/temporary_folder.h"
 #include "tests/tools/qmrkctl_run.h"
 
 namespace {
@@ -131,6 +132,15 @@ TEST_F(QmrkctlDoctorProcesses, HaveAnotherDefaultCaThanTheSession) {
   EXPECT_THAT(output, HasSubstr("DEFAULT_CA_NR is \"CA663\" there, and not set in this session"));
   sandbox_.writeCfg("GE", "REDIRECT_CA_NR=CA663\n");
   EXPECT_THAT(qmrkctl({"doctor"}).output, Not(HasSubstr("Q705"))) << "both lead to the same files";
+}
+
+TEST_F(QmrkctlDoctorProcesses, HaveOtherFoldersThanTheSession) {
+  const std::string here = platform::nativePath(sandbox_.appData());
+  const testsupport::TemporaryFolder there;
+  const CompanionProcess process = application("CA662", "export QMRK_APPDATA=" + there.path() + "; ");
+  const std::string output = qmrkctl({"doctor"}).output;
+  EXPECT_THAT(output, HasSubstr(" logs below " + there.path() + ", this session looks below " + here + "\n"));
+  EXPECT_THAT(output, HasSubstr("fix: ask with --pid, as in \"qmrkctl --pid " + pidIn(output) + " tail\""));
 }
 
 TEST_F(QmrkctlDoctorProcesses, ShowNothingWhereTheFolderOfTheirEventsIsNotTheirs) {

@@ -57,6 +57,9 @@ constexpr FindingKind processTable[] = {
      "QMRK_APPDATA and the like do not count where a program has more rights than its caller: it uses the default "
      "folders",
      "start it as its user, without set-user-id and capabilities of its file", "a program with set-user-id"},
+    {"Q707", Severity::note, "An application has other folders than this session",
+     "commands without --pid look at other files than the application has", "ask with --pid",
+     "QMRK_APPDATA is set in the unit of a service"},
 };
 
 }  // namespace
