@@ -143,6 +143,24 @@ TEST_F(QmrkctlDoctorProcesses, HaveOtherFoldersThanTheSession) {
   EXPECT_THAT(output, HasSubstr("fix: ask with --pid, as in \"qmrkctl --pid " + pidIn(output) + " tail\""));
 }
 
+TEST_F(QmrkctlDoctorProcesses, HaveAnotherClassListThanTheSession) {
+  const testsupport::TemporaryFolder there;
+  const CompanionProcess process = application("CA662", "cp -r \"$QMRK_COMMON_APPDATA\" " + there.path() +
+                                                            "/x; export QMRK_COMMON_APPDATA=" + there.path() + "/x; ");
+  const std::string output = qmrkctl({"doctor"}).output;
+  EXPECT_THAT(output, HasSubstr("note Q707 LogTest (pid "));
+  EXPECT_THAT(output, HasSubstr(" reads its class list below " + there.path() + "/x, this session looks below "));
+  const std::string pid = pidIn(output);
+  EXPECT_THAT(qmrkctl({"why", "Demo.Net.info"}).output,
+              HasSubstr("\n  fix: qmrkctl --pid " + pid + " --ca CA662 classes enable \"Demo.Net.info\"\n"));
+  const auto listed = [](const std::string& _folder) {
+    return testsupport::runProgram("/bin/grep", {"-r", "Net.info", _folder});
+  };
+  EXPECT_EQ(qmrkctl({"--pid", pid, "--ca", "CA662", "classes", "enable", "Demo.Net.info"}).exitCode, 0);
+  EXPECT_EQ(listed(there.path()).exitCode, 0);
+  EXPECT_EQ(listed(platform::nativePath(sandbox_.initFolder())).exitCode, 1);
+}
+
 TEST_F(QmrkctlDoctorProcesses, ShowNothingWhereTheFolderOfTheirEventsIsNotTheirs) {
   const std::string folder = "/dev/shm/qmrk-" + std::to_string(::geteuid());
   const CompanionProcess process = application("CA662");

@@ -30,6 +30,7 @@ struct WhyQuestion {
   const SeenConfiguration* seen = nullptr;  ///< the configuration as the process finds it
   std::vector<Finding> findings;            ///< of checkProcess
   std::vector<Finding> faults;              ///< of checkConfiguration
+  std::string options = {};                 ///< those by which commands reach the class list, such as "--pid 7 "
 };
 
 /// The steps in order, up to the first that fails.

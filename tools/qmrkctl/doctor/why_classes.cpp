@@ -150,8 +150,9 @@ void addListStep(const WhyQuestion& _question, StepList& _steps) {
     return;
   }
   const std::string text = "no entry selects " + _question.logClass + ", so it is off" + hint(selection);
-  const std::string fix = selection.nearMiss.empty() ? "qmrkctl classes enable \"" + _question.logClass + "\""
-                                                     : fixOfNearMiss(selection.nearMiss, _question.logClass);
+  const std::string fix = selection.nearMiss.empty()
+                              ? "qmrkctl " + _question.options + "classes enable \"" + _question.logClass + "\""
+                              : fixOfNearMiss(selection.nearMiss, _question.logClass);
   _steps.fail("class list", findingOf("Q616", placeOfEntry(init, selection.nearMiss), text, fix));
 }
 

@@ -51,6 +51,30 @@ bool showChain(const WhyQuestion& _question, Report& _report) {
   return isThrough;
 }
 
+// By which options commands of this session reach the class list; none where they do without.
+std::string optionsFor(const SeenConfiguration& _seen, const RunningProcess* _process, const Options& _options) {
+  const auto reaches = [&_seen](const Viewpoint& _viewpoint, const std::string& _ca) {
+    return _viewpoint.root == _seen.viewpoint.root &&
+           readConfiguration(_viewpoint, _ca).init.path == _seen.configuration.init.path;
+  };
+  const Viewpoint own = ownViewpoint();
+  std::string ca = _seen.ca.empty() ? "" : "--ca " + _seen.ca + " ";
+  if (reaches(own, "")) return "";
+  if (reaches(own, _seen.ca)) return ca;
+  if (_process != nullptr) return "--pid " + std::to_string(_process->pid()) + " " + ca;
+  return _options.user.empty() ? ca : "--user " + _options.user + " " + ca;
+}
+
+WhyQuestion questionOf(const std::string& _class, const RunningProcess* _process, const SeenConfiguration& _seen,
+                       const Options& _options) {
+  return {_class,
+          _process,
+          &_seen,
+          {},
+          checkConfiguration(_seen.viewpoint, _seen.configuration),
+          optionsFor(_seen, _process, _options)};
+}
+
 bool asksForProcess(const Options& _options) { return _options.pid.has_value() || !_options.app.empty(); }
 
 int explainWhy(const std::string& _class, const Options& _options, Report& _report) {
@@ -76,7 +100,7 @@ int explainWhy(const std::string& _class, const Options& _options, Report& _repo
   for (const RunningProcess& process : processes) {
     const SeenConfiguration* const seen = configurations.of(process);
     if (seen == nullptr) continue;
-    WhyQuestion question{_class, &process, seen, {}, checkConfiguration(seen->viewpoint, seen->configuration)};
+    WhyQuestion question = questionOf(_class, &process, *seen, _options);
     const SeenConfiguration* const ofListener = configurations.ofListener(process);
     checkProcess(process, {&seen->configuration, ofListener == nullptr ? nullptr : &ofListener->configuration},
                  question.findings);
@@ -84,8 +108,7 @@ int explainWhy(const std::string& _class, const Options& _options, Report& _repo
   }
   if (_report.result()["chains"].empty()) {
     const SeenConfiguration& seen = configurations.of(choice.viewpoints.front(), _options.ca);
-    isThrough =
-        showChain({_class, nullptr, &seen, {}, checkConfiguration(seen.viewpoint, seen.configuration)}, _report);
+    isThrough = showChain(questionOf(_class, nullptr, seen, _options), _report);
   }
   return isThrough ? exitOk : exitNegative;
 }
