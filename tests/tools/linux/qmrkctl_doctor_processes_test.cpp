@@ -9,6 +9,7 @@
 #include <thread>
 
 #include "platform/native_path.h"
+#include "tests/support/as_unprivileged_user.h"
 #include "tests/support/companion_process.h"
 #include "tests/support/private_events.h"
 #include "tests/support/temporary_folder.h"
@@ -159,6 +160,23 @@ TEST_F(QmrkctlDoctorProcesses, HaveAnotherClassListThanTheSession) {
   EXPECT_EQ(qmrkctl({"--pid", pid, "--ca", "CA662", "classes", "enable", "Demo.Net.info"}).exitCode, 0);
   EXPECT_EQ(listed(there.path()).exitCode, 0);
   EXPECT_EQ(listed(platform::nativePath(sandbox_.initFolder())).exitCode, 1);
+}
+
+TEST_F(QmrkctlDoctorProcesses, HaveTheLibraryOrAreNamed) {
+  CompanionProcess process({"/bin/sh", "-c", "echo $$; exec sleep 600"});
+  const std::string pid = process.readLine();
+  const auto told = qmrkctl({"--pid", pid, "doctor"});
+  EXPECT_EQ(told.exitCode, 1);
+  EXPECT_THAT(told.output, HasSubstr("error Q615 the process " + pid + " does not have the library loaded\n"));
+}
+
+TEST_F(QmrkctlDoctorProcesses, AreNotJudgedByAnEnvironmentThatIsUnknown) {
+  CompanionProcess process({"/bin/sh", "-c", "echo $$; exec sleep 600"});
+  const std::string pid = process.readLine();
+  const testsupport::AsUnprivilegedUser user;
+  const auto told = qmrkctl({"--pid", pid, "doctor"});
+  EXPECT_EQ(told.exitCode, 4) << told.output;
+  EXPECT_THAT(told.errors, HasSubstr("the environment of process " + pid + " cannot be read"));
 }
 
 TEST_F(QmrkctlDoctorProcesses, ShowNothingWhereTheFolderOfTheirEventsIsNotTheirs) {

@@ -8,6 +8,7 @@
 
 #include "quillmark_logging_names.h"
 #include "tools/logs/civil_time.h"
+#include "tools/qmrkctl/asked_viewpoint.h"
 #include "tools/qmrkctl/check/similar_name.h"
 #include "tools/qmrkctl/commands.h"
 #include "tools/qmrkctl/doctor/process_check.h"
@@ -135,7 +136,9 @@ void keepThoseOf(const std::string& _ca, std::vector<RunningProcess>& _processes
 }
 
 int examine(bool _isStrict, const Options& _options, Report& _report) {
+  if (_options.pid && isHiddenProcess(*_options.pid)) return refuseHiddenProcess(*_options.pid);
   RunningProcesses processes = runningProcesses(examinedProcesses(_options));
+  const bool isWithoutLibrary = _options.pid && processes.found.empty();
   keepThoseOf(_options.ca, processes.found);
   Options ofOne = _options;
   ofOne.allUsers = false;
@@ -149,6 +152,10 @@ int examine(bool _isStrict, const Options& _options, Report& _report) {
     return exitNotFound;
   }
   Examination examination;
+  if (isWithoutLibrary) {
+    const std::string pid = std::to_string(*_options.pid);
+    examination.add({findingOf("Q615", {}, "the process " + pid + " does not have the library loaded")});
+  }
   examination.examineProcesses(processes.found, ownViewpoint());
   examination.examineConfigurations(choice.viewpoints, _options.ca, processes.found);
   examination.examineRecords(choice.viewpoints, _options.ca);

@@ -42,7 +42,7 @@ constexpr FindingKind processTable[] = {
     {"Q614", Severity::warning, "Recent error records", "see \"qmrkctl errors\"",
      "qmrkctl errors explains each; older ones than a day do not count", ""},
     {"Q615", Severity::error, "A process does not have the library", "it does not log through it",
-     "look at another process: qmrkctl apps", "why --pid of another program"},
+     "look at another process: qmrkctl apps", "doctor --pid of another program"},
     {"Q616", Severity::error, "A class is not on", "its lines go nowhere", "qmrkctl classes enable CLASS", ""},
     {"Q617", Severity::warning, "The library of an application was replaced while it runs",
      "it goes on with the former one until it is started again", "restart the application",
