@@ -14,6 +14,7 @@
 #include "tools/qmrkctl/doctor/process_check.h"
 #include "tools/qmrkctl/doctor/process_configurations.h"
 #include "tools/qmrkctl/doctor/process_environment.h"
+#include "tools/qmrkctl/doctor/rotated_logs.h"
 #include "tools/qmrkctl/exit_code.h"
 #include "tools/qmrkctl/followed_logs.h"
 #include "tools/qmrkctl/shown_text.h"
@@ -25,6 +26,12 @@ namespace {
 
 constexpr CivilTime recent = CivilTime{24} * 3600 * 1000;
 constexpr std::size_t mostRecentRecords = 1000;
+
+// 1 means that no log is ever full.
+bool isUnlimited(const Configuration& _configuration) {
+  const std::string* const limit = _configuration.value(Quillmark_logging::SPEC_LOG_FILE_LIMIT);
+  return limit != nullptr && *limit == "1";
+}
 
 // What an examination finds; what several configurations share is found once.
 class Examination {
@@ -48,6 +55,17 @@ class Examination {
       checkProcessEnvironment(process, own, session_.of(_session, ""), findings);
       add(findings);
     }
+  }
+
+  void examineRotation(const std::vector<RunningProcess>& _processes) {
+    std::vector<const RunningProcess*> rotating;
+    for (const RunningProcess& process : _processes) {
+      const SeenConfiguration* const own = configurations_.of(process);
+      if (own == nullptr || !isUnlimited(own->configuration)) rotating.push_back(&process);
+    }
+    std::vector<Finding> findings;
+    checkRotatedLogs(rotating, findings);
+    add(findings);
   }
 
   void examineConfigurations(const std::vector<Viewpoint>& _viewpoints, const std::string& _ca,
@@ -157,6 +175,7 @@ int examine(bool _isStrict, const Options& _options, Report& _report) {
     examination.add({findingOf("Q615", {}, "the process " + pid + " does not have the library loaded")});
   }
   examination.examineProcesses(processes.found, ownViewpoint());
+  examination.examineRotation(processes.found);
   examination.examineConfigurations(choice.viewpoints, _options.ca, processes.found);
   examination.examineRecords(choice.viewpoints, _options.ca);
   const int exitCode = tell(examination.findings(), _isStrict, _report);

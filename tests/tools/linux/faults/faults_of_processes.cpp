@@ -45,6 +45,21 @@ bool logs(const std::string& _class, std::ptrdiff_t _more, const Installation& _
 
 bool goesOn(const Installation& _at) { return logs("Demo.App.other", 1, _at); }
 
+constexpr char rotatesItsLog[] = "--ca CA12 --app app --classes 'Demo.App.other;'";
+
+// Whether a backup was not full. Looks for at most 30 s.
+bool hasShortBackup(const Installation& _at) {
+  for (int look = 0; look < 3000; ++look) {
+    for (const char* const number : {".1", ".2"}) {
+      std::error_code error;
+      const std::uintmax_t size = std::filesystem::file_size(_at.applicationLog() + number, error);
+      if (!error && size < 1000) return true;
+    }
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  }
+  return false;
+}
+
 // The application follows the list, and nobody tells it that it has changed.
 void editUnnoticed(Installation& _at) {
   _at.start(logsIntoOther);
@@ -164,6 +179,40 @@ std::vector<Fault> faultsOfProcesses() {
        {"Q620", "", 0, "remove /dev/shm/qmrk-0, then restart"},
        {},
        [](const Installation& _at) { return _at.qmrkctl({"signal"}).exitCode != 0 && goesOn(_at); },
+       {"doctor"}},
+      {"two applications that rotate the same log",
+       "each renames the file of the other one: backups hold few lines, and old lines are lost",
+       [](Installation& _at) {
+         _at.cfgLine(7, "SPEC_LOG_FILE_LIMIT=1000\n");
+         _at.start(rotatesItsLog);
+         _at.start(rotatesItsLog);
+       },
+       soundApplication,
+       {"Q618", "app_log.txt", 0, "a log of its own"},
+       {},
+       hasShortBackup,
+       {"doctor"}},
+      {"the log that an application rotates is deleted",
+       "it does not come back: its lines are lost",
+       [](Installation& _at) {
+         _at.start(rotatesItsLog);
+         std::filesystem::remove(_at.applicationLog());
+       },
+       soundApplication,
+       {"Q619", "app_log.txt", 0, "restart"},
+       {},
+       [](const Installation& _at) { return goesOn(_at) && !exists(_at.applicationLog()); },
+       {"doctor"}},
+      {"the log that an application rotates is renamed by somebody else",
+       "its lines go to the renamed file",
+       [](Installation& _at) {
+         _at.start(rotatesItsLog);
+         std::filesystem::rename(_at.applicationLog(), _at.applicationLog() + ".old");
+       },
+       soundApplication,
+       {"Q619", "app_log.txt", 0, "restart"},
+       {},
+       [](const Installation& _at) { return goesOn(_at) && !exists(_at.applicationLog()); },
        {"doctor"}},
       {"a log that may not grow (`ulimit -f`)",
        "the application loses every further line",
