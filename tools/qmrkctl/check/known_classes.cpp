@@ -12,12 +12,12 @@
 namespace qmrkctl {
 namespace {
 
-constexpr std::int64_t longestLookBack = 1 << 18;
+constexpr std::int64_t examinedBytes = 1 << 18;
 
 // By convention the last part of a name.
 constexpr std::string_view usualKinds[] = {"debug", "detail", "error", "fatal", "info", "trace", "warning"};
 
-std::vector<std::string_view> partsOf(std::string_view _name) {
+std::vector<std::string_view> namePartsOf(std::string_view _name) {
   std::vector<std::string_view> parts;
   for (std::size_t dot = _name.find('.'); dot != std::string_view::npos; dot = _name.find('.')) {
     parts.push_back(_name.substr(0, dot));
@@ -30,8 +30,8 @@ std::vector<std::string_view> partsOf(std::string_view _name) {
 // The same number of parts, of which one has a slip, or any are in another letter case.
 bool isMeant(std::string_view _written, std::string_view _known) {
   if (isSameIgnoringCase(_written, _known)) return true;
-  const std::vector<std::string_view> written = partsOf(_written);
-  const std::vector<std::string_view> known = partsOf(_known);
+  const std::vector<std::string_view> written = namePartsOf(_written);
+  const std::vector<std::string_view> known = namePartsOf(_known);
   if (written.size() != known.size()) return false;
   const auto [first, firstKnown] = std::mismatch(written.begin(), written.end(), known.begin());
   return isSlip(*first, *firstKnown) && std::equal(first + 1, written.end(), firstKnown + 1);
@@ -79,7 +79,7 @@ std::vector<std::string> loggedClasses(const Viewpoint& _viewpoint, const Config
   std::vector<std::string> classes;
   if (!_configuration.logs || _configuration.logs->commonLog.empty()) return classes;
   LoggedLines log(reachedPath(_viewpoint, _configuration.logs->commonLog));
-  log.goBack(longestLookBack);
+  log.goBack(examinedBytes);
   for (const auto& [name, lines] : log.newLines().byClass)
     classes.push_back(name);
   return classes;

@@ -16,21 +16,19 @@ std::string fileIn(const Viewpoint& _viewpoint, const std::string& _folder, IsMe
   return found == files.end() ? "" : _folder + "\\" + *found;
 }
 
-std::string folderOf(const std::string& _path) { return _path.substr(0, _path.rfind('\\')); }
-
 }  // namespace
 
 std::string misplacedFile(const Viewpoint& _viewpoint, const Configuration& _configuration, const std::string& _path) {
   const std::string name = _path.substr(_path.rfind('\\') + 1);
   const std::string stem = name.substr(0, name.rfind('.'));
   const std::string& cfgFolder = _configuration.cfgFolder;
-  const bool isInCfgFolder = folderOf(_path) == cfgFolder;
+  const bool isInCfgFolder = parentOf(_path) == cfgFolder;
   const std::string other = fileIn(_viewpoint, isInCfgFolder ? _configuration.initFolder : cfgFolder,
                                    [&](const std::string& _file) { return isSameIgnoringCase(_file, name); });
   if (!other.empty()) return other;
   // The file of the other kind has its own ending.
   const std::string otherKind = stem + (name.ends_with(".cfg") ? ".init" : ".cfg");
-  return fileIn(_viewpoint, folderOf(_path), [&](const std::string& _file) {
+  return fileIn(_viewpoint, parentOf(_path), [&](const std::string& _file) {
     const bool hasStem = isSameIgnoringCase(_file.substr(0, stem.size()), stem);
     const bool endsThere = _file.size() == stem.size() || (_file.size() > stem.size() && _file[stem.size()] == '.');
     return hasStem && endsThere && !isSameIgnoringCase(_file.substr(0, otherKind.size()), otherKind);
