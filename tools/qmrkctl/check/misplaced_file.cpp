@@ -23,8 +23,8 @@ std::string misplacedFile(const Viewpoint& _viewpoint, const Configuration& _con
   const std::string stem = name.substr(0, name.rfind('.'));
   const std::string& cfgFolder = _configuration.cfgFolder;
   const bool isInCfgFolder = parentOf(_path) == cfgFolder;
-  const std::string other = fileIn(_viewpoint, isInCfgFolder ? _configuration.initFolder : cfgFolder,
-                                   [&](const std::string& _file) { return isSameIgnoringCase(_file, name); });
+  std::string other = fileIn(_viewpoint, isInCfgFolder ? _configuration.initFolder : cfgFolder,
+                             [&](const std::string& _file) { return isSameIgnoringCase(_file, name); });
   if (!other.empty()) return other;
   // The file of the other kind has its own ending.
   const std::string otherKind = stem + (name.ends_with(".cfg") ? ".init" : ".cfg");
