@@ -23,7 +23,7 @@ TEST(EntryCheck, SaysHowToWriteWhatNoClassListHas) {
   EXPECT_EQ(fixIn("A.[BC];"), "Q410 write each class as an entry of its own, without brackets");
   EXPECT_EQ(fixIn("A|B;"), "Q410 separate the entries by \";\"");
   EXPECT_EQ(fixIn("A\xE2\x80\x8B;"), "Q410 delete the character, which no editor shows");
-  EXPECT_EQ(fixIn("A;\x1A"), "Q410 delete the character, which no editor shows");
+  EXPECT_EQ(fixIn("A\x07;"), "Q410 delete the character, which no editor shows");
   EXPECT_EQ(fixIn("-A;"), "Q410 delete it: a class is off unless an entry selects it");
   EXPECT_EQ(fixIn("Gr\xC3\xB6\xC3\x9F"
                   "e.b-c;D_1.*;*;E F;"),
