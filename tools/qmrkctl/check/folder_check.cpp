@@ -17,7 +17,8 @@ namespace {
 using toolsystem::PathFacts;
 using toolsystem::PathKind;
 
-constexpr std::uint64_t hardlyAnySpace = std::uint64_t{64} * 1024;
+// A block of a file system.
+constexpr std::uint64_t hardlyAnySpace = 4096;
 constexpr std::uint64_t littleSpace = std::uint64_t{64} * 1024 * 1024;
 
 constexpr FindingKind folderTable[] = {

@@ -35,6 +35,11 @@ void addListenerStep(const WhyQuestion& _question, const ProcessStatus& _status,
   }
 }
 
+std::string spaceText(std::uint64_t _bytes) {
+  const std::uint64_t kib = _bytes / 1024;
+  return kib < 1024 ? std::to_string(kib) + " KiB" : std::to_string(kib / 1024) + " MiB";
+}
+
 void addSpaceStep(const WhyQuestion& _question, StepList& _steps) {
   if (const Finding* const fault = faultOfSpace(_question)) {
     _steps.failBy("space", *fault);
@@ -43,7 +48,7 @@ void addSpaceStep(const WhyQuestion& _question, StepList& _steps) {
   const Viewpoint& viewpoint = _question.seen->viewpoint;
   const std::string folder = existingPart(viewpoint, _question.seen->configuration.logs->folder);
   if (const auto free = toolsystem::freeBytes(reachedPath(viewpoint, folder))) {
-    _steps.ok("space", std::to_string(*free / 1024 / 1024) + " MiB free");
+    _steps.ok("space", spaceText(*free) + " free");
   } else {
     _steps.unknown("space", "the system does not tell");
   }

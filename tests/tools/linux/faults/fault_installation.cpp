@@ -40,6 +40,7 @@ FaultInstallation::FaultInstallation()
 FaultInstallation::~FaultInstallation() {
   for (const std::string& name : variables_)
     setEnvironment(name, "");
+  if (isDataMounted_ && ::umount2(data().c_str(), MNT_DETACH) != 0) std::abort();
   if (isMounted_) unmountSharedMemory();
 }
 
@@ -79,6 +80,15 @@ void FaultInstallation::fillDisk() {
   isMounted_ = true;
   environment("QMRK_APPDATA", "/dev/shm");
   std::ofstream("/dev/shm/filler") << std::string(4096, 'x');
+}
+
+// Not the place of the status page, which needs room too.
+void FaultInstallation::almostFillDisk() {
+  mountSharedMemory("");
+  isMounted_ = true;
+  if (::mount("qmrk-test", data().c_str(), "tmpfs", MS_NOSUID | MS_NODEV, "size=128k") != 0) std::abort();
+  isDataMounted_ = true;
+  std::ofstream(data() + "/filler") << std::string(std::size_t{84} * 1024, 'x');
 }
 
 void FaultInstallation::exhaustInodes() {

@@ -49,6 +49,9 @@ class FaultInstallation {
   /// A file system of the test's own, without space, takes the place of the user's data.
   void fillDisk();
 
+  /// A file system of the test's own, with so little space that it is soon full, is mounted on the user's data.
+  void almostFillDisk();
+
   /// A file system of the test's own, with room for two folders but for no file in them, takes that place.
   void exhaustInodes();
 
@@ -79,6 +82,7 @@ class FaultInstallation {
   std::vector<std::string> variables_;
   std::string uid_;
   bool isMounted_ = false;
+  bool isDataMounted_ = false;
   int running_ = -1;
   std::vector<CompanionProcess> companions_;
 };
