@@ -2,6 +2,7 @@
 // What doctor and why say of running applications with real faults.
 #include <gmock/gmock.h>
 #include <signal.h>
+#include <sys/mount.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -19,6 +20,7 @@ namespace {
 
 using testing::HasSubstr;
 using testing::Not;
+using testsupport::ChildResult;
 using testsupport::CompanionProcess;
 
 class QmrkctlDoctorProcesses : public testsupport::QmrkctlRun {
@@ -202,6 +204,22 @@ TEST_F(QmrkctlDoctorProcesses, AreStopped) {
   EXPECT_TRUE(says("warning Q609 LogTest (pid " + pid));
   EXPECT_THAT(doctor(), HasSubstr("fix: kill -CONT " + pid));
   ASSERT_EQ(::kill(std::stoi(pid), SIGCONT), 0);
+}
+
+TEST_F(QmrkctlDoctorProcesses, GoOnWithALogThatLostItsRights) {
+  const CompanionProcess process = application("CA662");
+  ASSERT_TRUE(says("healthy"));
+  // Not even root may open it again.
+  const std::string log = platform::nativePath(commonLog());
+  ASSERT_EQ(::mount(log.c_str(), log.c_str(), nullptr, MS_BIND, nullptr), 0);
+  ASSERT_EQ(::mount(nullptr, log.c_str(), nullptr, MS_BIND | MS_REMOUNT | MS_RDONLY, nullptr), 0);
+  const ChildResult ofRunning = qmrkctl({"why", "Demo.App.info"});
+  const ChildResult ofNext = qmrkctl({"--ca", "CA662", "why", "Demo.App.info"});
+  ASSERT_EQ(::umount(log.c_str()), 0);
+  EXPECT_THAT(ofRunning.output,
+              HasSubstr("ok      file          " + log + ", open since the set-up; at the next one "));
+  EXPECT_EQ(ofRunning.exitCode, 0) << ofRunning.output;
+  EXPECT_THAT(ofNext.output, HasSubstr("FAIL    file "));
 }
 
 TEST_F(QmrkctlDoctorProcesses, LoseMessages) {

@@ -24,7 +24,7 @@ constexpr std::uint64_t littleSpace = std::uint64_t{64} * 1024 * 1024;
 constexpr FindingKind folderTable[] = {
     {"Q501", Severity::error, "The log folder cannot be created", "initDefaultLogs fails and connects nothing",
      "let the user write in the folder above it, or create it for the user", "the home of the user belongs to root"},
-    {"Q502", Severity::error, "A log cannot be written", "the set-up says true, and every line is lost",
+    {"Q502", Severity::error, "A log cannot be written", "the next set-up says true, and every line is lost",
      "give the file and its folder to the user who logs", "the application ran as root before"},
     {"Q503", Severity::warning, "The log folder belongs to another user",
      "that user can remove and replace the logs, and links in the folder are not followed",

@@ -3,18 +3,15 @@
 
 #include <algorithm>
 #include <chrono>
-#include <filesystem>
 #include <map>
 #include <string>
-#include <system_error>
 #include <thread>
 #include <utility>
 
 #include "platform/native_path.h"
 #include "tools/qmrkctl/doctor/process_check.h"
+#include "tools/qmrkctl/doctor/written_files.h"
 #include "tools/system/account.h"
-#include "tools/system/open_files.h"
-#include "tools/system/path_in_root.h"
 
 namespace qmrkctl {
 namespace {
@@ -26,22 +23,8 @@ constexpr int looks = 3;
 // A log as more than one process may have it: where its file system is, and its path there.
 using SharedLog = std::pair<std::string, std::string>;
 
-std::string withoutLinks(const std::string& _root, const std::string& _path) {
-  if (!_root.empty()) return toolsystem::pathInRoot(_root, _path).substr(_root.size());
-  std::error_code error;
-  const std::filesystem::path path = std::filesystem::weakly_canonical(_path, error);
-  return error ? _path : path.string();
-}
-
-// The names under which the process writes the log: its path, and what begins with that; no value: unknown.
-std::optional<std::vector<std::string>> writtenNames(std::uint32_t _pid, const std::string& _path) {
-  std::optional<std::vector<std::string>> files = toolsystem::filesOpenForWriting(_pid);
-  if (files) std::erase_if(*files, [&_path](const std::string& _file) { return !_file.starts_with(_path); });
-  return files;
-}
-
 bool writes(std::uint32_t _pid, const std::string& _path) {
-  const auto names = writtenNames(_pid, _path);
+  const auto names = namesOfWritten(_pid, _path);
   return !names || !names->empty();
 }
 
@@ -50,7 +33,7 @@ std::string formerLog(std::uint32_t _pid, const std::string& _path) {
   std::string found;
   for (int look = 0; look < looks; ++look) {
     if (look > 0) std::this_thread::sleep_for(betweenLooks);
-    const auto names = writtenNames(_pid, _path);
+    const auto names = namesOfWritten(_pid, _path);
     if (!names || names->empty() || std::ranges::find(*names, _path) != names->end()) return "";
     found = names->front();
   }
@@ -76,7 +59,7 @@ void checkRotatedLogs(const std::vector<const RunningProcess*>& _processes, std:
     const std::string root = toolsystem::fileSystemOfProcess(static_cast<int>(process->pid()));
     for (const LogFileStatus& file : process->status->files) {
       if (file.kind != status::FileKind::rolling || file.path.isCut) continue;
-      const std::string path = withoutLinks(root, platform::nativePath(file.path.bytes));
+      const std::string path = pathWithoutLinks(root, platform::nativePath(file.path.bytes));
       if (!writes(process->pid(), path)) continue;
       writers[{root, path}].push_back(process);
       isFailing[{root, path}] |= file.isFailing;

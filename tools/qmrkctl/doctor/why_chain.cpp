@@ -5,6 +5,7 @@
 #include "quillmark_logging_names.h"
 #include "tools/qmrkctl/doctor/process_check.h"
 #include "tools/qmrkctl/doctor/why_faults.h"
+#include "tools/qmrkctl/doctor/written_files.h"
 
 namespace qmrkctl {
 namespace {
@@ -73,6 +74,21 @@ void addNameStep(const WhyQuestion& _question, StepList& _steps) {
   }
 }
 
+// An application that has opened the log writes on, whatever becomes of its rights.
+void addFaultyLogStep(const WhyQuestion& _question, const Finding& _fault, StepList& _steps) {
+  const ProcessStatus* const status = statusOf(_question);
+  const std::string log = nativePath(_question.seen->configuration.logs->commonLog);
+  const bool mayBeOpen = _fault.code == "Q502" && status != nullptr && isSetUp(*status);
+  const std::optional<bool> isOpen = mayBeOpen ? hasOpenForWriting(_question.process->pid(), log) : false;
+  if (!isOpen) {
+    _steps.unknown("file", log + " may be open since the set-up; now " + _fault.text);
+  } else if (*isOpen) {
+    _steps.ok("file", log + ", open since the set-up; at the next one " + _fault.text);
+  } else {
+    _steps.failBy("file", _fault);
+  }
+}
+
 void addFolderSteps(const WhyQuestion& _question, StepList& _steps) {
   const auto& logs = _question.seen->configuration.logs;
   if (!logs) {
@@ -89,7 +105,7 @@ void addFolderSteps(const WhyQuestion& _question, StepList& _steps) {
     _steps.ok("folder", nativePath(logs->folder) + (isThere(logs->folder) ? "" : ", which would be created"));
   }
   if (const Finding* const fault = faultOfLog(_question)) {
-    _steps.failBy("file", *fault);
+    addFaultyLogStep(_question, *fault, _steps);
   } else {
     _steps.ok("file", nativePath(logs->commonLog) + (isThere(logs->commonLog) ? "" : " would be created"));
   }
