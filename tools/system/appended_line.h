@@ -19,8 +19,9 @@ namespace toolsystem {
 std::optional<FileFailure> appendToLog(const std::string& _path, const std::string& _line,
                                        std::optional<std::uint32_t> _owner);
 
-/// Appends a line to a file of records; creates it with mode 0644 less the umask if it is missing. First ends a line
-/// that a killed process left unfinished. Several processes may append at once. Arguments and result are as above.
+/// Appends a line to a file of records; creates it if it is missing, with mode 0644 less the umask, and for those who
+/// may write in its folder. First ends a line that a killed process left unfinished. Several processes may append at
+/// once. Arguments and result are as above.
 std::optional<FileFailure> appendRecord(const std::string& _path, const std::string& _line);
 
 }  // namespace toolsystem

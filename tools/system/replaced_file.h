@@ -17,9 +17,11 @@ struct FileFailure {
 /// the new one. Writes the text to a new file in the same folder, brings that to the disk, and renames it.
 ///
 /// On Linux the file keeps group, mode, access control list and other attributes, and its owner if this program may
-/// give files away; otherwise it changes hands only if its owner can still write it through the group. Else, and if it
-/// is no regular file, this fails. A file that did not exist gets mode 0644 less the umask. A symbolic link stays one;
-/// its target is replaced.
+/// give files away; otherwise it changes hands only if its owner can still write it through the group. Its owner may
+/// always replace it: where he is not in its group, the group changes, and gets no more rights than everybody. Else,
+/// and if it is no regular file, this fails. A file that did not exist gets mode 0644 less the umask, and is for those
+/// who may write in its folder. A symbolic link stays one, and its target is replaced; for root, only a link of root or
+/// of the target's owner.
 /// @param _path with separators of either kind.
 /// @param _bytes are written unchanged.
 /// @return no value on success; then the new name is on the disk, too. On failure the old text is in place, unless only

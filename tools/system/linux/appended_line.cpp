@@ -10,6 +10,7 @@
 
 #include "platform/linux/file_descriptor.h"
 #include "platform/native_path.h"
+#include "tools/system/linux/folder_share.h"
 
 namespace toolsystem {
 namespace {
@@ -22,6 +23,17 @@ FileFailure failureOf(const std::string& _what, int _error) {
   return {_what + ": " + std::generic_category().message(_error),
           _error == EACCES || _error == EPERM || _error == EROFS || _error == ELOOP,
           _error == ENOENT || _error == ENOTDIR};
+}
+
+int openRecords(const std::string& _path) {
+  constexpr int flags = O_RDWR | O_APPEND | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+  int file = ::open(_path.c_str(), flags | O_CREAT | O_EXCL, recordMode);
+  if (file != -1) {
+    shareWithFolder(_path, file);
+  } else if (errno == EEXIST) {
+    file = ::open(_path.c_str(), flags);
+  }
+  return file;
 }
 
 bool endsWithLine(int _file, off_t _size) {
@@ -50,8 +62,7 @@ std::optional<FileFailure> appendToLog(const std::string& _path, const std::stri
 
 std::optional<FileFailure> appendRecord(const std::string& _path, const std::string& _line) {
   const std::string path = platform::nativePath(_path);
-  const FileDescriptor file(
-      ::open(path.c_str(), O_RDWR | O_APPEND | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, recordMode));
+  const FileDescriptor file(openRecords(path));
   struct stat status {};
   if (!file.isOpen() || ::fstat(file.get(), &status) != 0) return failureOf("cannot open " + path, errno);
   if (!S_ISREG(status.st_mode)) return FileFailure{path + " is no regular file", false, false};

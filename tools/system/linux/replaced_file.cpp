@@ -20,6 +20,7 @@
 #include "platform/linux/file_descriptor.h"
 #include "platform/native_path.h"
 #include "tools/system/account.h"
+#include "tools/system/linux/folder_share.h"
 
 namespace toolsystem {
 namespace {
@@ -44,6 +45,14 @@ std::string targetOf(const std::string& _path) {
   if (::lstat(_path.c_str(), &status) != 0 || !S_ISLNK(status.st_mode)) return _path;
   std::array<char, PATH_MAX> target{};
   return ::realpath(_path.c_str(), target.data()) != nullptr ? std::string(target.data()) : _path;
+}
+
+// What a user has put in place of a file must not lead root to a file of somebody else.
+bool isLinkOfStranger(const std::string& _path, const std::string& _target) {
+  struct stat link {};
+  struct stat target {};
+  if (::geteuid() != 0 || _path == _target || ::lstat(_path.c_str(), &link) != 0) return false;
+  return link.st_uid != 0 && (::stat(_target.c_str(), &target) != 0 || target.st_uid != link.st_uid);
 }
 
 // The new file, removed unless it takes the name.
@@ -119,6 +128,19 @@ bool takeOverGroup(const struct stat& _former, int _file) {
   return false;
 }
 
+// The owner of a file may write it in any case. Those of his own group get no rights that they did not have.
+bool takeOwn(const struct stat& _former, int _formerFile, int _file) {
+  constexpr char rightsName[] = "system.posix_acl_access";
+  const int error = errno;
+  const bool hasRightsOfOthers = _formerFile == -1 || ::fgetxattr(_formerFile, rightsName, nullptr, 0) >= 0;
+  if (_former.st_uid == ::geteuid() && !hasRightsOfOthers) {
+    const mode_t ofGroup = _former.st_mode & ((_former.st_mode & S_IRWXO) << 3U);
+    return ::fchmod(_file, (_former.st_mode & (S_IRWXU | S_IRWXO)) | ofGroup) == 0;
+  }
+  errno = error;
+  return false;
+}
+
 bool takeOver(const std::string& _target, int _file) {
   struct stat former {};
   const FileDescriptor file(::open(_target.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
@@ -126,12 +148,15 @@ bool takeOver(const std::string& _target, int _file) {
   if (!isThere) {
     const mode_t mask = ::umask(0);
     ::umask(mask);
-    return ::fchmod(_file, newFileMode & mostNewBits & ~mask) == 0;
+    if (::fchmod(_file, newFileMode & mostNewBits & ~mask) != 0) return false;
+    shareWithFolder(_target, _file);
+    return true;
   }
   struct stat now {};
   if (::fstat(_file, &now) != 0) return false;
   const bool isOwn = now.st_uid == former.st_uid && now.st_gid == former.st_gid;
-  if (!isOwn && ::fchown(_file, former.st_uid, former.st_gid) != 0 && !takeOverGroup(former, _file)) return false;
+  if (!isOwn && ::fchown(_file, former.st_uid, former.st_gid) != 0 && !takeOverGroup(former, _file))
+    return takeOwn(former, file.get(), _file);
   if (::fchmod(_file, former.st_mode & permissionBits) != 0) return false;
   if (file.isOpen()) copyAttributes(file.get(), _file);
   return true;
@@ -147,6 +172,9 @@ bool isFolderOnDisk(const std::string& _folder) {
 
 std::optional<FileFailure> replaceFile(const std::string& _path, const std::string& _bytes) {
   const std::string target = targetOf(platform::nativePath(_path));
+  if (isLinkOfStranger(platform::nativePath(_path), target)) {
+    return FileFailure{platform::nativePath(_path) + " is a link to a file of another user than its own", false, false};
+  }
   struct stat status {};
   if (::stat(target.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) {
     return FileFailure{target + " is no regular file", false, false};

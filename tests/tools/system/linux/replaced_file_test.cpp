@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tools/system/replaced_file.h"
+#include "tools/system/appended_line.h"
 
 #include <fcntl.h>
 #include <grp.h>
@@ -17,6 +18,7 @@
 #include "tests/support/linux/forked_child.h"
 #include "tests/support/linux/traced_child.h"
 #include "tests/support/temporary_folder.h"
+#include "tools/system/appended_line.h"
 #include "tools/system/file_lock.h"
 
 namespace {
@@ -104,15 +106,20 @@ TEST(ReplacedFile, IsNeverTornOrEmptyUnderReaders) {
 constexpr unsigned int daemonId = 1;
 constexpr unsigned int binId = 2;
 
-// Replaces the file in a process of that user, who has the group "daemon" besides his own.
-bool isReplacedBy(unsigned int _user, const std::string& _path) {
+// Whether something succeeds in a process of that user, who has the group "daemon" besides his own.
+template <class Act>
+bool isDoneBy(unsigned int _user, Act _act) {
   return testsupport::inForkedChild([&] {
            const gid_t group = daemonId;
            if (::setgroups(1, &group) != 0 || ::setresgid(_user, _user, _user) != 0 ||
                ::setresuid(_user, _user, _user) != 0)
              return 2;
-           return replaceFile(_path, "new") ? 1 : 0;
+           return _act() ? 0 : 1;
          }) == 0;
+}
+
+bool isReplacedBy(unsigned int _user, const std::string& _path) {
+  return isDoneBy(_user, [&] { return !replaceFile(_path, "new"); });
 }
 
 // In a folder of the group, to which new files in it belong from the start or not.
@@ -156,13 +163,7 @@ TEST(ReplacedFile, ChangesItsOwnerOnlyWithinItsGroup) {
 }
 
 bool isLockedBy(unsigned int _user, const std::string& _lock) {
-  return testsupport::inForkedChild([&] {
-           const gid_t group = daemonId;
-           if (::setgroups(1, &group) != 0 || ::setresgid(_user, _user, _user) != 0 ||
-               ::setresuid(_user, _user, _user) != 0)
-             return 2;
-           return toolsystem::FileLock(_lock, std::chrono::milliseconds(0)).isHeld() ? 0 : 1;
-         }) == 0;
+  return isDoneBy(_user, [&] { return toolsystem::FileLock(_lock, std::chrono::milliseconds(0)).isHeld(); });
 }
 
 TEST(FileLock, IsForAllWhoMayWriteInTheFolder) {
@@ -172,6 +173,70 @@ TEST(FileLock, IsForAllWhoMayWriteInTheFolder) {
     EXPECT_TRUE(isLockedBy(binId, lock)) << folderMode;
     EXPECT_TRUE(isLockedBy(daemonId, lock)) << folderMode;
   }
+}
+
+// The owner, group and mode of a file.
+std::array<unsigned int, 3> rightsOf(const std::string& _path) {
+  struct stat status {};
+  EXPECT_EQ(::stat(_path.c_str(), &status), 0);
+  return {status.st_uid, status.st_gid, status.st_mode & 07777U};
+}
+
+using Rights = std::array<unsigned int, 3>;
+
+TEST(ReplacedFile, IsForAllWhoMayWriteInTheFolderWhenItIsNew) {
+  for (const mode_t folderMode : {givesItsGroup, keepsItsGroup}) {
+    const GroupFile file(0, folderMode);
+    const std::string lease = file.folder.path() + "/lease";
+    EXPECT_TRUE(isReplacedBy(binId, lease));
+    EXPECT_EQ(rightsOf(lease), (Rights{binId, daemonId, 0664}));
+  }
+}
+
+TEST(ReplacedFile, BelongsToTheOwnerOfTheFolderWhenRootMakesIt) {
+  const GroupFile file(0);
+  ASSERT_EQ(::chown(file.folder.path().c_str(), binId, binId), 0);
+  ASSERT_EQ(::chmod(file.folder.path().c_str(), 0755), 0);
+  const std::string lease = file.folder.path() + "/lease";
+  const std::string history = file.folder.path() + "/history";
+  EXPECT_FALSE(replaceFile(lease, "x"));
+  EXPECT_FALSE(toolsystem::appendRecord(history, "x\n"));
+  EXPECT_EQ(rightsOf(lease), (Rights{binId, binId, 0644}));
+  EXPECT_EQ(rightsOf(history), (Rights{binId, binId, 0644}));
+}
+
+TEST(AppendedRecord, IsWrittenByAllWhoMayWriteInTheFolder) {
+  const GroupFile file(0);
+  const std::string history = file.folder.path() + "/history";
+  EXPECT_TRUE(isDoneBy(binId, [&] { return !toolsystem::appendRecord(history, "one\n"); }));
+  EXPECT_TRUE(isDoneBy(daemonId, [&] { return !toolsystem::appendRecord(history, "two\n"); }));
+  EXPECT_EQ(readFile(history), "one\ntwo\n");
+  EXPECT_EQ(rightsOf(history), (Rights{binId, daemonId, 0664}));
+}
+
+// As after "chown USER FILE".
+TEST(ReplacedFile, StaysWithItsOwnerWhoIsNotInItsGroup) {
+  const GroupFile file(binId);
+  ASSERT_EQ(::chown(file.path.c_str(), binId, 0), 0);
+  ASSERT_EQ(::chmod(file.path.c_str(), 0664), 0);
+  EXPECT_TRUE(isReplacedBy(binId, file.path));
+  EXPECT_EQ(readFile(file.path), "new");
+  EXPECT_EQ(rightsOf(file.path)[0], binId);
+  EXPECT_EQ(rightsOf(file.path)[2], 0644U) << "the other group must not get the rights of the former one";
+}
+
+TEST(ReplacedFile, DoesNotLeadRootToAFileOfSomebodyElse) {
+  const GroupFile file(0);
+  const GroupFile secret(0);
+  const std::string link = file.folder.path() + "/link";
+  ASSERT_EQ(::symlink(secret.path.c_str(), link.c_str()), 0);
+  EXPECT_FALSE(replaceFile(link, "by root")) << "a link of root is followed";
+  ASSERT_EQ(::lchown(link.c_str(), binId, binId), 0);
+  EXPECT_TRUE(replaceFile(link, "by a link of another user"));
+  EXPECT_EQ(readFile(secret.path), "by root");
+  ASSERT_EQ(::chown(secret.path.c_str(), binId, daemonId), 0);
+  EXPECT_FALSE(replaceFile(link, "his own"));
+  EXPECT_EQ(readFile(secret.path), "his own");
 }
 
 TEST(ReplacedFile, LeavesNothingBehindWhenItFails) {
@@ -187,6 +252,7 @@ TEST(ReplacedFile, LeavesNothingBehindWhenItFails) {
 
 TEST(ReplacedFile, GivesANewFileTheModeOfTheUmask) {
   const TemporaryFolder folder;
+  ASSERT_EQ(::chmod(folder.path().c_str(), 0755), 0);
   const std::string path = folder.path() + "/list";
   const mode_t former = ::umask(027);
   EXPECT_FALSE(replaceFile(path, "x"));
