@@ -111,7 +111,7 @@ void keepResult(const RunningProcesses& _processes, Report& _report) {
 }
 
 int showOnce(const Options& _options, Report& _report) {
-  const RunningProcesses processes = runningProcesses(queryOf(_options));
+  const RunningProcesses processes = runningProcesses(steeredProcesses(_options));
   keepResult(processes, _report);
   for (const std::string& line : linesOf(processes))
     _report.line(line);
@@ -125,7 +125,7 @@ int watch(std::chrono::milliseconds _interval, const Options& _options, Report& 
   const bool isTerminal = toolsystem::isTerminal(toolsystem::Stream::output);
   std::vector<std::string> former;
   do {
-    const RunningProcesses processes = runningProcesses(queryOf(_options));
+    const RunningProcesses processes = runningProcesses(steeredProcesses(_options));
     keepResult(processes, _report);
     const std::vector<std::string> lines = linesOf(processes);
     if (isTerminal && !_options.json) _report.bytes(homeAndClear);

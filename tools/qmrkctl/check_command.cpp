@@ -13,6 +13,7 @@
 #include "tools/qmrkctl/followed_logs.h"
 #include "tools/qmrkctl/running_processes.h"
 #include "tools/qmrkctl/shown_text.h"
+#include "tools/qmrkctl/steering.h"
 
 namespace qmrkctl {
 namespace {
@@ -90,7 +91,7 @@ int checkCas(const Options& _options, bool _isAll, Report& _report) {
     const std::vector<std::string> installed = casToName(*viewpoint);
     cas.insert(cas.end(), installed.begin(), installed.end());
   }
-  const RunningProcesses processes = runningProcesses(queryOf(_options));
+  const RunningProcesses processes = runningProcesses(steeredProcesses(_options));
   CheckRun run(_report);
   for (const std::string& ca : cas) {
     const Configuration configuration = readConfiguration(*viewpoint, ca);

@@ -61,7 +61,7 @@ int refuse(const toolsystem::FileFailure& _failure) {
   Report::message(shown(_failure.text));
   if (_failure.isDenied) {
     Report::message(toolsystem::seesEveryProcess()
-                        ? "not even root may: look at the mount options and the attributes of the file (lsattr)"
+                        ? "not even root may: look at the mount options, the attributes of the file (lsattr), and whose link it is"
                         : "the owner of the file may do that, or root: run the same command by sudo");
     return exitNoPermission;
   }

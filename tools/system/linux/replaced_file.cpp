@@ -173,7 +173,7 @@ bool isFolderOnDisk(const std::string& _folder) {
 std::optional<FileFailure> replaceFile(const std::string& _path, const std::string& _bytes) {
   const std::string target = targetOf(platform::nativePath(_path));
   if (isLinkOfStranger(platform::nativePath(_path), target)) {
-    return FileFailure{platform::nativePath(_path) + " is a link to a file of another user than its own", false, false};
+    return FileFailure{platform::nativePath(_path) + " is a link to a file of another user than its own", true, false};
   }
   struct stat status {};
   if (::stat(target.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) {
