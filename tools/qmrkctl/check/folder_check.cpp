@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <filesystem>
+#include <set>
 #include <system_error>
 
 #include "platform/native_path.h"
@@ -63,6 +64,12 @@ class FolderCheck {
     const std::string existing = existingPart(viewpoint_, _places.folder);
     checkSpace(existing);
     checkFiles(_places, existing);
+    // Whether it exists does not matter to a user who cannot reach it.
+    if ((existing == _places.folder || factsOf(viewpoint_, _places.folder).isHidden) &&
+        !rightsOn(viewpoint_, _places.folder).exists) {
+      addUnwritable("Q501", _places.folder, " may not reach it", _places.folder);
+      return;
+    }
     if (existing != _places.folder) {
       checkCreation(_places.folder, existing);
       return;
@@ -74,10 +81,14 @@ class FolderCheck {
     checkApplicationFolder(_places.applicationFolder);
   }
 
-  void checkForeignRights(const ConfigurationFile& _file) {
-    if (_file.path.empty()) return;
-    for (const std::string& path : {_file.path, parentOf(_file.path)}) {
-      if (factsOf(viewpoint_, path).everybodyMayWrite) add("Q510", path, "everybody may write here");
+  // Who may write in a folder may put another one in place of what is in it.
+  // @param _base the folder of the system below which the file is.
+  void checkForeignRights(const ConfigurationFile& _file, const std::string& _base) {
+    for (std::string path = _file.path; path.size() > _base.size(); path = parentOf(path)) {
+      const PathFacts facts = factsOf(viewpoint_, path);
+      const bool isOfInterest = facts.kind == PathKind::file || facts.kind == PathKind::folder;
+      if (isOfInterest && facts.everybodyMayWrite && openPaths_.insert(path).second)
+        add("Q510", path, "everybody may write here");
     }
   }
 
@@ -202,8 +213,13 @@ class FolderCheck {
   void checkRecords(const std::string& _records) {
     const PathFacts facts = factsOf(viewpoint_, _records);
     if (facts.kind == PathKind::missing) return;
-    if (facts.kind != PathKind::file || !mayWrite(viewpoint_, _records))
+    if (facts.kind == PathKind::danglingLink) {
+      if (!hasFolderOfTarget(_records)) add("Q508", _records, "it is a link that leads nowhere", "remove the link");
+    } else if (facts.kind != PathKind::file) {
+      add("Q508", _records, "there is something else in place of the file", "remove what stands there");
+    } else if (!mayWrite(viewpoint_, _records)) {
       addUnwritable("Q508", _records, " may not write it", _records);
+    }
   }
 
   void checkApplicationFolder(const std::string& _folder) {
@@ -232,6 +248,7 @@ class FolderCheck {
 
   const Viewpoint& viewpoint_;
   Findings& findings_;
+  std::set<std::string> openPaths_;
 };
 
 }  // namespace
@@ -240,9 +257,10 @@ std::span<const FindingKind> folderKinds() { return folderTable; }
 
 void checkFolders(const Viewpoint& _viewpoint, const Configuration& _configuration, Findings& _findings) {
   FolderCheck check(_viewpoint, _findings);
-  check.checkForeignRights(_configuration.cfg);
-  if (_configuration.generic.path != _configuration.cfg.path) check.checkForeignRights(_configuration.generic);
-  if (_configuration.init.path != _configuration.cfg.path) check.checkForeignRights(_configuration.init);
+  check.checkForeignRights(_configuration.cfg, _configuration.cfgBase);
+  check.checkForeignRights(_configuration.generic, _configuration.cfgBase);
+  if (_configuration.init.path != _configuration.cfg.path)
+    check.checkForeignRights(_configuration.init, _configuration.initBase);
   if (_configuration.logs && _configuration.failure.empty()) check.checkLogs(*_configuration.logs);
 }
 

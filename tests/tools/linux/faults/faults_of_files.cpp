@@ -197,6 +197,17 @@ std::vector<Fault> faultsOfUnreadableFiles() {
        },
        fails,
        {"Q213", cfgFile, 0, "regular file"}},
+      {"a link to `/dev/null` in place of the class list",
+       "all classes stay on",
+       [](Installation& _at) {
+         fs::remove(_at.initPath());
+         fs::create_symlink("/dev/null", _at.initPath());
+       },
+       everyClass,
+       {"Q213", initFile, 0, "regular file"},
+       {},
+       // That everybody may write to the device is no fault.
+       [](const Installation& _at) { return _at.qmrkctl({"check"}).output.find("Q510") == std::string::npos; }},
       {"a link that leads nowhere in place of the class list",
        "all classes stay on",
        [](Installation& _at) {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// Longer than the budget: one table of one meaning
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -57,6 +58,16 @@ std::vector<Fault> faultsOfFolders() {
        [](Installation& _at) { _at.cfgLine(4, "COMMON_LOG_FILE_ROOT=C:\\Logs\n"); },
        noSetUp,
        {"Q501", "/C:/Logs", 0, "without drive"}},
+      {"a folder above the log folder cannot be entered (mode 0600)",
+       "the set-up fails",
+       [](Installation& _at) {
+         makeLogFolder(_at, 0777);
+         const std::string above = _at.data() + "/Logs";
+         fs::permissions(above, fs::perms(0600));
+         if (::chown(above.c_str(), nobodyId, nobodyId) == 0) _at.runAs(nobodyId);
+       },
+       noSetUp,
+       {"Q501", "Logs/Common", 0, "chmod u+x "}},
       {"the log folder cannot be written",
        "the set-up says true, every line is lost",
        [](Installation& _at) {
@@ -177,9 +188,20 @@ std::vector<Fault> faultsOfFolders() {
          _at.environment("DEFAULT_CA_NR", "CA99");
        },
        usualLines,
-       {"Q508", "qmrk.info", 0, "qmrk.info"},
+       {"Q508", "qmrk.info", 0, "remove what stands there"},
        {},
        [](const Installation& _at) { return fs::is_empty(_at.logFolder() + "/qmrk.info"); }},
+      {"a link that leads nowhere in place of `qmrk.info`",
+       "problems leave no record",
+       [](Installation& _at) {
+         makeLogFolder(_at, 0755);
+         fs::create_symlink("/nowhere/at/all/qmrk.info", _at.logFolder() + "/qmrk.info");
+         _at.environment("DEFAULT_CA_NR", "CA99");
+       },
+       usualLines,
+       {"Q508", "qmrk.info", 0, "remove the link"},
+       {},
+       [](const Installation&) { return !exists("/nowhere"); }},
       {"a file in place of `Application logs`",
        "the set-up says true, the lines of the application's own log are lost",
        [](Installation& _at) {
@@ -237,6 +259,14 @@ std::vector<Fault> faultsOfFolders() {
        },
        usualLines,
        {"Q510", "qmrk_logging_CA12.init", 0, "chmod o-w"}},
+      {"a folder above those of the configuration that everybody may write",
+       "any user can put another class list in its place",
+       [](Installation& _at) {
+         const fs::path ofLists = fs::path(_at.initPath()).parent_path();
+         fs::permissions(ofLists.parent_path().parent_path(), fs::perms(0777));
+       },
+       usualLines,
+       {"Q510", "/Orvane", 0, "chmod o-w"}},
   };
 }
 
