@@ -15,6 +15,7 @@ import tempfile
 
 from expected_output import is_as_shown
 from page_blocks import count_of_commands
+from patient_commands import PATIENT
 
 STAGE, PAGE = (pathlib.Path(argument) for argument in sys.argv[1:3])
 PRIVATE_MACHINE = pathlib.Path(__file__).with_name("private_machine")
@@ -25,7 +26,7 @@ BLOCK = re.compile(r"^<!-- sh\n(?P<hidden>.*?)^-->|"
 
 def script_of(blocks, folder):
     """What a block prints goes into a file of its number."""
-    lines = ["set -eu", "exec 3>&2 >/dev/null"]
+    lines = ["set -eu", "exec 3>&2 >/dev/null", PATIENT]
     for number, block in enumerate(blocks):
         lines.append(f"echo 'block {number + 1}' >&3")
         if block["hidden"] is not None:

@@ -13,6 +13,7 @@ import tempfile
 
 from expected_output import is_as_shown
 from page_blocks import count_of_commands
+from patient_commands import PATIENT
 
 STAGE, PAGE = (pathlib.Path(argument) for argument in sys.argv[1:3])
 BLOCK = re.compile(r"^```sh\n(.*?)^```\n(?:```text\n(.*?)^```)?", re.MULTILINE | re.DOTALL)
@@ -28,7 +29,7 @@ def environment(folder):
 
 def run(blocks, folder):
     """What each block prints; ends the test when a command fails."""
-    script = ["set -eu"]
+    script = ["set -eu", PATIENT]
     for number, (commands, _) in enumerate(blocks):
         script.append(f"echo 'block {number + 1}' >&2\nexec >'{folder}/.output.{number}'")
         script.append(commands.replace("/usr/local/", f"{STAGE}/"))
