@@ -124,6 +124,21 @@ TEST_F(QmrkctlDoctorProcesses, GoOnWithWhatTheyReadAtTheirSetUp) {
   EXPECT_THAT(qmrkctl({"why", "Demo.Other"}).output, HasSubstr("FAIL    filter        the filter of the set-up"));
 }
 
+TEST_F(QmrkctlDoctorProcesses, GoOnWithoutTheFileThatTheyReadAtTheirSetUp) {
+  const CompanionProcess process = application("CA662");
+  for (const char* const ca : {"CA662", "CA12"})
+    testsupport::removeAll(sandbox_.cfgPath(ca));
+  const auto why = qmrkctl({"why", "Demo.App.info"});
+  EXPECT_EQ(why.exitCode, 0) << why.output;
+  EXPECT_THAT(why.output, HasSubstr("ok      configuration " + platform::nativePath(sandbox_.cfgPath("CA662")) +
+                                    " at the set-up; for the next start: REDIRECT_CA_NR=CA662 leads to "));
+  EXPECT_THAT(why.output, HasSubstr("ok      file          " + platform::nativePath(commonLog()) + "\n"));
+  EXPECT_THAT(why.output, HasSubstr("ok      filter        \"Demo.App\" in that of the set-up; its file cannot be"));
+  EXPECT_THAT(qmrkctl({"why", "Demo.Other"}).output, HasSubstr("FAIL    filter        the filter of the set-up"));
+  EXPECT_EQ(qmrkctl({"--ca", "CA662", "why", "Demo.App.info"}).exitCode, 1) << "one that starts now";
+  EXPECT_EQ(qmrkctl({"doctor"}).exitCode, 1);
+}
+
 TEST_F(QmrkctlDoctorProcesses, HaveAnotherDefaultCaThanTheSession) {
   configure("CA663");
   CompanionProcess process(

@@ -35,6 +35,8 @@ class ProcessCheck : public testing::Test {
     page.listener.ca = "CA12";
     page.files.emplace_back();
     configuration_.cfg.path = page.cfgPath.text;
+    configuration_.cfg.rights = {true, true, true};
+    configuration_.cfg.facts.kind = toolsystem::PathKind::file;
     configuration_.init.path = page.initPath.text;
     configuration_.init.isRead = true;
     configuration_.init.text = list;
@@ -145,9 +147,14 @@ TEST_F(ProcessCheck, SaysTheSameOfAChangeSinceTheStartWhoeverAsks) {
   EXPECT_EQ(change().value().text, findings_[0].text);
 }
 
+TEST_F(ProcessCheck, SendsNoProcessIntoASetUpThatFails) {
+  page().cfgPath.text = "\\x\\qmrk_logging_GE.cfg";
+  configuration_.cfg.facts.kind = toolsystem::PathKind::missing;
+  EXPECT_EQ(found(), "");
+  EXPECT_TRUE(hasLostCfg(page(), configuration_));
+}
+
 TEST_F(ProcessCheck, FindsWhatAFileSaysOtherwiseSinceTheStart) {
-  configuration_.cfg.rights = {true, true, true};
-  configuration_.cfg.facts.kind = toolsystem::PathKind::file;
   configuration_.cfg.settings = settingsOf("", "COMMON_LOG_FILE_FILTER=Demo;\n");
   configuration_.logs = {"\\x", "\\x\\common.log", "", ""};
   page().classes.filter.text = "Demo;";

@@ -148,6 +148,8 @@ bool isSetUp(const ProcessStatus& _status) { return _status.setUp.result == stat
 
 std::optional<Finding> changedSinceSetUp(const std::string& _name, const ProcessStatus& _status,
                                          const Configuration& _configuration) {
+  // To restart it then would not help.
+  if (hasLostCfg(_status, _configuration)) return std::nullopt;
   if (readsOtherFile(_status, _configuration)) {
     return findingOf(
         "Q613", {platform::nativePath(_status.cfgPath.text), 0, 0},
@@ -163,6 +165,10 @@ bool hasOtherFilter(const ProcessStatus& _status, const Configuration& _configur
   const std::string* const filter = _configuration.value(Quillmark_logging::COMMON_LOG_FILE_FILTER);
   const PageText& applied = _status.classes.filter;
   return isSetUp(_status) && filter != nullptr && !applied.isCut && validUtf8(*filter) != applied.text;
+}
+
+bool hasLostCfg(const ProcessStatus& _status, const Configuration& _configuration) {
+  return isSetUp(_status) && (!_configuration.failure.empty() || !_configuration.cfg.isUsable());
 }
 
 std::string processText(const RunningProcess& _process) {

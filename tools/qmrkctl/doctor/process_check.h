@@ -26,13 +26,16 @@ void checkProcess(const RunningProcess& _process, const ProcessConfiguration& _c
 bool isSetUp(const ProcessStatus& _status);
 
 /// Q613 of a process that would read another .cfg file today, or another name of the common log in it; no value if it
-/// would not.
+/// would not, or could read none.
 /// @param _name of the process, as in other findings.
 std::optional<Finding> changedSinceSetUp(const std::string& _name, const ProcessStatus& _status,
                                          const Configuration& _configuration);
 
 /// Whether a process that was set up has connected its common log with another filter than its file has now.
 bool hasOtherFilter(const ProcessStatus& _status, const Configuration& _configuration);
+
+/// Whether a process that was set up goes on by a .cfg file that is gone now, or cannot be read any more.
+bool hasLostCfg(const ProcessStatus& _status, const Configuration& _configuration);
 
 /// "demo (pid 123, user anna)", with the names as they are: pass it through shown() before it is printed.
 std::string processText(const RunningProcess& _process);

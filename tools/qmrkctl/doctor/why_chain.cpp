@@ -22,7 +22,11 @@ void addCfgStep(const WhyQuestion& _question, StepList& _steps) {
   const std::string path = nativePath(cfg.path);
   const bool isRead = configuration.failure.empty() && (configuration.wouldBeGenerated || cfg.isUsable());
   const Finding* const fault = isRead ? nullptr : faultOfCfg(_question);
-  if (fault != nullptr) {
+  if (hasLostCfg(_question)) {
+    const std::string now = fault != nullptr ? fault->text : "the file cannot be read now";
+    _steps.ok("configuration",
+              nativePath(statusOf(_question)->cfgPath.text) + " at the set-up; for the next start: " + now);
+  } else if (fault != nullptr) {
     _steps.failBy("configuration", *fault);
   } else if (!configuration.failure.empty()) {
     _steps.fail("configuration", error("Q203", cfg.path, configuration.failure, "install a configuration of the CA"));
@@ -65,7 +69,9 @@ void addNameStep(const WhyQuestion& _question, StepList& _steps) {
   const ConfigurationFile& cfg = _question.seen->configuration.cfg;
   const Setting* const name = cfg.setting(COMMON_LOG_FILE_NAME);
   const Finding* const fault = name == nullptr ? faultOfKey(_question, COMMON_LOG_FILE_NAME) : nullptr;
-  if (fault != nullptr) {
+  if (name == nullptr && hasLostCfg(_question)) {
+    _steps.ok("file name", "that of the set-up");
+  } else if (fault != nullptr) {
     _steps.failBy("file name", *fault);
   } else if (name == nullptr) {
     _steps.fail("file name", error("Q310", cfg.path, "COMMON_LOG_FILE_NAME is missing", "add COMMON_LOG_FILE_NAME"));

@@ -57,15 +57,16 @@ std::vector<std::string> withoutUnfinished(std::vector<std::string> _entries, co
 bool addFilterOfSetUp(const WhyQuestion& _question, StepList& _steps) {
   const ProcessStatus* const status = statusOf(_question);
   const Configuration& configuration = _question.seen->configuration;
-  if (status == nullptr || !hasOtherFilter(*status, configuration)) return false;
+  const bool isLost = hasLostCfg(_question) && !status->classes.filter.isCut;
+  if (!isLost && (status == nullptr || !hasOtherFilter(*status, configuration))) return false;
+  const std::string now = isLost ? "; its file cannot be read now" : "; the file has another one now";
   const std::string& filter = status->classes.filter.text;
   const Selection selection = selectionOf(withoutUnfinished(patternsOf(filter), filter), _question.logClass);
   if (selection.isSelected) {
-    _steps.ok("filter", "\"" + selection.entry + "\" in that of the set-up; the file has another one now");
+    _steps.ok("filter", "\"" + selection.entry + "\" in that of the set-up" + now);
   } else {
     _steps.fail("filter", findingOf("Q613", {nativePath(configuration.cfg.path), 0, 0},
-                                    "the filter of the set-up does not select " + _question.logClass +
-                                        "; the file has another one now"));
+                                    "the filter of the set-up does not select " + _question.logClass + now));
   }
   return true;
 }

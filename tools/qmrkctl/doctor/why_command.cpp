@@ -51,6 +51,17 @@ bool showChain(const WhyQuestion& _question, Report& _report) {
   return isThrough;
 }
 
+// Where the file is gone that names them, the logs are those of the set-up.
+SeenConfiguration withLogsOfSetUp(SeenConfiguration _seen, const RunningProcess& _process) {
+  if (!_process.status || !hasLostCfg(*_process.status, _seen.configuration)) return _seen;
+  const PageText& log = _process.status->commonLogPath;
+  if (log.isCut || log.bytes.empty()) return _seen;
+  LogPlaces& logs = _seen.configuration.logs.emplace();
+  logs.commonLog = log.bytes;
+  logs.folder = parentOf(log.bytes);
+  return _seen;
+}
+
 // By which options commands of this session reach the class list; none where they do without.
 std::string optionsFor(const SeenConfiguration& _seen, const RunningProcess* _process, const Options& _options) {
   const auto reaches = [&_seen](const Viewpoint& _viewpoint, const std::string& _ca) {
@@ -98,11 +109,12 @@ int explainWhy(const std::string& _class, const Options& _options, Report& _repo
   ProcessConfigurations configurations;
   bool isThrough = true;
   for (const RunningProcess& process : processes) {
-    const SeenConfiguration* const seen = configurations.of(process);
-    if (seen == nullptr) continue;
-    WhyQuestion question = questionOf(_class, &process, *seen, _options);
+    const SeenConfiguration* const found = configurations.of(process);
+    if (found == nullptr) continue;
+    const SeenConfiguration seen = withLogsOfSetUp(*found, process);
+    WhyQuestion question = questionOf(_class, &process, seen, _options);
     const SeenConfiguration* const ofListener = configurations.ofListener(process);
-    checkProcess(process, {&seen->configuration, ofListener == nullptr ? nullptr : &ofListener->configuration},
+    checkProcess(process, {&seen.configuration, ofListener == nullptr ? nullptr : &ofListener->configuration},
                  question.findings);
     isThrough = showChain(question, _report) && isThrough;
   }

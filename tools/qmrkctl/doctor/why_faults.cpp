@@ -6,6 +6,7 @@
 
 #include "platform/native_path.h"
 #include "quillmark_logging_names.h"
+#include "tools/qmrkctl/doctor/process_check.h"
 
 namespace qmrkctl {
 namespace {
@@ -65,6 +66,11 @@ bool hasClass(std::string_view _text, std::string_view _class) {
 
 const ProcessStatus* statusOf(const WhyQuestion& _question) {
   return _question.process != nullptr && _question.process->status ? &*_question.process->status : nullptr;
+}
+
+bool hasLostCfg(const WhyQuestion& _question) {
+  const ProcessStatus* const status = statusOf(_question);
+  return status != nullptr && hasLostCfg(*status, _question.seen->configuration);
 }
 
 const Finding* findingAmong(const WhyQuestion& _question, std::initializer_list<std::string_view> _codes) {

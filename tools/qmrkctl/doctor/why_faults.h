@@ -11,6 +11,9 @@ namespace qmrkctl {
 /// The status page of the process; null: no process is asked about, or it shows none.
 const ProcessStatus* statusOf(const WhyQuestion& _question);
 
+/// Whether the process goes on by a .cfg file that is gone now.
+bool hasLostCfg(const WhyQuestion& _question);
+
 /// The first finding of the process with one of these codes; null: it has none.
 const Finding* findingAmong(const WhyQuestion& _question, std::initializer_list<std::string_view> _codes);
 

@@ -10,7 +10,12 @@ namespace {
 
 void addCaStep(const WhyQuestion& _question, StepList& _steps) {
   const Configuration& configuration = _question.seen->configuration;
-  std::string seen = configuration.caAsked + " asked for, files of " + configuration.caOfFiles;
+  std::string seen = configuration.caAsked + " asked for";
+  if (hasLostCfg(_question)) {
+    _steps.ok("CA", seen);
+    return;
+  }
+  seen += ", files of " + configuration.caOfFiles;
   if (configuration.isFallenBack) seen += "; " + configuration.caAsked + " has no .cfg file: fallen back to GE";
   if (configuration.isRedirected) seen += "; GE redirects";
   const ProcessStatus* const status = statusOf(_question);
