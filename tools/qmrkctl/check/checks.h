@@ -59,6 +59,11 @@ void checkValues(const ConfigurationFile& _file, Findings& _findings);
 /// @param _name the setting.
 void checkUsedName(const ConfigurationFile& _cfg, const Setting& _name, Findings& _findings);
 
+/// Whether the system can have the paths of the log and its folder, which are the user's and those of the keys
+/// together.
+/// @return whether it can; else there is a finding.
+bool checkPathLength(const Configuration& _configuration, const LogPlaces& _logs, Findings& _findings);
+
 /// The filter of a .cfg file: the fourth hundred.
 void checkFilter(const ConfigurationFile& _cfg, Findings& _findings);
 

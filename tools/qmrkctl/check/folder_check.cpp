@@ -261,7 +261,8 @@ void checkFolders(const Viewpoint& _viewpoint, const Configuration& _configurati
   check.checkForeignRights(_configuration.generic, _configuration.cfgBase);
   if (_configuration.init.path != _configuration.cfg.path)
     check.checkForeignRights(_configuration.init, _configuration.initBase);
-  if (_configuration.logs && _configuration.failure.empty()) check.checkLogs(*_configuration.logs);
+  if (!_configuration.logs || !_configuration.failure.empty()) return;
+  if (checkPathLength(_configuration, *_configuration.logs, _findings)) check.checkLogs(*_configuration.logs);
 }
 
 }  // namespace qmrkctl

@@ -119,7 +119,9 @@ const Finding* faultOfLog(const WhyQuestion& _question) {
   // Logs of applications have some of these codes too.
   const std::string log = platform::nativePath(_question.seen->configuration.logs->commonLog);
   return firstFault(_question, [&](const Finding& _finding) {
-    return _finding.code == "Q313" || (_finding.file == log && isAmong(_finding, {"Q502", "Q504", "Q505"}));
+    const bool isTooLong = _finding.code == "Q502" && isIn(_finding, _question.seen->configuration.cfg);
+    return isTooLong || _finding.code == "Q313" ||
+           (_finding.file == log && isAmong(_finding, {"Q502", "Q504", "Q505"}));
   });
 }
 

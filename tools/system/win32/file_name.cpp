@@ -28,6 +28,9 @@ bool isFolderName(std::string_view _name) { return _name.find_first_of("\"<>|?*"
 
 bool isFileName(std::string_view _name) { return isFolderName(_name) && !isDevice(_name); }
 
+// Without the manifest for long paths it is less, which nobody can know of another program.
+std::size_t longestPath() { return 32766; }
+
 bool isSameFileName(std::string_view _one, std::string_view _other) {
   return std::equal(_one.begin(), _one.end(), _other.begin(), _other.end(),
                     [](char _a, char _b) { return inLowerCase(_a) == inLowerCase(_b); });

@@ -68,6 +68,16 @@ std::vector<Fault> faultsOfFolders() {
        },
        noSetUp,
        {"Q501", "Logs/Common", 0, "chmod u+x "}},
+      {"`COMMON_LOG_FILE_ROOT` of more characters than a path may have",
+       "the set-up fails",
+       [](Installation& _at) {
+         std::string root;
+         for (int i = 0; i < 530; ++i)
+           root += "abcdefg\\";
+         _at.cfgLine(4, "COMMON_LOG_FILE_ROOT=" + root + "\n");
+       },
+       noSetUp,
+       {"Q501", "qmrk_logging_CA12.cfg", 4, "shorter"}},
       {"the log folder cannot be written",
        "the set-up says true, every line is lost",
        [](Installation& _at) {
