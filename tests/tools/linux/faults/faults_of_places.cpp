@@ -305,6 +305,15 @@ std::vector<Fault> faultsOfEnvironment() {
        },
        noSetUp,
        {"Q703", "", 0, "set HOME"}},
+      {"`DEFAULT_CA` in place of `DEFAULT_CA_NR`",
+       "it is ignored: the set-up takes the CA to which `GE` leads",
+       [](Installation& _at) {
+         _at.sandbox().writeCfg("CA13", replaced(_at.cfgText(), "CA12", "CA13"));
+         _at.sandbox().writeInit("CA13", "Demo.Net.info;\n");
+         _at.environment("DEFAULT_CA", "CA13");
+       },
+       usualLines,
+       {"Q708", "", 0, "rename it to DEFAULT_CA_NR"}},
       {"`DEFAULT_CA_NR` above 255 characters",
        "it counts as empty: the set-up fails",
        [](Installation& _at) { _at.environment("DEFAULT_CA_NR", std::string(300, 'C')); },
