@@ -12,12 +12,13 @@ enum class PathKind { missing, file, folder, pipe, socket, device, danglingLink 
 /// What this program sees at a path. Follows links.
 struct PathFacts {
   PathKind kind = PathKind::missing;
-  bool isHidden = false;      ///< a folder above it may not be entered, so it is not known whether there is anything
-  bool isLink = false;        ///< the last part of the path is a link
-  std::int64_t size = 0;      ///< bytes of a file
-  std::uint32_t owner = 0;    ///< 0 on Windows
-  std::string ownerName;      ///< the number, if the owner has no name; empty on Windows
-  bool ownerMayWrite = true;  ///< and enter a folder; always true on Windows
+  bool isHidden = false;       ///< a folder above it may not be entered, so it is not known whether there is anything
+  bool isLink = false;         ///< the last part of the path is a link
+  std::int64_t size = 0;       ///< bytes of a file
+  std::int64_t writtenAt = 0;  ///< when it was last written, in nanoseconds since 1970-01-01 00:00 UTC
+  std::uint32_t owner = 0;     ///< 0 on Windows
+  std::string ownerName;       ///< the number, if the owner has no name; empty on Windows
+  bool ownerMayWrite = true;   ///< and enter a folder; always true on Windows
   // Always false on Windows:
   bool othersMayWrite = false;     ///< users other than the owner and root may write
   bool everybodyMayWrite = false;  ///< every user may; never for a folder where each can remove only their own files

@@ -124,6 +124,14 @@ TEST_F(QmrkctlDoctorProcesses, GoOnWithWhatTheyReadAtTheirSetUp) {
   EXPECT_THAT(qmrkctl({"why", "Demo.Other"}).output, HasSubstr("FAIL    filter        the filter of the set-up"));
 }
 
+TEST_F(QmrkctlDoctorProcesses, GoOnWithTheirKeysWhenTheFileHasOthers) {
+  const CompanionProcess process = application("CA662");
+  EXPECT_THAT(doctor(), Not(HasSubstr("Q621")));
+  const std::string path = sandbox_.cfgPath("CA662");
+  testsupport::writeFile(path, testsupport::readFile(path) + "MILLISECOND_RESOLUTION=TRUE\n");
+  EXPECT_THAT(doctor(), HasSubstr("note Q621 " + platform::nativePath(path) + " LogTest (pid "));
+}
+
 TEST_F(QmrkctlDoctorProcesses, GoOnWithoutTheFileThatTheyReadAtTheirSetUp) {
   const CompanionProcess process = application("CA662");
   for (const char* const ca : {"CA662", "CA12"})

@@ -147,6 +147,17 @@ TEST_F(ProcessCheck, SaysTheSameOfAChangeSinceTheStartWhoeverAsks) {
   EXPECT_EQ(change().value().text, findings_[0].text);
 }
 
+TEST_F(ProcessCheck, NotesAFileThatWasWrittenSinceTheSetUp) {
+  page().setUp.at = 1'000'000'000;
+  configuration_.cfg.facts.writtenAt = 999'999'999;
+  EXPECT_EQ(found(), "");
+  configuration_.cfg.facts.writtenAt = 2'000'000'000;
+  ASSERT_EQ(found(), "note Q621;");
+  EXPECT_NE(findings_[0].text.find("read at 1970-01-01"), std::string::npos) << findings_[0].text;
+  page().cfgPath.text = "\\x\\qmrk_logging_GE.cfg";
+  EXPECT_EQ(found(), "warning Q613;") << "which says more";
+}
+
 TEST_F(ProcessCheck, SendsNoProcessIntoASetUpThatFails) {
   page().cfgPath.text = "\\x\\qmrk_logging_GE.cfg";
   configuration_.cfg.facts.kind = toolsystem::PathKind::missing;

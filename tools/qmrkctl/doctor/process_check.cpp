@@ -114,6 +114,7 @@ class PageCheck {
 
   void checkConfigurationFile() {
     if (configuration_ == nullptr) return;
+    const std::size_t before = findings_.size();
     if (const std::optional<Finding> change = changedSinceSetUp(name_, status_, *configuration_)) {
       findings_.push_back(*change);
     }
@@ -122,6 +123,17 @@ class PageCheck {
           name_ + " goes on with the filter \"" + status_.classes.filter.text + "\"; its file has another one now",
           configuration_->cfg.path);
     }
+    if (findings_.size() == before) checkAge();
+  }
+
+  // What of it was changed is unknown, where it is none of what the page shows.
+  void checkAge() {
+    const toolsystem::PathFacts& file = configuration_->cfg.facts;
+    if (hasLostCfg(status_, *configuration_) || !status_.setUp.at || file.writtenAt <= *status_.setUp.at) return;
+    add("Q621",
+        name_ + " goes on with what it read at " + momentText(status_.setUp.at) + "; the file was written at " +
+            momentText(file.writtenAt),
+        configuration_->cfg.path);
   }
 
   void checkFile(const LogFileStatus& _file) {

@@ -37,6 +37,7 @@ PathFacts factsOf(const std::string& _path) {
   const bool leadsSomewhere = ::stat(_path.c_str(), &status) == 0;
   facts.kind = leadsSomewhere ? kindOf(status.st_mode) : PathKind::danglingLink;
   facts.size = status.st_size;
+  facts.writtenAt = std::int64_t{status.st_mtim.tv_sec} * 1'000'000'000 + status.st_mtim.tv_nsec;
   facts.owner = status.st_uid;
   const std::optional<Account> owner = accountOfUser(std::to_string(status.st_uid));
   facts.ownerName = owner ? owner->name : std::to_string(status.st_uid);

@@ -12,6 +12,11 @@ PathFacts factsOf(const std::string& _path) {
   const bool isFolder = (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
   facts.kind = isFolder ? PathKind::folder : PathKind::file;
   facts.isLink = (data.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+  // In units of 100 ns since 1601.
+  constexpr std::int64_t unixEpoch = 116'444'736'000'000'000;
+  const FILETIME& written = data.ftLastWriteTime;
+  const std::int64_t ticks = static_cast<std::int64_t>(written.dwHighDateTime) << 32U | written.dwLowDateTime;
+  facts.writtenAt = (ticks - unixEpoch) * 100;
   facts.size = static_cast<std::int64_t>(data.nFileSizeHigh) << 32U | data.nFileSizeLow;
   return facts;
 }
