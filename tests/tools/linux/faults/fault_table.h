@@ -44,8 +44,10 @@ std::vector<Fault> faultsOfTexts();
 std::vector<Fault> faultsOfNames();
 /// Faults in which files are found.
 std::vector<Fault> faultsOfFiles();
-/// Faults of folders, rights, space and environment.
+/// Faults of folders, rights and space.
 std::vector<Fault> faultsOfPlaces();
+/// Faults of variables.
+std::vector<Fault> faultsOfEnvironment();
 
 /// Faults of applications that run.
 std::vector<Fault> faultsOfProcesses();

@@ -19,7 +19,6 @@ constexpr unsigned int userWithoutEntry = 54321;
 const FaultEffect noSetUp = {false, {}};
 const FaultEffect noLine = {true, {}};
 const FaultEffect usualLines = {true, {"Demo.App.error", "Demo.App.info", "Demo.Net.error"}};
-const FaultEffect allClasses = {true, {"Demo.App.error", "Demo.App.info", "Demo.Net.error", "Demo.Net.info"}};
 
 void makeLogFolder(const Installation& _at, unsigned int _mode) {
   fs::create_directories(_at.logFolder());
@@ -35,7 +34,7 @@ void makeApplicationFolder(const Installation& _at, unsigned int _mode) {
 }  // namespace
 
 // NOLINTNEXTLINE(readability-function-size): one table of one meaning.
-std::vector<Fault> faultsOfFolders() {
+std::vector<Fault> faultsOfPlaces() {
   return {
       {"the log folder cannot be created",
        "the set-up fails",
@@ -280,58 +279,10 @@ std::vector<Fault> faultsOfFolders() {
   };
 }
 
-std::vector<Fault> faultsOfEnvironment() {
-  return {
-      {"an override that is no absolute path",
-       "it is ignored: no class list is found, all classes stay on",
-       [](Installation& _at) { _at.environment("QMRK_COMMON_APPDATA", "appdata"); },
-       allClasses,
-       {"Q701", "", 0, "absolute path"}},
-      {"`HOME` unset",
-       "the home of the password entry counts; that of this user cannot be created: the set-up fails",
-       [](Installation& _at) {
-         _at.environment("QMRK_APPDATA", "");
-         _at.environment("HOME", "");
-         _at.runAs(nobodyId);
-       },
-       noSetUp,
-       {"Q702", "", 0, "set HOME"}},
-      {"`HOME` unset, a user without password entry",
-       "there is no folder for logs: the set-up fails",
-       [](Installation& _at) {
-         _at.environment("QMRK_APPDATA", "");
-         _at.environment("HOME", "");
-         _at.runAs(userWithoutEntry);
-       },
-       noSetUp,
-       {"Q703", "", 0, "set HOME"}},
-      {"`DEFAULT_CA` in place of `DEFAULT_CA_NR`",
-       "it is ignored: the set-up takes the CA to which `GE` leads",
-       [](Installation& _at) {
-         _at.sandbox().writeCfg("CA13", replaced(_at.cfgText(), "CA12", "CA13"));
-         _at.sandbox().writeInit("CA13", "Demo.Net.info;\n");
-         _at.environment("DEFAULT_CA", "CA13");
-       },
-       usualLines,
-       {"Q708", "", 0, "rename it to DEFAULT_CA_NR"}},
-      {"`DEFAULT_CA_NR` above 255 characters",
-       "it counts as empty: the set-up fails",
-       [](Installation& _at) { _at.environment("DEFAULT_CA_NR", std::string(300, 'C')); },
-       noSetUp,
-       {"Q704", "", 0, "CA alone"}},
-  };
-}
-
-std::vector<Fault> faultsOfPlaces() {
-  std::vector<Fault> all = faultsOfFolders();
-  const std::vector<Fault> more = faultsOfEnvironment();
-  all.insert(all.end(), more.begin(), more.end());
-  return all;
-}
-
 std::vector<Fault> allFaults() {
   std::vector<Fault> all = faultsOfTexts();
-  for (const auto& more : {faultsOfNames(), faultsOfFiles(), faultsOfPlaces(), faultsOfProcesses()})
+  for (const auto& more :
+       {faultsOfNames(), faultsOfFiles(), faultsOfPlaces(), faultsOfEnvironment(), faultsOfProcesses()})
     all.insert(all.end(), more.begin(), more.end());
   return all;
 }
