@@ -81,6 +81,7 @@ std::vector<Finding> checkConfiguration(const Viewpoint& _viewpoint, const Confi
     checkInitText(_configuration.init, &cfg, known, findings);
   }
   checkFolders(_viewpoint, _configuration, findings);
+  checkBackups(_viewpoint, _configuration, findings);
   return findings;
 }
 

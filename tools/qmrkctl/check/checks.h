@@ -75,6 +75,9 @@ void checkClassList(const ConfigurationFile& _init, const ConfigurationFile* _fi
 /// Folders and logs, their rights, and disk space: the fifth hundred.
 void checkFolders(const Viewpoint& _viewpoint, const Configuration& _configuration, Findings& _findings);
 
+/// What hinders the rotation of application logs: the fifth hundred, too.
+void checkBackups(const Viewpoint& _viewpoint, const Configuration& _configuration, Findings& _findings);
+
 /// The environment: the seventh hundred.
 void checkEnvironment(const Viewpoint& _viewpoint, const Configuration& _configuration, Findings& _findings);
 

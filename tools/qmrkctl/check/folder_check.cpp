@@ -47,6 +47,10 @@ constexpr FindingKind folderTable[] = {
     {"Q510", Severity::warning, "Everybody may change a file of the configuration",
      "any user can switch logging off or fill the disk for all others",
      "take the right to write from others (chmod o-w)", "mode 0666"},
+    {"Q511", Severity::warning, "A folder stands in place of a backup of a log",
+     "the rotation renames it as if it were one, and fails at the last number: the application loses every further "
+     "line",
+     "remove the folder, then restart the applications that have lost lines", "a folder shop_log.txt.2"},
 };
 
 struct LogFile {

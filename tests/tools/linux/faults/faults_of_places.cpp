@@ -260,6 +260,14 @@ std::vector<Fault> faultsOfPlaces() {
        {"Q504", "app_log.txt", 0, "chmod go-w"},
        {"--app", "app"},
        [](const Installation& _at) { return !exists(_at.data() + "/target.log"); }},
+      {"a folder in place of a backup of an application's log",
+       "once it has the last number, the rotation fails: every further line of that log is lost",
+       [](Installation& _at) { fs::create_directories(_at.applicationLog() + ".1/content"); },
+       usualLines,
+       {"Q511", "app_log.txt.1", 0, "remove the folder"},
+       {"--app", "app", "--lines", "500"},
+       // What is full was not renamed.
+       [](const Installation& _at) { return fs::file_size(_at.applicationLog()) >= 5000; }},
       {"a class list that everybody may write",
        "any user can switch classes of all others",
        [](Installation& _at) {
