@@ -37,6 +37,10 @@ Environment ownEnvironment();
 /// The environment with which a process was started; no value if it cannot be read.
 std::optional<Environment> environmentOfProcess(int _pid);
 
+/// Whether a process has ended, or has begun to: then its environment cannot be read any more, and nothing must be
+/// concluded from that. Always false on Windows, where no environment of another process is read.
+bool hasEnded(int _pid);
+
 /// The folder through which to reach the files of a process that sees another file system than this program; empty if
 /// it sees the same, or that is unknown.
 std::string fileSystemOfProcess(int _pid);

@@ -20,6 +20,7 @@
 #include "tools/qmrkctl/shown_text.h"
 #include "tools/qmrkctl/tail/record_files.h"
 #include "tools/qmrkctl/tail/viewpoints.h"
+#include "tools/system/account.h"
 
 namespace qmrkctl {
 namespace {
@@ -53,7 +54,8 @@ class Examination {
                     ofListener == nullptr ? nullptr : &ofListener->configuration},
                    findings);
       checkProcessEnvironment(process, own, session_.of(_session, ""), findings);
-      add(findings);
+      // What was found of a process that ends meanwhile is found of its end.
+      if (!toolsystem::hasEnded(static_cast<int>(process.pid()))) add(findings);
     }
   }
 

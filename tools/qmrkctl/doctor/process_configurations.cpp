@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "quillmark_logging_names.h"
+#include "tools/system/account.h"
 
 namespace qmrkctl {
 namespace {
@@ -31,7 +32,7 @@ bool seesTheSame(const Viewpoint& _one, const Viewpoint& _other) {
 
 const SeenConfiguration* ProcessConfigurations::of(const RunningProcess& _process) {
   const auto viewpoint = viewpointOfProcess(static_cast<int>(_process.pid()));
-  if (!viewpoint) return nullptr;
+  if (!viewpoint || toolsystem::hasEnded(static_cast<int>(_process.pid()))) return nullptr;
   const bool isGiven = _process.status && _process.status->caSource == status::CaSource::given;
   return &of(*viewpoint, isGiven ? _process.status->caAsked : "");
 }
@@ -39,7 +40,8 @@ const SeenConfiguration* ProcessConfigurations::of(const RunningProcess& _proces
 const SeenConfiguration* ProcessConfigurations::ofListener(const RunningProcess& _process) {
   if (!_process.status || _process.status->listener.ca.empty()) return nullptr;
   const auto viewpoint = viewpointOfProcess(static_cast<int>(_process.pid()));
-  return viewpoint ? &of(*viewpoint, _process.status->listener.ca) : nullptr;
+  if (!viewpoint || toolsystem::hasEnded(static_cast<int>(_process.pid()))) return nullptr;
+  return &of(*viewpoint, _process.status->listener.ca);
 }
 
 const SeenConfiguration& ProcessConfigurations::of(const Viewpoint& _viewpoint, const std::string& _ca) {

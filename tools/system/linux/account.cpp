@@ -160,6 +160,12 @@ std::optional<Environment> environmentOfProcess(int _pid) {
   return environment;
 }
 
+bool hasEnded(int _pid) {
+  // The first thing that a process gives back is its memory.
+  const std::optional<std::string> status = contentOf(processFolder(_pid) + "/status");
+  return !status || status->find("\nVmSize:") == std::string::npos;
+}
+
 std::string fileSystemOfProcess(int _pid) {
   const std::string root = processFolder(_pid) + "/root";
   struct stat status {};

@@ -51,6 +51,8 @@ Environment ownEnvironment() {
 
 std::optional<Environment> environmentOfProcess(int) { return std::nullopt; }
 
+bool hasEnded(int) { return false; }
+
 std::string fileSystemOfProcess(int) { return ""; }
 
 bool baseFolder(platform::ShellFolder _folder, const Environment&, const std::string&, std::string& _path) {
