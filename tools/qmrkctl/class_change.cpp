@@ -11,9 +11,12 @@
 #include "tools/qmrkctl/answer_report.h"
 #include "tools/qmrkctl/asked_viewpoint.h"
 #include "tools/qmrkctl/ca_choice.h"
+#include "tools/qmrkctl/change_kind.h"
+#include "tools/qmrkctl/class_cover.h"
 #include "tools/qmrkctl/class_list_text.h"
 #include "tools/qmrkctl/duration.h"
 #include "tools/qmrkctl/exit_code.h"
+#include "tools/qmrkctl/file_refusal.h"
 #include "tools/qmrkctl/history.h"
 #include "tools/qmrkctl/shown_text.h"
 #include "tools/qmrkctl/steering.h"
@@ -57,17 +60,6 @@ std::string differenceText(const Names& _added, const Names& _removed) {
   return text.empty() ? " no change" : text;
 }
 
-int refuse(const toolsystem::FileFailure& _failure) {
-  Report::message(shown(_failure.text));
-  if (_failure.isDenied) {
-    Report::message(toolsystem::seesEveryProcess()
-                        ? "not even root may: look at the mount options, the attributes of the file (lsattr), and whose link it is"
-                        : "the owner of the file may do that, or root: run the same command by sudo");
-    return exitNoPermission;
-  }
-  return _failure.isMissing ? exitNotFound : exitInternal;
-}
-
 // One change, from the lock to the answers.
 class Change {
  public:
@@ -103,7 +95,7 @@ class Change {
   }
 
   static int tellNoLock(const toolsystem::FileLock& _lock) {
-    if (_lock.failure()) return refuse(*_lock.failure());
+    if (_lock.failure()) return refuseFile(*_lock.failure());
     if (toolsystem::isEndRequested()) return exitInterrupted;
     Report::message("somebody else is changing the class list, and has been for 5 s");
     return exitTimeout;
@@ -111,7 +103,7 @@ class Change {
 
   int changeLocked(const Viewpoint& _viewpoint, const Configuration& _configuration) {
     auto state = readClassList(place_);
-    if (!state) return refuse({"cannot read " + place_.reached, true, false});
+    if (!state) return refuseUnread(place_.reached, "qmrkctl classes " + std::string(changeName(request_.kind)));
     before_ = *state;
     if (!before_.exists && request_.kind == ChangeKind::disable) return refuseMissing();
     now_ = clocksNow();
@@ -119,12 +111,14 @@ class Change {
     after_ = changed({before_.exists, swept.list, swept.leases}, request_, now_);
     if (const int code = lint(_viewpoint, _configuration); code != exitOk) return code;
     tellDifference();
-    if (request_.isDryRun) return exitOk;
+    const int done = request_.kind == ChangeKind::disable ? tellLeftOn() : exitOk;
+    if (request_.isDryRun) return done;
     const RunningProcesses processes =
         request_.isSilent ? RunningProcesses() : runningProcesses(steeredProcesses(options_));
     std::vector<Addressee> addressees = addresseesOf(processes.found);
-    if (const auto failure = writeClassList(place_, before_, after_)) return refuse(*failure);
-    return awaitAnswers(addressees);
+    if (const auto failure = writeClassList(place_, before_, after_)) return refuseFile(*failure);
+    const int code = awaitAnswers(addressees);
+    return code == exitOk ? done : code;
   }
 
   int refuseMissing() const {
@@ -170,6 +164,22 @@ class Change {
     if (request_.duration) tellEnd();
   }
 
+  // That which is not as asked after classes were switched off.
+  int tellLeftOn() const {
+    int code = exitOk;
+    const Names missing = classesMissingIn(request_.names, classesIn(before_.list));
+    for (const std::string& name : classesMissingIn(request_.names, {})) {
+      const std::string cover = coverText(name, classesIn(after_.list));
+      if (!cover.empty()) {
+        Report::message(cover);
+        code = exitNegative;
+      } else if (std::find(missing.begin(), missing.end(), name) != missing.end()) {
+        Report::message(shown(name) + " is not in the class list");
+      }
+    }
+    return code;
+  }
+
   void tellEnd() {
     const std::map<std::string, std::int64_t> ends = endsOf(after_.leases);
     const Names meant = classesMissingIn(namesMeant(request_), {});
@@ -188,8 +198,13 @@ class Change {
     report_.result()["until"] = utcText(end);
     for (const std::string& name : meant) {
       const auto found = ends.find(name);
-      if (found == ends.end() || found->second <= end) continue;
-      report_.line("but " + shown(name) + " at " + utcText(found->second) + ": a former lease lasts longer");
+      if (found == ends.end()) continue;
+      const std::string cover = coverText(name, entriesAfter(end, classesIn(after_.list), ends));
+      if (found->second > end) {
+        report_.line("but " + shown(name) + " at " + utcText(found->second) + ": a former lease lasts longer");
+      } else if (!cover.empty()) {
+        report_.line("but " + cover);
+      }
     }
   }
 
@@ -245,22 +260,6 @@ class Change {
 };
 
 }  // namespace
-
-std::string_view changeName(ChangeKind _kind) {
-  switch (_kind) {
-    case ChangeKind::enable:
-      return "enable";
-    case ChangeKind::disable:
-      return "disable";
-    case ChangeKind::only:
-      return "only";
-    case ChangeKind::set:
-      return "set";
-    case ChangeKind::clear:
-      break;
-  }
-  return "clear";
-}
 
 ClassListState changed(const ClassListState& _state, const ChangeRequest& _request, const Clocks& _now) {
   ClassListState after = _state;

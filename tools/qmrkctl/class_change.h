@@ -6,12 +6,11 @@
 #include <string>
 #include <vector>
 
+#include "tools/qmrkctl/change_kind.h"
 #include "tools/qmrkctl/class_list_file.h"
 #include "tools/qmrkctl/command_report.h"
 
 namespace qmrkctl {
-
-enum class ChangeKind { enable, disable, only, set, clear };
 
 /// A requested change of a class list.
 struct ChangeRequest {
@@ -27,9 +26,6 @@ struct ChangeRequest {
   bool isSilent = false;  ///< do not set the event
   bool isForced = false;  ///< write the list even if it has errors
 };
-
-/// "enable", "disable" ...
-std::string_view changeName(ChangeKind _kind);
 
 /// The list and the leases after the change. Expired leases must have been swept before.
 ClassListState changed(const ClassListState& _state, const ChangeRequest& _request, const Clocks& _now);

@@ -9,6 +9,7 @@
 
 #include "platform/native_path.h"
 #include "tools/qmrkctl/asked_viewpoint.h"
+#include "tools/qmrkctl/change_kind.h"
 #include "tools/qmrkctl/class_entries.h"
 #include "tools/qmrkctl/class_list_text.h"
 #include "tools/qmrkctl/duration.h"

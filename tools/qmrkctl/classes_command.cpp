@@ -2,6 +2,7 @@
 #include <memory>
 #include <string>
 
+#include "tools/qmrkctl/change_kind.h"
 #include "tools/qmrkctl/class_change.h"
 #include "tools/qmrkctl/class_list_text.h"
 #include "tools/qmrkctl/class_overview.h"

@@ -10,12 +10,11 @@
 #include "tools/qmrkctl/class_list_text.h"
 #include "tools/qmrkctl/commands.h"
 #include "tools/qmrkctl/exit_code.h"
+#include "tools/qmrkctl/file_refusal.h"
 #include "tools/qmrkctl/history.h"
 #include "tools/qmrkctl/shown_text.h"
 #include "tools/qmrkctl/steering.h"
-#include "tools/system/elevation.h"
 #include "tools/system/path_facts.h"
-#include "tools/system/path_rights.h"
 
 namespace qmrkctl {
 namespace {
@@ -51,25 +50,12 @@ std::string recordLine(const Json& _record) {
   return line;
 }
 
-int refuseUnread(const std::string& _path, const toolsystem::PathFacts& _facts) {
-  const bool isFile = _facts.kind == toolsystem::PathKind::file;
-  if (!isFile && !_facts.isHidden) {
-    Report::message("cannot read " + shown(_path) + ": it is no regular file");
-    return exitInternal;
-  }
-  if (isFile && toolsystem::rightsOn({_path}, toolsystem::ownAccount(), "").front().isReadable) {
-    Report::message("cannot read " + shown(_path));
-    return exitInternal;
-  }
-  Report::message("permission denied for " + shown(_path) + "; " + toolsystem::elevated("qmrkctl history") + " has it");
-  return exitNoPermission;
-}
-
 int showHistory(std::size_t _most, const Options& _options, Report& _report) {
   int refusal = exitOk;
   const auto viewpoint = askedViewpoint(_options, refusal);
   if (!viewpoint) return refusal;
-  const auto place = classListPlace(*viewpoint, readConfiguration(*viewpoint, _options.ca));
+  const Configuration configuration = readConfiguration(*viewpoint, _options.ca);
+  const auto place = classListPlace(*viewpoint, configuration);
   if (!place) {
     Report::message("the CA has no class list of its own");
     return exitNotFound;
@@ -79,15 +65,16 @@ int showHistory(std::size_t _most, const Options& _options, Report& _report) {
   std::string text;
   platform::TextReader file(place->history);
   if ((facts.kind != toolsystem::PathKind::missing || facts.isHidden) && !file.readAll(text)) {
-    return refuseUnread(path, facts);
+    return refuseUnread(path, "qmrkctl history");
   }
   History history = parseHistory(text);
+  const bool isEmpty = history.records.empty();
   if (history.records.size() > _most) {
     history.records.erase(history.records.begin(), history.records.end() - static_cast<std::ptrdiff_t>(_most));
   }
   for (const Json& record : history.records)
     _report.line(recordLine(record));
-  if (history.records.empty()) _report.line("no change is recorded for " + shown(place->ca));
+  if (isEmpty) _report.line("no change is recorded for " + shown(place->ca));
   if (history.unreadableLines > 0) {
     _report.line(std::to_string(history.unreadableLines) + " lines cannot be read");
   }

@@ -8,6 +8,7 @@
 #include "tools/qmrkctl/commands.h"
 #include "tools/qmrkctl/duration.h"
 #include "tools/qmrkctl/exit_code.h"
+#include "tools/qmrkctl/file_refusal.h"
 #include "tools/qmrkctl/lease_sweep.h"
 #include "tools/qmrkctl/shown_text.h"
 #include "tools/qmrkctl/steering.h"
@@ -25,10 +26,7 @@ int listLeases(const Options& _options, Report& _report) {
   Json all = Json::array();
   for (const ClassListPlace& place : listsWithLeases(*viewpoint)) {
     const auto state = readClassList(place);
-    if (!state) {
-      Report::message("cannot read " + shown(place.reached));
-      return exitNoPermission;
-    }
+    if (!state) return refuseUnread(place.reached, "qmrkctl leases list");
     if (state->hasDamagedLeases) {
       Report::message("cannot read all of " + shown(platform::nativePath(place.lease)) +
                       ": what it should switch off stays on until \"qmrkctl classes disable\"");

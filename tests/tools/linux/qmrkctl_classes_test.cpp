@@ -214,6 +214,7 @@ TEST_F(QmrkctlClasses, RecordsEveryChange) {
   EXPECT_EQ(result["records"][0]["answers"][0]["outcome"], "applied");
   EXPECT_EQ(result["records"][0]["after"], "Demo.App;\nDemo.Net.error;\nDemo.Net;\n");
   EXPECT_TRUE(contains(qmrkctl({"history"}).output, "slow\\nstart"));
+  EXPECT_FALSE(contains(qmrkctl({"history", "-n", "0"}).output, "no change is recorded"));
 }
 
 TEST_F(QmrkctlClasses, MarksEveryLogAndCreatesNone) {

@@ -139,7 +139,7 @@ TEST_F(QmrkctlOddLists, MayHaveAHistoryThatCannotBeRead) {
   std::filesystem::create_directory(file);
   const ChildResult result = qmrkctl({"history"});
   EXPECT_EQ(result.exitCode, 70);
-  EXPECT_TRUE(contains(result.errors, "cannot read " + file + ": it is no regular file")) << result.errors;
+  EXPECT_TRUE(contains(result.errors, "cannot read " + file + ": it is a folder")) << result.errors;
 }
 
 TEST_F(QmrkctlOddLists, OnAReadOnlyDiskAreNotPromisedToRoot) {
@@ -194,6 +194,26 @@ TEST_F(QmrkctlOddLists, OfAProcessOfSomebodyElseAreRefusedWithWhoMay) {
               return 0;
             }),
             0);
+}
+
+TEST_F(QmrkctlOddLists, ThatCannotBeReadAreRefusedWithTheReason) {
+  const std::string path = testsupport::replaced(sandbox_.initPath("CA12"), "\\", "/");
+  ASSERT_EQ(::chmod(path.c_str(), 0), 0);
+  EXPECT_EQ(testsupport::inForkedChild([&] {
+              const std::string folder = path.substr(0, path.rfind('/'));
+              if (::chown(folder.c_str(), other, other) != 0 || ::setresuid(other, other, other) != 0) return 1;
+              const ChildResult result = qmrkctl({"classes", "enable", "Demo.Net"});
+              if (result.exitCode != 4) return 2;
+              return contains(result.errors, "permission denied for " + path + "; sudo qmrkctl classes enable has it\n")
+                         ? 0
+                         : 3;
+            }),
+            0);
+  ASSERT_EQ(::unlink(path.c_str()), 0);
+  ASSERT_EQ(::mkdir(path.c_str(), 0755), 0);
+  const ChildResult result = qmrkctl({"classes", "enable", "Demo.Net"});
+  EXPECT_EQ(result.exitCode, 70);
+  EXPECT_EQ(result.errors, "qmrkctl: cannot read " + path + ": it is a folder\n");
 }
 
 }  // namespace
