@@ -18,6 +18,7 @@ using Action = std::function<int(const Options&, Report&)>;
 struct Choice {
   std::string schema;  ///< of its JSON: "classes" for qmrkctl.classes/1
   Action action;
+  bool isSweep = false;  ///< it ends leases itself, so nothing is to do so in passing
 };
 
 /// Adds a command to the program. Its options live in its callback, which stores the action in the choice.

@@ -81,8 +81,12 @@ std::optional<SweptList> sweepList(const ClassListPlace& _place, std::chrono::mi
   if (result.failure) return result;
   if (!swept.ended.empty()) result.acknowledgement = letKnow(followers, _wait);
   if (swept.ended.empty()) return result;
-  const ChangeRecord record{_place.ca, "sweep", before->list, swept.list, "its time is over", ""};
-  result.failure = appendToHistory(_place.history, record, result.acknowledgement.answers);
+  const bool isInPassing = _wait.count() == 0;
+  const std::string reason = isInPassing ? "its time is over; nobody waited for answers" : "its time is over";
+  const ChangeRecord record{_place.ca, "sweep", before->list, swept.list, reason, ""};
+  // What nobody waited for says nothing.
+  const std::vector<Answer> answers = isInPassing ? std::vector<Answer>() : result.acknowledgement.answers;
+  result.failure = appendToHistory(_place.history, record, answers);
   return result;
 }
 

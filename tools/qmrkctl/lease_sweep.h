@@ -23,7 +23,7 @@ struct SweptList {
 };
 
 /// Ends the expired leases of a list and makes its applications apply it. Records that in the history.
-/// @param _wait how long to wait for their answers.
+/// @param _wait how long to wait for their answers; if 0, the history has none.
 /// @return no value if there was nothing to do, the list cannot be read, or somebody else is changing it.
 std::optional<SweptList> sweepList(const ClassListPlace& _place, std::chrono::milliseconds _wait);
 

@@ -102,7 +102,7 @@ void addLeasesCommand(CLI::App& _program, Choice& _choice) {
       ->check([](const std::string& _text) { return parseDuration(_text) ? "" : _text + " " + durationHint; });
   sweepCommand->callback([wait, &_choice] {
     _choice = {"leases",
-               [wait](const Options& _options, Report& _report) { return sweepAll(*wait, _options, _report); }};
+               [wait](const Options& _options, Report& _report) { return sweepAll(*wait, _options, _report); }, true};
   });
 }
 

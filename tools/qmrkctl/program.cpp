@@ -21,7 +21,7 @@ namespace {
 int run(const Choice& _choice, const Options& _options) {
   Report report(_options);
   int exitCode = exitInternal;
-  sweepInPassing();
+  if (!_choice.isSweep) sweepInPassing();
   try {
     exitCode = _choice.action(_options, report);
   } catch (const std::exception& error) {

@@ -41,4 +41,24 @@ TEST_F(QmrkctlRemainingClasses, SaysWhatKeepsAClassOnAfterItsTime) {
       << "a lease that lasts longer";
 }
 
+TEST_F(QmrkctlRemainingClasses, ReportsWhatASweepEndedAndWhoAppliedIt) {
+  const SleepingListener pump(follower("Pump"));
+  EXPECT_EQ(qmrkctl({"classes", "enable", "Demo.Net", "--for", "1h", "--wait", "60s"}).exitCode, 0);
+  endLease();
+  const Json swept = json({"leases", "sweep", "--wait", "60s"})["result"]["swept"];
+  ASSERT_EQ(swept.size(), 1U);
+  EXPECT_EQ(swept[0]["ended"], Json({"Demo.Net"}));
+  EXPECT_EQ(swept[0]["answers"][0]["outcome"], "applied") << swept;
+  const std::string history = qmrkctl({"history", "-n", "1"}).output;
+  EXPECT_TRUE(contains(history, "sweep -Demo.Net, applied by 1 of 1: its time is over\n")) << history;
+}
+
+TEST_F(QmrkctlRemainingClasses, RecordsNoAnswersOfASweepInPassing) {
+  const SleepingListener pump(follower("Pump"));
+  EXPECT_EQ(qmrkctl({"classes", "enable", "Demo.Net", "--for", "1h", "--wait", "60s"}).exitCode, 0);
+  endLease();
+  const std::string history = qmrkctl({"history", "-n", "1"}).output;
+  EXPECT_TRUE(contains(history, "sweep -Demo.Net: its time is over; nobody waited for answers\n")) << history;
+}
+
 }  // namespace
