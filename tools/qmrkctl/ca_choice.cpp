@@ -3,6 +3,8 @@
 
 #include "quillmark_logging_names.h"
 #include "tools/qmrkctl/check/similar_name.h"
+#include "tools/qmrkctl/command_report.h"
+#include "tools/qmrkctl/shown_text.h"
 
 namespace qmrkctl {
 namespace {
@@ -34,6 +36,11 @@ Json caJson(const Configuration& _configuration) {
 bool isNamedCaMissing(const Configuration& _configuration) {
   return _configuration.origin == CaOrigin::option && _configuration.isFallenBack &&
          !isSameIgnoringCase(_configuration.caAsked, Quillmark_logging::GENERIC_CA);
+}
+
+void tellOtherCa(const Configuration& _configuration) {
+  if (!isNamedCaMissing(_configuration)) return;
+  Report::message(shown(_configuration.caAsked) + " has no .cfg file; this is " + shown(_configuration.caOfFiles));
 }
 
 }  // namespace qmrkctl

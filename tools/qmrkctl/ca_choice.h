@@ -17,4 +17,7 @@ Json caJson(const Configuration& _configuration);
 /// Whether a CA was named on the command line that is not installed, so that "GE" would answer for it.
 bool isNamedCaMissing(const Configuration& _configuration);
 
+/// Says so, and which CA is shown instead.
+void tellOtherCa(const Configuration& _configuration);
+
 }  // namespace qmrkctl

@@ -8,6 +8,7 @@
 #include "platform/native_path.h"
 #include "quillmark_logging_names.h"
 #include "tools/qmrkctl/asked_viewpoint.h"
+#include "tools/qmrkctl/ca_choice.h"
 #include "tools/qmrkctl/class_entries.h"
 #include "tools/qmrkctl/exit_code.h"
 #include "tools/qmrkctl/logged_lines.h"
@@ -152,6 +153,7 @@ int listClasses(const Options& _options, Report& _report) {
     Report::message("the CA " + shown(configuration.caInEffect) + " has no class list of its own");
     return exitNotFound;
   }
+  tellOtherCa(configuration);
   Overview overview(configuration, *place);
   overview.addRunning(runningProcesses(steeredProcesses(_options)).found);
   if (configuration.logs && !configuration.logs->commonLog.empty()) {

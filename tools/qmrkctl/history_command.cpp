@@ -7,6 +7,7 @@
 #include "platform/native_path.h"
 #include "platform/text_file.h"
 #include "tools/qmrkctl/asked_viewpoint.h"
+#include "tools/qmrkctl/ca_choice.h"
 #include "tools/qmrkctl/class_list_text.h"
 #include "tools/qmrkctl/commands.h"
 #include "tools/qmrkctl/exit_code.h"
@@ -60,6 +61,7 @@ int showHistory(std::size_t _most, const Options& _options, Report& _report) {
     Report::message("the CA has no class list of its own");
     return exitNotFound;
   }
+  tellOtherCa(configuration);
   const std::string path = platform::nativePath(place->history);
   const toolsystem::PathFacts facts = toolsystem::factsOf(path);
   std::string text;

@@ -136,6 +136,7 @@ int show(const Options& _options, const std::string& _otherCa, Report& _report) 
   const Configuration configuration = readConfiguration(*viewpoint, _options.ca);
   exitCode = refusal(configuration);
   if (exitCode != exitOk) return exitCode;
+  tellOtherCa(configuration);
   if (_otherCa.empty()) return showAll(configuration, _report);
   const Configuration other = readConfiguration(*viewpoint, _otherCa);
   exitCode = other.isFallenBack ? exitNotFound : refusal(other);

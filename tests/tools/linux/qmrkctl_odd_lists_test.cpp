@@ -216,4 +216,14 @@ TEST_F(QmrkctlOddLists, ThatCannotBeReadAreRefusedWithTheReason) {
   EXPECT_EQ(result.errors, "qmrkctl: cannot read " + path + ": it is a folder\n");
 }
 
+TEST_F(QmrkctlOddLists, OfAnotherCaThanWasNamedAreShownWithItsName) {
+  for (const Names& command : {Names{"classes", "list"}, Names{"show"}, Names{"history"}}) {
+    Names arguments = {"--ca", "CA99"};
+    arguments.insert(arguments.end(), command.begin(), command.end());
+    EXPECT_EQ(qmrkctl(arguments).errors, "qmrkctl: CA99 has no .cfg file; this is CA12\n") << command.front();
+    arguments[1] = "CA12";
+    EXPECT_EQ(qmrkctl(arguments).errors, "") << command.front();
+  }
+}
+
 }  // namespace
