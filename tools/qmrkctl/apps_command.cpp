@@ -93,12 +93,13 @@ std::string othersText(std::size_t _number) {
   return std::to_string(_number) + " more of other users; sudo qmrkctl apps --all-users shows them";
 }
 
-std::vector<std::string> linesOf(const RunningProcesses& _processes) {
+std::vector<std::string> linesOf(const RunningProcesses& _processes, const std::string& _ca) {
   std::vector<std::vector<std::string>> rows = {{"PID", "USER", "APP", "CA", "LISTENS", "APPLIED", "LOST", "FILES"}};
   for (const RunningProcess& process : _processes.found)
     rows.push_back(rowOf(process));
   std::vector<std::string> lines = tableLines(rows);
-  if (_processes.found.empty()) lines = {"no running process has the library loaded"};
+  if (_processes.found.empty())
+    lines = {_ca.empty() ? "no running process has the library loaded" : "no running process uses " + shown(_ca)};
   if (_processes.ofOthers > 0) lines.push_back(othersText(_processes.ofOthers));
   return lines;
 }
@@ -110,12 +111,18 @@ void keepResult(const RunningProcesses& _processes, Report& _report) {
   _report.result() = {{"apps", apps}, {"ofOthers", _processes.ofOthers}};
 }
 
+RunningProcesses askedProcesses(const Options& _options) {
+  RunningProcesses processes = runningProcesses(steeredProcesses(_options));
+  keepThoseOf(_options.ca, processes.found);
+  return processes;
+}
+
 int showOnce(const Options& _options, Report& _report) {
-  const RunningProcesses processes = runningProcesses(steeredProcesses(_options));
+  const RunningProcesses processes = askedProcesses(_options);
   keepResult(processes, _report);
-  for (const std::string& line : linesOf(processes))
+  for (const std::string& line : linesOf(processes, _options.ca))
     _report.line(line);
-  const bool isChosen = _options.pid || !_options.app.empty();
+  const bool isChosen = _options.pid || !_options.app.empty() || !_options.ca.empty();
   return processes.found.empty() && isChosen ? exitNotFound : exitOk;
 }
 
@@ -125,9 +132,9 @@ int watch(std::chrono::milliseconds _interval, const Options& _options, Report& 
   const bool isTerminal = toolsystem::isTerminal(toolsystem::Stream::output);
   std::vector<std::string> former;
   do {
-    const RunningProcesses processes = runningProcesses(steeredProcesses(_options));
+    const RunningProcesses processes = askedProcesses(_options);
     keepResult(processes, _report);
-    const std::vector<std::string> lines = linesOf(processes);
+    const std::vector<std::string> lines = linesOf(processes, _options.ca);
     if (isTerminal && !_options.json) _report.bytes(homeAndClear);
     for (const std::string& line : lines) {
       if (isTerminal || lines != former) _report.line(line);
@@ -149,6 +156,7 @@ void addAppsCommand(CLI::App& _program, Choice& _choice) {
       "Example: sudo qmrkctl apps --all-users --watch");
   command->callback([isWatched, &_choice] {
     _choice = {"apps", [isWatched](const Options& _options, Report& _report) {
+                 if (refusesUser(_options)) return static_cast<int>(exitNotFound);
                  if (*isWatched) return watch(std::chrono::seconds(1), _options, _report);
                  return showOnce(_options, _report);
                }};

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/running_process.h"
+#include "tools/qmrkctl/check/similar_name.h"
 #include "tools/status/process_finder.h"
 
 namespace qmrkctl {
@@ -111,6 +112,14 @@ RunningProcesses runningProcesses(const ProcessQuery& _query) {
             [](const RunningProcess& _one, const RunningProcess& _other) { return _one.pid() < _other.pid(); });
   if (!toolsystem::seesEveryProcess()) processes.ofOthers += toolsystem::foreignListeners();
   return processes;
+}
+
+void keepThoseOf(const std::string& _ca, std::vector<RunningProcess>& _processes) {
+  if (_ca.empty()) return;
+  const auto isMeant = [&_ca](const std::string& _other) { return isSameIgnoringCase(_ca, _other); };
+  std::erase_if(_processes, [&isMeant](const RunningProcess& _process) {
+    return !_process.status || (!isMeant(_process.status->caAsked) && !isMeant(_process.status->caInEffect));
+  });
 }
 
 bool listensTo(const RunningProcess& _process, const std::string& _event) {

@@ -44,6 +44,9 @@ struct RunningProcesses {
 /// Finds running processes and reads their pages.
 RunningProcesses runningProcesses(const ProcessQuery& _query);
 
+/// Keeps only those that use a CA, as far as that is known; all, if it is empty.
+void keepThoseOf(const std::string& _ca, std::vector<RunningProcess>& _processes);
+
 /// Whether a listener of the process waits for the event of that name, as far as the caller can see.
 bool listensTo(const RunningProcess& _process, const std::string& _event);
 

@@ -67,11 +67,8 @@ int tellNobody(const std::string& _event, const Acknowledgement& _result, std::s
 }
 
 int signalEvent(const SignalOptions& _signal, const Options& _options, Report& _report) {
+  if (refusesUser(_options)) return exitNotFound;
   const ProcessQuery query = steeredProcesses(_options);
-  if (!query.user.empty() && !isKnownUser(query.user)) {
-    Report::message("there is no user \"" + shown(query.user) + "\"");
-    return exitNotFound;
-  }
   const RunningProcesses processes = runningProcesses(query);
   if (processes.found.empty() && (query.pid || !query.application.empty())) {
     if (_options.pid && isHiddenProcess(*_options.pid)) return refuseHiddenProcess(*_options.pid);

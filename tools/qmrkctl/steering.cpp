@@ -8,6 +8,8 @@
 #include "platform/native_path.h"
 #include "platform/text_file.h"
 #include "tools/qmrkctl/check/similar_name.h"
+#include "tools/qmrkctl/command_report.h"
+#include "tools/qmrkctl/shown_text.h"
 #include "tools/system/log_file.h"
 #include "tools/system/path_in_root.h"
 
@@ -41,7 +43,11 @@ std::optional<std::string> nextList(const RunningProcess& _process, ProcessConfi
 
 }  // namespace
 
-bool isKnownUser(const std::string& _user) { return userIdOf(_user).has_value(); }
+bool refusesUser(const Options& _options) {
+  if (_options.user.empty() || userIdOf(_options.user)) return false;
+  Report::message("there is no user \"" + shown(_options.user) + "\"");
+  return true;
+}
 
 ProcessQuery steeredProcesses(const Options& _options) {
   ProcessQuery query = queryOf(_options);

@@ -19,8 +19,9 @@ namespace qmrkctl {
 /// are daemons of other users.
 ProcessQuery steeredProcesses(const Options& _options);
 
-/// Whether a user has that name. Any number will do, since a process can run under an id that has no name.
-bool isKnownUser(const std::string& _user);
+/// Whether the options name a user who is not known; says so. Any number will do, since a process can run under an id
+/// that has no name.
+bool refusesUser(const Options& _options);
 
 /// Where the events of the processes are, and those of the users that the query names.
 /// @param _session of Windows; no value: the caller's, and the events that all sessions share.

@@ -90,6 +90,29 @@ TEST_F(QmrkctlSteering, ShowsApplicationsWithTheirState) {
   EXPECT_EQ(json({"apps"})["result"]["apps"][0]["applied"], "no");
 }
 
+TEST_F(QmrkctlSteering, ShowsOnlyTheApplicationsOfTheCaThatIsNamed) {
+  auto settings = follower("Pump");
+  settings.ca = "CA12";
+  const SleepingListener pump(settings);
+  settings = follower("Valve");
+  settings.ca = "CA13";
+  const SleepingListener valve(settings);
+  const Json apps = json({"--ca", "ca12", "apps"})["result"]["apps"];
+  ASSERT_EQ(apps.size(), 1U) << apps;
+  EXPECT_EQ(apps[0]["application"], "Pump");
+  const ChildResult none = qmrkctl({"--ca", "CA14", "apps"});
+  EXPECT_EQ(none.exitCode, 3);
+  EXPECT_EQ(none.output, "no running process uses CA14\n");
+}
+
+TEST_F(QmrkctlSteering, RefusesAnUnknownUser) {
+  for (const std::string command : {"apps", "signal", "tail"}) {
+    const ChildResult result = qmrkctl({"--user", "nobodyx", command});
+    EXPECT_EQ(result.exitCode, 3) << command;
+    EXPECT_TRUE(contains(result.errors, "there is no user \"nobodyx\"")) << command << result.errors;
+  }
+}
+
 TEST_F(QmrkctlSteering, EndsTheWatchWithItsOwnCodeOnAnInterruption) {
   const SleepingListener pump(follower("Pump"));
   EXPECT_EQ(testsupport::inForkedChild([] {

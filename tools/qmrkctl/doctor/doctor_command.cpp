@@ -9,7 +9,6 @@
 #include "quillmark_logging_names.h"
 #include "tools/logs/civil_time.h"
 #include "tools/qmrkctl/asked_viewpoint.h"
-#include "tools/qmrkctl/check/similar_name.h"
 #include "tools/qmrkctl/commands.h"
 #include "tools/qmrkctl/doctor/process_check.h"
 #include "tools/qmrkctl/doctor/process_configurations.h"
@@ -144,15 +143,6 @@ ProcessQuery examinedProcesses(const Options& _options) {
   ProcessQuery query = queryOf(_options);
   if (_options.user.empty() && !_options.pid && toolsystem::seesEveryProcess()) query.allUsers = true;
   return query;
-}
-
-// With --ca only those that use it, as far as that is known.
-void keepThoseOf(const std::string& _ca, std::vector<RunningProcess>& _processes) {
-  if (_ca.empty()) return;
-  const auto isMeant = [&_ca](const std::string& _other) { return isSameIgnoringCase(_ca, _other); };
-  std::erase_if(_processes, [&isMeant](const RunningProcess& _process) {
-    return !_process.status || (!isMeant(_process.status->caAsked) && !isMeant(_process.status->caInEffect));
-  });
 }
 
 int examine(bool _isStrict, const Options& _options, Report& _report) {

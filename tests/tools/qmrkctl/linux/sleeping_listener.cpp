@@ -46,7 +46,7 @@ class ShownPage {
     page_.number(status::pid, self).number(status::startTime, platform::startTimeOf(self));
     list(status::applications, settings_.applications, [](const std::string&) { return false; });
     page_.text(status::initPath, settings_.listPath).text(status::commonLogPath, settings_.commonLog);
-    page_.text(status::caInEffect, "CA12").text(status::listenerEvent, "QMRK_LOG_EVENT");
+    page_.text(status::caInEffect, _settings.ca).text(status::listenerEvent, "QMRK_LOG_EVENT");
     page_.number(status::listenerState, 1);
   }
 

@@ -20,6 +20,7 @@ class SleepingListener {
     /// with these logs. Empty: it sleeps on.
     std::string listPath;
     std::vector<std::string> logs;
+    std::string ca = "CA12";    ///< shown on the page
     std::string commonLog;      ///< shown on the page
     bool replacesPage = false;  ///< shows each answer on a page that it makes again
   };
