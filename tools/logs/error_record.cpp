@@ -80,10 +80,11 @@ bool parseClassStoreText(std::string_view _text, ErrorRecord& _record) {
     _record.kind = RecordKind::noClassListPath;
     return true;
   }
-  std::string_view rest = _text;
-  if (!rest.starts_with("The file ") || !takeEnd(rest, " doesn't have READ permission.")) return false;
+  if (!scanner.take("The file ")) return false;
+  std::string_view rest = scanner.rest();
+  if (!takeEnd(rest, " doesn't have READ permission.")) return false;
   _record.kind = RecordKind::unreadableClassList;
-  _record.file = rest.substr(std::string_view("The file ").size());
+  _record.file = rest;
   return true;
 }
 

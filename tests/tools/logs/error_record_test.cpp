@@ -75,6 +75,14 @@ TEST(ErrorRecord, NamesFileAndCaOfTheClassStore) {
   EXPECT_EQ(unwritable.file, "/x.init");
 }
 
+TEST(ErrorRecord, MayLackTheFileInATextThatNamesOne) {
+  const auto record = parseErrorRecord("2007/01/05 09:03:07 The file doesn't have READ permission. [2] ");
+  ASSERT_TRUE(record);
+  EXPECT_EQ(record->kind, RecordKind::unknown);
+  EXPECT_EQ(record->text, "The file doesn't have READ permission. [2] ");
+  EXPECT_EQ(parsed("2007/01/05 09:03:07 The file  doesn't have READ permission. [2] ").file, "");
+}
+
 TEST(ErrorRecord, SeparatesStrangeNames) {
   const auto record =
       parsed(errorInfoText(Quillmark_logging::invalidConfiguration, "CA.7 [x]", "a] [Called by b", redirection));
