@@ -158,7 +158,8 @@ Activity activityOf(std::uint32_t _pid) {
 std::size_t foreignListeners() {
   struct stat memory {};
   if (::stat("/dev/shm", &memory) != 0) return 0;
-  return countEventUsers(textOf("/proc/locks").value_or(""), memory.st_dev, ownEventFiles());
+  return settledCount(
+      [&] { return countEventUsers(textOf("/proc/locks").value_or(""), memory.st_dev, ownEventFiles()); });
 }
 
 bool seesEveryProcess() { return ::geteuid() == 0; }

@@ -98,4 +98,15 @@ std::size_t countEventUsers(std::string_view _locks, std::uint64_t _device, cons
   return count;
 }
 
+std::size_t settledCount(const std::function<std::size_t()>& _look) {
+  constexpr int mostLooks = 10;
+  std::size_t count = _look();
+  for (int look = 1; look < mostLooks; ++look) {
+    const std::size_t former = count;
+    count = _look();
+    if (count == former) break;
+  }
+  return count;
+}
+
 }  // namespace toolsystem

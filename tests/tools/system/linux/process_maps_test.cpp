@@ -58,4 +58,13 @@ TEST(ProcessMaps, CountTheUsersOfEventsOfADevice) {
   EXPECT_EQ(countEventUsers("nonsense", device, {}), 0U);
 }
 
+TEST(ProcessMaps, CountsWhatTwoLooksInARowAgreeOn) {
+  std::vector<std::size_t> looks = {1, 0, 2, 1, 1, 5};
+  std::size_t done = 0;
+  EXPECT_EQ(toolsystem::settledCount([&] { return looks[done++]; }), 1U);
+  EXPECT_EQ(done, 5U);
+  done = 0;
+  EXPECT_EQ(toolsystem::settledCount([&] { return done++; }), 9U) << "does not go on for ever";
+}
+
 }  // namespace
