@@ -31,7 +31,7 @@ int refuseUnread(const std::string& _path, const std::string& _command) {
   if (!isFile && !facts.isHidden) {
     const bool isFolder = facts.kind == toolsystem::PathKind::folder;
     Report::message("cannot read " + shown(path) + (isFolder ? ": it is a folder" : ": it is no regular file"));
-    return exitInternal;
+    return exitNegative;
   }
   if (isFile && toolsystem::rightsOn({path}, toolsystem::ownAccount(), "").front().isReadable) {
     Report::message("cannot read " + shown(path));

@@ -138,7 +138,7 @@ TEST_F(QmrkctlOddLists, MayHaveAHistoryThatCannotBeRead) {
   std::filesystem::remove(file);
   std::filesystem::create_directory(file);
   const ChildResult result = qmrkctl({"history"});
-  EXPECT_EQ(result.exitCode, 70);
+  EXPECT_EQ(result.exitCode, 1);
   EXPECT_TRUE(contains(result.errors, "cannot read " + file + ": it is a folder")) << result.errors;
 }
 
@@ -212,7 +212,7 @@ TEST_F(QmrkctlOddLists, ThatCannotBeReadAreRefusedWithTheReason) {
   ASSERT_EQ(::unlink(path.c_str()), 0);
   ASSERT_EQ(::mkdir(path.c_str(), 0755), 0);
   const ChildResult result = qmrkctl({"classes", "enable", "Demo.Net"});
-  EXPECT_EQ(result.exitCode, 70);
+  EXPECT_EQ(result.exitCode, 1);
   EXPECT_EQ(result.errors, "qmrkctl: cannot read " + path + ": it is a folder\n");
 }
 
