@@ -38,6 +38,12 @@ void addLogOf(const RunningProcess& _process, const PageText& _path, Logs& _logs
   addLog(root + platform::nativePath(_path.bytes), _process.facts.userId, _logs);
 }
 
+// The log that the options mean even if no application that writes it runs any more.
+std::string logWithoutProcess(const LogPlaces& _places, const Options& _options) {
+  if (_options.app.empty()) return _places.commonLog;
+  return _places.applicationFolder + "\\" + _options.app + Quillmark_logging::APPL_SPEC_LOG_FILE_SUFFIX;
+}
+
 Logs findLogs(const Viewpoint& _viewpoint, const Configuration& _configuration, const Options& _options) {
   Logs logs;
   for (const RunningProcess& process : runningProcesses(steeredProcesses(_options)).found) {
@@ -46,9 +52,9 @@ Logs findLogs(const Viewpoint& _viewpoint, const Configuration& _configuration, 
     for (const LogFileStatus& file : process.status->files)
       addLogOf(process, file.path, logs);
   }
-  if (_configuration.logs && !_configuration.logs->commonLog.empty() && !_options.pid && _options.app.empty()) {
-    addLog(reachedPath(_viewpoint, _configuration.logs->commonLog), _viewpoint.account.uid, logs);
-  }
+  const std::string other =
+      _configuration.logs && !_options.pid ? logWithoutProcess(*_configuration.logs, _options) : "";
+  if (!other.empty()) addLog(reachedPath(_viewpoint, other), _viewpoint.account.uid, logs);
   return logs;
 }
 
@@ -63,9 +69,26 @@ std::string stamp(bool _withMilliseconds) {
   return stamp + text.data();
 }
 
+bool hasEnded(const Options& _options) {
+  return !_options.app.empty() && runningProcesses(queryOf(_options)).found.empty();
+}
+
+// An application that has ended has left its log with the user.
+std::optional<Viewpoint> viewpointOf(const Options& _options, int& _refusal) {
+  Options options = _options;
+  if (hasEnded(_options)) options.app.clear();
+  return askedViewpoint(options, _refusal);
+}
+
+int tellThatThereIsNoLog(const Options& _options, Report& _report) {
+  _report.line("there is no log yet");
+  if (hasEnded(_options)) Report::message("no running application is called \"" + shown(_options.app) + "\"");
+  return exitNotFound;
+}
+
 int markLogs(const std::string& _text, const Options& _options, Report& _report) {
   int refusal = exitOk;
-  const auto viewpoint = askedViewpoint(_options, refusal);
+  const auto viewpoint = viewpointOf(_options, refusal);
   if (!viewpoint) return refusal;
   const Configuration configuration = readConfiguration(*viewpoint, _options.ca);
   // One line, whatever was given.
@@ -87,9 +110,8 @@ int markLogs(const std::string& _text, const Options& _options, Report& _report)
     }
   }
   _report.result() = {{"line", line.substr(0, line.size() - 1)}, {"marked", marked}, {"failed", failed}};
-  if (marked.empty() && failed.empty()) _report.line("there is no log yet");
+  if (marked.empty() && failed.empty()) return tellThatThereIsNoLog(_options, _report);
   if (!marked.empty()) return failed.empty() ? exitOk : exitPartial;
-  if (failed.empty()) return exitNotFound;
   if (isDenied) Report::message("\"sudo qmrkctl mark\" may write there");
   return isDenied ? exitNoPermission : exitNegative;
 }

@@ -10,8 +10,8 @@
 namespace toolsystem {
 
 /// Appends a line to an existing log in one system call, so that it stays whole among the lines of running processes.
-/// Never creates the file. On Linux never follows a link either: what a user can put in place of a log must not lead
-/// root elsewhere.
+/// First ends a line that a killed process left unfinished, if the log can be read. Never creates the file. On Linux
+/// never follows a link either: what a user can put in place of a log must not lead root elsewhere.
 /// @param _path with separators of either kind.
 /// @param _line ends with "\n", which reaches the file as the system's line end.
 /// @param _owner the user to whom the file must belong; no value: anybody. Ignored on Windows.

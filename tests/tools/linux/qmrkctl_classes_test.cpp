@@ -217,34 +217,6 @@ TEST_F(QmrkctlClasses, RecordsEveryChange) {
   EXPECT_FALSE(contains(qmrkctl({"history", "-n", "0"}).output, "no change is recorded"));
 }
 
-TEST_F(QmrkctlClasses, MarksEveryLogAndCreatesNone) {
-  const std::string common = sandbox_.appData() + "\\Logs\\Common\\common.log";
-  EXPECT_EQ(qmrkctl({"mark", "nothing there"}).exitCode, 3);
-  EXPECT_FALSE(testsupport::exists(common));
-  testsupport::makeFolders(sandbox_.appData() + "\\Logs\\Common");
-  testsupport::writeFile(common, "[Demo.App] before\n");
-  auto settings = follower("Valve", stranger);
-  settings.commonLog = sandbox_.appData() + "\\valve.log";
-  testsupport::writeFile(settings.commonLog, "");
-  ASSERT_EQ(::chown(testsupport::replaced(settings.commonLog, "\\", "/").c_str(), stranger, stranger), 0);
-  const SleepingListener valve(settings);
-  EXPECT_EQ(qmrkctl({"mark", "pump\non"}).exitCode, 0);
-  const std::string line = testsupport::readFile(settings.commonLog);
-  EXPECT_TRUE(line.starts_with("[qmrkctl.mark] 20")) << line;
-  EXPECT_TRUE(line.ends_with(" pump\\non\n")) << line;
-  EXPECT_EQ(testsupport::readFile(common), "[Demo.App] before\n" + line);
-}
-
-TEST_F(QmrkctlClasses, MarksNoFileThatAUserPutsInPlaceOfHisLog) {
-  const std::string victim = sandbox_.appData() + "\\victim";
-  testsupport::writeFile(victim, "untouched");
-  auto settings = follower("Valve", stranger);
-  settings.commonLog = victim;
-  const SleepingListener valve(settings);
-  EXPECT_EQ(qmrkctl({"mark", "x"}).exitCode, 4);
-  EXPECT_EQ(testsupport::readFile(victim), "untouched");
-}
-
 TEST_F(QmrkctlClasses, SerialisesChangesOfSeveralTools) {
   std::vector<testsupport::CompanionProcess> tools;
   for (int i = 0; i < 8; ++i) {

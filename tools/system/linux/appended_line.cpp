@@ -18,6 +18,7 @@ namespace {
 using platform::FileDescriptor;
 
 constexpr mode_t recordMode = 0644;
+constexpr int appendFlags = O_APPEND | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
 
 FileFailure failureOf(const std::string& _what, int _error) {
   return {_what + ": " + std::generic_category().message(_error),
@@ -25,8 +26,14 @@ FileFailure failureOf(const std::string& _what, int _error) {
           _error == ENOENT || _error == ENOTDIR};
 }
 
+// Some may write a log but not read it: nobody can tell them how it ends.
+int openLog(const std::string& _path) {
+  const int file = ::open(_path.c_str(), O_RDWR | appendFlags);
+  return file == -1 && errno == EACCES ? ::open(_path.c_str(), O_WRONLY | appendFlags) : file;
+}
+
 int openRecords(const std::string& _path) {
-  constexpr int flags = O_RDWR | O_APPEND | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+  constexpr int flags = O_RDWR | appendFlags;
   int file = ::open(_path.c_str(), flags | O_CREAT | O_EXCL, recordMode);
   if (file != -1) {
     shareWithFolder(_path, file);
@@ -41,9 +48,10 @@ bool endsWithLine(int _file, off_t _size) {
   return _size == 0 || ::pread(_file, &last, 1, _size - 1) != 1 || last == '\n';
 }
 
-std::optional<FileFailure> append(const std::string& _path, int _file, const std::string& _line) {
-  const ssize_t size = ::write(_file, _line.data(), _line.size());
-  if (size == static_cast<ssize_t>(_line.size())) return std::nullopt;
+std::optional<FileFailure> append(const std::string& _path, int _file, off_t _size, const std::string& _line) {
+  const std::string bytes = endsWithLine(_file, _size) ? _line : "\n" + _line;
+  const ssize_t size = ::write(_file, bytes.data(), bytes.size());
+  if (size == static_cast<ssize_t>(bytes.size())) return std::nullopt;
   return failureOf("cannot append to " + _path, size < 0 ? errno : ENOSPC);
 }
 
@@ -52,12 +60,12 @@ std::optional<FileFailure> append(const std::string& _path, int _file, const std
 std::optional<FileFailure> appendToLog(const std::string& _path, const std::string& _line,
                                        std::optional<std::uint32_t> _owner) {
   const std::string path = platform::nativePath(_path);
-  const FileDescriptor file(::open(path.c_str(), O_WRONLY | O_APPEND | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+  const FileDescriptor file(openLog(path));
   struct stat status {};
   if (!file.isOpen() || ::fstat(file.get(), &status) != 0) return failureOf("cannot open " + path, errno);
   if (!S_ISREG(status.st_mode)) return FileFailure{path + " is no regular file", false, false};
   if (_owner && status.st_uid != *_owner) return FileFailure{path + " belongs to another user", true, false};
-  return append(path, file.get(), _line);
+  return append(path, file.get(), status.st_size, _line);
 }
 
 std::optional<FileFailure> appendRecord(const std::string& _path, const std::string& _line) {
@@ -66,8 +74,7 @@ std::optional<FileFailure> appendRecord(const std::string& _path, const std::str
   struct stat status {};
   if (!file.isOpen() || ::fstat(file.get(), &status) != 0) return failureOf("cannot open " + path, errno);
   if (!S_ISREG(status.st_mode)) return FileFailure{path + " is no regular file", false, false};
-  const bool isWhole = endsWithLine(file.get(), status.st_size);
-  return append(path, file.get(), isWhole ? _line : "\n" + _line);
+  return append(path, file.get(), status.st_size, _line);
 }
 
 }  // namespace toolsystem

@@ -18,20 +18,6 @@ std::string withSystemLineEnds(const std::string& _text) {
   return text;
 }
 
-std::optional<FileFailure> append(const std::string& _path, const std::string& _line, DWORD _creation) {
-  const HANDLE file =
-      ::CreateFileA(_path.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                    _creation, FILE_ATTRIBUTE_NORMAL, nullptr);
-  if (file == INVALID_HANDLE_VALUE) return appendFailure("cannot open " + _path, ::GetLastError());
-  const std::string bytes = withSystemLineEnds(_line);
-  DWORD written = 0;
-  const bool isDone = ::WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) != 0;
-  const DWORD error = isDone ? ERROR_DISK_FULL : ::GetLastError();
-  ::CloseHandle(file);
-  if (isDone && written == bytes.size()) return std::nullopt;
-  return appendFailure("cannot append to " + _path, error);
-}
-
 bool endsWithLine(const std::string& _path) {
   const HANDLE file = ::CreateFileA(_path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                                     nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
@@ -45,6 +31,21 @@ bool endsWithLine(const std::string& _path) {
   return last == '\n';
 }
 
+std::optional<FileFailure> append(const std::string& _path, const std::string& _line, DWORD _creation) {
+  const bool isWhole = endsWithLine(_path);
+  const HANDLE file =
+      ::CreateFileA(_path.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                    _creation, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return appendFailure("cannot open " + _path, ::GetLastError());
+  const std::string bytes = withSystemLineEnds(isWhole ? _line : "\n" + _line);
+  DWORD written = 0;
+  const bool isDone = ::WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) != 0;
+  const DWORD error = isDone ? ERROR_DISK_FULL : ::GetLastError();
+  ::CloseHandle(file);
+  if (isDone && written == bytes.size()) return std::nullopt;
+  return appendFailure("cannot append to " + _path, error);
+}
+
 }  // namespace
 
 std::optional<FileFailure> appendToLog(const std::string& _path, const std::string& _line,
@@ -53,7 +54,7 @@ std::optional<FileFailure> appendToLog(const std::string& _path, const std::stri
 }
 
 std::optional<FileFailure> appendRecord(const std::string& _path, const std::string& _line) {
-  return append(_path, endsWithLine(_path) ? _line : "\n" + _line, OPEN_ALWAYS);
+  return append(_path, _line, OPEN_ALWAYS);
 }
 
 }  // namespace toolsystem
