@@ -25,7 +25,9 @@ WRITERS = 16
 LINES, PER_SECOND, SECONDS_AWAY = (6250, 150, 10) if FULL else (400, 80, 1.5)
 ROTATIONS = 4
 STAMPED = re.compile(r"\[Demo\.(App\.shared|Own)\] \d{8} \d\d:\d\d:\d\d\.\d{3} \[(\d+)\] (app\d+) line (\d+) of \d+")
-HOSTILE = ['tab\t, "quotes", \\backslash\\, {"brace": 1} and \u20ac', "# 100 %s %d", " blanks around ", "x" * 100000]
+HOSTILE = ['tab\t, "quotes", \\backslash\\, {"brace": 1} and \u20ac', "# 100 %s %d", " blanks around ", "x" * 300000,
+           # As JSON each is longer: twice, and six times.
+           '"' * 140000, "\x01" * 340000]
 
 
 def free_port():
@@ -140,6 +142,27 @@ class CentralLog(Machines):
         self.assertEqual(self.different("common.log"), HOSTILE)
         wait_for("the record", lambda: self.different("qmrk.info"))
         self.assertEqual(self.different("qmrk.info"), ["2007/01/05 09:03:07 Unspecified error."])
+
+    def test_a_line_that_is_too_long_is_kept_without_its_end(self):
+        receiver, sender = self.rsyslogd("receiver"), self.rsyslogd("sender")
+        self.machine.logs.mkdir(parents=True)
+        receiver.start()
+        sender.start()
+        (self.machine.logs / "common.log").write_text("before " + "x" * 2200000 + "\nafter\n", encoding="utf-8")
+        wait_for("the line after it", lambda: self.different("common.log") == ["after"])
+        unreadable = self.central / "unreadable.log"
+        wait_for("the long line", lambda: unreadable.exists() and unreadable.read_bytes().endswith(b"x\n"))
+        self.assertRegex(unreadable.read_bytes()[:500],
+                         rb'^\d{4}-\S+ 127\.0\.0\.1 <134>.*"user":"ann", "file":"common\.log", "line":"before xxx')
+
+    def test_what_does_not_arrive_of_a_line_is_what_the_page_says(self):
+        receiver, sender = self.rsyslogd("receiver"), self.rsyslogd("sender")
+        self.machine.logs.mkdir(parents=True)
+        receiver.start()
+        sender.start()
+        (self.machine.logs / "common.log").write_bytes(b"first\n\nbefore\0after\n \nlast\n")
+        wait_for("the last line", lambda: "last" in self.arrived("common.log"))
+        self.assertEqual(self.different("common.log"), ["first", "before", " ", "last"])
 
     def test_a_sender_that_was_stopped_goes_on_where_it_was(self):
         # Its stop waits for the receiver, which is not there.
