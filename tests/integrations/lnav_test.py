@@ -75,6 +75,7 @@ class LnavFormat(unittest.TestCase):
         shown = self.run_in(self.machine.folder, SHOW.replace("lnav ", "lnav -n ", 1))
         self.assertIn("Unspecified error.", shown)
         self.assertIn("[Demo.App.shared]", shown)
+        self.assertIn("[Demo.Own]", shown)
 
     def test_files_are_merged_by_time(self):
         first = self.write("first.log", "[Demo.App.info] 20261121 10:00:00.123 a\n[Demo.App.info] 20261121 10:00:02.000 c\n")
