@@ -15,7 +15,9 @@ from logging_machine import LoggingMachine, replaced
 
 ROOT, BUILD = (pathlib.Path(argument) for argument in sys.argv[1:3])
 UNIT = (ROOT / "integrations" / "systemd" / "shop.service").read_text(encoding="utf-8")
+SWEEP = (ROOT / "integrations" / "systemd" / "qmrk-lease-sweep.service").read_text(encoding="utf-8")
 JOURNAL = (ROOT / "integrations" / "journald" / "60-qmrk.conf").read_text(encoding="utf-8")
+CONTROL = str(BUILD / "tools" / "qmrkctl" / "qmrkctl")
 JOURNALD = pathlib.Path("/lib/systemd/systemd-journald")
 
 
@@ -50,11 +52,24 @@ class ServiceFiles(unittest.TestCase):
                                check=False)
         self.assertEqual((found.returncode, found.stdout, found.stderr), (0, "", ""))
 
+    def run_here(self, *command):
+        return subprocess.run(command, env=self.machine.environment, capture_output=True, text=True, check=False)
+
+    def run_sweep(self):
+        return self.run_here(*values(SWEEP, "ExecStart")[0].replace("/usr/bin/qmrkctl", CONTROL).split())
+
     def test_the_command_of_the_timer_works(self):
-        text = (ROOT / "integrations" / "systemd" / "qmrk-lease-sweep.service").read_text(encoding="utf-8")
-        command = values(text, "ExecStart")[0].replace("/usr/bin/qmrkctl", str(BUILD / "tools/qmrkctl/qmrkctl"))
-        found = subprocess.run(command.split(), env=self.machine.environment, capture_output=True, text=True, check=False)
+        found = self.run_sweep()
         self.assertEqual((found.returncode, found.stdout, found.stderr), (0, "", ""))
+
+    def test_the_journal_hears_of_the_timer_only_what_it_has_ended(self):
+        self.machine.environment["DEFAULT_CA_NR"] = "CA12"
+        enabled = self.run_here(CONTROL, "classes", "enable", "Demo.Net", "--for", "1ms")
+        self.assertEqual(enabled.returncode, 0, enabled.stderr)
+        found = self.run_sweep()
+        self.assertEqual((found.stdout.splitlines()[:1], found.stderr), (["CA12: -Demo.Net"], ""))
+        # What systemd says itself of a service that starts and ends has the level info, which comes after notice.
+        self.assertEqual((values(SWEEP, "LogLevelMax"), values(SWEEP, "SyslogLevel")), (["notice"], ["notice"]))
 
     def test_the_journal_knows_the_keys(self):
         known = JOURNALD.read_bytes()
