@@ -44,6 +44,8 @@ if(QMRK_SCDOC)
   add_custom_target(man_pages ALL DEPENDS ${made_pages})
 elseif(QMRK_DEBIAN_PACKAGES)
   message(FATAL_ERROR "scdoc was not found, which makes the man pages. On Debian: apt-get install scdoc")
+else()
+  message(STATUS "No man pages: scdoc was not found, which makes them. On Debian: apt-get install scdoc")
 endif()
 
 # Examples, to be adapted: none of them is at work where they are installed.

@@ -6,7 +6,7 @@
 # packages on which ours depend or which the pages install, so that later runs need no network. There apt-get asks nothing.
 make_clean_root() {
   local cache="${XDG_CACHE_HOME:-$HOME/.cache}/qmrk-packages" kept
-  kept=$cache/bookworm-$(sha256sum "$ROOT/scripts/lib/clean_root.sh" | cut -c1-12).tar
+  kept=$cache/bookworm-$(cat "$ROOT/scripts/lib/clean_root.sh" "$ROOT/scripts/lib/packages.sh" | sha256sum | cut -c1-12).tar
   if [ ! -e "$kept" ]; then
     mkdir -p "$cache"
     fill_clean_root "$1" && as_root tar -C "$1" -cf "$kept.new" . && mv "$kept.new" "$kept"

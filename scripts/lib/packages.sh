@@ -3,11 +3,11 @@
 # shellcheck shell=bash disable=SC2034  # the lists are used by the scripts that read this file
 
 PACKAGES_BUILD=(g++ cmake ninja-build libboost-dev libboost-filesystem-dev libboost-thread-dev libcli11-dev
-  nlohmann-json3-dev zlib1g-dev)
+  nlohmann-json3-dev zlib1g-dev scdoc)
 PACKAGES_TEST=(git python3 pkg-config binutils procps libgtest-dev libgmock-dev libbenchmark-dev libfmt-dev valgrind
   clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14 doxygen tmux zsh fish
-  python3-jsonschema rsyslog rsyslog-relp lnav logrotate systemd openssl scdoc man-db)
-PACKAGES_PACKAGING=(git python3 dpkg-dev file binutils lintian debootstrap abigail-tools reuse scdoc)
+  python3-jsonschema rsyslog rsyslog-relp lnav logrotate systemd openssl man-db)
+PACKAGES_PACKAGING=(git python3 dpkg-dev file binutils lintian debootstrap abigail-tools reuse)
 PACKAGES_COVERAGE=(gcovr)
 PACKAGES_WINDOWS=(g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64 wine wine64 googletest python3 dpkg-dev xz-utils
   zip unzip libz-mingw-w64-dev wixl msitools)

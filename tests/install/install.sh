@@ -13,6 +13,7 @@ test -e "$stage/include/qmrk_log/quillmark_logging_names.h"
 test -e "$stage/include/qmrk_log/boost/logging/logging.hpp"
 test -e "$stage/share/doc/qmrk_log/LICENSE"
 test -n "$(find "$stage/share/doc/qmrk_log/examples" -name '*.init')"
+test -s "$stage/share/man/man1/qmrkctl.1.gz"
 for library in libqmrk_log libqmrk_boost_logging; do
   link=$(find "$stage" -name "$library.so")
   test "$(readlink "$link")" = "$library.so.1"
