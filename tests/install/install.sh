@@ -13,6 +13,8 @@ test -e "$stage/include/qmrk_log/quillmark_logging_names.h"
 test -e "$stage/include/qmrk_log/boost/logging/logging.hpp"
 test -e "$stage/share/doc/qmrk_log/LICENSE"
 test -n "$(find "$stage/share/doc/qmrk_log/examples" -name '*.init')"
+# As a program: its comment says to run it.
+test -x "$stage/share/doc/qmrk_log/examples/pkg_config/build.sh"
 test -s "$stage/share/man/man1/qmrkctl.1.gz"
 for library in libqmrk_log libqmrk_boost_logging; do
   link=$(find "$stage" -name "$library.so")

@@ -40,6 +40,7 @@ done
 
 echo '-- applications'
 examples=/usr/share/doc/libqmrk-log-dev/examples
+in_root test -x $examples/pkg_config/build.sh
 as_user sh -ec "cd && cp -r $examples examples && cd examples
   cmake -S find_package -B built -DCMAKE_BUILD_TYPE=None >cmake.log && cmake --build built --target default_set_up
   g++ -std=c++11 programs/process_stamp.cpp -o process_stamp \$(pkg-config --cflags --libs qmrk_log)"
