@@ -8,7 +8,12 @@ endif()
 
 # Each shell looks into a folder of its own for a file that is named after the program in its own way.
 set(QMRK_COMPLETION_bash bash-completion/completions/qmrkctl)
-set(QMRK_COMPLETION_zsh zsh/vendor-completions/_qmrkctl)
+if(CMAKE_INSTALL_PREFIX STREQUAL "/usr")
+  set(QMRK_COMPLETION_zsh zsh/vendor-completions/_qmrkctl)
+else()
+  # Below /usr/local zsh looks into this folder only.
+  set(QMRK_COMPLETION_zsh zsh/site-functions/_qmrkctl)
+endif()
 set(QMRK_COMPLETION_fish fish/vendor_completions.d/qmrkctl.fish)
 # A program under a sanitizer does not start everywhere.
 if(NOT CMAKE_CROSSCOMPILING AND NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
