@@ -34,3 +34,12 @@ foreach(folder IN LISTS folders)
   endwhile()
 endforeach()
 file(REMOVE ${manifest})
+
+# Else the loader's cache would go on naming libraries that are gone.
+if("$ENV{DESTDIR}" STREQUAL "")
+  execute_process(COMMAND id -u OUTPUT_VARIABLE user OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET)
+  find_program(QMRK_LDCONFIG ldconfig PATHS /sbin /usr/sbin)
+  if(user STREQUAL "0" AND QMRK_LDCONFIG)
+    execute_process(COMMAND ${QMRK_LDCONFIG} OUTPUT_QUIET ERROR_QUIET)
+  endif()
+endif()
