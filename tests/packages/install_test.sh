@@ -12,7 +12,7 @@ in_root find / -xdev ! -path '/proc/*' ! -path '/tmp/*' -print | LC_ALL=C sort |
 as_root mkdir -p "$CLEAN_ROOT/packages/build/linux-packages" "$CLEAN_ROOT/home/ann"
 as_root cp "$BUILD"/*.deb "$CLEAN_ROOT/packages/build/linux-packages/"
 as_root chown 1234:1234 "$CLEAN_ROOT/home/ann"
-in_root bash -ec "cd /packages; $(python3 -B "$ROOT/tests/docs/page_blocks.py" "$ROOT/docs/deployment.md" 'Debian packages' 3/3)"
+in_root bash -ec "cd /packages; $(python3 -B "$ROOT/tests/docs/page_blocks.py" "$ROOT/docs/deployment.md" 'Debian packages' 4/4)"
 
 echo '-- the machine'
 folder=/var/lib/Orvane/qmrk/logging

@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
 """readme_test.py ROOT FOLDER: does what the README says, from the first command to the last, in a clone in the clean Debian
-in FOLDER, as the user ann, who may use sudo; and then makes and installs the packages, as docs/deployment.md says. What the
-commands of a block print must be the block ```text behind it, with the placeholders of tests/docs/expected_output.py.
+in FOLDER, as the user ann, who may use sudo; and then goes over to the packages, as docs/deployment.md says: takes away what
+the README has installed, makes the packages and installs them. What the commands of a block print must be the block ```text
+behind it, with the placeholders of tests/docs/expected_output.py.
 
 One thing is not literal: scripts/test is left out, since it is what runs this."""
 
@@ -21,6 +22,12 @@ BLOCK = re.compile(r"^```sh\n(.*?)^```\n(?:```text\n(.*?)^```)?", re.MULTILINE |
 CLONE = "home/ann/qmrk_log"
 AS_ANN = ["setpriv", "--reuid=1234", "--regid=1234", "--clear-groups", "env", "-i", "PATH=/usr/local/bin:/usr/bin:/bin",
           "HOME=/home/ann", "LC_ALL=C.UTF-8"]
+
+# What must be true where the README ends, after the block that takes its installation away, and at the end.
+INSTALLED = "test -s /usr/local/share/man/man1/qmrkctl.1.gz && test -s /usr/local/share/zsh/site-functions/_qmrkctl"
+TAKEN_AWAY = "! { find /usr/local -name '*qmrk*'; /usr/sbin/ldconfig -p | grep qmrk; } | grep ."
+PACKAGED = ("test $(command -v qmrkctl) = /usr/bin/qmrkctl && ldd default_set_up | grep -q '=> /lib/.*libqmrk_log' && "
+            "./default_set_up && qmrkctl doctor && ! dpkg --audit | grep .")
 
 
 def as_root(*words, **settings):
@@ -58,20 +65,26 @@ def commands_of(block):
     return "\n".join(kept)
 
 
+def as_ann(script, **settings):
+    return in_root(f"cd /{CLONE} && set -e\n{script}", "/usr/bin/" + AS_ANN[0], *AS_ANN[1:], **settings)
+
+
 def main():
     text = (ROOT / "README.md").read_text(encoding="utf-8")
     blocks = BLOCK.findall(text)
     if not blocks or len(blocks) != count_of_commands(text):
         sys.exit(f"README.md: {len(blocks)} blocks of {count_of_commands(text)} would be run")
+    checks = {len(blocks) - 1: INSTALLED, len(blocks): TAKEN_AWAY}
     blocks += [(block, "") for block in commands_below(ROOT / "docs/deployment.md", "Debian packages")]
+    checks[len(blocks) - 1] = PACKAGED
     prepare()
     wrong = 0
-    for block, expected in blocks:
+    for number, (block, expected) in enumerate(blocks):
         commands = commands_of(block)
         sys.stdout.flush()
-        printed = in_root(f"cd /{CLONE} && set -e\n{commands}", "/usr/bin/" + AS_ANN[0], *AS_ANN[1:],
-                          stdout=subprocess.PIPE).stdout
+        printed = as_ann(commands, stdout=subprocess.PIPE).stdout
         wrong += bool(expected) and not is_as_shown(expected, printed, commands, "README.md")
+        as_ann(checks.get(number, ""))
     print(f"README.md and docs/deployment.md: {len(blocks)} blocks of commands, {wrong} with another output")
     return 1 if wrong else 0
 
