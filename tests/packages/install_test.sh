@@ -53,6 +53,14 @@ in_root grep -E '^\[Demo\.App\.info\] [0-9]{8} [0-9:.]{12} \[[0-9]+\] started$' 
 echo '-- pages'
 python3 -B "$ROOT/tests/rules/check_rule.py" page_links "$CLEAN_ROOT/usr/share/doc/libqmrk-log-dev"
 
+# The places that they name for those who have the packages.
+mapfile -t places < <(grep -hoE '/usr/share/doc/[a-z-]+/[a-z]+' "$ROOT"/docs/*.md | sort -u)
+[ "${#places[@]}" -ge 2 ]
+for place in "${places[@]}"; do
+  in_root test -d "$place"
+done
+in_root test -d /usr/share/doc/qmrk-log-tools/examples/integrations
+
 echo '-- tools'
 as_user qmrkctl --version
 as_user LogTest --help >/dev/null
