@@ -12,6 +12,16 @@ in_root find / -xdev ! -path '/proc/*' ! -path '/tmp/*' -print | LC_ALL=C sort |
 as_root mkdir -p "$CLEAN_ROOT/packages/build/linux-packages" "$CLEAN_ROOT/home/ann"
 as_root cp "$BUILD"/*.deb "$CLEAN_ROOT/packages/build/linux-packages/"
 as_root chown 1234:1234 "$CLEAN_ROOT/home/ann"
+# What root left there without the packages, and somebody else.
+state=$CLEAN_ROOT/var/lib/Orvane/qmrk/logging
+as_root install -d -m 0700 "$CLEAN_ROOT/var/lib/Orvane" "$CLEAN_ROOT/var/lib/Orvane/qmrk"
+as_root install -d -m 0755 -o 1234 -g 1234 "$state"
+echo 'Demo.App;' | as_root tee "$state/qmrk_logging_CA7.init" "$state/qmrk_logging_CA8.init" "$state/qmrk_logging_CA9.init" >/dev/null
+as_root install -m 0600 /dev/null "$state/qmrk_logging_CA7.lock"
+as_root chown 1234:1234 "$state/qmrk_logging_CA8.init"
+as_root mkdir -m 0755 "$state/elsewhere"
+as_root mv "$state/qmrk_logging_CA9.init" "$state/elsewhere/list"
+as_root ln -s elsewhere/list "$state/qmrk_logging_CA9.init"
 in_root bash -ec "cd /packages; $(python3 -B "$ROOT/tests/docs/page_blocks.py" "$ROOT/docs/deployment.md" 'Debian packages' 4/4)"
 
 echo '-- the machine'
@@ -19,6 +29,10 @@ folder=/var/lib/Orvane/qmrk/logging
 [ "$(in_root stat -c '%a %U %G' $folder)" = '2775 root qmrk' ]
 [ "$(in_root stat -c '%a %U %G' $folder/qmrk_logging_CA12.init)" = '664 root qmrk' ]
 [ "$(in_root stat -c '%a %U %G' /var/lib/Orvane)" = '755 root root' ]
+[ "$(in_root stat -c '%a %U %G' /var/lib/Orvane/qmrk)" = '755 root root' ]
+[ "$(in_root stat -c '%a %U %G' $folder/qmrk_logging_CA7.init)" = '664 root qmrk' ]
+[ "$(in_root stat -c '%a %u %g' $folder/qmrk_logging_CA8.init)" = '644 1234 1234' ]
+[ "$(in_root stat -c '%a %U %G' $folder/elsewhere/list)" = '644 root root' ]
 [ "$(in_root dpkg-query -W -f '${Conffiles}' qmrk-log-tools | grep -c 'Orvane Shared/qmrk/logging/cfg/qmrk_logging_.*\.cfg')" = 2 ]
 
 in_root test -e /etc/systemd/system/timers.target.wants/qmrk-lease-sweep.timer
@@ -60,6 +74,14 @@ for place in "${places[@]}"; do
   in_root test -d "$place"
 done
 in_root test -d /usr/share/doc/qmrk-log-tools/examples/integrations
+
+echo '-- a member of the group, and a class list that was there before'
+cfg='/etc/xdg/Orvane Shared/qmrk/logging/cfg'
+in_root cp "$cfg/qmrk_logging_CA12.cfg" "$cfg/qmrk_logging_CA7.cfg"
+as_root chroot --userspec=1235:1235 --groups=qmrk "$CLEAN_ROOT" env -i PATH=/usr/bin:/bin LC_ALL=C.UTF-8 HOME=/tmp \
+  qmrkctl classes enable Demo.Net --ca CA7 </dev/null || true  # its status tells of applications
+in_root grep -x 'Demo.Net;' $folder/qmrk_logging_CA7.init
+in_root rm "$cfg/qmrk_logging_CA7.cfg"
 
 echo '-- tools'
 as_user qmrkctl --version

@@ -22,6 +22,9 @@ as_root cp "$work/later.deb" "$CLEAN_ROOT/packages/later.deb"
 printf '# edited here\n' | as_root tee -a "$CLEAN_ROOT/$cfg/qmrk_logging_CA12.cfg" >/dev/null
 edited=$(sha256sum <"$CLEAN_ROOT/$cfg/qmrk_logging_CA12.cfg")
 printf 'Demo.Net;\n' | as_root tee "$CLEAN_ROOT/$state/qmrk_logging_CA12.init" >/dev/null
+# Taken from the group by the administrator.
+in_root chown root:root "/$state/qmrk_logging_CA7.init"
+in_root chmod 644 "/$state/qmrk_logging_CA7.init"
 in_root dpkg -i --force-confdef /packages/later.deb
 in_root dpkg-query -W -f '${Version}\n' qmrk-log-tools | grep '\.1$'
 
@@ -29,6 +32,7 @@ in_root dpkg-query -W -f '${Version}\n' qmrk-log-tools | grep '\.1$'
 [ -e "$CLEAN_ROOT/$cfg/qmrk_logging_CA12.cfg.dpkg-dist" ]
 grep 'changed by the package' "$CLEAN_ROOT/$cfg/qmrk_logging_GE.cfg"
 grep -x 'Demo.Net;' "$CLEAN_ROOT/$state/qmrk_logging_CA12.init"
+[ "$(in_root stat -c '%a %U %G' "/$state/qmrk_logging_CA7.init")" = '644 root root' ]
 
 # A class list that was removed stays away.
 as_root rm "$CLEAN_ROOT/$state/qmrk_logging_CA12.init"
