@@ -19,7 +19,8 @@ std::string recordStamp(const platform::LocalTime& _time) {
 RecordResult appendRecord(const std::string& _file, const std::string& _text) {
   platform::TextWriter file(_file, platform::TextWriter::Mode::append);
   if (!file.isOpen()) return RecordResult::notOpened;
-  const bool written = file.write(recordStamp(platform::localTime()) + _text + "\n");
+  const std::string lineEnd = platform::endsInsideLine(_file) ? "\n" : "";
+  const bool written = file.write(lineEnd + recordStamp(platform::localTime()) + _text + "\n");
   return written ? RecordResult::written : RecordResult::notWritten;
 }
 

@@ -15,7 +15,7 @@ std::string recordStamp(const platform::LocalTime& _time);
 enum class RecordResult { written, notOpened, notWritten };
 
 /// Appends a record, stamped with the current time, to a file. Creates the file if it is missing; its folder must
-/// exist.
+/// exist. Ends a record first that was written in part only.
 /// @param _text the record without stamp and line end.
 RecordResult appendRecord(const std::string& _file, const std::string& _text);
 

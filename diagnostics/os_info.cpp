@@ -53,7 +53,8 @@ bool writeOSInfo(const std::string& _ca, SystemFacts& _facts) {
     traceLine("<!= Quillmark_logging::writeOSInfo() ERROR: Failed to get OS information.\r\n");
     return false;
   }
-  if (!file.write(description + "\n\n")) {
+  const std::string lineEnd = platform::endsInsideLine(path) ? "\n" : "";
+  if (!file.write(lineEnd + description + "\n\n")) {
     traceLine("<!= Quillmark_logging::writeOSInfo() ERROR: Failed to open file %s\r\n", path.c_str());
     return false;
   }

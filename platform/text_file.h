@@ -14,6 +14,10 @@ constexpr std::int64_t largestTextFile = std::int64_t{64} * 1024 * 1024;
 /// Whether a file has more bytes than that; false when that cannot be found out.
 bool isTooLargeToRead(const std::string& _path);
 
+/// Whether the last line of a file has no end, as a write leaves it that met a full disk, or a process that was killed;
+/// false when that cannot be found out.
+bool endsInsideLine(const std::string& _path);
+
 /// A text file open for reading. Sharing is unrestricted (deny none); the handle is not inherited by child processes.
 /// One thread at a time may use an object.
 class TextReader {
@@ -41,12 +45,12 @@ class TextReader {
 /// One thread at a time may use an object.
 class TextWriter {
  public:
-  /// Truncate configuration files, append to files of records.
-  enum class Mode { truncate, append };
+  /// Truncate or create configuration files, append to files of records.
+  enum class Mode { truncate, create, append };
 
   /// Opens a regular file, creating it if it is missing (on Linux with mode 0644, for records 0640, less the umask);
-  /// never creates a folder. On Linux a symbolic link in place of records is followed only if its folder belongs to the
-  /// user or to root and nobody else may write there.
+  /// never creates a folder. With Mode::create it must be missing, and a link counts as there. On Linux a symbolic link
+  /// in place of records is followed only if its folder belongs to the user or to root and nobody else may write there.
   TextWriter(const std::string& _path, Mode _mode);
   ~TextWriter();
   TextWriter(const TextWriter&) = delete;

@@ -28,6 +28,11 @@ std::int64_t sizeOf(int _file) {
   return ::fstat(_file, &status) == 0 ? static_cast<std::int64_t>(status.st_size) : 0;
 }
 
+int flagsOf(TextWriter::Mode _mode) {
+  if (_mode == TextWriter::Mode::append) return O_APPEND;
+  return _mode == TextWriter::Mode::create ? O_EXCL : O_TRUNC;
+}
+
 // Turns each CR LF of the text, from a position on, into LF.
 void dropCarriageReturns(std::string& _text, std::size_t _begin) {
   std::size_t to = _text.find('\r', _begin);
@@ -98,6 +103,13 @@ bool TextReader::readAll(TextPieces& _text) {
   return got == 0;
 }
 
+bool endsInsideLine(const std::string& _path) {
+  const FileDescriptor file(openFile(_path, O_RDONLY, FileRole::log));
+  const std::int64_t size = file.isOpen() ? sizeOf(file.get()) : 0;
+  char last = '\n';
+  return size > 0 && ::pread(file.get(), &last, 1, static_cast<off_t>(size - 1)) == 1 && last != '\n';
+}
+
 bool isTooLargeToRead(const std::string& _path) {
   struct stat status {};
   return ::stat(nativePath(_path).c_str(), &status) == 0 && status.st_size > largestTextFile;
@@ -105,8 +117,8 @@ bool isTooLargeToRead(const std::string& _path) {
 
 TextWriter::TextWriter(const std::string& _path, Mode _mode) {
   if (injectedFault(Call::openForWriting) != noError) return;
-  file_ = _mode == Mode::truncate ? openFile(_path, O_WRONLY | O_CREAT | O_TRUNC, FileRole::configuration)
-                                  : openFile(_path, O_WRONLY | O_CREAT | O_APPEND, FileRole::log);
+  file_ = openFile(_path, O_WRONLY | O_CREAT | flagsOf(_mode),
+                   _mode == Mode::append ? FileRole::log : FileRole::configuration);
   if (isOpen()) refreshFileSizeLimit();
 }
 

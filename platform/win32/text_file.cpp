@@ -16,6 +16,11 @@
 namespace platform {
 namespace {
 
+int flagsOf(TextWriter::Mode _mode) {
+  if (_mode == TextWriter::Mode::append) return _O_APPEND;
+  return _mode == TextWriter::Mode::create ? _O_EXCL : _O_TRUNC;
+}
+
 /// Calls _take(block, size) for each block of the file.
 template <typename Take>
 bool readBlocks(int _file, Take _take) {
@@ -55,6 +60,14 @@ bool TextReader::readAll(TextPieces& _text) {
          readBlocks(file_, [&](const char* _block, std::size_t _size) { _text.emplace_back(_block, _size); });
 }
 
+bool endsInsideLine(const std::string& _path) {
+  const int file = openRunTimeFile(_path, _O_RDONLY);
+  char last = '\n';
+  const bool isRead = file != -1 && ::_lseeki64(file, -1, SEEK_END) != -1 && ::_read(file, &last, 1) == 1;
+  closeRunTimeFile(file);
+  return isRead && last != '\n';
+}
+
 bool isTooLargeToRead(const std::string& _path) {
   struct _stat64 status {};
   return ::_stat64(_path.c_str(), &status) == 0 && status.st_size > largestTextFile;
@@ -62,7 +75,7 @@ bool isTooLargeToRead(const std::string& _path) {
 
 TextWriter::TextWriter(const std::string& _path, Mode _mode) {
   if (injectedFault(Call::openForWriting) != noError) return;
-  file_ = openRunTimeFile(_path, _O_WRONLY | _O_CREAT | (_mode == Mode::truncate ? _O_TRUNC : _O_APPEND));
+  file_ = openRunTimeFile(_path, _O_WRONLY | _O_CREAT | flagsOf(_mode));
 }
 
 TextWriter::~TextWriter() { closeRunTimeFile(file_); }

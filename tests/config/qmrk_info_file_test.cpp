@@ -35,6 +35,12 @@ TEST_F(RecordFile, GrowsByEachRecordFromTheFirst) {
   EXPECT_EQ(recordsIn(path_), (std::vector<std::string>{"one", "two "}));
 }
 
+TEST_F(RecordFile, BeginsARecordOnALineOfItsOwnBehindOneThatWasWrittenInPart) {
+  testsupport::writeFile(path_, recordStamp(platform::localTime()) + "par");
+  EXPECT_EQ(appendRecord(path_, "whole"), RecordResult::written);
+  EXPECT_EQ(recordsIn(path_), (std::vector<std::string>{"par", "whole"}));
+}
+
 TEST_F(RecordFile, StampsWithTheLocalTime) {
   const std::string before = recordStamp(platform::localTime());
   appendRecord(path_, "x");

@@ -62,6 +62,12 @@ TEST_F(OsInfo, AppendsALineAndAnEmptyOneToTheCommonLog) {
             "<== Quillmark_logging::writeOSInfo() OS information is written to file <APPDATA>\\Logs\\common.log\r\n");
 }
 
+TEST_F(OsInfo, BeginsOnALineOfItsOwnBehindOneThatWasLeftUnfinished) {
+  writeFile(logFile(), "unfini");
+  EXPECT_TRUE(writeOSInfo("CA12", system_));
+  EXPECT_EQ(readFile(logFile()), "unfini" + nativeLineEnds("\n" + std::string(windowsXpText) + "\n\n"));
+}
+
 TEST_F(OsInfo, CreatesTheCommonLog) {
   EXPECT_TRUE(writeOSInfo("CA12", system_));
   EXPECT_TRUE(writeOSInfo("CA12", system_));
