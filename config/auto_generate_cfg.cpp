@@ -23,9 +23,9 @@ namespace {
 
 bool contains(const std::string& _name, const std::string& _filter) { return _name.find(_filter) != std::string::npos; }
 
-bool writeOrRemove(const std::string& _path, const std::string& _text) {
+bool writeOrRemove(const std::string& _path, platform::TextWriter::Mode _mode, const std::string& _text) {
   {
-    platform::TextWriter file(_path, platform::TextWriter::Mode::truncate);
+    platform::TextWriter file(_path, _mode);
     if (!file.isOpen()) return false;
     if (file.write(_text)) return true;
   }
@@ -39,11 +39,15 @@ bool writeOrRemove(const std::string& _path, const std::string& _text) {
 bool writeWhole(const std::string& _path, const std::string& _text) {
   const fs::path path(platform::nativePath(_path));
   boost::system::error_code error;
-  if (fs::symlink_status(path, error).type() != fs::file_not_found) return writeOrRemove(_path, _text);
+  if (fs::symlink_status(path, error).type() != fs::file_not_found)
+    return writeOrRemove(_path, platform::TextWriter::Mode::truncate, _text);
   // Other threads and processes may be at the same.
   const std::string begun =
       _path + "." + std::to_string(platform::processId()) + "." + std::to_string(platform::threadId());
-  if (!writeOrRemove(begun, _text)) return false;
+  // What has the name already was left by a process that was killed, or is a link by which somebody would have a file
+  // of this user overwritten.
+  std::remove(platform::nativePath(begun).c_str());
+  if (!writeOrRemove(begun, platform::TextWriter::Mode::create, _text)) return false;
   fs::rename(platform::nativePath(begun), path, error);
   if (error) std::remove(platform::nativePath(begun).c_str());
   return !error;

@@ -6,6 +6,7 @@
 #include "config/auto_generate_cfg.h"
 #include "config/cfg_data_manager.h"
 #include "platform/native_path.h"
+#include "platform/process.h"
 #include "tests/support/config_sandbox.h"
 #include "tests/support/temporary_folder.h"
 
@@ -27,6 +28,23 @@ TEST(LinkedConfiguration, TakesALinkToAFileForTheFile) {
   AutoGenerateCfg generator(false);
   EXPECT_TRUE(generator.setCfgPath(folder.path()));
   EXPECT_TRUE(generator.getCA());
+}
+
+// The file gets its name when it is whole; its name until then can be foretold.
+TEST(LinkedConfiguration, OverwritesNoFileToWhichTheNameOfABegunOneLeads) {
+  const testsupport::TemporaryFolder folder;
+  const std::string generated = folder.file("qmrk_logging_GE.cfg");
+  const std::string begun =
+      generated + "." + std::to_string(platform::processId()) + "." + std::to_string(platform::threadId());
+  testsupport::writeFile(folder.file("qmrk_logging_CA12.cfg"), "");
+  testsupport::writeFile(folder.file("victim"), "precious");
+  std::filesystem::create_symlink("victim", platform::nativePath(begun));
+  AutoGenerateCfg generator(false);
+  EXPECT_TRUE(generator.setCfgPath(folder.path()));
+  EXPECT_TRUE(generator.generateGenericCfgFile());
+  EXPECT_EQ(testsupport::readFile(folder.file("victim")), "precious");
+  EXPECT_FALSE(std::filesystem::is_symlink(platform::nativePath(generated)));
+  EXPECT_FALSE(std::filesystem::is_symlink(platform::nativePath(begun)));
 }
 
 // A regular file of which no byte can be read.
