@@ -31,21 +31,19 @@ class PairScanner {
       place_.end = _position;
       store();
     } else if (inValue_) {
-      append(value_, _c);
+      value_ += _c;
     } else if (_c == '=' || _c == ':') {
       place_.value = _position + 1;
       inValue_ = true;
     } else if (_c != '\n') {
       if (key_.empty()) place_.key = _position;
-      append(key_, _c);
+      key_ += _c;
     }
   }
 
  private:
   // A line feed that meets an empty key or value belongs to the value instead.
   bool endsPair(char _c) const { return inValue_ && _c == '\n' && !key_.empty() && !value_.empty(); }
-
-  static void append(std::string& _text, char _c) { _c == '\t' ? _text += eightBlanks : _text += _c; }
 
   void store() {
     takePair_(key_, value_, place_);
@@ -67,7 +65,7 @@ bool takePlainLine(std::string_view _line, std::size_t _begin, const TakeCfgPair
   std::size_t separator = std::string_view::npos;
   for (std::size_t i = 0; i < _line.size(); ++i) {
     const char c = _line[i];
-    if (c == '#' || c == '/' || c == '\t') return false;
+    if (c == '#' || c == '/') return false;
     if (separator == std::string_view::npos && (c == '=' || c == ':')) separator = i;
   }
   if (separator == std::string_view::npos || separator == 0 || separator + 1 == _line.size()) return false;
@@ -80,6 +78,12 @@ bool takePlainLine(std::string_view _line, std::size_t _begin, const TakeCfgPair
 
 void expandTabs(std::string& _text) {
   if (_text.find('\t') != std::string::npos) _text = replaceAll(_text, "\t", eightBlanks);
+}
+
+std::string withTabsExpanded(std::string_view _text) {
+  std::string text(_text);
+  expandTabs(text);
+  return text;
 }
 
 void forEachCfgPair(std::string_view _text, const TakeCfgPair& _take) {
@@ -103,7 +107,7 @@ void forEachCfgPair(std::string_view _text, const TakeCfgPair& _take) {
 std::vector<CfgPair> scanCfgText(std::string_view _text) {
   std::vector<CfgPair> pairs;
   forEachCfgPair(_text, [&pairs](std::string_view _key, std::string_view _value, const CfgPairPlace&) {
-    pairs.push_back({std::string(_key), std::string(_value)});
+    pairs.push_back({withTabsExpanded(_key), withTabsExpanded(_value)});
   });
   return pairs;
 }

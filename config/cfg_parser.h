@@ -22,20 +22,21 @@ struct CfgPairPlace {
   std::size_t end = 0;    ///< of the line feed that ends the pair
 };
 
-/// Takes (key, value, place), which live for the call only.
+/// Takes (key, value, place), which live for the call only. Tabs are still tabs, so that a text of tabs does not take
+/// eight times its memory before somebody asks for it.
 using TakeCfgPair = std::function<void(std::string_view, std::string_view, const CfgPairPlace&)>;
 
-/// Replaces every tab by eight blanks, as a scan does first.
+/// Replaces every tab by eight blanks, for which it counts in keys and values.
 void expandTabs(std::string& _text);
+std::string withTabsExpanded(std::string_view _text);
 
 /// Calls _take for each pair of a configuration text, in order, repeated keys included; the value still has the blanks
 /// at its end. "KEY=value" and "KEY:value" make a pair, which ends at the first line feed after the value has begun. A
-/// comment runs from "#", or from "//" after a blank, a tab or a line end, to the end of its line. A tab elsewhere
-/// counts as eight blanks. What is pending at the end of the text is dropped. Takes linear time, and copies only pairs
-/// with a comment, a slash or a tab in them.
+/// comment runs from "#", or from "//" after a blank, a tab or a line end, to the end of its line. What is pending at
+/// the end of the text is dropped. Takes linear time, and copies only pairs with a comment or a slash in them.
 void forEachCfgPair(std::string_view _text, const TakeCfgPair& _take);
 
-/// The same pairs all at once.
+/// The same pairs all at once, with their tabs expanded.
 std::vector<CfgPair> scanCfgText(std::string_view _text);
 
 }  // namespace Quillmark_logging

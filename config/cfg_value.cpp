@@ -13,18 +13,23 @@ using Quillmark_logging::CfgPairPlace;
 using Quillmark_logging::expandTabs;
 using Quillmark_logging::forEachCfgPair;
 using Quillmark_logging::traceLineIf;
+using Quillmark_logging::withTabsExpanded;
 
 namespace {
 
 int length(const std::string& _s) { return static_cast<int>(_s.length()); }
+
+bool isKey(std::string_view _pairKey, const std::string& _key) {
+  return _pairKey.find('\t') == std::string_view::npos ? _pairKey == _key : withTabsExpanded(_pairKey) == _key;
+}
 
 // What the map would tell, without a map: the last value of the key, without the blanks at its end.
 bool findValue(std::string_view _text, const std::string& _key, std::string& _value) {
   bool isFound = false;
   std::string found;
   forEachCfgPair(_text, [&](std::string_view _pairKey, std::string_view _pairValue, const CfgPairPlace&) {
-    if (_pairKey != _key) return;
-    found = _pairValue.substr(0, _pairValue.find_last_not_of(' ') + 1);
+    if (!isKey(_pairKey, _key)) return;
+    found = withTabsExpanded(_pairValue.substr(0, _pairValue.find_last_not_of(" \t") + 1));
     isFound = true;
   });
   if (isFound) _value = std::move(found);

@@ -46,6 +46,16 @@ TEST_F(LargeFile, CostsALookupOneReadAndThreeTimesItsSizeAtMost) {
   RecordProperty("microseconds", static_cast<int>((testsupport::processorTime() - before).count()));
 }
 
+TEST_F(LargeFile, OfTabsCostsThreeTimesItsSizeAtMost) {
+  constexpr std::size_t size = 10'000'000;
+  sandbox_.writeCfg("CA12", "OTHER=" + std::string(size, '\t') + "\nKEY=value" + std::string(size, '\t') + "\n");
+  const testsupport::MemoryPeak memory;
+  std::string value;
+  EXPECT_TRUE(store_->getCfgValue(sandbox_.cfgPath("CA12"), "KEY", value));
+  EXPECT_EQ(value, "value");
+  EXPECT_LT(memory.bytes(), 3 * 2 * size);
+}
+
 TEST_F(LargeFile, CostsAClassListOneReadAndThreeTimesItsSizeAtMost) {
   const std::string text = manyEntries("Class.", "", ";\r\n");
   sandbox_.writeInit("CA12", text);

@@ -53,9 +53,9 @@ std::vector<Setting> settingsOf(const std::string& _file, std::string_view _text
   const TextPlaces places(_text);
   std::vector<Setting> settings;
   const auto take = [&](std::string_view _key, std::string_view _value, const Quillmark_logging::CfgPairPlace& _place) {
-    const std::string_view value = _value.substr(0, _value.find_last_not_of(' ') + 1);
-    settings.push_back({std::string(_key), std::string(value), _file, places.of(_place.key), places.of(_place.value),
-                        _place.key, _place.value, _place.end, false});
+    const std::string_view value = _value.substr(0, _value.find_last_not_of(" \t") + 1);
+    settings.push_back({Quillmark_logging::withTabsExpanded(_key), Quillmark_logging::withTabsExpanded(value), _file,
+                        places.of(_place.key), places.of(_place.value), _place.key, _place.value, _place.end, false});
   };
   Quillmark_logging::forEachCfgPair(_text, take);
   markReplaced(settings);
