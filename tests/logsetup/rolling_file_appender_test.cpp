@@ -30,7 +30,6 @@ class RollingFileAppender : public testing::Test {
   std::string backup(int _number) const { return name() + "." + std::to_string(_number); }
   Names names() const { return namesIn(folder_.path()); }
 
- private:
   testsupport::TemporaryFolder folder_;
 };
 
@@ -111,6 +110,26 @@ TEST_F(RollingFileAppender, CountsOnToNumbersOfTwoDigits) {
   EXPECT_EQ(readFile(backup(9)), "r");
   EXPECT_EQ(readFile(backup(10)), "q");
   EXPECT_EQ(readFile(backup(12)), "o");
+}
+
+// Looking for each of them would take an hour.
+TEST_F(RollingFileAppender, MovesTheFilesThatExistOfTwoThousandMillions) {
+  constexpr int last = std::numeric_limits<int>::max();
+  for (const int number : {7, last - 1, last}) {
+    writeFile(backup(number), std::to_string(number));
+  }
+  const Names strangers{"a_log.txt.+3", "a_log.txt.-3", "a_log.txt.03", "a_log.txt.3x", "a_log.txt.99999999999"};
+  for (const std::string& stranger : strangers) {
+    writeFile(folder_.file(stranger), stranger);
+  }
+  appender(1, last).write("new");
+  EXPECT_EQ(readFile(backup(1)), "new");
+  EXPECT_EQ(readFile(backup(8)), "7");
+  EXPECT_EQ(readFile(backup(last)), std::to_string(last - 1));
+  EXPECT_EQ(names().size(), 4 + strangers.size());
+  for (const std::string& stranger : strangers) {
+    EXPECT_EQ(readFile(folder_.file(stranger)), stranger);
+  }
 }
 
 TEST_F(RollingFileAppender, LeavesTheMessageThatCrossesTheSizeInTheOldFile) {

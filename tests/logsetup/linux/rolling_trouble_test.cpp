@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 // What the surroundings of a process do to the file that rolls.
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdio>
 #include <string>
 
 #include "logsetup/rolling_file_appender.h"
+#include "tests/support/as_unprivileged_user.h"
 #include "tests/support/linux/file_size_limit.h"
 #include "tests/support/linux/named_pipe.h"
 #include "tests/support/linux/replaced_stream.h"
@@ -47,6 +49,17 @@ TEST_F(RollingTrouble, SurvivesAFileSizeLimitSetAMomentAgo) {
   const FileSizeLimit limit(5);
   appender.write("lost\n");
   EXPECT_EQ(readFile(path_), "1234\n");
+}
+
+TEST_F(RollingTrouble, LooksForEachFileOfAFolderThatCannotBeListed) {
+  testsupport::writeFile(path_ + ".3", "3");
+  ASSERT_EQ(::chmod(folder_.path().c_str(), 0333), 0);
+  {
+    const testsupport::AsUnprivilegedUser user;
+    rolling_file_appender(path_, 1, 1001, nullptr, true).write("new");
+  }
+  EXPECT_EQ(readFile(path_ + ".1"), "new");
+  EXPECT_EQ(readFile(path_ + ".4"), "3");
 }
 
 TEST_F(RollingTrouble, LosesMessagesOfAFailedStreamUntilItIsReopened) {
