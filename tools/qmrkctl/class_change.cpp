@@ -94,8 +94,8 @@ class Change {
     return exitNotFound;
   }
 
-  static int tellNoLock(const toolsystem::FileLock& _lock) {
-    if (_lock.failure()) return refuseFile(*_lock.failure());
+  int tellNoLock(const toolsystem::FileLock& _lock) const {
+    if (_lock.failure()) return refuseFile(*_lock.failure(), place_.lock);
     if (toolsystem::isEndRequested()) return exitInterrupted;
     Report::message("somebody else is changing the class list, and has been for 5 s");
     return exitTimeout;
@@ -110,15 +110,14 @@ class Change {
     Swept swept = sweep(before_.list, before_.leases, now_);
     after_ = changed({before_.exists, swept.list, swept.leases}, request_, now_);
     if (const int code = lint(_viewpoint, _configuration); code != exitOk) return code;
-    tellDifference();
-    const int done = request_.kind == ChangeKind::disable ? tellLeftOn() : exitOk;
-    if (request_.isDryRun) return done;
+    if (request_.isDryRun) return tellChange();
     const RunningProcesses processes =
         request_.isSilent ? RunningProcesses() : runningProcesses(steeredProcesses(options_));
     std::vector<Addressee> addressees = addresseesOf(processes.found);
-    if (const auto failure = writeClassList(place_, before_, after_)) return refuseFile(*failure);
+    if (const auto failure = writeClassList(place_, before_, after_)) return refuseFile(*failure, place_.reached);
+    const int told = tellChange();
     const int code = awaitAnswers(addressees);
-    return code == exitOk ? done : code;
+    return code == exitOk ? told : code;
   }
 
   int refuseMissing() const {
@@ -146,6 +145,11 @@ class Change {
     if (!isRefused || request_.isForced) return exitOk;
     Report::message("the list is left as it is; --force writes it all the same");
     return exitNegative;
+  }
+
+  int tellChange() {
+    tellDifference();
+    return request_.kind == ChangeKind::disable ? tellLeftOn() : exitOk;
   }
 
   void tellDifference() {

@@ -12,13 +12,29 @@
 
 namespace qmrkctl {
 
-int refuseFile(const toolsystem::FileFailure& _failure) {
+namespace {
+
+std::string whoMay(const std::string& _path) {
+  if (toolsystem::seesEveryProcess())
+    return "not even root may: look at the mount options, the attributes of the file (lsattr), and whose link it is";
+  const std::string path = platform::nativePath(_path);
+  const auto group = toolsystem::groupOfFolder(path.substr(0, path.find_last_of("/\\")));
+  if (group && !group->isOwn) {
+    return "the members of the group \"" + shown(group->name) + "\" may do that (sudo usermod -a -G " +
+           shown(group->name) + " USER, then log in again), or root: run the same command by sudo";
+  }
+  const std::string others = "the owner of the file may do that, or root: run the same command by sudo";
+  if (!group) return others;
+  return others + "; to let the group \"" + shown(group->name) + "\": sudo chgrp " + shown(group->name) + " \"" +
+         shown(path) + "\" && sudo chmod g+w \"" + shown(path) + "\"";
+}
+
+}  // namespace
+
+int refuseFile(const toolsystem::FileFailure& _failure, const std::string& _path) {
   Report::message(shown(_failure.text));
   if (_failure.isDenied) {
-    Report::message(
-        toolsystem::seesEveryProcess()
-            ? "not even root may: look at the mount options, the attributes of the file (lsattr), and whose link it is"
-            : "the owner of the file may do that, or root: run the same command by sudo");
+    Report::message(whoMay(_path));
     return exitNoPermission;
   }
   return _failure.isMissing ? exitNotFound : exitInternal;

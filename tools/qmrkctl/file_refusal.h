@@ -7,9 +7,10 @@
 
 namespace qmrkctl {
 
-/// Says why a file could not be changed, and who may.
+/// Says why a file could not be changed, and who may, or how others get the right to.
+/// @param _path of the file, with separators of either kind.
 /// @return the code to end with.
-int refuseFile(const toolsystem::FileFailure& _failure);
+int refuseFile(const toolsystem::FileFailure& _failure, const std::string& _path);
 
 /// Says why a file that is there could not be read, and who may.
 /// @param _path with separators of either kind.

@@ -5,7 +5,8 @@
 
 namespace toolsystem {
 
-/// Writes a new file that everybody may read (mode 0644 on Linux, whatever the umask). Never leaves a partial file.
+/// Writes a new file that everybody may read (mode 0644 on Linux, whatever the umask). Never leaves a partial file. On
+/// Linux those who may write in its folder as its owner or group may write the file, too.
 /// @param _path in the system's form.
 /// @param _text each "\n" becomes the system's line end.
 /// @return 0, or an errno value: EEXIST if anything is at the path, even a dangling link.

@@ -27,6 +27,15 @@ struct PathFacts {
 /// @param _path in the system's form, as below.
 PathFacts factsOf(const std::string& _path);
 
+struct FolderGroup {
+  std::string name;
+  bool isOwn = false;  ///< this program acts as a member
+};
+
+/// The group whose members may write in a folder as its owner may; no value if there is none, it has no name, or on
+/// Windows.
+std::optional<FolderGroup> groupOfFolder(const std::string& _folder);
+
 /// The bytes free for unprivileged users on the file system that holds a path; no value if unknown.
 std::optional<std::uint64_t> freeBytes(const std::string& _path);
 

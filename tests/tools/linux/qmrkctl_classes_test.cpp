@@ -72,16 +72,6 @@ TEST_F(QmrkctlClasses, KeepsOwnerModeAndLink) {
   EXPECT_EQ(testsupport::readFile(target), "Demo.App;\nDemo.Net.error;\nDemo.Net;\n");
 }
 
-TEST_F(QmrkctlClasses, SaysWhoMayChangeAListThatItMayNot) {
-  EXPECT_EQ(testsupport::inForkedChild([&] {
-              if (::setresuid(other, other, other) != 0) return 1;
-              const ChildResult result = qmrkctl({"classes", "enable", "Demo.Net"});
-              return result.exitCode == 4 && contains(result.errors, "sudo") ? 0 : 2;
-            }),
-            0);
-  EXPECT_EQ(list(), "Demo.App;\nDemo.Net.error;\n");
-}
-
 TEST_F(QmrkctlClasses, EndsALeaseAfterItsTimeAndAfterARestart) {
   const SleepingListener pump(follower("Pump"));
   EXPECT_EQ(qmrkctl({"classes", "enable", "Demo.App", "Demo.Net", "--for", "1h", "--wait", "60s"}).exitCode, 0);

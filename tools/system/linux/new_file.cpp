@@ -7,6 +7,8 @@
 
 #include <cerrno>
 
+#include "tools/system/linux/folder_share.h"
+
 namespace toolsystem {
 namespace {
 
@@ -19,8 +21,7 @@ int writeAll(int _file, const std::string& _text) {
     if (written == -1 && errno != EINTR) return errno;
     if (written > 0) done += static_cast<std::size_t>(written);
   }
-  // Not less by the umask.
-  return ::fchmod(_file, fileMode) == 0 && ::fsync(_file) == 0 ? 0 : errno;
+  return ::fsync(_file) == 0 ? 0 : errno;
 }
 
 }  // namespace
@@ -28,7 +29,9 @@ int writeAll(int _file, const std::string& _text) {
 int writeNewFile(const std::string& _path, const std::string& _text) {
   const int file = ::open(_path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, fileMode);
   if (file == -1) return errno;
-  const int error = writeAll(file, _text);
+  // Not less by the umask.
+  const int error = ::fchmod(file, fileMode) == 0 ? writeAll(file, _text) : errno;
+  if (error == 0) shareWithFolder(_path, file);
   ::close(file);
   if (error != 0) ::unlink(_path.c_str());
   return error;

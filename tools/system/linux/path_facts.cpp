@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "tools/system/path_facts.h"
 
+#include <grp.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 
+#include <algorithm>
 #include <cerrno>
 
 #include "tools/system/account.h"
@@ -45,6 +47,18 @@ PathFacts factsOf(const std::string& _path) {
   facts.othersMayWrite = leadsSomewhere && (status.st_mode & (S_IWGRP | S_IWOTH)) != 0;
   facts.everybodyMayWrite = leadsSomewhere && (status.st_mode & S_IWOTH) != 0 && (status.st_mode & S_ISVTX) == 0;
   return facts;
+}
+
+std::optional<FolderGroup> groupOfFolder(const std::string& _folder) {
+  constexpr mode_t needed = S_IWGRP | S_IXGRP;
+  struct stat status {};
+  if (::stat(_folder.c_str(), &status) != 0 || !S_ISDIR(status.st_mode) || (status.st_mode & needed) != needed)
+    return std::nullopt;
+  const struct group* const entry = ::getgrgid(status.st_gid);
+  if (entry == nullptr) return std::nullopt;
+  const Account own = ownAccount();
+  const bool isSupplementary = std::find(own.groups.begin(), own.groups.end(), status.st_gid) != own.groups.end();
+  return FolderGroup{entry->gr_name, own.gid == status.st_gid || isSupplementary};
 }
 
 std::optional<std::uint64_t> freeBytes(const std::string& _path) {

@@ -21,6 +21,8 @@ PathFacts factsOf(const std::string& _path) {
   return facts;
 }
 
+std::optional<FolderGroup> groupOfFolder(const std::string& /*_folder*/) { return std::nullopt; }
+
 std::optional<std::uint64_t> freeBytes(const std::string& _path) {
   ULARGE_INTEGER free{};
   if (::GetDiskFreeSpaceExA(_path.c_str(), &free, nullptr, nullptr) == 0) return std::nullopt;
