@@ -69,7 +69,10 @@ class QMRK_LOG_API LogEventHandler {
   /// @return the name of the event. The thread reads it once, when it starts.
   const char* getLogEventName() const;
 
-  /// Stores the pointer itself. @param _logEventName not null; the characters must outlive the object.
+  /// Stores the pointer itself.
+  /// @param _logEventName not null; the characters must outlive the object. On Windows what CreateEvent takes, 260
+  ///   characters at most; on Linux 1 to 200 letters, digits, ".", "_" and "-", not beginning with ".": a thread that
+  ///   is started with another name ends at once with exit code 0xFFFFFFFF.
   void setLogEventName(const char* _logEventName);
 
   /// Kept for compatibility; use the form above. Stores the address of the characters of its argument, which ends with

@@ -59,7 +59,8 @@ bool initDefaultLogs(std::string _calledBy, const std::string& _ca, T* _writeToC
 /// @endcode
 ///
 /// @param _logLevel  one pattern of logs, or several, each ended by ";" (what follows the last ";" is dropped).
-/// @param _fileName  not empty. May contain backslashes; the folders that they name must exist.
+/// @param _fileName  not empty. May contain backslashes. Folders that they name are created without rotation; with it,
+///   they must exist, or every line is lost.
 /// @param _overWrite whether the file is emptied, once per call, at the first message; without rotation only.
 /// @return false when no usable configuration is found or the folder cannot be created; nothing is connected then. A
 ///   file that cannot be opened is no failure.
@@ -68,7 +69,8 @@ QMRK_LOG_API bool createApplicationSpecificLogFile(std::string _logLevel, std::s
 
 /// Connects logs to a file of the application's own, for a named CA.
 /// @param _logLevel  one pattern of logs, or several, each ended by ";" (what follows the last ";" is dropped).
-/// @param _fileName  not empty. May contain backslashes; the folders that they name must exist.
+/// @param _fileName  not empty. May contain backslashes. Folders that they name are created without rotation; with it,
+///   they must exist, or every line is lost.
 /// @param _ca        the CA.
 /// @param _overWrite whether the file is emptied, once per call, at the first message; without rotation only.
 /// @return false, with nothing connected, as the form without a CA.

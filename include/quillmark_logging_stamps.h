@@ -31,10 +31,11 @@ QMRK_LOG_API std::string getThreadId(bool _formatted);
 QMRK_LOG_API std::string getFormattedThreadId();
 
 /// Gives a source location as text. Made for `location(__FILE__, __LINE__, __func__)`.
-/// @param _file     the file.
+/// @param _file     the file, not null. Only what is behind the last backslash is shown: a path with slashes stays
+/// whole.
 /// @param _line     the line, counted from 1.
-/// @param _function the function.
-/// @return the location; "LOC-ERROR" if it cannot be turned into text.
+/// @param _function the function, not null.
+/// @return "[function file:line] ", with the blank; "LOC-ERROR" if it cannot be turned into text.
 QMRK_LOG_API std::string location(const char* _file, int _line, const char* _function);
 
 }  // namespace Quillmark_logging

@@ -63,6 +63,13 @@ class ManPages(unittest.TestCase):
             self.assertEqual((page.returncode, page.stderr), (0, b""), source.name)
             self.assertEqual(warnings_of(page.stdout), (0, ""), source.name)
 
+    def test_no_mark_of_the_source_is_taken_for_text_or_text_for_a_request(self):
+        for source in SOURCES:
+            text = source.read_text(encoding="utf-8")
+            # Within a word, scdoc takes "_" as it is; man takes a "." that begins a line for a request, and drops it.
+            self.assertNotIn("__", made(source).stdout.decode("utf-8"), source.name)
+            self.assertEqual(re.findall(r"(?m)^\s*\.\w.*", text), [], source.name)
+
     def test_man_would_have_warned_of_an_unknown_request(self):
         self.assertIn("warning", warnings_of(b".TH a 1\n.SH NAME\na \\- b\n.nonsense\n")[1])
 
