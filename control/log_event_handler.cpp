@@ -88,6 +88,8 @@ LogEventHandler::~LogEventHandler() {
 
 bool LogEventHandler::createWorkerThread() {
   if (isCreated() != 0) return false;
+  // To start a thread takes a wait. An object that is unwound from there would not know the thread that runs on it.
+  const platform::CancellationDelay delay;
   ListenerStatus::showCa();
   // The new thread frees the box. When there is none, the box is left alone.
   auto* box = new LogEventHandler*(this);

@@ -30,6 +30,7 @@ enum class Call {
   systemVersion,
   registry,
   createThread,
+  beginThread,  ///< Linux: on the new thread, for which its creator waits; cannot fail
   openEvent,
   openEventFile,   ///< Linux: between the folder and the file in it
   awaitEventGate,  ///< Linux: before each pause for a process that blocks the event; cannot fail

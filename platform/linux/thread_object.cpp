@@ -4,6 +4,7 @@
 #include <chrono>
 
 #include "platform/all_signals_blocked.h"
+#include "platform/fault.h"
 #include "platform/linux/event_word.h"
 #include "platform/process.h"
 
@@ -93,6 +94,7 @@ void* ThreadObject::enter(void* _box) {
 
 void ThreadObject::run() {
   currentObject = this;
+  static_cast<void>(injectedFault(Call::beginThread));
   {
     const std::lock_guard<std::mutex> lock(mutex_);
     id_ = threadId();

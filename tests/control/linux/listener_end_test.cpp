@@ -6,9 +6,11 @@
 #include <thread>
 
 #include "boost/logging/logging.hpp"
+#include "platform/process.h"
 #include "tests/control/listener_fixture.h"
 #include "tests/support/linux/forked_child.h"
 #include "tests/support/linux/shared_memory_mount.h"
+#include "tests/support/process_resources.h"
 
 namespace {
 
@@ -82,6 +84,27 @@ TEST_F(ListenerEnd, CompletesInAThreadThatIsCancelled) {
     });
     ending.join();
     return hasEnded ? 0 : 1;
+  });
+  EXPECT_EQ(result, 0);
+}
+
+// It waits for its thread to run, too, which must not outlive an object that is unwound.
+TEST_F(ListenerEnd, ComesToAThreadThatIsStartedByOneThatIsCancelled) {
+  const int result = testsupport::inForkedChild([] {
+    bool isConstructed = false;
+    std::promise<std::uint32_t> id;
+    const testsupport::CallHook duringTheWait(platform::Call::beginThread, 1,
+                                              [&id] { testsupport::waitUntilThreadSleeps(id.get_future().get()); });
+    std::thread starting([&isConstructed, &id] {
+      id.set_value(threadId());
+      ::pthread_cancel(::pthread_self());
+      const auto handler = std::make_unique<LogEventHandler>();
+      isConstructed = handler->isCreated() != 0;
+      ::pthread_testcancel();
+    });
+    starting.join();
+    if (!isConstructed) return 1;
+    return testsupport::processResources().handles == 0 ? 0 : 2;
   });
   EXPECT_EQ(result, 0);
 }
