@@ -245,6 +245,8 @@ bool EventFile::isInPlace() const {
   return here.st_dev == there.st_dev && here.st_ino == there.st_ino;
 }
 
+void EventFile::prepareForForks() { openFiles(); }
+
 void EventFile::lockAll() { openFiles().mutex.lock(); }
 
 void EventFile::unlockAll() { openFiles().mutex.unlock(); }

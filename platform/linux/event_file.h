@@ -43,16 +43,21 @@ class EventFile {
   EventFile(const EventFile&) = delete;
   EventFile& operator=(const EventFile&) = delete;
 
+  const std::string& name() const { return name_; }
   std::uint32_t* word() const { return word_; }
 
   /// Whether the path still names this file; true as well when that cannot be found out.
   bool isInPlace() const;
 
   /// For fork: keeps the process from joining or leaving any file during it. The child closes its copies, so that it
-  /// does not count as a user, and forgets them.
+  /// does not count as a user, and forgets them. Only what prepareForForks makes takes memory.
+  static void prepareForForks();
   static void lockAll();
   static void unlockAll();
   static void abandonAll();
+
+  /// The list of the events that are kept.
+  std::shared_ptr<EventFile> nextKept;
 
  private:
   enum class Step { joined, again, failed };

@@ -4,7 +4,6 @@
 #include <pthread.h>
 
 #include <utility>
-#include <vector>
 
 #include "platform/linux/event_file.h"
 #include "platform/linux/kept_events.h"
@@ -33,7 +32,15 @@ void inChild() {
   dropKeptEvents();
 }
 
-void guardForks() { [[maybe_unused]] static const int guarded = ::pthread_atfork(beforeFork, inParent, inChild); }
+// What the handlers use is made first: the process that forks may lack the memory for it.
+int registerHandlers() {
+  HandleTable::instance();
+  EventFile::prepareForForks();
+  prepareKeptEvents();
+  return ::pthread_atfork(beforeFork, inParent, inChild);
+}
+
+void guardForks() { [[maybe_unused]] static const int guarded = registerHandlers(); }
 
 // At the latest while the program is loaded: a process that forks during the first use would have a child that finds
 // the guard of the local static taken for ever.
@@ -73,20 +80,17 @@ bool HandleTable::remove(Handle _handle) {
 }
 
 void HandleTable::removeOwnedBy(const void* _owner) {
-  std::vector<std::shared_ptr<HandleTarget>> last;
+  // Moved as they are: a thread that ends has nobody to tell that memory is lacking.
+  std::map<Handle, Entry> last;
   {
     const std::lock_guard<std::mutex> lock(mutex_);
-    for (auto entry = entries_.begin(); entry != entries_.end();) {
-      if (entry->second.owner != _owner) {
-        ++entry;
-        continue;
-      }
-      last.push_back(std::move(entry->second.target));
-      entry = entries_.erase(entry);
+    for (auto next = entries_.begin(); next != entries_.end();) {
+      const auto entry = next++;
+      if (entry->second.owner == _owner) last.insert(entries_.extract(entry));
     }
   }
-  for (const std::shared_ptr<HandleTarget>& target : last) {
-    target->outliveOwner();
+  for (const auto& [handle, entry] : last) {
+    entry.target->outliveOwner();
   }
 }
 

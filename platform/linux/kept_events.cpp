@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/kept_events.h"
 
-#include <map>
 #include <mutex>
 #include <utility>
 
@@ -11,7 +10,7 @@ namespace {
 // Never destroyed: a thread may be terminated while the process exits.
 struct KeptEvents {
   std::mutex mutex;
-  std::map<std::string, std::shared_ptr<EventFile>> files;
+  std::shared_ptr<EventFile> first;
 };
 
 KeptEvents& keptEvents() {
@@ -21,22 +20,35 @@ KeptEvents& keptEvents() {
 
 }  // namespace
 
-void keepEvent(const std::string& _name, std::shared_ptr<EventFile> _file) {
+void keepEvent(std::shared_ptr<EventFile> _file) {
   KeptEvents& kept = keptEvents();
   {
     const std::lock_guard<std::mutex> lock(kept.mutex);
-    std::shared_ptr<EventFile>& held = kept.files[_name];
+    std::shared_ptr<EventFile>* place = &kept.first;
+    while (*place != nullptr && (*place)->name() != _file->name()) {
+      place = &(*place)->nextKept;
+    }
     // One that was removed from outside is of no use.
-    if (held == nullptr || !held->isInPlace()) held.swap(_file);
+    if (*place == nullptr || !(*place)->isInPlace()) {
+      if (*place != nullptr) _file->nextKept.swap((*place)->nextKept);
+      place->swap(_file);
+    }
   }
   // Leaving the event may take a while, so without the lock.
   _file.reset();
 }
 
+void prepareKeptEvents() { keptEvents(); }
+
 void lockKeptEvents() { keptEvents().mutex.lock(); }
 
 void unlockKeptEvents() { keptEvents().mutex.unlock(); }
 
-void dropKeptEvents() { keptEvents().files.clear(); }
+void dropKeptEvents() {
+  std::shared_ptr<EventFile> next = std::move(keptEvents().first);
+  while (next != nullptr) {
+    next = std::move(next->nextKept);
+  }
+}
 
 }  // namespace platform

@@ -35,7 +35,7 @@ class NamedEvent : public HandleTarget {
     return file_;
   }
 
-  void outliveOwner() override { keepEvent(name_, heldFile()); }
+  void outliveOwner() override { keepEvent(heldFile()); }
 
   std::shared_ptr<EventFile> heldFile() {
     const std::lock_guard<std::mutex> lock(mutex_);

@@ -40,6 +40,22 @@ TEST_F(ListenerMemory, MayRunOutInAnUpdateWithoutEndingTheListener) {
   EXPECT_TRUE(two.is_enabled());
 }
 
+// It could tell nobody that it is lacking.
+TEST_F(ListenerMemory, IsNotNeededByTheEndOfAThreadThatLeavesItsEventOpen) {
+  std::uint32_t id = 0;
+  const platform::Handle thread = platform::createThread(
+      [](void*) {
+        const platform::Handle event = platform::createEvent("QMRK_MEMORY_TEST");
+        testsupport::ScarceMemory::failNext();
+        return platform::waitForEvent(event, platform::waitForever);
+      },
+      nullptr, id);
+  ASSERT_TRUE(platform::terminateThread(thread, 1));
+  EXPECT_EQ(platform::waitForThread(thread, platform::waitForever), platform::waitObject);
+  EXPECT_EQ(testsupport::exitCodeOfThread(thread), 1U);
+  EXPECT_TRUE(platform::closeHandle(thread));
+}
+
 // What the thread was to use is gone when its creator has failed.
 TEST(ThreadMemory, MayRunOutWithoutLeavingAThreadBehind) {
   static std::promise<void> end;
