@@ -122,7 +122,7 @@ void EarlyMessages::deliverAll(const MessageCache& _cache) {
 }
 
 void EarlyMessages::restartInChild() {
-  cache_ = MessageCache();
+  cache_.clear();
   // Those who wait do not exist here, so it is not destroyed, which would wait for them.
   new (&done_) std::condition_variable;
   if (isFlushing() && flusher_ != &threadState()) {

@@ -25,6 +25,15 @@ void MessageCache::add(const Log& _log, std::int64_t _time, std::string_view _te
   }
 }
 
+// Another cache in its place would need memory even while it is empty.
+void MessageCache::clear() noexcept {
+  entries_.clear();
+  text_ = std::string();
+  begin_ = 0;
+  dropped_ = 0;
+  latestDropped_ = Entry{nullptr, 0, 0};
+}
+
 void MessageCache::dropOldest() {
   begin_ += entries_.front().size;
   noteDropped(entries_.front());

@@ -22,6 +22,9 @@ class MessageCache {
   /// @param _time in milliseconds since 1970.
   void add(const Log& _log, std::int64_t _time, std::string_view _text);
 
+  /// Makes the cache as it was at the beginning. Needs no memory.
+  void clear() noexcept;
+
   bool isEmpty() const { return entries_.empty(); }
 
   /// Whether a text of that size can be added without dropping a message.

@@ -13,6 +13,8 @@ namespace {
 
 constexpr std::size_t largestKeptBatch = std::size_t{1024} * 1024;
 
+constinit std::atomic<BatchDelivery*> latestAbandoned{nullptr};
+
 }  // namespace
 
 BatchDelivery::Result BatchDelivery::deliver(bool _isLast) noexcept {
@@ -66,6 +68,12 @@ bool BatchDelivery::settle() {
     queue_.rewind();
   }
   return !isInForeign;
+}
+
+void BatchDelivery::abandon(std::unique_ptr<BatchDelivery> _delivery) noexcept {
+  if (_delivery == nullptr) return;
+  _delivery->formerAbandoned_ = latestAbandoned.exchange(_delivery.get());
+  static_cast<void>(_delivery.release());
 }
 
 }  // namespace boost::logging::detail

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <atomic>
+#include <memory>
 
 #include "boost/logging/callables.hpp"
 #include "logmanager/appenders/message_queue.h"
@@ -31,6 +32,10 @@ class BatchDelivery {
   ///   behind if called again; everything is then given up.
   bool settle();
 
+  /// In place of its destruction, in the child of a fork: the parent's thread may have been changing it. Keeps it for
+  /// ever, where a leak checker finds it. Needs no memory.
+  static void abandon(std::unique_ptr<BatchDelivery> _delivery) noexcept;
+
  private:
   enum class Stage { collecting, calling, called };
 
@@ -42,6 +47,8 @@ class BatchDelivery {
   std::atomic<Stage> stage_{Stage::collecting};
   /// That of the delivering thread.
   platform::AppendWatch appends_;
+  /// The list of those that are abandoned.
+  BatchDelivery* formerAbandoned_ = nullptr;
 };
 
 }  // namespace boost::logging::detail

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <boost/chrono/duration.hpp>
 #include <boost/thread/thread.hpp>
+#include <new>
 #include <utility>
 #include <vector>
 
@@ -33,10 +34,9 @@ void sleepUninterrupted(microseconds _duration) {
 }
 
 /// Keeps for ever, where a leak checker finds it, what cannot be destroyed.
-template <typename T>
-void abandon(std::unique_ptr<T> _object) {
-  static auto* const abandoned = new std::vector<std::unique_ptr<T>>;
-  if (_object) abandoned->push_back(std::move(_object));
+void abandon(std::unique_ptr<boost::mutex> _lock) {
+  static auto* const abandoned = new std::vector<std::unique_ptr<boost::mutex>>;
+  abandoned->push_back(std::move(_lock));
 }
 
 }  // namespace
@@ -46,9 +46,7 @@ BatchWriter::BatchWriter(const appender& _wrapped, int _sleepMs, const std::stri
       wrapped_(_wrapped),
       sleepMs_(std::max(_sleepMs, 0)),
       lock_(new boost::mutex),
-      delivery_(new BatchDelivery(queue_, wrapped_)),
-      wake_(new boost::condition_variable),
-      ended_(new boost::condition_variable) {}
+      delivery_(new BatchDelivery(queue_, wrapped_)) {}
 
 bool BatchWriter::attend() {
   Lock lock(*lock_);
@@ -60,13 +58,19 @@ bool BatchWriter::attend() {
   noteMore();
   if (!std::exchange(isWaiting_, false)) return false;
   queue_.callForAttention(false);
-  wake_->notify_one();
+  wake_.notify_one();
   return false;
 }
 
 bool BatchWriter::noteThread() {
-  const Lock lock(*lock_);
+  Lock lock(*lock_);
   if (writer_ != Writer::none) return false;
+  // The child of a fork has none.
+  if (delivery_ == nullptr) delivery_.reset(new (std::nothrow) BatchDelivery(queue_, wrapped_));
+  if (delivery_ == nullptr) {
+    goOnWithoutThread(lock);
+    return false;
+  }
   writer_ = Writer::running;
   queue_.callForAttention(false);
   return true;
@@ -74,10 +78,13 @@ bool BatchWriter::noteThread() {
 
 void BatchWriter::noteNoThread() {
   Lock lock(*lock_);
-  if (writer_ == Writer::ended) return;
+  if (writer_ != Writer::ended) goOnWithoutThread(lock);
+}
+
+void BatchWriter::goOnWithoutThread(Lock& _lock) {
   writer_ = Writer::ended;
   queue_.callForAttention(true);
-  deliverRest(lock);
+  deliverRest(_lock);
 }
 
 void BatchWriter::run() {
@@ -93,7 +100,7 @@ void BatchWriter::run() {
   queue_.callForAttention(true);
   deliverAll(lock, *delivery_);
   writer_ = Writer::ended;
-  ended_->notify_all();
+  ended_.notify_all();
   const bool isUnused = isUnused_;
   lock.unlock();
   if (isUnused) wrapped_.clear();
@@ -106,7 +113,7 @@ void BatchWriter::stop() {
     isUnused_ = true;
     isStopped_.store(true, std::memory_order_relaxed);
     if (writer_ != Writer::running) return;
-    wake_->notify_one();
+    wake_.notify_one();
   }
   sleepUninterrupted(microseconds(std::int64_t{sleepMs_} * 1500));
 }
@@ -127,9 +134,9 @@ void BatchWriter::finish(steady_clock::time_point _deadline, const std::function
     finishOnThread(lock);
     return;
   }
-  wake_->notify_one();
+  wake_.notify_one();
   while (writer_ == Writer::running && steady_clock::now() < _deadline)
-    ended_->wait_for(lock, milliseconds(10));
+    ended_.wait_for(lock, milliseconds(10));
   if (writer_ == Writer::ended) deliverRest(lock);
 }
 
@@ -182,7 +189,7 @@ void BatchWriter::unlockAfterFork() {
 }
 
 // A thread of the parent does not exist here; what it was doing stays as it is. The thread that forked does, and may be
-// inside the wrapped appender.
+// inside the wrapped appender. Nothing here needs memory: fork() has no way to say that it is lacking.
 bool BatchWriter::restartInChild() {
   queue_.forgetAllInChild();
   const bool isHere = isDelivering_ && deliverer_ == boost::this_thread::get_id();
@@ -191,9 +198,10 @@ bool BatchWriter::restartInChild() {
   queue_.callForAttention(true);
   isWaiting_ = false;
   isDelivering_ = isHere;
-  if (!goesOn) abandon(std::exchange(delivery_, std::make_unique<BatchDelivery>(queue_, wrapped_)));
-  abandon(std::exchange(wake_, std::make_unique<boost::condition_variable>()));
-  abandon(std::exchange(ended_, std::make_unique<boost::condition_variable>()));
+  if (!goesOn) BatchDelivery::abandon(std::move(delivery_));
+  // Those who wait do not exist here, so these are not destroyed, which would wait for them.
+  new (&wake_) boost::condition_variable;
+  new (&ended_) boost::condition_variable;
   lock_->unlock();
   return goesOn;
 }
@@ -242,7 +250,7 @@ void BatchWriter::deliverRest(Lock& _lock) {
 
 void BatchWriter::pause(Lock& _lock) {
   if (sleepMs_ > 0) {
-    wake_->wait_for(_lock, milliseconds(sleepMs_), [this] { return isStopped_.load(std::memory_order_relaxed); });
+    wake_.wait_for(_lock, milliseconds(sleepMs_), [this] { return isStopped_.load(std::memory_order_relaxed); });
   } else if (gaps_.isOneExpectedWithin(std::chrono::microseconds(2 * shortSleepUs), steady_clock::now())) {
     sleepShortly(_lock);
     return;
@@ -260,7 +268,7 @@ void BatchWriter::waitForMessage(Lock& _lock) {
   isWaiting_ = true;
   queue_.callForAttention(true);
   if (queue_.isDrained()) {
-    wake_->wait(_lock, [this] { return !isWaiting_ || isStopped_.load(std::memory_order_relaxed); });
+    wake_.wait(_lock, [this] { return !isWaiting_ || isStopped_.load(std::memory_order_relaxed); });
     if (!isWaiting_) return;
   }
   isWaiting_ = false;

@@ -60,6 +60,7 @@ class BatchWriter {
   enum class Writer { none, running, ended };
 
   void takeOver();
+  void goOnWithoutThread(Lock& _lock);
   void finishOnThread(Lock& _lock);
   void deliverOnAnotherThread(Lock& _lock);
   BatchDelivery::Result deliverBatch(Lock& _lock, BatchDelivery& _delivery, bool _isLast);
@@ -78,7 +79,7 @@ class BatchWriter {
   std::atomic<bool> isStopped_{false};
   std::atomic<bool> hasEnded_{false};
 
-  // Pointers, because whoever finds that another user was ended must leave them alone.
+  // A pointer, because whoever finds that another user was ended must leave the mutex alone.
   std::unique_ptr<boost::mutex> lock_;
   Writer writer_ = Writer::none;
   boost::thread::id threadId_;
@@ -92,10 +93,10 @@ class BatchWriter {
   bool hasOwnMore_ = false;
   bool isUnused_ = false;
   MessageGaps gaps_;
-  /// Of the thread.
+  /// Of the thread, even after its end. In the child of a fork there is none until a thread is to be started.
   std::unique_ptr<BatchDelivery> delivery_;
-  std::unique_ptr<boost::condition_variable> wake_;
-  std::unique_ptr<boost::condition_variable> ended_;
+  boost::condition_variable wake_;
+  boost::condition_variable ended_;
 };
 
 }  // namespace boost::logging::detail
