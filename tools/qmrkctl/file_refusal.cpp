@@ -23,7 +23,7 @@ std::string whoMay(const std::string& _path) {
     return "the members of the group \"" + shown(group->name) + "\" may do that (sudo usermod -a -G " +
            shown(group->name) + " USER, then log in again), or root: run the same command by sudo";
   }
-  const std::string others = "the owner of the file may do that, or root: run the same command by sudo";
+  std::string others = "the owner of the file may do that, or root: run the same command by sudo";
   if (!group) return others;
   return others + "; to let the group \"" + shown(group->name) + "\": sudo chgrp " + shown(group->name) + " \"" +
          shown(path) + "\" && sudo chmod g+w \"" + shown(path) + "\"";
