@@ -40,6 +40,8 @@ enum class Call {
   resetEvent,
   closeHandle,
   createStatusPage,
+  shareWord,        ///< Linux
+  awaitSharedWord,  ///< before each pause for a process that is to change the word; cannot fail
   moduleVersion,
 };
 

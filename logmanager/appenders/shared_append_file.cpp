@@ -34,8 +34,7 @@ class SharedAppendFile::Locked {
   platform::CancellationDelay delay_;
 };
 
-SharedAppendFile::SharedAppendFile(const std::string& _path, bool _overwrite)
-    : path_(_path), truncateOnOpen_(_overwrite) {}
+SharedAppendFile::SharedAppendFile(const std::string& _path, bool _overwrite) : path_(_path), emptied_(_overwrite) {}
 
 SharedAppendFile* SharedAppendFile::of(const appender& _appender) {
   const auto* const toFile = _appender.target<write_to_file>();
@@ -116,23 +115,27 @@ platform::ErrorCode SharedAppendFile::openWhenGone() {
   if (!isGone_) return platform::noError;
   const platform::ErrorCode error = open();
   if (error != platform::noError) return error;
-  truncateOnOpen_ = false;
   isGone_ = false;
   trouble_.isFragment = !file_->endsInLineFeed();
   return platform::noError;
 }
 
 platform::ErrorCode SharedAppendFile::open() {
-  if (file_) return file_->reopen(path_, truncateOnOpen_);
+  const bool empties = emptied_.begin();
   platform::ErrorCode error = platform::noError;
-  file_ = AppendFile::open(path_, truncateOnOpen_, error);
-  return file_ ? platform::noError : error;
+  if (file_) {
+    error = file_->reopen(path_, empties);
+  } else {
+    file_ = AppendFile::open(path_, empties, error);
+  }
+  if (empties) emptied_.end(error == platform::noError);
+  return error;
 }
 
 // A thread that is gone held the lock, perhaps to open the file.
 void SharedAppendFile::restartInChild() {
   needsRepair_.store(true, std::memory_order_release);
-  truncateOnOpen_ = false;
+  emptied_.restartInChild();
   isGone_ = !file_ || !file_->isStillAt(path_);
   trouble_ = Trouble();
   trouble_.isFragment = !isGone_ && !file_->endsInLineFeed();

@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "boost/logging/callables.hpp"
+#include "logmanager/appenders/once_emptied.h"
 #include "logmanager/threads/process_lock.h"
 #include "platform/append_file.h"
 
@@ -20,7 +21,7 @@ namespace boost::logging::detail {
 /// lock and costs one system call.
 class SharedAppendFile {
  public:
-  /// @param _overwrite whether the first opening empties the file.
+  /// @param _overwrite whether the first opening empties the file, in this process or one forked from it.
   SharedAppendFile(const std::string& _path, bool _overwrite);
   SharedAppendFile(const SharedAppendFile&) = delete;
   SharedAppendFile& operator=(const SharedAppendFile&) = delete;
@@ -85,7 +86,7 @@ class SharedAppendFile {
   std::atomic<std::int64_t> checkedAt_{0};
 
   ProcessLock lock_;
-  bool truncateOnOpen_;
+  OnceEmptied emptied_;
   bool isGone_ = true;
   Trouble trouble_;
 };

@@ -169,7 +169,7 @@ TEST_F(BusyFork, LetsAChildFreeWhatStatementsOfTheParentHold) {
 TEST_F(BusyFork, LetsAChildAppendToAFileThatTheParentIsOpening) {
   const testsupport::TemporaryFolder folder;
   const std::string path = folder.file("app.log");
-  const bl::write_to_file appender(path, true);
+  const bl::write_to_file appender(path, false);
   ParkedThread opening([&appender](ParkedThread& _thread) {
     const testsupport::CallHook hook(platform::Call::openForAppending, 1, [&_thread] { _thread.park(); });
     appender("App", "parent\n");
