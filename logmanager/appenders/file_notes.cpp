@@ -21,11 +21,13 @@ using States = std::map<std::string, file_state>;
 
 struct Notes {
   States states;
+  std::map<std::string, UntoldLoss> untold;
   std::vector<const NotedQueue*> queues;
 };
 
 constinit std::atomic<void (*)()> observer{nullptr};
 constinit ProcessLock notesLock;
+constinit std::atomic<bool> hasUntold{false};
 /// Never destroyed.
 constinit Notes* notes = nullptr;
 
@@ -97,6 +99,40 @@ void noteLoss(const std::string& _path, std::uint64_t _count, platform::ErrorCod
 void noteRecovery(const std::string& _path) noexcept {
   note(_path, [](file_state& _state) { _state.is_failing = false; });
   callObserver();
+}
+
+void leaveUntoldLoss(const std::string& _path, const UntoldLoss& _loss) noexcept {
+  try {
+    const NotesScope scope;
+    auto& untold = scope.all().untold;
+    if (untold.size() >= mostNotes && !untold.contains(_path)) return;
+    UntoldLoss& all = untold[_path];
+    all.count += _loss.count;
+    all.error = _loss.error;
+    hasUntold.store(true, std::memory_order_relaxed);
+  } catch (...) {
+    // No memory: it stays untold.
+  }
+}
+
+bool isAnyLossUntold() { return hasUntold.load(std::memory_order_relaxed); }
+
+UntoldLoss takeUntoldLoss(const std::string& _path) noexcept {
+  if (!isAnyLossUntold()) return {};
+  UntoldLoss loss;
+  try {
+    const NotesScope scope;
+    auto& untold = scope.all().untold;
+    const auto place = untold.find(_path);
+    if (place != untold.end()) {
+      loss = place->second;
+      untold.erase(place);
+    }
+    hasUntold.store(!untold.empty(), std::memory_order_relaxed);
+  } catch (...) {
+    // No memory for the notes of a forked child, which are empty then.
+  }
+  return loss;
 }
 
 void noteDropping() noexcept { callObserver(); }

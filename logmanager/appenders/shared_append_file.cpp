@@ -36,6 +36,10 @@ class SharedAppendFile::Locked {
 
 SharedAppendFile::SharedAppendFile(const std::string& _path, bool _overwrite) : path_(_path), emptied_(_overwrite) {}
 
+SharedAppendFile::~SharedAppendFile() {
+  if (trouble_.lost > 0) leaveUntoldLoss(path_, {trouble_.lost, trouble_.error});
+}
+
 SharedAppendFile* SharedAppendFile::of(const appender& _appender) {
   const auto* const toFile = _appender.target<write_to_file>();
   return toFile != nullptr ? toFile->file_.get() : nullptr;
@@ -64,9 +68,18 @@ bool SharedAppendFile::isCheckDue(std::int64_t _now) {
 
 void SharedAppendFile::check() {
   const Locked locked(*this);
-  if (!file_ || file_->isStillAt(path_)) return;
-  isGone_ = true;
-  needsRepair_.store(true, std::memory_order_release);
+  if (!file_) return;
+  takeOverLoss();
+  if (!file_->isStillAt(path_)) isGone_ = true;
+  if (isGone_ || trouble_.lost > 0) needsRepair_.store(true, std::memory_order_release);
+}
+
+// The one that this one has replaced may end only after this one has opened the file.
+void SharedAppendFile::takeOverLoss() {
+  const UntoldLoss loss = takeUntoldLoss(path_);
+  if (loss.count == 0) return;
+  if (trouble_.lost == 0) trouble_.error = loss.error;
+  trouble_.lost += loss.count;
 }
 
 void SharedAppendFile::noteFailure(const Messages& _messages, const AppendFile::Result& _result) {
@@ -117,6 +130,7 @@ platform::ErrorCode SharedAppendFile::openWhenGone() {
   if (error != platform::noError) return error;
   isGone_ = false;
   trouble_.isFragment = !file_->endsInLineFeed();
+  takeOverLoss();
   return platform::noError;
 }
 

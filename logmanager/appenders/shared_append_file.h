@@ -23,6 +23,8 @@ class SharedAppendFile {
  public:
   /// @param _overwrite whether the first opening empties the file, in this process or one forked from it.
   SharedAppendFile(const std::string& _path, bool _overwrite);
+  /// Leaves what it has lost and not told to the next one of its path.
+  ~SharedAppendFile();
   SharedAppendFile(const SharedAppendFile&) = delete;
   SharedAppendFile& operator=(const SharedAppendFile&) = delete;
 
@@ -71,6 +73,7 @@ class SharedAppendFile {
 
   bool isCheckDue(std::int64_t _now);
   void check();
+  void takeOverLoss();
   void noteFailure(const Messages& _messages, const platform::AppendFile::Result& _result);
   void repairAndAppend(const Messages& _messages);
   platform::ErrorCode openWhenGone();

@@ -87,6 +87,19 @@ TEST_F(FileStates, ShowThatAFileWorksAgain) {
   EXPECT_EQ(observed, 2);
 }
 
+TEST_F(FileStates, ShowThatAFileWorksAgainWhoeverLostWhatWasWritten) {
+  {
+    const FaultPlan plan(Call::append, 1, platform::errorDiskFull, 1);
+    bl::write_to_file(path_, false)("", "a\n");
+  }
+  EXPECT_TRUE(stateOf(path_).is_failing);
+  const bl::write_to_file later(path_, false);
+  later("", "b\n");
+  EXPECT_FALSE(stateOf(path_).is_failing);
+  EXPECT_EQ(stateOf(path_).lost, 1U);
+  EXPECT_EQ(observed, 2);
+}
+
 TEST_F(FileStates, JoinTheWritersOfOneFile) {
   const FaultPlan plan(Call::append, 1, platform::errorDiskFull, 2);
   bl::write_to_file(path_, false)("", "a\n");
