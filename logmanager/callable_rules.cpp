@@ -23,32 +23,44 @@ void CallableRules::remove(const NamePattern& _pattern, CallableKind _kind, std:
 }
 
 CallableRules::Rules CallableRules::commit() noexcept {
-  Rules forgotten;
   for (const Step& step : steps_) {
-    if (!step.isInsertion) take(step, forgotten);
+    if (step.home == nullptr) continue;
+    if (step.isInsertion) {
+      step.rule->insertion = notInserted;
+    } else {
+      taken_.splice(taken_.end(), step.home->removed, step.rule);
+    }
   }
   steps_.clear();
+  eraseEmptyHomes(taken_.begin());
+  Rules forgotten;
+  forgotten.swap(taken_);
   return forgotten;
 }
 
 void CallableRules::rollBack() noexcept {
-  Rules forgotten;
   for (; !steps_.empty(); steps_.pop_back()) {
     const Step& step = steps_.back();
-    if (!step.isInsertion) {
-      step.rule->isDead = false;
-    } else if (step.home != nullptr) {
-      take(step, forgotten);
+    if (step.home == nullptr) continue;
+    if (step.isInsertion) {
+      taken_.splice(taken_.end(), step.home->living, step.rule);
+      --size_;
+    } else {
+      step.home->living.splice(step.home->living.end(), step.home->removed, step.rule);
+      ++size_;
     }
   }
+  eraseEmptyHomes(taken_.begin());
+  // Their destructors may come back here.
+  Rules forgotten;
+  forgotten.swap(taken_);
 }
 
 std::vector<SharedCallable> CallableRules::callablesOf(std::string_view _name) {
   std::vector<const Rule*> rules;
-  byGlob_.anyMatching(_name, [&rules](const Rules& _rules) {
-    for (const Rule& rule : _rules) {
-      if (!rule.isDead) rules.push_back(&rule);
-    }
+  byGlob_.anyMatching(_name, [&rules](const Home& _home) {
+    for (const Rule& rule : _home.living)
+      rules.push_back(&rule);
     return false;
   });
   std::ranges::sort(rules, std::greater(), &Rule::sequence);
@@ -69,37 +81,54 @@ std::vector<SharedCallable> CallableRules::callablesOf(std::string_view _name) {
 }
 
 void CallableRules::insert(Rule _rule) {
+  _rule.insertion = steps_.size();
   steps_.push_back(Step{true, nullptr, {}});
-  Rules& home = byGlob_.at(_rule.glob);
-  home.push_back(std::move(_rule));
+  Home& home = byGlob_.at(_rule.glob);
+  home.living.push_back(std::move(_rule));
   steps_.back().home = &home;
-  steps_.back().rule = std::prev(home.end());
+  steps_.back().rule = std::prev(home.living.end());
   ++size_;
 }
 
 void CallableRules::removeCovered(const std::string& _glob, CallableKind _kind, std::string_view _name) {
-  byGlob_.anyMatchedBy(_glob, [&](Rules& _rules) {
-    for (auto rule = _rules.begin(); rule != _rules.end(); ++rule) {
-      if (rule->isDead || rule->kind != _kind || rule->name != _name) continue;
-      steps_.push_back(Step{false, &_rules, rule});
-      rule->isDead = true;
-    }
+  const std::size_t formerlyTaken = taken_.size();
+  byGlob_.anyMatchedBy(_glob, [&](Home& _home) {
+    removeFrom(_home, _kind, _name);
     return false;
   });
+  eraseEmptyHomes(std::prev(taken_.end(), static_cast<std::ptrdiff_t>(taken_.size() - formerlyTaken)));
+}
+
+// Rules that the change under way has inserted are gone at once: a change that repeats its calls would otherwise walk
+// over all that it has removed already, again and again.
+void CallableRules::removeFrom(Home& _home, CallableKind _kind, std::string_view _name) {
+  for (auto next = _home.living.begin(); next != _home.living.end();) {
+    const auto rule = next++;
+    if (rule->kind != _kind || rule->name != _name) continue;
+    if (rule->insertion != notInserted) {
+      steps_[rule->insertion].home = nullptr;
+      taken_.splice(taken_.end(), _home.living, rule);
+    } else {
+      steps_.push_back(Step{false, &_home, rule});
+      _home.removed.splice(_home.removed.end(), _home.living, rule);
+    }
+    --size_;
+  }
 }
 
 bool CallableRules::meetsAddition(const std::string& _glob, CallableKind _kind, std::string_view _name) {
-  return byGlob_.anyMeeting(_glob, [&](const Rules& _rules) {
-    return std::ranges::any_of(_rules, [&](const Rule& _rule) {
-      return !_rule.isDead && _rule.callable != nullptr && _rule.kind == _kind && _rule.name == _name;
+  return byGlob_.anyMeeting(_glob, [&](const Home& _home) {
+    return std::ranges::any_of(_home.living, [&](const Rule& _rule) {
+      return _rule.callable != nullptr && _rule.kind == _kind && _rule.name == _name;
     });
   });
 }
 
-void CallableRules::take(const Step& _step, Rules& _forgotten) noexcept {
-  _forgotten.splice(_forgotten.end(), *_step.home, _step.rule);
-  if (_step.home->empty()) byGlob_.erase(_forgotten.back().glob);
-  --size_;
+void CallableRules::eraseEmptyHomes(Rules::const_iterator _firstTaken) noexcept {
+  for (auto rule = _firstTaken; rule != taken_.end(); ++rule) {
+    const Home* const home = byGlob_.find(rule->glob);
+    if (home != nullptr && home->living.empty() && home->removed.empty()) byGlob_.erase(rule->glob);
+  }
 }
 
 }  // namespace boost::logging::detail

@@ -31,9 +31,10 @@ class CallableRules {
     std::string name;
     /// Null in a removal.
     SharedCallable callable;
-    /// The next commit forgets it.
-    bool isDead = false;
+    /// Where the change under way notes the insertion; beyond its steps in a rule that was there before.
+    std::size_t insertion = notInserted;
   };
+  static constexpr std::size_t notInserted = static_cast<std::size_t>(-1);
 
  public:
   using Rules = std::list<Rule>;
@@ -55,20 +56,31 @@ class CallableRules {
   std::size_t size() const { return size_; }
 
  private:
-  /// What rollBack undoes: the insertion of a rule, or its marking as dead.
+  /// The rules of one glob.
+  struct Home {
+    Rules living;
+    /// Those that the change under way removes: commit forgets them, rollBack brings them back.
+    Rules removed;
+  };
+
+  /// What rollBack undoes: the insertion of a rule, or its removal.
   struct Step {
     bool isInsertion;
-    Rules* home = nullptr;
+    /// Null when there is nothing to undo.
+    Home* home = nullptr;
     Rules::iterator rule;
   };
 
   void insert(Rule _rule);
   void removeCovered(const std::string& _glob, CallableKind _kind, std::string_view _name);
+  void removeFrom(Home& _home, CallableKind _kind, std::string_view _name);
   bool meetsAddition(const std::string& _glob, CallableKind _kind, std::string_view _name);
-  void take(const Step& _step, Rules& _forgotten) noexcept;
+  void eraseEmptyHomes(Rules::const_iterator _firstTaken) noexcept;
 
-  GlobIndex<Rules> byGlob_;
+  GlobIndex<Home> byGlob_;
   std::vector<Step> steps_;
+  /// Rules that are in no home any more and that the end of the change is to forget.
+  Rules taken_;
   std::size_t size_ = 0;
   std::uint64_t sequence_ = 0;
 };

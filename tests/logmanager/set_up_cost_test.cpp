@@ -44,27 +44,43 @@ void setUp(default_log_manager& _manager, const std::vector<std::string>& _patte
 }
 
 /// The time, on Linux that of the processor, of the cheapest of some set-ups after the first one.
-double costOfAnotherSetUp(const Filter& _filter, int _classes, bool _isChange) {
+/// @param _log the name of a log that the pattern of that number selects.
+double costOfAnotherSetUp(const std::vector<std::string>& _patterns, const std::function<std::string(int)>& _log,
+                          bool _isChange) {
   default_log_manager manager;
-  std::vector<std::string> patterns;
-  for (int i = 0; i < _classes; ++i) {
-    manager.log(_filter.log(i));
-    patterns.push_back(_filter.pattern(i));
-  }
-  setUp(manager, patterns);
+  for (std::size_t i = 0; i < _patterns.size(); ++i)
+    manager.log(_log(static_cast<int>(i)));
+  setUp(manager, _patterns);
   double least = std::numeric_limits<double>::max();
   for (int round = 0; round < 3; ++round) {
     const std::clock_t begin = std::clock();
     if (_isChange) {
       bl::set_up_change change(manager);
-      setUp(manager, patterns);
+      setUp(manager, _patterns);
       change.apply();
     } else {
-      setUp(manager, patterns);
+      setUp(manager, _patterns);
     }
     least = std::min(least, static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC);
   }
   return least;
+}
+
+double costOfAnotherSetUp(const Filter& _filter, int _classes, bool _isChange) {
+  std::vector<std::string> patterns;
+  for (int i = 0; i < _classes; ++i)
+    patterns.push_back(_filter.pattern(i));
+  return costOfAnotherSetUp(
+      patterns, [&_filter](int _class) { return _filter.log(_class); }, _isChange);
+}
+
+/// The same for a filter that consists of these patterns again and again.
+double costOfRepetitions(const std::vector<std::string>& _patterns, int _times) {
+  std::vector<std::string> all;
+  for (int i = 0; i < _times; ++i)
+    all.insert(all.end(), _patterns.begin(), _patterns.end());
+  return costOfAnotherSetUp(
+      all, [](int) { return std::string("Class"); }, true);
 }
 
 class SetUpCost : public testing::TestWithParam<Filter> {};
@@ -86,5 +102,14 @@ INSTANTIATE_TEST_SUITE_P(Filters, SetUpCost,
                                          Filter{"WithAStarInFront", "*.Class", ""},
                                          Filter{"WithAStarBeforeTheClass", "App.*.Class", ".info"}),
                          [](const auto& _info) { return std::string(_info.param.name); });
+
+// The one after the other takes away what the former one has added in the same change.
+TEST(RepeatedFilter, CostsNoMoreThanADistinctOneOfItsLength) {
+  for (const std::vector<std::string>& patterns : {std::vector<std::string>{"Class"}, {"Class", "*.info", "Cl*s"}}) {
+    const double few = costOfRepetitions(patterns, 500);
+    const double many = costOfRepetitions(patterns, 8000);
+    EXPECT_LT(many, 64 * few) << patterns.size() << " patterns: " << few << " s and " << many << " s";
+  }
+}
 
 }  // namespace
