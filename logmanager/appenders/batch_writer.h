@@ -45,8 +45,7 @@ class BatchWriter {
   /// @param _threadIsGone says whether the thread has ended in any way.
   void finish(std::chrono::steady_clock::time_point _deadline, const std::function<bool()>& _threadIsGone);
 
-  /// Whether the stop flag is set; whether run() has nothing left to do.
-  bool isStopped() const { return isStopped_.load(std::memory_order_relaxed); }
+  /// Whether run() has nothing left to do.
   bool hasEnded() const { return hasEnded_.load(std::memory_order_acquire); }
 
   /// Around a fork. The child starts without messages, which the parent delivers, and without the thread.

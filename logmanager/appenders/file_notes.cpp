@@ -3,7 +3,7 @@
 
 #include <atomic>
 #include <map>
-#include <vector>
+#include <set>
 
 #include "boost/logging/file_states.hpp"
 #include "logmanager/appenders/message_queue.h"
@@ -22,7 +22,8 @@ using States = std::map<std::string, file_state>;
 struct Notes {
   States states;
   std::map<std::string, UntoldLoss> untold;
-  std::vector<const NotedQueue*> queues;
+  /// A set-up can end thousands of them one by one.
+  std::set<const NotedQueue*> queues;
 };
 
 constinit std::atomic<void (*)()> observer{nullptr};
@@ -140,7 +141,7 @@ void noteDropping() noexcept { callObserver(); }
 NotedQueue::NotedQueue(const std::string& _path, const MessageQueue& _queue) : path_(_path), queue_(_queue) {
   if (_path.empty()) return;
   const NotesScope scope;
-  scope.all().queues.push_back(this);
+  scope.all().queues.insert(this);
 }
 
 NotedQueue::~NotedQueue() {
@@ -149,7 +150,7 @@ NotedQueue::~NotedQueue() {
   try {
     const NotesScope scope;
     // A child may have forgotten it.
-    std::erase(scope.all().queues, this);
+    scope.all().queues.erase(this);
     if (dropped > 0) stateOf(scope.all().states, path_).dropped += dropped;
   } catch (...) {
     // No memory to note what was dropped.

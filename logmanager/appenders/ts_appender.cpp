@@ -7,8 +7,9 @@
 #include <boost/thread/thread.hpp>
 #include <chrono>
 #include <cstdlib>
-#include <iterator>
+#include <list>
 #include <mutex>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -50,7 +51,7 @@ class WriterThreads {
   /// To be called before the writer gets a message, so that a fork finds it. May throw std::bad_alloc.
   void add(const std::shared_ptr<BatchWriter>& _writer);
 
-  /// To be called when the writer gets no more messages. Its thread, if there is one, may still be at work.
+  /// To be called when the writer gets no more messages, before it is stopped. Its thread may still be at work.
   void remove(const BatchWriter& _writer);
 
   /// Starts the thread of a writer that has none; where none is to be had, the writer delivers on its callers' threads.
@@ -60,30 +61,41 @@ class WriterThreads {
   bool start(BatchWriter& _writer);
 
  private:
+  /// A thread, or none before it is started. A list, so that a forked child can set it aside without any memory.
+  using OneThread = std::list<boost::thread>;
+
   struct WriterThread {
     std::shared_ptr<BatchWriter> writer;
-    /// Null until it is started.
-    std::unique_ptr<boost::thread> thread;
+    OneThread thread;
   };
 
+  using WriterThreadList = std::list<WriterThread>;
   using Writers = std::vector<std::shared_ptr<const BatchWriter>>;
 
   static void atExit();
   static void beforeFork();
   static void afterForkInParent();
   static void afterForkInChild();
+  template <typename Visit>
+  void forEach(Visit _visit);
   void setUp();
   bool tryStart(BatchWriter& _writer);
   Writers leavingWriters() const;
-  std::vector<WriterThread>::iterator placeOf(const BatchWriter& _writer);
   void joinEnded();
   static void awaitEnds(const Writers& _leaving);
-  static void join(const WriterThread& _one, std::chrono::steady_clock::time_point _deadline);
+  static void join(WriterThread& _one, std::chrono::steady_clock::time_point _deadline);
 
   std::mutex lock_;
-  std::vector<WriterThread> threads_;
+  /// Those that get messages, in the order in which they were added.
+  WriterThreadList threads_;
+  std::unordered_map<const BatchWriter*, WriterThreadList::iterator> places_;
+  /// Those that get no more messages and whose thread has not been joined yet.
+  WriterThreadList leaving_;
   /// Those that finishAll has waited for.
-  std::vector<WriterThread> finished_;
+  WriterThreadList finished_;
+  /// In a forked child: what the parent had. It cannot be joined here, nor awaited.
+  OneThread threadsOfParent_;
+  WriterThreadList leavingInParent_;
   bool isSetUp_ = false;
   bool isOver_ = false;
 };
@@ -108,16 +120,19 @@ void WriterThreads::add(const std::shared_ptr<BatchWriter>& _writer) {
   const std::lock_guard<std::mutex> lock(lock_);
   setUp();
   joinEnded();
-  threads_.push_back(WriterThread{_writer, nullptr});
+  WriterThreadList added;
+  added.push_back(WriterThread{_writer, {}});
+  places_.emplace(_writer.get(), added.begin());
+  threads_.splice(threads_.end(), added);
 }
 
 void WriterThreads::remove(const BatchWriter& _writer) {
-  std::shared_ptr<BatchWriter> removed;
+  WriterThreadList removed;
   const std::lock_guard<std::mutex> lock(lock_);
-  const auto place = placeOf(_writer);
-  if (place == threads_.end() || place->thread != nullptr) return;
-  removed = std::move(place->writer);
-  threads_.erase(place);
+  const auto known = places_.extract(&_writer);
+  if (known.empty()) return;
+  WriterThreadList& to = !known.mapped()->thread.empty() ? leaving_ : removed;
+  to.splice(to.end(), threads_, known.mapped());
 }
 
 bool WriterThreads::start(BatchWriter& _writer) {
@@ -129,15 +144,15 @@ bool WriterThreads::start(BatchWriter& _writer) {
 
 bool WriterThreads::tryStart(BatchWriter& _writer) {
   const std::lock_guard<std::mutex> lock(lock_);
-  const auto place = placeOf(_writer);
-  if (isOver_ || place == threads_.end()) return false;
+  const auto place = places_.find(&_writer);
+  if (isOver_ || place == places_.end()) return false;
   try {
     const platform::AllSignalsBlocked blocked;
-    place->thread.reset(new boost::thread([&_writer, leaving = leavingWriters()]() mutable {
+    place->second->thread.emplace_back([&_writer, leaving = leavingWriters()]() mutable {
       awaitEnds(leaving);
       leaving.clear();
       _writer.run();
-    }));
+    });
     return true;
   } catch (...) {
     return false;
@@ -154,19 +169,15 @@ void WriterThreads::awaitEnds(const Writers& _leaving) {
 
 WriterThreads::Writers WriterThreads::leavingWriters() const {
   Writers leaving;
-  for (const WriterThread& one : threads_) {
-    if (one.thread != nullptr && one.writer->isStopped() && !one.writer->hasEnded()) leaving.push_back(one.writer);
+  for (const WriterThread& one : leaving_) {
+    if (!one.writer->hasEnded()) leaving.push_back(one.writer);
   }
   return leaving;
 }
 
-std::vector<WriterThreads::WriterThread>::iterator WriterThreads::placeOf(const BatchWriter& _writer) {
-  return std::ranges::find(threads_, &_writer, [](const WriterThread& _one) { return _one.writer.get(); });
-}
-
 // A thread that has delivered everything may still be destroying the wrapped appender.
-void WriterThreads::join(const WriterThread& _one, steady_clock::time_point _deadline) {
-  boost::thread& thread = *_one.thread;
+void WriterThreads::join(WriterThread& _one, steady_clock::time_point _deadline) {
+  boost::thread& thread = _one.thread.front();
   if (!thread.joinable() || thread.get_id() == boost::this_thread::get_id()) return;
   while (!_one.writer->hasEnded() && steady_clock::now() < _deadline) {
     if (thread.try_join_for(boost::chrono::milliseconds(10))) return;
@@ -184,52 +195,60 @@ void WriterThreads::setUp() {
 }
 
 void WriterThreads::joinEnded() {
-  std::erase_if(threads_, [](const WriterThread& _one) {
-    return _one.thread != nullptr && _one.writer->hasEnded() && _one.thread->try_join_for(joinTimeout);
+  std::erase_if(leaving_, [](WriterThread& _one) {
+    return _one.writer->hasEnded() && _one.thread.front().try_join_for(joinTimeout);
   });
 }
 
 void WriterThreads::atExit() { writerThreads().finishAll(); }
 
 void WriterThreads::finishAll() {
-  std::vector<WriterThread> threads;
+  WriterThreadList threads;
   {
     const std::lock_guard<std::mutex> lock(lock_);
     isOver_ = true;
-    threads.swap(threads_);
+    threads.swap(leaving_);
+    threads.splice(threads.end(), threads_);
+    places_.clear();
   }
-  std::erase_if(threads, [](const WriterThread& _one) { return _one.thread == nullptr; });
+  std::erase_if(threads, [](const WriterThread& _one) { return _one.thread.empty(); });
   const auto deadline = steady_clock::now() + exitTimeout;
-  for (const WriterThread& one : threads)
-    one.writer->finish(deadline, [&one] { return isGone(*one.thread); });
-  for (const WriterThread& one : threads)
+  for (WriterThread& one : threads)
+    one.writer->finish(deadline, [&one] { return isGone(one.thread.front()); });
+  for (WriterThread& one : threads)
     join(one, deadline);
   // A thread that is still somewhere needs its writer.
   const std::lock_guard<std::mutex> lock(lock_);
-  std::ranges::move(threads, std::back_inserter(finished_));
+  finished_.splice(finished_.end(), threads);
+}
+
+template <typename Visit>
+void WriterThreads::forEach(Visit _visit) {
+  std::ranges::for_each(leaving_, _visit);
+  std::ranges::for_each(threads_, _visit);
 }
 
 void WriterThreads::beforeFork() {
   WriterThreads& all = writerThreads();
   all.lock_.lock();
-  for (const WriterThread& one : all.threads_)
-    one.writer->lockForFork();
+  all.forEach([](WriterThread& _one) { _one.writer->lockForFork(); });
 }
 
 void WriterThreads::afterForkInParent() {
   WriterThreads& all = writerThreads();
-  for (const WriterThread& one : all.threads_)
-    one.writer->unlockAfterFork();
+  all.forEach([](WriterThread& _one) { _one.writer->unlockAfterFork(); });
   all.lock_.unlock();
 }
 
-// The threads of the parent cannot be joined here.
 void WriterThreads::afterForkInChild() {
-  static auto* const ofParent = new std::vector<std::unique_ptr<boost::thread>>;
   WriterThreads& all = writerThreads();
-  for (WriterThread& one : all.threads_) {
-    const bool goesOn = one.writer->restartInChild();
-    if (one.thread != nullptr && !goesOn) ofParent->push_back(std::move(one.thread));
+  all.forEach([&all](WriterThread& _one) {
+    const bool goesOn = _one.writer->restartInChild();
+    if (!goesOn) all.threadsOfParent_.splice(all.threadsOfParent_.end(), _one.thread);
+  });
+  for (auto next = all.leaving_.begin(); next != all.leaving_.end();) {
+    const auto one = next++;
+    if (one->thread.empty()) all.leavingInParent_.splice(all.leavingInParent_.end(), all.leaving_, one);
   }
   all.lock_.unlock();
 }
@@ -256,8 +275,8 @@ BatchHandle::BatchHandle(const appender& _wrapped, int _sleepMs, const std::stri
 
 BatchHandle::~BatchHandle() {
   const platform::CancellationDelay delay;
-  writer_->stop();
   writerThreads().remove(*writer_);
+  writer_->stop();
 }
 
 void BatchHandle::attend() {

@@ -112,4 +112,32 @@ TEST(RepeatedFilter, CostsNoMoreThanADistinctOneOfItsLength) {
   }
 }
 
+std::vector<bl::ts_appender> threadSafeAppenders(int _count) {
+  std::vector<bl::ts_appender> appenders;
+  for (int i = 0; i < _count; ++i)
+    appenders.emplace_back(&quietAppender, 0, "app.log");
+  return appenders;
+}
+
+/// The time of the cheapest of some replacements of all these appenders, as a set-up makes it.
+double costOfReplacement(int _count) {
+  std::vector<bl::ts_appender> current = threadSafeAppenders(_count);
+  double least = std::numeric_limits<double>::max();
+  for (int round = 0; round < 3; ++round) {
+    const std::clock_t begin = std::clock();
+    std::vector<bl::ts_appender> next = threadSafeAppenders(_count);
+    current.swap(next);
+    next.clear();
+    least = std::min(least, static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC);
+  }
+  return least;
+}
+
+TEST(ThreadSafeSetUp, CostsAsMuchForEachOfManyAppendersAsForEachOfFew) {
+  const double few = costOfReplacement(500);
+  const double many = costOfReplacement(16000);
+  RecordProperty("appenders", std::to_string(many));
+  EXPECT_LT(many, 128 * few) << few << " s and " << many << " s";
+}
+
 }  // namespace
