@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -58,14 +59,15 @@ class AppendFile {
   /// The identity of the open file.
   Identity identity() const { return identity_; }
 
-  /// Whether the path still names the open file: false once the file or its folder was removed, renamed or replaced;
-  /// true as well when that cannot be found out.
+  /// Whether the path still names the open file: false once the file or its folder was removed, renamed or replaced, or
+  /// the application has closed the file, as a daemon closes all numbers; true as well when that cannot be found out.
   bool isStillAt(const std::string& _path) const;
 
  private:
   AppendFile(std::intptr_t _file, Identity _identity);
 
-  std::intptr_t file_;
+  /// Another one after reopen on Linux, if the application has closed it.
+  std::atomic<std::intptr_t> file_;
   Identity identity_;
 };
 

@@ -29,6 +29,12 @@ AppendFile::Identity identityOf(const struct stat& _status) {
   return {static_cast<std::uint64_t>(_status.st_dev), static_cast<std::uint64_t>(_status.st_ino)};
 }
 
+// The application may have closed the number, and have a file of its own under it.
+bool leadsTo(int _number, const AppendFile::Identity& _identity) {
+  struct stat status {};
+  return ::fstat(_number, &status) == 0 ? identityOf(status) == _identity : errno != EBADF;
+}
+
 // Reading serves only to look at the last byte, so a file that may only be written is opened all the same.
 int openForAppending(const std::string& _path, bool _truncate) {
   const int flags = O_APPEND | O_CREAT | (_truncate ? O_TRUNC : 0);
@@ -86,15 +92,21 @@ std::unique_ptr<AppendFile> AppendFile::open(const std::string& _path, bool _tru
   return std::unique_ptr<AppendFile>(new AppendFile(opened.file.release(), opened.identity));
 }
 
-// Other threads go on writing to the number, which leads to the new file from one moment to the next.
+// Other threads go on writing to the number, which leads to the new file from one moment to the next. One that is the
+// application's by now is left to it.
 ErrorCode AppendFile::reopen(const std::string& _path, bool _truncate) {
-  const OpenedFile opened = openAt(_path, _truncate);
+  OpenedFile opened = openAt(_path, _truncate);
   if (opened.error != noError) return opened.error;
-  int moved = -1;
-  do {
-    moved = ::dup3(opened.file.get(), static_cast<int>(file_), O_CLOEXEC);
-  } while (moved == -1 && (errno == EINTR || errno == EBUSY));
-  if (moved == -1) return errnoCode(errno);
+  const auto file = static_cast<int>(file_.load(std::memory_order_relaxed));
+  if (opened.file.get() == file || !leadsTo(file, identity_)) {
+    file_.store(opened.file.release(), std::memory_order_relaxed);
+  } else {
+    int moved = -1;
+    do {
+      moved = ::dup3(opened.file.get(), file, O_CLOEXEC);
+    } while (moved == -1 && (errno == EINTR || errno == EBUSY));
+    if (moved == -1) return errnoCode(errno);
+  }
   identity_ = opened.identity;
   return noError;
 }
@@ -102,14 +114,15 @@ ErrorCode AppendFile::reopen(const std::string& _path, bool _truncate) {
 AppendFile::AppendFile(std::intptr_t _file, Identity _identity) : file_(_file), identity_(_identity) {}
 
 AppendFile::~AppendFile() {
-  if (injectedFault(Call::closeFile) == noError) closeDescriptor(static_cast<int>(file_));
+  const auto file = static_cast<int>(file_.load(std::memory_order_relaxed));
+  if (injectedFault(Call::closeFile) == noError && leadsTo(file, identity_)) closeDescriptor(file);
 }
 
 AppendFile::Result AppendFile::append(const char* _data, std::size_t _size) {
   if (_size == 0) return {};
   const ErrorCode fault = injectedFault(Call::append);
   if (fault != noError) return {0, fault};
-  const ssize_t written = writeToFile(static_cast<int>(file_), _data, _size);
+  const ssize_t written = writeToFile(static_cast<int>(file_.load(std::memory_order_relaxed)), _data, _size);
   if (written == -1) return {0, errnoCode(errno)};
   const auto size = static_cast<std::size_t>(written);
   // A short write has no errno. It is not continued: another process may have appended since.
@@ -118,7 +131,7 @@ AppendFile::Result AppendFile::append(const char* _data, std::size_t _size) {
 
 bool AppendFile::endsInLineFeed() const {
   if (injectedFault(Call::read) != noError) return true;
-  const int file = static_cast<int>(file_);
+  const auto file = static_cast<int>(file_.load(std::memory_order_relaxed));
   off_t formerSize = -1;
   for (int look = 0; look < maxEndChecks; ++look) {
     struct stat status {};
@@ -139,6 +152,7 @@ bool AppendFile::endsInLineFeed() const {
 bool AppendFile::isStillAt(const std::string& _path) const {
   if (injectedFault(Call::statusQuery) != noError) return true;
   refreshFileSizeLimit();
+  if (!leadsTo(static_cast<int>(file_.load(std::memory_order_relaxed)), identity_)) return false;
   struct stat status {};
   if (::stat(nativePath(_path).c_str(), &status) == 0) return identityOf(status) == identity_;
   return errno != ENOENT && errno != ENOTDIR;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
@@ -11,6 +13,7 @@
 #include "boost/logging/logging.hpp"
 #include "logmanager/threads/thread_state.h"
 #include "tests/support/linux/file_size_limit.h"
+#include "tests/support/linux/open_number.h"
 #include "tests/support/linux/shared_memory_mount.h"
 #include "tests/support/temporary_folder.h"
 
@@ -103,6 +106,37 @@ TEST(FileTrouble, EndsTheFragmentOfAnotherProcessBeforeItsOwnReport) {
   }
   other("App", "after\n");
   EXPECT_EQ(readFile(path), "one\nother\n01\n1 message was lost: this file could not be written, error 27\nafter\n");
+}
+
+/// Appends a message of that time, in milliseconds.
+void appendAt(std::int64_t _time, const write_to_file& _appender, const std::string& _message) {
+  const boost::logging::detail::MessageScope scope(boost::logging::detail::threadState(), _time);
+  _appender("App", _message);
+}
+
+TEST(FileTrouble, EndsWithinASecondAfterTheApplicationHasClosedTheFile) {
+  const testsupport::TemporaryFolder folder;
+  const std::string path = folder.file("app.log");
+  const write_to_file appender(path, true);
+  appendAt(1000000, appender, "1\n");
+  ASSERT_EQ(::close(testsupport::numberOf(path)), 0);
+  appendAt(1000001, appender, "lost\n");
+  appendAt(1000999, appender, "2\n");
+  EXPECT_EQ(readFile(path), "1\n1 message was lost: this file could not be written, error 9\n2\n");
+}
+
+TEST(FileTrouble, SpoilsNoFileOfTheApplicationThatHasTheNumberOfTheLogNow) {
+  const testsupport::TemporaryFolder folder;
+  const std::string path = folder.file("app.log");
+  const std::string foreignPath = folder.file("app.db");
+  const write_to_file appender(path, true);
+  appendAt(1000000, appender, "1\n");
+  const testsupport::ForeignFile foreign(testsupport::numberOf(path), foreignPath);
+  appendAt(1000999, appender, "2\n");
+  appendAt(1001000, appender, "3\n");
+  EXPECT_EQ(readFile(path), "1\n2\n3\n");
+  EXPECT_EQ(readFile(foreignPath), "");
+  EXPECT_TRUE(foreign.isOpen());
 }
 
 TEST(FileTrouble, ContinuesAReplacedFileWithoutEmptyingIt) {
