@@ -51,15 +51,13 @@ bool isOwn(const struct stat& _status, uid_t _owner) {
   return S_ISREG(_status.st_mode) && _status.st_uid == _owner && (_status.st_mode & othersBits) == 0;
 }
 
-bool isTrusted(int _file, uid_t _owner) {
-  struct stat status {};
-  if (::fstat(_file, &status) != 0) return false;
-  if (!isOwn(status, _owner)) {
+bool isTrusted(int _file, const struct stat& _status, uid_t _owner) {
+  if (!isOwn(_status, _owner)) {
     errno = EACCES;
     return false;
   }
   // The umask may have taken bits away.
-  return (status.st_mode & ownerBits) == ownerBits || ::fchmod(_file, ownerBits) == 0;
+  return (_status.st_mode & ownerBits) == ownerBits || ::fchmod(_file, ownerBits) == 0;
 }
 
 // Opens a file for its owner whose creator has not come to do so yet, or was killed before.
@@ -103,7 +101,8 @@ EventFile::~EventFile() {
   const CancellationDelay delay;
   std::unique_lock<std::mutex> lock(openFiles().mutex);
   if (word_ != nullptr) ::munmap(word_, sizeof(std::uint32_t));
-  if (file_.isOpen()) leave(lock);
+  if (isStillOpen()) leave(lock);
+  closeFile();
   openFiles().files.erase(this);
 }
 
@@ -121,7 +120,7 @@ EventFile::Joined EventFile::join(const std::string& _name, Joining _joining, co
   const bool isMissing = errno == ENOENT && _joining == Joining::openOnly;
   result.error = isMissing ? errorFileNotFound : errnoCode(errno);
   const std::lock_guard<std::mutex> lock(openFiles().mutex);
-  file->file_.reset();
+  file->closeFile();
   return result;
 }
 
@@ -131,7 +130,7 @@ EventFile::Step EventFile::tryToJoin(Joining _joining, bool& _existed) {
   if (opened != Step::joined) return opened;
   const bool isInGate = passGate(lock);
   // The last user may have removed the file while this one was at the gate.
-  if (!isInPlace()) {
+  if (!isAtPath()) {
     errno = ENOENT;
     return Step::again;
   }
@@ -152,8 +151,15 @@ EventFile::Step EventFile::open(Joining _joining) {
   }
   // O_NONBLOCK is for what may stand there instead of a file.
   const int flags = O_RDWR | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK | (create ? O_CREAT : 0);
+  closeFile();
   file_ = FileDescriptor(aboveStandardStreams(::openat(folder.get(), name_.c_str(), flags, ownerBits)));
-  if (file_.isOpen()) return isTrusted(file_.get(), folder_.owner) ? Step::joined : Step::failed;
+  if (file_.isOpen()) {
+    struct stat status {};
+    if (::fstat(file_.get(), &status) != 0) return Step::failed;
+    volume_ = status.st_dev;
+    inode_ = status.st_ino;
+    return isTrusted(file_.get(), status, folder_.owner) ? Step::joined : Step::failed;
+  }
   if (errno == ENOENT) return missing;
   if (errno == ELOOP) errno = EACCES;
   if (errno != EACCES) return Step::failed;
@@ -184,7 +190,7 @@ EventFile::Step EventFile::enter(Joining _joining, bool& _existed) {
     errno = ENOENT;
   }
   const int error = errno;
-  if (isInPlace()) ::unlink(path_.c_str());
+  if (isAtPath()) ::unlink(path_.c_str());
   errno = error;
   return Step::failed;
 }
@@ -228,21 +234,44 @@ bool EventFile::map() {
 
 void EventFile::leave(std::unique_lock<std::mutex>& _lock) {
   // A file that stays because the gate is blocked is begun again by the next user.
-  if (passGate(_lock) && tryRecordLock(file_.get(), usersByte, RecordLock::exclusive) && isInPlace()) {
+  if (passGate(_lock) && tryRecordLock(file_.get(), usersByte, RecordLock::exclusive) && isAtPath()) {
     ::unlink(path_.c_str());
   }
   // Closing is not enough while another process has a copy of the descriptor, for instance between vfork and exec.
   tryRecordLock(file_.get(), usersByte, RecordLock::none);
   tryRecordLock(file_.get(), gateByte, RecordLock::none);
-  file_.reset();
 }
 
-bool EventFile::isInPlace() const {
-  struct stat here {};
+bool EventFile::isInPlace() {
+  const std::lock_guard<std::mutex> lock(openFiles().mutex);
+  // Now, as the next one that joins the event may get the number, which then leads to this file again.
+  if (!isStillOpen()) closeFile();
+  return isAtPath();
+}
+
+bool EventFile::isAtPath() const {
   struct stat there {};
-  if (::fstat(file_.get(), &here) != 0) return true;
+  if (!isStillOpen()) return false;
   if (::lstat(path_.c_str(), &there) != 0) return errno != ENOENT && errno != ENOTDIR;
-  return here.st_dev == there.st_dev && here.st_ino == there.st_ino;
+  return there.st_dev == volume_ && there.st_ino == inode_;
+}
+
+// The application may have closed the number, and have a file of its own under it.
+bool EventFile::isStillOpen() const {
+  struct stat here {};
+  if (!file_.isOpen()) return false;
+  if (::fstat(file_.get(), &here) != 0) return errno != EBADF;
+  return here.st_dev == volume_ && here.st_ino == inode_;
+}
+
+void EventFile::closeFile() {
+  const int error = errno;
+  if (isStillOpen()) {
+    file_.reset();
+  } else {
+    static_cast<void>(file_.release());
+  }
+  errno = error;
 }
 
 void EventFile::prepareForForks() { openFiles(); }
@@ -253,7 +282,7 @@ void EventFile::unlockAll() { openFiles().mutex.unlock(); }
 
 void EventFile::abandonAll() {
   for (EventFile* file : openFiles().files) {
-    file->file_.reset();
+    file->closeFile();
     file->word_ = nullptr;
   }
 }

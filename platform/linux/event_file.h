@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <sys/types.h>
+
 #include <cstdint>
 #include <memory>
 #include <mutex>
@@ -46,8 +48,9 @@ class EventFile {
   const std::string& name() const { return name_; }
   std::uint32_t* word() const { return word_; }
 
-  /// Whether the path still names this file; true as well when that cannot be found out.
-  bool isInPlace() const;
+  /// Whether the path still names this file, and the application has not closed it, as a daemon closes all numbers;
+  /// true as well when that cannot be found out.
+  bool isInPlace();
 
   /// For fork: keeps the process from joining or leaving any file during it. The child closes its copies, so that it
   /// does not count as a user, and forgets them. Only what prepareForForks makes takes memory.
@@ -71,12 +74,18 @@ class EventFile {
   Step becomeFirst();
   Step becomeFurther();
   bool map();
+  bool isAtPath() const;
+  bool isStillOpen() const;
+  void closeFile();
   void leave(std::unique_lock<std::mutex>& _lock);
 
   std::string name_;
   EventFolder folder_;
   std::string path_;
   FileDescriptor file_;
+  // Of the file.
+  dev_t volume_ = 0;
+  ino_t inode_ = 0;
   std::uint32_t* word_ = nullptr;
 };
 
