@@ -21,14 +21,15 @@ using States = std::map<std::string, file_state>;
 
 struct Notes {
   States states;
-  std::map<std::string, UntoldLoss> untold;
+  /// Files that have lost messages, and that nobody has written since.
+  std::set<std::string> leftFailing;
   /// A set-up can end thousands of them one by one.
   std::set<const NotedQueue*> queues;
 };
 
 constinit std::atomic<void (*)()> observer{nullptr};
 constinit ProcessLock notesLock;
-constinit std::atomic<bool> hasUntold{false};
+constinit std::atomic<bool> isAnyLeftFailing{false};
 /// Never destroyed.
 constinit Notes* notes = nullptr;
 
@@ -102,38 +103,29 @@ void noteRecovery(const std::string& _path) noexcept {
   callObserver();
 }
 
-void leaveUntoldLoss(const std::string& _path, const UntoldLoss& _loss) noexcept {
+void leaveFailing(const std::string& _path) noexcept {
   try {
     const NotesScope scope;
-    auto& untold = scope.all().untold;
-    if (untold.size() >= mostNotes && !untold.contains(_path)) return;
-    UntoldLoss& all = untold[_path];
-    all.count += _loss.count;
-    all.error = _loss.error;
-    hasUntold.store(true, std::memory_order_relaxed);
+    auto& left = scope.all().leftFailing;
+    if (left.size() < mostNotes) left.insert(_path);
+    isAnyLeftFailing.store(true, std::memory_order_relaxed);
   } catch (...) {
-    // No memory: it stays untold.
+    // No memory: the file counts as failing.
   }
 }
 
-bool isAnyLossUntold() { return hasUntold.load(std::memory_order_relaxed); }
-
-UntoldLoss takeUntoldLoss(const std::string& _path) noexcept {
-  if (!isAnyLossUntold()) return {};
-  UntoldLoss loss;
+bool takeOverFailing(const std::string& _path) noexcept {
+  if (!isAnyLeftFailing.load(std::memory_order_relaxed)) return false;
   try {
     const NotesScope scope;
-    auto& untold = scope.all().untold;
-    const auto place = untold.find(_path);
-    if (place != untold.end()) {
-      loss = place->second;
-      untold.erase(place);
-    }
-    hasUntold.store(!untold.empty(), std::memory_order_relaxed);
+    auto& left = scope.all().leftFailing;
+    const bool isTaken = left.erase(_path) > 0;
+    isAnyLeftFailing.store(!left.empty(), std::memory_order_relaxed);
+    return isTaken;
   } catch (...) {
     // No memory for the notes of a forked child, which are empty then.
+    return false;
   }
-  return loss;
 }
 
 void noteDropping() noexcept { callObserver(); }

@@ -19,20 +19,12 @@ void noteLoss(const std::string& _path, std::uint64_t _count, platform::ErrorCod
 /// Notes that a file which has lost messages was written again, and calls the observer.
 void noteRecovery(const std::string& _path) noexcept;
 
-/// How many messages did not reach a file and are not yet told in it; why the last one did not.
-struct UntoldLoss {
-  std::uint64_t count = 0;
-  platform::ErrorCode error = platform::noError;
-};
+/// For who leaves a file that could not be written again: whoever writes it next is to note the recovery.
+void leaveFailing(const std::string& _path) noexcept;
 
-/// For who leaves a file without having told in it what was lost: keeps that for the next one who writes to the path.
-void leaveUntoldLoss(const std::string& _path, const UntoldLoss& _loss) noexcept;
-
-/// Whether there is an untold loss of any file. Takes no lock.
-bool isAnyLossUntold();
-
-/// What was left for that path, which the caller is to tell. To be asked by each who opens the file.
-UntoldLoss takeUntoldLoss(const std::string& _path) noexcept;
+/// Whether a file was left so, once. For who opens the file, or looks whether it is still the same; takes no lock as a
+/// rule.
+bool takeOverFailing(const std::string& _path) noexcept;
 
 /// Calls the observer because of a queue that begins or ends to drop messages.
 void noteDropping() noexcept;

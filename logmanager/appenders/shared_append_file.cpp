@@ -37,7 +37,7 @@ class SharedAppendFile::Locked {
 SharedAppendFile::SharedAppendFile(const std::string& _path, bool _overwrite) : path_(_path), emptied_(_overwrite) {}
 
 SharedAppendFile::~SharedAppendFile() {
-  if (trouble_.lost > 0) leaveUntoldLoss(path_, {trouble_.lost, trouble_.error});
+  if (trouble_.isFailing()) leaveFailing(path_);
 }
 
 SharedAppendFile* SharedAppendFile::of(const appender& _appender) {
@@ -69,17 +69,10 @@ bool SharedAppendFile::isCheckDue(std::int64_t _now) {
 void SharedAppendFile::check() {
   const Locked locked(*this);
   if (!file_) return;
-  takeOverLoss();
+  // The one that this one has replaced may end only after this one has opened the file.
+  if (takeOverFailing(path_)) trouble_.hasFailedBefore = true;
   if (!file_->isStillAt(path_)) isGone_ = true;
-  if (isGone_ || trouble_.lost > 0) needsRepair_.store(true, std::memory_order_release);
-}
-
-// The one that this one has replaced may end only after this one has opened the file.
-void SharedAppendFile::takeOverLoss() {
-  const UntoldLoss loss = takeUntoldLoss(path_);
-  if (loss.count == 0) return;
-  if (trouble_.lost == 0) trouble_.error = loss.error;
-  trouble_.lost += loss.count;
+  if (isGone_ || trouble_.isFailing()) needsRepair_.store(true, std::memory_order_release);
 }
 
 void SharedAppendFile::noteFailure(const Messages& _messages, const AppendFile::Result& _result) {
@@ -102,8 +95,8 @@ void SharedAppendFile::repairAndAppend(const Messages& _messages) {
     result.error = openWhenGone();
     if (result.error == platform::noError) {
       // The piece may be another process's.
-      if (trouble_.lost > 0 && !trouble_.isFragment) trouble_.isFragment = !file_->endsInLineFeed();
-      const bool wasFailing = trouble_.lost > 0;
+      if (trouble_.isFailing() && !trouble_.isFragment) trouble_.isFragment = !file_->endsInLineFeed();
+      const bool wasFailing = trouble_.isFailing();
       const std::string told = trouble_.text();
       const std::string text = told + std::string(_messages.text);
       result = file_->append(text.data(), text.size());
@@ -130,7 +123,7 @@ platform::ErrorCode SharedAppendFile::openWhenGone() {
   if (error != platform::noError) return error;
   isGone_ = false;
   trouble_.isFragment = !file_->endsInLineFeed();
-  takeOverLoss();
+  if (takeOverFailing(path_)) trouble_.hasFailedBefore = true;
   return platform::noError;
 }
 

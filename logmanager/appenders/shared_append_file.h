@@ -23,7 +23,7 @@ class SharedAppendFile {
  public:
   /// @param _overwrite whether the first opening empties the file, in this process or one forked from it.
   SharedAppendFile(const std::string& _path, bool _overwrite);
-  /// Leaves what it has lost and not told to the next one of its path.
+  /// What it has lost and not told in the file stays untold there: standard error and list_files have told it.
   ~SharedAppendFile();
   SharedAppendFile(const SharedAppendFile&) = delete;
   SharedAppendFile& operator=(const SharedAppendFile&) = delete;
@@ -61,7 +61,10 @@ class SharedAppendFile {
     /// How many messages did not reach the file, and why the last one did not.
     std::uint64_t lost = 0;
     platform::ErrorCode error = platform::noError;
+    /// Whether the one before it on the path could not write.
+    bool hasFailedBefore = false;
 
+    bool isFailing() const { return lost > 0 || hasFailedBefore; }
     std::string text() const;
     /// @param _front how many of the written bytes precede the messages.
     /// @return how many messages were lost.
@@ -73,7 +76,6 @@ class SharedAppendFile {
 
   bool isCheckDue(std::int64_t _now);
   void check();
-  void takeOverLoss();
   void noteFailure(const Messages& _messages, const platform::AppendFile::Result& _result);
   void repairAndAppend(const Messages& _messages);
   platform::ErrorCode openWhenGone();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <string>
 #include <utility>
 #include <vector>
@@ -8,6 +9,7 @@
 #include "boost/logging/logging.hpp"
 #include "logmanager/appenders/file_notes.h"
 #include "logmanager/appenders/message_queue.h"
+#include "logmanager/threads/thread_state.h"
 #include "platform/errors.h"
 #include "tests/logmanager/appenders/wrapped_appender.h"
 #include "tests/support/fault_plan.h"
@@ -29,6 +31,12 @@ class FileStates : public testing::Test {
     bl::observe_files([] { ++observed; });
   }
   ~FileStates() override { bl::observe_files(nullptr); }
+
+  /// Writes as a message logged so many milliseconds after the first.
+  static void writeAt(const bl::write_to_file& _file, std::int64_t _milliseconds, const std::string& _message) {
+    const bl::detail::MessageScope scope(bl::detail::threadState(), 1795255200000 + _milliseconds);
+    _file("", _message);
+  }
 
   bl::file_state stateOf(const std::string& _path) const {
     bl::file_state found{"", 0, 0, 0, 0, 0, false};
@@ -97,6 +105,21 @@ TEST_F(FileStates, ShowThatAFileWorksAgainWhoeverLostWhatWasWritten) {
   later("", "b\n");
   EXPECT_FALSE(stateOf(path_).is_failing);
   EXPECT_EQ(stateOf(path_).lost, 1U);
+  EXPECT_EQ(observed, 2);
+}
+
+TEST_F(FileStates, ShowThatAFileWorksAgainWithinASecondOfTheEndOfOneThatCouldNotWriteIt) {
+  const bl::write_to_file appender(path_, false);
+  {
+    const bl::write_to_file former(path_, false);
+    writeAt(appender, 0, "1\n");
+    const FaultPlan plan(Call::append, 1, platform::errorDiskFull, 1);
+    writeAt(former, 0, "2\n");
+  }
+  EXPECT_TRUE(stateOf(path_).is_failing);
+  writeAt(appender, 999, "3\n");
+  EXPECT_FALSE(stateOf(path_).is_failing);
+  writeAt(appender, 1998, "4\n");
   EXPECT_EQ(observed, 2);
 }
 

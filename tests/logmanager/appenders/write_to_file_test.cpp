@@ -160,34 +160,7 @@ TEST_F(WriteToFile, ReportsInOneLineWhatAFailedWriteLost) {
   EXPECT_EQ(text(), "1\n3 messages were lost: this file could not be written, error 112\n5\n6\n");
 }
 
-TEST_F(WriteToFile, ReportsInOneLineWhatItsPredecessorsLost) {
-  {
-    const FaultPlan plan(Call::append, 1, platform::errorDiskFull, 3);
-    for (const char* const message : {"1\n", "2\n", "3\n"})
-      write_to_file(path_, false)("App", message);
-  }
-  const write_to_file other(folder_.file("other.log"), false);
-  other("App", "4\n");
-  const write_to_file appender(path_, false);
-  appender("App", "5\n");
-  appender("App", "6\n");
-  EXPECT_EQ(text(), "3 messages were lost: this file could not be written, error 112\n5\n6\n");
-  EXPECT_EQ(testsupport::replaced(readFile(folder_.file("other.log")), "\r\n", "\n"), "4\n");
-}
-
-TEST_F(WriteToFile, ReportsWithinASecondWhatAPredecessorLostThatEndsLater) {
-  const write_to_file appender(path_, false);
-  {
-    const write_to_file former(path_, false);
-    writeAt(appender, 0, "1\n");
-    const FaultPlan plan(Call::append, 1, platform::errorDiskFull);
-    writeAt(former, 0, "2\n");
-  }
-  writeAt(appender, 999, "3\n");
-  EXPECT_EQ(text(), "1\n" + std::string(lostOne) + "112\n3\n");
-}
-
-TEST_F(WriteToFile, AddsItsOwnLossesToThoseOfItsPredecessor) {
+TEST_F(WriteToFile, TellsOnlyItsOwnLossesInTheFile) {
   {
     const FaultPlan plan(Call::append, 1, platform::errorDiskFull, 1);
     write_to_file(path_, false)("App", "1\n");
@@ -198,8 +171,7 @@ TEST_F(WriteToFile, AddsItsOwnLossesToThoseOfItsPredecessor) {
     appender("App", "2\n");
   }
   appender("App", "3\n");
-  const std::string all = text();
-  EXPECT_EQ(all, "2 messages were lost: this file could not be written, error 5\n3\n");
+  EXPECT_EQ(text(), "1 message was lost: this file could not be written, error 5\n3\n");
 }
 
 TEST_F(WriteToFile, ReportsLostMessagesOnStandardErrorOncePerMinuteAndFile) {
