@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/system/appended_line.h"
 
+#include "platform/text_file.h"
 #include "platform/win32/windows_api.h"
 
 namespace toolsystem {
@@ -18,26 +19,13 @@ std::string withSystemLineEnds(const std::string& _text) {
   return text;
 }
 
-bool endsWithLine(const std::string& _path) {
-  const HANDLE file = ::CreateFileA(_path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                                    nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-  if (file == INVALID_HANDLE_VALUE) return true;
-  char last = '\n';
-  DWORD size = 0;
-  if (::SetFilePointer(file, -1, nullptr, FILE_END) != INVALID_SET_FILE_POINTER) {
-    ::ReadFile(file, &last, 1, &size, nullptr);
-  }
-  ::CloseHandle(file);
-  return last == '\n';
-}
-
 std::optional<FileFailure> append(const std::string& _path, const std::string& _line, DWORD _creation) {
-  const bool isWhole = endsWithLine(_path);
+  const std::string lineEnd = platform::endsInsideLine(_path) ? "\n" : "";
   const HANDLE file =
       ::CreateFileA(_path.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                     _creation, FILE_ATTRIBUTE_NORMAL, nullptr);
   if (file == INVALID_HANDLE_VALUE) return appendFailure("cannot open " + _path, ::GetLastError());
-  const std::string bytes = withSystemLineEnds(isWhole ? _line : "\n" + _line);
+  const std::string bytes = withSystemLineEnds(lineEnd + _line);
   DWORD written = 0;
   const bool isDone = ::WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) != 0;
   const DWORD error = isDone ? ERROR_DISK_FULL : ::GetLastError();
