@@ -8,8 +8,8 @@ trap 'echo "line $LINENO failed: $BASH_COMMAND"' ERR
 build=$1
 source=$2
 run="$source/scripts/lib/run-under-wine"
-# A machine of its own, which begins anew with each program: Wine starts the services, of which the task needs one, only when
-# its server begins, and that of the other tests stays.
+# A machine of its own: Wine starts the services, of which the task needs one, only when its server begins, and that of the
+# other tests stays.
 folder=$(mktemp -d)
 export QMRK_WINE_PREFIX=$folder/machine
 trap 'rm -rf "$folder"' EXIT
@@ -43,11 +43,18 @@ gone() { for path in "$@"; do [ ! -e "$path" ] || { echo "$path is left"; exit 1
 
 # As an earlier version would be.
 code='{8D5A1F60-0B5C-4E0F-9F0E-3B6F2A0C7D11}'
+later_code=$(msiinfo export "$later" Property | tr -d '\r' | sed -n 's/^ProductCode\t//p')
 cp "$later" "$former"
 msibuild "$former" -q "UPDATE \`Property\` SET \`Value\` = '0.9.0' WHERE \`Property\` = 'ProductVersion'" \
   -q "UPDATE \`Property\` SET \`Value\` = '$code' WHERE \`Property\` = 'ProductCode'"
 
-installed() { "$run" reg query 'HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall' | tr -d '\r' | grep '{' || true; }
+# expect_products CODE...: these are installed, and no others.
+expect_products() {
+  "$run" reg query 'HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall' >"$folder/products"
+  local found
+  found=$(grep -o '{.*}' "$folder/products" | sort || true)
+  [ "$found" = "$(printf '%s\n' "$@" | sort)" ] || { echo "installed is: $found, not: $*"; exit 1; }
+}
 
 echo '-- installed'
 eval "${install/<version>/former}"
@@ -58,7 +65,7 @@ there "$(shell_folder ProgramFiles)/${command//\\//}"
 "$run" "$programs/bin/LogTest.exe" --classes 'Demo.App.info;' --lines 3
 expect "$common_log" '\[Demo\.App\.info\] .* of 3' 3
 
-installed | grep -F "$code" >/dev/null
+expect_products "$code"
 
 echo '-- a later version'
 printf '# edited here\r\n' >>"$cfg"
@@ -68,11 +75,11 @@ eval "${install/<version>/later}"
 there "$programs/bin/qmrkctl.exe" "$task"
 [ "$(sha256sum <"$cfg")" = "$edited" ] || { echo "$cfg was replaced"; exit 1; }
 [ "$(tr -d '\r' <"$init")" = 'Demo.Net;' ] || { echo "$init was replaced"; exit 1; }
-[ "$(installed | grep -c .)" = 1 ] || { echo 'both versions are installed'; exit 1; }
+expect_products "$later_code"
 
 echo '-- removed'
 eval "${remove/<version>/later}"
 gone "$programs" "$task"
-[ -z "$(installed)" ] || { echo "installed is still $(installed)"; exit 1; }
+expect_products
 there "$cfg" "$init"
 [ "$(sha256sum <"$cfg")" = "$edited" ] || { echo "$cfg was changed"; exit 1; }
