@@ -18,7 +18,7 @@ class OnceEmptied {
 
   /// Call it before each opening. Waits while another process is about to empty the file; one that takes two seconds is
   /// taken to be gone.
-  /// @return whether this opening has to empty the file. Call end() then.
+  /// @return whether this opening has to empty the file. Call end() then, however the opening ends.
   bool begin();
 
   /// @param _isEmptied false when the opening failed, so that the next one is to empty the file.

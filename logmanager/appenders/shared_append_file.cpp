@@ -130,10 +130,16 @@ platform::ErrorCode SharedAppendFile::openWhenGone() {
 platform::ErrorCode SharedAppendFile::open() {
   const bool empties = emptied_.begin();
   platform::ErrorCode error = platform::noError;
-  if (file_) {
-    error = file_->reopen(path_, empties);
-  } else {
-    file_ = AppendFile::open(path_, empties, error);
+  try {
+    if (file_) {
+      error = file_->reopen(path_, empties);
+    } else {
+      file_ = AppendFile::open(path_, empties, error);
+    }
+  } catch (...) {
+    // No memory. The next opening is not to wait for this one.
+    if (empties) emptied_.end(false);
+    throw;
   }
   if (empties) emptied_.end(error == platform::noError);
   return error;

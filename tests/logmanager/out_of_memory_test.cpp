@@ -13,6 +13,8 @@
 #include "logmanager/message_cache.h"
 #include "tests/logmanager/counted_memory.h"
 #include "tests/logmanager/quiet_appender.h"
+#include "tests/support/fault_plan.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 
@@ -169,6 +171,24 @@ TEST(OutOfMemory, WhileTheCacheIsFlushedEndsTheFlush) {
     EXPECT_FALSE(outcome.hasThrown) << "allocation " << allocation;
     EXPECT_FALSE(early.keep(log, "later")) << "allocation " << allocation;
     early.flush();
+  }
+}
+
+// A statement would otherwise take the emptying that was given up for that of another process, and await its end.
+TEST(OutOfMemory, HoldsUpNoStatementAfterAFileCouldNotBeEmptied) {
+  const testsupport::TemporaryFolder folder;
+  Outcome outcome{true, false};
+  for (int allocation = 0; outcome.hasFailed; ++allocation) {
+    const std::string path = folder.file("a_log_with_a_long_name_" + std::to_string(allocation));
+    testsupport::writeFile(path, "before\n");
+    const bl::write_to_file appender(path, true);
+    outcome = withoutMemoryAt(allocation, [&appender] { appender("App", "1\n"); });
+    bool hasWaited = false;
+    const testsupport::CallHook wait(platform::Call::awaitSharedWord, 1, [&hasWaited] { hasWaited = true; });
+    appender("App", "2\n");
+    EXPECT_FALSE(hasWaited) << "allocation " << allocation;
+    const std::string text = testsupport::replaced(testsupport::readFile(path), "\r\n", "\n");
+    EXPECT_EQ(text, outcome.hasThrown ? "2\n" : "1\n2\n") << "allocation " << allocation;
   }
 }
 
