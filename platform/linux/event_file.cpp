@@ -158,6 +158,7 @@ EventFile::Step EventFile::open(Joining _joining) {
     if (::fstat(file_.get(), &status) != 0) return Step::failed;
     volume_ = status.st_dev;
     inode_ = status.st_ino;
+    takeNumber();
     return isTrusted(file_.get(), status, folder_.owner) ? Step::joined : Step::failed;
   }
   if (errno == ENOENT) return missing;
@@ -242,10 +243,8 @@ void EventFile::leave(std::unique_lock<std::mutex>& _lock) {
   tryRecordLock(file_.get(), gateByte, RecordLock::none);
 }
 
-bool EventFile::isInPlace() {
+bool EventFile::isInPlace() const {
   const std::lock_guard<std::mutex> lock(openFiles().mutex);
-  // Now, as the next one that joins the event may get the number, which then leads to this file again.
-  if (!isStillOpen()) closeFile();
   return isAtPath();
 }
 
@@ -262,6 +261,14 @@ bool EventFile::isStillOpen() const {
   if (!file_.isOpen()) return false;
   if (::fstat(file_.get(), &here) != 0) return errno != EBADF;
   return here.st_dev == volume_ && here.st_ino == inode_;
+}
+
+// Whoever had the number before does not have it any more: the application has closed it. That one would take this file
+// for its own, which is the same if it is of the same event, and close it.
+void EventFile::takeNumber() {
+  for (EventFile* file : openFiles().files) {
+    if (file != this && file->file_.get() == file_.get()) static_cast<void>(file->file_.release());
+  }
 }
 
 void EventFile::closeFile() {

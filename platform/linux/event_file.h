@@ -50,7 +50,7 @@ class EventFile {
 
   /// Whether the path still names this file, and the application has not closed it, as a daemon closes all numbers;
   /// true as well when that cannot be found out.
-  bool isInPlace();
+  bool isInPlace() const;
 
   /// For fork: keeps the process from joining or leaving any file during it. The child closes its copies, so that it
   /// does not count as a user, and forgets them. Only what prepareForForks makes takes memory.
@@ -76,6 +76,7 @@ class EventFile {
   bool map();
   bool isAtPath() const;
   bool isStillOpen() const;
+  void takeNumber();
   void closeFile();
   void leave(std::unique_lock<std::mutex>& _lock);
 

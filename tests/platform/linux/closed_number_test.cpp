@@ -100,6 +100,21 @@ TEST_F(ClosedEvent, LeavesItsNumberToAFileOfTheApplication) {
   EXPECT_TRUE(foreign.isOpen());
 }
 
+// The first one has not looked yet, and what it remembers is the number that the second one has by then.
+TEST_F(ClosedEvent, IsNotLeftByTheEndOfAnotherHandleThatHadTheNumber) {
+  const Handle second = createEvent(closedEvent);
+  const int number = numberOf(path_);
+  ASSERT_EQ(::close(number), 0);
+  ASSERT_EQ(::close(numberOf(path_)), 0);
+  EXPECT_TRUE(setEvent(second));
+  ASSERT_EQ(numberOf(path_), number);
+  EXPECT_TRUE(closeHandle(event_));
+  EXPECT_EQ(numberOf(path_), number);
+  EXPECT_TRUE(std::filesystem::exists(path_));
+  EXPECT_TRUE(closeHandle(second));
+  EXPECT_FALSE(std::filesystem::exists(path_));
+}
+
 TEST_F(ClosedEvent, ClosesNoFileOfTheApplicationAtItsEnd) {
   const testsupport::TemporaryFolder folder;
   const ForeignFile foreign(numberOf(path_), folder.file("foreign"));
