@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
-#include <cstdint>
 #include <string>
 #include <utility>
 #include <vector>
@@ -9,9 +8,9 @@
 #include "boost/logging/logging.hpp"
 #include "logmanager/appenders/file_notes.h"
 #include "logmanager/appenders/message_queue.h"
-#include "logmanager/threads/thread_state.h"
 #include "platform/errors.h"
 #include "tests/logmanager/appenders/wrapped_appender.h"
+#include "tests/logmanager/timed_write.h"
 #include "tests/support/fault_plan.h"
 #include "tests/support/temporary_folder.h"
 
@@ -20,6 +19,7 @@ namespace {
 namespace bl = boost::logging;
 using platform::Call;
 using testsupport::FaultPlan;
+using testsupport::writeAt;
 
 int observed = 0;
 
@@ -31,12 +31,6 @@ class FileStates : public testing::Test {
     bl::observe_files([] { ++observed; });
   }
   ~FileStates() override { bl::observe_files(nullptr); }
-
-  /// Writes as a message logged so many milliseconds after the first.
-  static void writeAt(const bl::write_to_file& _file, std::int64_t _milliseconds, const std::string& _message) {
-    const bl::detail::MessageScope scope(bl::detail::threadState(), 1795255200000 + _milliseconds);
-    _file("", _message);
-  }
 
   bl::file_state stateOf(const std::string& _path) const {
     bl::file_state found{"", 0, 0, 0, 0, 0, false};

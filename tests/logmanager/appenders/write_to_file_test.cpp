@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "boost/logging/logging.hpp"
-#include "logmanager/threads/thread_state.h"
 #include "platform/native_path.h"
+#include "tests/logmanager/timed_write.h"
 #include "tests/support/as_unprivileged_user.h"
 #include "tests/support/fault_plan.h"
 #include "tests/support/system_path.h"
@@ -23,19 +23,13 @@ using testsupport::FaultPlan;
 using testsupport::readFile;
 using testsupport::removeAll;
 using testsupport::TemporaryFolder;
+using testsupport::writeAt;
 using testsupport::writeFile;
 
 constexpr char lostOne[] = "1 message was lost: this file could not be written, error ";
 
 class WriteToFile : public testing::Test {
  protected:
-  /// Writes as a message logged so many milliseconds after the first.
-  static void writeAt(const write_to_file& _appender, std::int64_t _milliseconds, const std::string& _message) {
-    const boost::logging::detail::MessageScope scope(boost::logging::detail::threadState(),
-                                                     1795255200000 + _milliseconds);
-    _appender("App", _message);
-  }
-
   /// The text of the file, with line ends of LF.
   std::string text() const { return testsupport::replaced(readFile(path_), "\r\n", "\n"); }
 

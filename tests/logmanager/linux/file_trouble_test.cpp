@@ -11,7 +11,7 @@
 #include <thread>
 
 #include "boost/logging/logging.hpp"
-#include "logmanager/threads/thread_state.h"
+#include "tests/logmanager/timed_write.h"
 #include "tests/support/linux/file_size_limit.h"
 #include "tests/support/linux/open_number.h"
 #include "tests/support/linux/shared_memory_mount.h"
@@ -22,6 +22,7 @@ namespace {
 using boost::logging::write_to_file;
 using testsupport::readFile;
 using testsupport::removeAll;
+using testsupport::writeAt;
 
 constexpr char lostTwo[] = "2 messages were lost: this file could not be written, error ";
 
@@ -108,20 +109,14 @@ TEST(FileTrouble, EndsTheFragmentOfAnotherProcessBeforeItsOwnReport) {
   EXPECT_EQ(readFile(path), "one\nother\n01\n1 message was lost: this file could not be written, error 27\nafter\n");
 }
 
-/// Appends a message of that time, in milliseconds.
-void appendAt(std::int64_t _time, const write_to_file& _appender, const std::string& _message) {
-  const boost::logging::detail::MessageScope scope(boost::logging::detail::threadState(), _time);
-  _appender("App", _message);
-}
-
 TEST(FileTrouble, EndsWithinASecondAfterTheApplicationHasClosedTheFile) {
   const testsupport::TemporaryFolder folder;
   const std::string path = folder.file("app.log");
   const write_to_file appender(path, true);
-  appendAt(1000000, appender, "1\n");
+  writeAt(appender, 0, "1\n");
   ASSERT_EQ(::close(testsupport::numberOf(path)), 0);
-  appendAt(1000001, appender, "lost\n");
-  appendAt(1000999, appender, "2\n");
+  writeAt(appender, 1, "lost\n");
+  writeAt(appender, 999, "2\n");
   EXPECT_EQ(readFile(path), "1\n1 message was lost: this file could not be written, error 9\n2\n");
 }
 
@@ -130,10 +125,10 @@ TEST(FileTrouble, SpoilsNoFileOfTheApplicationThatHasTheNumberOfTheLogNow) {
   const std::string path = folder.file("app.log");
   const std::string foreignPath = folder.file("app.db");
   const write_to_file appender(path, true);
-  appendAt(1000000, appender, "1\n");
+  writeAt(appender, 0, "1\n");
   const testsupport::ForeignFile foreign(testsupport::numberOf(path), foreignPath);
-  appendAt(1000999, appender, "2\n");
-  appendAt(1001000, appender, "3\n");
+  writeAt(appender, 999, "2\n");
+  writeAt(appender, 1000, "3\n");
   EXPECT_EQ(readFile(path), "1\n2\n3\n");
   EXPECT_EQ(readFile(foreignPath), "");
   EXPECT_TRUE(foreign.isOpen());
@@ -143,16 +138,10 @@ TEST(FileTrouble, ContinuesAReplacedFileWithoutEmptyingIt) {
   const testsupport::TemporaryFolder folder;
   const std::string path = folder.file("app.log");
   const write_to_file appender(path, true);
-  {
-    const boost::logging::detail::MessageScope scope(boost::logging::detail::threadState(), 1000000);
-    appender("App", "1\n");
-  }
+  writeAt(appender, 0, "1\n");
   testsupport::writeFile(folder.file("other"), "other\n");
   ASSERT_EQ(std::rename((folder.path() + "/other").c_str(), (folder.path() + "/app.log").c_str()), 0);
-  {
-    const boost::logging::detail::MessageScope scope(boost::logging::detail::threadState(), 1000999);
-    appender("App", "2\n");
-  }
+  writeAt(appender, 999, "2\n");
   EXPECT_EQ(readFile(path), "other\n2\n");
 }
 

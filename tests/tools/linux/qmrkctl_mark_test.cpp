@@ -18,10 +18,10 @@ class QmrkctlMark : public testsupport::QmrkctlOnSandbox {
 };
 
 TEST_F(QmrkctlMark, MarksEveryLogAndCreatesNone) {
-  const std::string common = sandbox_.appData() + "\\Logs\\Common\\common.log";
+  const std::string common = commonFolder() + "\\common.log";
   EXPECT_EQ(qmrkctl({"mark", "nothing there"}).exitCode, 3);
   EXPECT_FALSE(testsupport::exists(common));
-  testsupport::makeFolders(sandbox_.appData() + "\\Logs\\Common");
+  testsupport::makeFolders(commonFolder());
   testsupport::writeFile(common, "[Demo.App] before\n");
   auto settings = follower("Valve", stranger);
   settings.commonLog = sandbox_.appData() + "\\valve.log";
