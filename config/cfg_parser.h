@@ -26,7 +26,7 @@ struct CfgPairPlace {
 /// eight times its memory before somebody asks for it.
 using TakeCfgPair = std::function<void(std::string_view, std::string_view, const CfgPairPlace&)>;
 
-/// Replaces every tab by eight blanks, for which it counts in keys and values.
+/// Replaces every tab by eight blanks, which it stands for in keys and values; in place, or in a copy.
 void expandTabs(std::string& _text);
 std::string withTabsExpanded(std::string_view _text);
 

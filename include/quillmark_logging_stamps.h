@@ -31,8 +31,7 @@ QMRK_LOG_API std::string getThreadId(bool _formatted);
 QMRK_LOG_API std::string getFormattedThreadId();
 
 /// Gives a source location as text. Made for `location(__FILE__, __LINE__, __func__)`.
-/// @param _file     the file, not null. Only what is behind the last backslash is shown: a path with slashes stays
-/// whole.
+/// @param _file     the file, not null. Only what is behind the last backslash is shown; slashes do not count.
 /// @param _line     the line, counted from 1.
 /// @param _function the function, not null.
 /// @return "[function file:line] ", with the blank; "LOC-ERROR" if it cannot be turned into text.

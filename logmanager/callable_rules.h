@@ -31,7 +31,7 @@ class CallableRules {
     std::string name;
     /// Null in a removal.
     SharedCallable callable;
-    /// Where the change under way notes the insertion; beyond its steps in a rule that was there before.
+    /// Which step of the change under way has inserted it.
     std::size_t insertion = notInserted;
   };
   static constexpr std::size_t notInserted = static_cast<std::size_t>(-1);

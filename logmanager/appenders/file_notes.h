@@ -22,8 +22,8 @@ void noteRecovery(const std::string& _path) noexcept;
 /// For who leaves a file that could not be written again: whoever writes it next is to note the recovery.
 void leaveFailing(const std::string& _path) noexcept;
 
-/// Whether a file was left so, once. For who opens the file, or looks whether it is still the same; takes no lock as a
-/// rule.
+/// Whether a file was left so; true for the first who asks only. For who opens the file, or looks whether it is still
+/// the same; takes no lock as a rule.
 bool takeOverFailing(const std::string& _path) noexcept;
 
 /// Calls the observer because of a queue that begins or ends to drop messages.

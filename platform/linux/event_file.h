@@ -59,7 +59,7 @@ class EventFile {
   static void unlockAll();
   static void abandonAll();
 
-  /// The list of the events that are kept.
+  /// The next one in the list of the events that are kept.
   std::shared_ptr<EventFile> nextKept;
 
  private:

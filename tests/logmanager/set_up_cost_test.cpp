@@ -103,8 +103,8 @@ INSTANTIATE_TEST_SUITE_P(Filters, SetUpCost,
                                          Filter{"WithAStarBeforeTheClass", "App.*.Class", ".info"}),
                          [](const auto& _info) { return std::string(_info.param.name); });
 
-// The one after the other takes away what the former one has added in the same change.
-TEST(RepeatedFilter, CostsNoMoreThanADistinctOneOfItsLength) {
+// Each entry takes away what a former one has added in the same change.
+TEST(RepeatedFilter, CostsAsMuchForEachOfManyRepetitionsAsForEachOfFew) {
   for (const std::vector<std::string>& patterns : {std::vector<std::string>{"Class"}, {"Class", "*.info", "Cl*s"}}) {
     const double few = costOfRepetitions(patterns, 500);
     const double many = costOfRepetitions(patterns, 8000);

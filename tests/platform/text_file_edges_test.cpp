@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How a text file ends, and where one must not be yet.
+// How a text file ends, and where one must not be yet that is created.
 #include <gtest/gtest.h>
 
 #include "platform/text_file.h"
@@ -29,13 +29,15 @@ TEST_F(TextFileEdges, ShowALineWithoutAnEnd) {
   EXPECT_FALSE(endsInsideLine(folder_.file("missing")));
 }
 
-TEST_F(TextFileEdges, AreThoseOfANewFileOnly) {
+TEST(NewTextFile, TakesThePlaceOfNoOther) {
+  const testsupport::TemporaryFolder folder;
+  const std::string path = folder.file("file");
   {
-    TextWriter writer(path_, TextWriter::Mode::create);
+    TextWriter writer(path, TextWriter::Mode::create);
     EXPECT_TRUE(writer.write("mine"));
   }
-  EXPECT_FALSE(TextWriter(path_, TextWriter::Mode::create).isOpen());
-  EXPECT_EQ(testsupport::readFile(path_), "mine");
+  EXPECT_FALSE(TextWriter(path, TextWriter::Mode::create).isOpen());
+  EXPECT_EQ(testsupport::readFile(path), "mine");
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <cstdint>
+
 #include "platform/named_event.h"
 #include "platform/thread.h"
 #include "tests/config/scarce_memory.h"

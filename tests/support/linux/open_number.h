@@ -5,7 +5,8 @@
 
 namespace testsupport {
 
-/// The number under which this process has a file open; -1 when there is none. For path strings, too.
+/// The number under which this process has a file open; -1 when there is none.
+/// @param _path with separators of either kind, as below.
 int numberOf(const std::string& _path);
 
 /// While it lives, a new file has a number that some other file had, as when an application closes what is not its own
