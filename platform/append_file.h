@@ -68,6 +68,8 @@ class AppendFile {
 
   /// Another one after reopen on Linux, if the application has closed it.
   std::atomic<std::intptr_t> file_;
+  /// On Linux: how many logs of the process had had that number when this one got it, with this one.
+  std::uint32_t numberUses_ = 0;
   Identity identity_;
 };
 

@@ -5,6 +5,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
+#include <atomic>
 #include <cerrno>
 #include <chrono>
 #include <thread>
@@ -29,8 +31,23 @@ AppendFile::Identity identityOf(const struct stat& _status) {
   return {static_cast<std::uint64_t>(_status.st_dev), static_cast<std::uint64_t>(_status.st_ino)};
 }
 
-// The application may have closed the number, and have a file of its own under it.
-bool leadsTo(int _number, const AppendFile::Identity& _identity) {
+// For each number but the highest, how many logs have had it.
+constinit std::array<std::atomic<std::uint32_t>, 1024> usesOfNumbers{};
+
+std::uint32_t usesOf(int _number) {
+  const auto number = static_cast<std::size_t>(_number);
+  return number < usesOfNumbers.size() ? usesOfNumbers[number].load(std::memory_order_relaxed) : 0;
+}
+
+std::uint32_t countUse(int _number) {
+  const auto number = static_cast<std::size_t>(_number);
+  return number < usesOfNumbers.size() ? usesOfNumbers[number].fetch_add(1, std::memory_order_relaxed) + 1 : 0;
+}
+
+// The application may have closed the number, and have a file of its own under it, or another log, even of the same
+// file.
+bool leadsTo(int _number, std::uint32_t _uses, const AppendFile::Identity& _identity) {
+  if (usesOf(_number) != _uses) return false;
   struct stat status {};
   return ::fstat(_number, &status) == 0 ? identityOf(status) == _identity : errno != EBADF;
 }
@@ -89,7 +106,9 @@ std::unique_ptr<AppendFile> AppendFile::open(const std::string& _path, bool _tru
     _error = opened.error;
     return nullptr;
   }
-  return std::unique_ptr<AppendFile>(new AppendFile(opened.file.release(), opened.identity));
+  auto file = std::unique_ptr<AppendFile>(new AppendFile(opened.file.get(), opened.identity));
+  file->numberUses_ = countUse(opened.file.release());
+  return file;
 }
 
 // Other threads go on writing to the number, which leads to the new file from one moment to the next. One that is the
@@ -98,7 +117,8 @@ ErrorCode AppendFile::reopen(const std::string& _path, bool _truncate) {
   OpenedFile opened = openAt(_path, _truncate);
   if (opened.error != noError) return opened.error;
   const auto file = static_cast<int>(file_.load(std::memory_order_relaxed));
-  if (opened.file.get() == file || !leadsTo(file, identity_)) {
+  if (opened.file.get() == file || !leadsTo(file, numberUses_, identity_)) {
+    numberUses_ = countUse(opened.file.get());
     file_.store(opened.file.release(), std::memory_order_relaxed);
   } else {
     int moved = -1;
@@ -115,7 +135,7 @@ AppendFile::AppendFile(std::intptr_t _file, Identity _identity) : file_(_file), 
 
 AppendFile::~AppendFile() {
   const auto file = static_cast<int>(file_.load(std::memory_order_relaxed));
-  if (injectedFault(Call::closeFile) == noError && leadsTo(file, identity_)) closeDescriptor(file);
+  if (injectedFault(Call::closeFile) == noError && leadsTo(file, numberUses_, identity_)) closeDescriptor(file);
 }
 
 AppendFile::Result AppendFile::append(const char* _data, std::size_t _size) {
@@ -152,7 +172,7 @@ bool AppendFile::endsInLineFeed() const {
 bool AppendFile::isStillAt(const std::string& _path) const {
   if (injectedFault(Call::statusQuery) != noError) return true;
   refreshFileSizeLimit();
-  if (!leadsTo(static_cast<int>(file_.load(std::memory_order_relaxed)), identity_)) return false;
+  if (!leadsTo(static_cast<int>(file_.load(std::memory_order_relaxed)), numberUses_, identity_)) return false;
   struct stat status {};
   if (::stat(nativePath(_path).c_str(), &status) == 0) return identityOf(status) == identity_;
   return errno != ENOENT && errno != ENOTDIR;

@@ -59,6 +59,21 @@ TEST_F(ClosedLog, LeavesItsNumberToAFileOfTheApplication) {
   EXPECT_EQ(readFile(foreignPath_), "");
 }
 
+// The first one has not looked yet, and what it remembers is the number that the second one has by then.
+TEST_F(ClosedLog, IsNotClosedByTheEndOfAnotherOneThatHadTheNumber) {
+  const int number = numberOf(path_);
+  const std::unique_ptr<AppendFile> second = AppendFile::open(path_, false, error_);
+  ASSERT_EQ(::close(number), 0);
+  ASSERT_EQ(::close(numberOf(path_)), 0);
+  EXPECT_EQ(second->reopen(path_, false), noError);
+  ASSERT_EQ(numberOf(path_), number);
+  EXPECT_FALSE(file_->isStillAt(path_));
+  file_.reset();
+  EXPECT_EQ(numberOf(path_), number);
+  EXPECT_TRUE(second->isStillAt(path_));
+  EXPECT_EQ(second->append("1\n", 2).error, noError);
+}
+
 TEST_F(ClosedLog, ClosesNoFileOfTheApplicationAtItsEnd) {
   const ForeignFile foreign(numberOf(path_), foreignPath_);
   file_.reset();
