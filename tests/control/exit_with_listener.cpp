@@ -7,6 +7,7 @@
 
 #include "platform/named_event.h"
 #include "quillmark_logging.h"
+#include "tests/support/sleeping_thread.h"
 
 namespace {
 
@@ -17,15 +18,14 @@ const LogEventHandler& staticListener() {
   return listener;
 }
 
-// Its thread makes the event, and then waits for it at once.
-bool waitUntilListening() {
-  for (int tries = 0; tries < 1000; ++tries) {
+// Its thread makes the event, traces that, and then waits for it.
+bool waitUntilListening(const LogEventHandler& _listener) {
+  for (int tries = 0; tries < 3000; ++tries) {
     std::this_thread::sleep_for(std::chrono::milliseconds(10));
     const platform::Handle event = platform::openEvent("QMRK_LOG_EVENT");
     if (event == nullptr) continue;
     platform::closeHandle(event);
-    std::this_thread::sleep_for(std::chrono::milliseconds(100));
-    return true;
+    return testsupport::waitUntilThreadSleeps(_listener.getThreadId());
   }
   return false;
 }
@@ -35,6 +35,6 @@ bool waitUntilListening() {
 int main(int _count, char** _arguments) {
   if (_count != 2) return 2;
   const bool isStatic = std::string(_arguments[1]) == "static";
-  const bool isCreated = (isStatic ? staticListener() : abandonedListener()).isCreated() == 1;
-  return isCreated && waitUntilListening() ? 0 : 1;
+  const LogEventHandler& listener = isStatic ? staticListener() : abandonedListener();
+  return listener.isCreated() == 1 && waitUntilListening(listener) ? 0 : 1;
 }
