@@ -49,6 +49,9 @@ class QmrkctlDoctorProcesses : public testsupport::QmrkctlRun {
         {"/bin/sh", "-c",
          _limits + "exec " + std::string(QMRK_LOGTEST) + " --ca " + _ca + " --classes 'Demo.App.info;' --listen 600"});
     EXPECT_THAT(process.readLine(), HasSubstr("Demo.App.info is on"));
+    // Its listener is a thread that has only begun to start.
+    while (jsonOf({"apps"})["result"]["apps"][0]["listens"] != "yes")
+      std::this_thread::sleep_for(std::chrono::milliseconds(5));
     return process;
   }
 
@@ -182,7 +185,8 @@ TEST_F(QmrkctlDoctorProcesses, HaveAnotherClassListThanTheSession) {
   const auto listed = [](const std::string& _folder) {
     return testsupport::runProgram("/bin/grep", {"-r", "Net.info", _folder});
   };
-  EXPECT_EQ(qmrkctl({"--pid", pid, "--ca", "CA662", "classes", "enable", "Demo.Net.info"}).exitCode, 0);
+  EXPECT_EQ(qmrkctl({"--pid", pid, "--ca", "CA662", "classes", "enable", "Demo.Net.info", "--wait", "60s"}).exitCode,
+            0);
   EXPECT_EQ(listed(there.path()).exitCode, 0);
   EXPECT_EQ(listed(platform::nativePath(sandbox_.initFolder())).exitCode, 1);
 }

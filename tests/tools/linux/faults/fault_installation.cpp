@@ -21,6 +21,14 @@ namespace fs = std::filesystem;
 
 constexpr const char* classes[] = {"Demo.App.error", "Demo.App.info", "Demo.Net.error", "Demo.Net.info"};
 
+std::size_t listeners() {
+  const std::string apps = runProgram(QMRKCTL, {"apps", "--json"}).output;
+  std::size_t found = 0;
+  for (std::size_t at = 0; (at = apps.find("\"listens\": \"yes\"", at)) != std::string::npos; ++at)
+    ++found;
+  return found;
+}
+
 }  // namespace
 
 FaultInstallation::FaultInstallation()
@@ -110,8 +118,8 @@ void FaultInstallation::start(const std::string& _arguments, const std::string& 
   companions_.emplace_back(std::vector<std::string>{"/bin/sh", "-c", "echo $$; " + _limits + program});
   running_ = std::stoi(companions_.back().readLine());
   if (companions_.back().readLine().find(" is o") == std::string::npos) std::abort();
-  // Its listener is a thread that has only begun to start.
-  while (runProgram(QMRKCTL, {"apps", "--json"}).output.find("\"listens\": \"yes\"") == std::string::npos)
+  // Its listener is a thread that has only begun to start; those of the ones before it listen.
+  while (listeners() < companions_.size())
     std::this_thread::sleep_for(std::chrono::milliseconds(5));
 }
 
