@@ -15,6 +15,7 @@ lay_out() {
   common_files=$(shell_folder CommonProgramFiles)
   program_data=$(shell_folder ProgramData)
   app_data=$(shell_folder APPDATA)
+  : "${common_files:?}" "${program_data:?}" "${app_data:?}"
   common_log=$app_data/Orvane/Quillmark/Logging/common.log
   clean
   mkdir -p "$common_files/Orvane Shared/qmrk/logging/cfg" "$program_data/Orvane/qmrk/logging"
