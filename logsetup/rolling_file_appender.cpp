@@ -14,7 +14,8 @@ namespace boost::logging {
 namespace {
 
 std::string backupName(const std::string& _name, std::int32_t _number) {
-  return _number == 0 ? _name : _name + "." + std::to_string(_number);
+  if (_number == 0) return _name;
+  return _name + "." + std::to_string(_number);
 }
 
 // Above it, a roll lists the folder instead of looking for each file.
@@ -35,10 +36,11 @@ bool listBackups(const std::string& _name, std::int32_t _fileCount, std::vector<
   const std::string name = log.filename().string();
   _numbers = {0};
   system::error_code error;
-  filesystem::directory_iterator entry(log.has_parent_path() ? log.parent_path() : ".", error);
+  filesystem::directory_iterator entry(log.parent_path() / ".", error);
   for (; !error && entry != filesystem::directory_iterator(); entry.increment(error)) {
     const std::string found = entry->path().filename().string();
-    const std::int32_t number = found.compare(0, name.size(), name) == 0 ? backupNumber(found.substr(name.size())) : -1;
+    if (found.compare(0, name.size(), name) != 0) continue;
+    const std::int32_t number = backupNumber(found.substr(name.size()));
     if (number > 0 && number < _fileCount) _numbers.push_back(number);
   }
   std::sort(_numbers.begin(), _numbers.end(), std::greater<>());

@@ -118,7 +118,8 @@ TEST_F(RollingFileAppender, MovesTheFilesThatExistOfTwoThousandMillions) {
   for (const int number : {7, last - 1, last}) {
     writeFile(backup(number), std::to_string(number));
   }
-  const Names strangers{"a_log.txt.+3", "a_log.txt.-3", "a_log.txt.03", "a_log.txt.3x", "a_log.txt.99999999999"};
+  const Names strangers{"a_log.txt.+3", "a_log.txt.-3",          "a_log.txt.03", "a_log.txt.0",
+                        "a_log.txt.3x", "a_log.txt.99999999999", "a_log.txt_3",  "b_log.txt.3"};
   for (const std::string& stranger : strangers) {
     writeFile(folder_.file(stranger), stranger);
   }
