@@ -63,14 +63,14 @@ class Cancel : public testing::Test {
     return finishesBeforeTheCancellation([this] { QMRK_LOG(log_) << "whole"; });
   }
 
-  testsupport::TemporaryFolder folder_;
-  const std::string path_ = folder_.file("cancel.log");
   /// For what a writer thread delivers: it needs a processor first.
   void waitForText(const std::string& _text) const {
     while (!testsupport::exists(path_) || testsupport::readFile(path_) != _text)
       std::this_thread::sleep_for(std::chrono::milliseconds(1));
   }
 
+  testsupport::TemporaryFolder folder_;
+  const std::string path_ = folder_.file("cancel.log");
   const bl::logger log_{"Cancel"};
 };
 
