@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <atomic>
 #include <cstdint>
 #include <future>
 #include <new>
@@ -40,16 +41,22 @@ TEST_F(ListenerMemory, MayRunOutInAnUpdateWithoutEndingTheListener) {
   EXPECT_TRUE(two.is_enabled());
 }
 
-// It could tell nobody that it is lacking.
+// It could tell nobody that it is lacking. Windows ends a thread wherever it is: before its wait it may hold a lock of
+// the process, which nobody would give back.
 TEST_F(ListenerMemory, IsNotNeededByTheEndOfAThreadThatLeavesItsEventOpen) {
+  std::atomic<bool> hasEvent{false};
   std::uint32_t id = 0;
   const platform::Handle thread = platform::createThread(
-      [](void*) {
+      [](void* _hasEvent) {
         const platform::Handle event = platform::createEvent("QMRK_MEMORY_TEST");
         testsupport::ScarceMemory::failNext();
+        static_cast<std::atomic<bool>*>(_hasEvent)->store(true);
         return platform::waitForEvent(event, platform::waitForever);
       },
-      nullptr, id);
+      &hasEvent, id);
+  while (!hasEvent)
+    std::this_thread::yield();
+  ASSERT_TRUE(testsupport::waitUntilThreadSleeps(id));
   ASSERT_TRUE(platform::terminateThread(thread, 1));
   EXPECT_EQ(platform::waitForThread(thread, platform::waitForever), platform::waitObject);
   EXPECT_EQ(testsupport::exitCodeOfThread(thread), 1U);
@@ -58,8 +65,9 @@ TEST_F(ListenerMemory, IsNotNeededByTheEndOfAThreadThatLeavesItsEventOpen) {
 
 // What the thread was to use is gone when its creator has failed.
 TEST(ThreadMemory, MayRunOutWithoutLeavingAThreadBehind) {
-  static std::promise<void> end;
-  static const std::shared_future<void> hasEnded(end.get_future());
+  std::promise<void> end;
+  static std::shared_future<void> hasEnded;
+  hasEnded = end.get_future();
   const platform::ThreadRoutine waitForTheEnd = [](void*) {
     hasEnded.wait();
     return std::uint32_t{0};

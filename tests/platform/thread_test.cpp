@@ -10,6 +10,7 @@
 #include "platform/process.h"
 #include "tests/support/fault_plan.h"
 #include "tests/support/private_events.h"
+#include "tests/support/sleeping_thread.h"
 #include "tests/support/thread_exit_code.h"
 
 namespace {
@@ -89,6 +90,7 @@ TEST_F(Thread, EndsWhenTerminatedDuringAWait) {
   std::uint32_t id = 0;
   const Handle thread = createThread(waitForever, &isWaiting, id);
   waitFor(isWaiting);
+  ASSERT_TRUE(testsupport::waitUntilThreadSleeps(id));
   EXPECT_TRUE(terminateThread(thread, 1));
   EXPECT_EQ(waitForThread(thread, platform::waitForever), waitObject);
   EXPECT_EQ(exitCodeOfThread(thread), 1U);
