@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: MIT
 # report_test.sh ROOT: a run of tests ends with what failed and its totals, where a reader sees them who is shown only the end.
 set -euo pipefail
+export LC_ALL=C
 root=$1
 ROOT=$(mktemp -d)
 trap 'rm -rf "$ROOT"' EXIT
