@@ -4,7 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
+
+#include <nlohmann/json.hpp>
 
 #include "tests/support/child_process.h"
 #include "tests/support/config_sandbox.h"
@@ -47,6 +50,26 @@ TEST_F(QmrkctlUsage, NamesAnOptionThatDoesNotExist) {
 TEST_F(QmrkctlUsage, ShowsNoControlCharactersOfAnArgument) {
   for (const Names& arguments : {Names{"a\x1b[31m"}, Names{"doctor", "a\x1b[31m"}, Names{"doctor", "--a\x1b[31m"}})
     EXPECT_THAT(refusal(arguments), Not(HasSubstr("\x1b")));
+}
+
+TEST_F(QmrkctlUsage, EndsWithTheObjectOfItsCommandIfOneIsAskedFor) {
+  const std::vector<std::pair<std::string, Names>> all = {
+      {"why", {"--json", "why"}},
+      {"why", {"why", "--json"}},
+      {"classes", {"classes", "try", "Demo.App", "--for", "soon", "--json"}},
+      {"doctor", {"--json", "doctor", "--frobnicate"}},
+      {"apps", {"--json", "--pid", "one", "apps"}},
+      {"completion", {"--json", "completion", "nosh"}},
+  };
+  for (const auto& [command, arguments] : all) {
+    const testsupport::ChildResult result = testsupport::runProgram(QMRKCTL, arguments);
+    EXPECT_EQ(result.exitCode, 2) << result.output;
+    EXPECT_THAT(result.errors, HasSubstr("Run with --help for more information."));
+    const auto object = nlohmann::json::parse(result.output);
+    EXPECT_EQ(object["schema"], "qmrkctl." + command + "/1");
+    EXPECT_EQ(object["ok"], false);
+    EXPECT_EQ(object["result"], nlohmann::json::object());
+  }
 }
 
 TEST_F(QmrkctlUsage, RefusesAnEmptyArgumentInPlaceOfNone) {

@@ -30,9 +30,18 @@ int run(const Choice& _choice, const Options& _options) {
   return report.finish(_choice.schema, exitCode);
 }
 
+// Whoever asked for the object of a command gets one, if the line named a command.
+int tellUsage(const CLI::App& _program) {
+  const auto commands = _program.get_subcommands();
+  if (commands.empty() || _program.count("--json") == 0) return exitUsage;
+  Options options;
+  options.json = true;
+  return Report(options).finish(commands.front()->get_name(), exitUsage);
+}
+
 // A request for help is no error. The numbers of the parser for all the others are not ours.
 int tellParser(const CLI::App& _program, const CLI::ParseError& _error) {
-  if (_program.exit(_error) != 0) return exitUsage;
+  if (_program.exit(_error) != 0) return tellUsage(_program);
   errno = 0;
   if (std::cout.flush() || errno == EPIPE) return exitOk;
   Report::message("the help cannot be written");
