@@ -21,6 +21,7 @@
 #include "platform/native_path.h"
 #include "tools/system/account.h"
 #include "tools/system/linux/folder_share.h"
+#include "tools/system/linux/unfinished_file.h"
 
 namespace toolsystem {
 namespace {
@@ -58,9 +59,7 @@ bool isLinkOfStranger(const std::string& _path, const std::string& _target) {
 // The new file, removed unless it takes the name.
 class NewFile {
  public:
-  explicit NewFile(const std::string& _target) : target_(_target), path_(folder() + "/.qmrkctl-XXXXXX") {
-    file_ = FileDescriptor(::mkostemp(path_.data(), O_CLOEXEC));
-  }
+  explicit NewFile(const std::string& _target) : target_(_target) { file_ = makeUnfinishedFile(folder(), path_); }
   ~NewFile() {
     if (file_.isOpen() && !hasName_) ::unlink(path_.c_str());
   }
@@ -185,6 +184,7 @@ std::optional<FileFailure> replaceFile(const std::string& _path, const std::stri
   if (!takeOver(target, file.get())) return failureOf("cannot keep owner and mode of " + target);
   if (::fsync(file.get()) != 0) return failureOf("cannot bring a new " + target + " to the disk");
   if (!file.takeName()) return failureOf("cannot replace " + target);
+  removeAbandonedFiles(file.folder());
   if (!isFolderOnDisk(file.folder())) return failureOf("cannot bring the folder of " + target + " to the disk");
   return std::nullopt;
 }

@@ -12,6 +12,7 @@ namespace {
 // A reader that has the file open at this moment is waited for.
 constexpr int mostTries = 200;
 constexpr DWORD betweenTries = 10;
+constexpr char newSuffix[] = ".new";
 
 FileFailure failureOf(const std::string& _what, DWORD _error) {
   return {_what + " (error " + std::to_string(_error) + ")", _error == ERROR_ACCESS_DENIED,
@@ -28,6 +29,18 @@ DWORD writeNew(const std::string& _path, const std::string& _bytes) {
   const DWORD error = isDone ? 0 : ::GetLastError();
   ::CloseHandle(file);
   return isDone ? 0 : (error != 0 ? error : ERROR_DISK_FULL);
+}
+
+// What programs that were killed have left: the new files of one name are never written by two at a time.
+void removeAbandoned(const std::string& _path) {
+  const std::string folder = _path.substr(0, _path.find_last_of("\\/") + 1);
+  WIN32_FIND_DATAA found{};
+  const HANDLE search = ::FindFirstFileA((_path + ".*" + newSuffix).c_str(), &found);
+  if (search == INVALID_HANDLE_VALUE) return;
+  do {
+    ::DeleteFileA((folder + found.cFileName).c_str());
+  } while (::FindNextFileA(search, &found) != 0);
+  ::FindClose(search);
 }
 
 // ReplaceFile keeps the rights of the former file, but needs one.
@@ -49,8 +62,8 @@ DWORD takeName(const std::string& _from, const std::string& _to) {
 }  // namespace
 
 std::optional<FileFailure> replaceFile(const std::string& _path, const std::string& _bytes) {
-  const std::string fresh = _path + "." + std::to_string(::GetCurrentProcessId()) + ".new";
-  ::DeleteFileA(fresh.c_str());
+  const std::string fresh = _path + "." + std::to_string(::GetCurrentProcessId()) + newSuffix;
+  removeAbandoned(_path);
   DWORD error = writeNew(fresh, _bytes);
   if (error == 0) error = takeName(fresh, _path);
   if (error == 0) return std::nullopt;

@@ -67,6 +67,8 @@ TEST(ReplacedFile, IsTheFormerOrTheNewOneWhereverItsWriterIsKilled) {
   EXPECT_TRUE(wasSeenOld);
   EXPECT_TRUE(wasSeenNew);
   EXPECT_GT(kills, 10);
+  EXPECT_FALSE(replaceFile(path, newText));
+  EXPECT_EQ(testsupport::namesIn(folder.path()), std::vector<std::string>{"list"});
 }
 
 // Reads the file again and again until it is killed, and ends with 1 when it finds another text than one of the two.
