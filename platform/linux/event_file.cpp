@@ -208,8 +208,9 @@ EventFile::Step EventFile::enterBesideGate(std::unique_lock<std::mutex>& _lock, 
   errno = ENOENT;
   if (_joining == Joining::openOnly) return Step::failed;
   if (isShared) return becomeFirst();
-  // The one in the gate stands still while it makes or removes the event, which therefore has no other user.
-  ::unlink(path_.c_str());
+  // The one in the gate stands still while it makes or removes the event, which therefore has no other user. Another
+  // one beside the gate may have begun the event anew meanwhile.
+  if (isAtPath()) ::unlink(path_.c_str());
   return Step::again;
 }
 

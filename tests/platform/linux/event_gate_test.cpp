@@ -5,7 +5,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <memory>
+#include <optional>
 #include <string>
 #include <thread>
 
@@ -27,6 +29,7 @@ using testsupport::CompanionProcess;
 constexpr char gatedEvent[] = "QMRK_GATE_TEST";
 constexpr long usersByte = 0;
 constexpr long gateByte = 1;
+constexpr std::chrono::milliseconds longestGateWait{100};
 
 // What another process holds that was stopped while it creates, joins or leaves the event.
 class StoppedProcess {
@@ -68,6 +71,20 @@ TEST_F(EventGate, LetsAnEventBeCreatedElsewhereWhenBlockedDuringCreation) {
   ASSERT_EQ(second_.ask(create_), "existing");
   EXPECT_EQ(second_.ask("set"), "true");
   EXPECT_EQ(first_.ask("wait 0"), "0");
+}
+
+// This process has waited for the gate, too, and finds the event in the way that the first one has begun meanwhile.
+TEST_F(EventGate, LeavesAloneWhatIsCreatedElsewhereMeanwhile) {
+  const StoppedProcess stopped(StoppedProcess::Holds::gateAndEvent);
+  std::optional<testsupport::CallHook> besideTheGate;
+  const testsupport::CallHook atTheGate(Call::awaitEventGate, 1, [this, &besideTheGate] {
+    std::this_thread::sleep_for(longestGateWait);
+    // In place of this hook, which has done its work.
+    besideTheGate.emplace(Call::awaitEventGate, 1, [this] { EXPECT_EQ(first_.ask(create_), "created"); });
+  });
+  const Handle event = createEvent(gatedEvent);
+  EXPECT_EQ(lastError(), errorAlreadyExists);
+  EXPECT_TRUE(closeHandle(event));
 }
 
 TEST_F(EventGate, AdmitsFurtherUsersWhenBlockedDuringUse) {
