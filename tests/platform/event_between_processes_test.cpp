@@ -92,9 +92,11 @@ TEST_F(EventBetweenProcesses, CannotBeOpenedAfterItsOnlyUserIsKilled) {
   EXPECT_EQ(lastError(), errorFileNotFound);
 }
 
-// Each round, all of them create it at one moment.
+// Each round, all of them create it at one moment. A round tells nothing in which one of them got no processor for so
+// long that the others need not have waited for it.
 TEST_F(EventBetweenProcesses, LetsExactlyOneOfEightCreateItInTwoThousandRaces) {
   auto racers = actors(8);
+  int lateRounds = 0;
   for (int round = 0; round < rounds(2000); ++round) {
     const auto moment = std::chrono::steady_clock::now() + std::chrono::microseconds(300);
     const std::string command = std::string("createAt ") + sharedEvent + " " +
@@ -106,12 +108,17 @@ TEST_F(EventBetweenProcesses, LetsExactlyOneOfEightCreateItInTwoThousandRaces) {
     for (CompanionProcess& racer : racers) {
       answers.push_back(racer.readLine());
     }
-    ASSERT_EQ(std::count(answers.begin(), answers.end(), "created"), 1) << "round " << round;
-    ASSERT_EQ(std::count(answers.begin(), answers.end(), "existing"), 7) << "round " << round;
+    if (std::any_of(answers.begin(), answers.end(), [](const auto& _answer) { return _answer.ends_with(" late"); })) {
+      ++lateRounds;
+    } else {
+      ASSERT_EQ(std::count(answers.begin(), answers.end(), "created"), 1) << "round " << round;
+      ASSERT_EQ(std::count(answers.begin(), answers.end(), "existing"), 7) << "round " << round;
+    }
     for (CompanionProcess& racer : racers) {
       ASSERT_EQ(racer.ask("close"), "true");
     }
   }
+  EXPECT_LT(lateRounds, rounds(2000));
 }
 
 // The waiters sleep when the event is set, so each setting must let all of them through, though it is reset before any
