@@ -13,19 +13,34 @@
 namespace testsupport {
 namespace {
 
-// For a thread that sleeps in a system call the kernel shows the number of the call.
-bool sleeps(const std::string& _thread) {
-  std::ifstream call(_thread + "/syscall");
-  const int first = call.peek();
-  return first >= '0' && first <= '9';
+// The call of the system in which a thread sleeps until somebody wakes it, as the kernel shows it. Empty for a thread
+// that runs, that was woken and has no processor yet, or that waits for a disk: of those, too, the kernel shows a call.
+std::string callOfSleeper(const std::string& _thread) {
+  std::string status;
+  std::getline(std::ifstream(_thread + "/stat"), status);
+  const std::size_t nameEnd = status.rfind(") ");
+  if (nameEnd == std::string::npos || status[nameEnd + 2] != 'S') return "";
+  std::string call;
+  std::getline(std::ifstream(_thread + "/syscall"), call);
+  return !call.empty() && call[0] >= '0' && call[0] <= '9' ? call : "";
 }
 
-bool allSleep(const std::string& _process) {
+// The calls of all threads of a process; empty when one does not sleep.
+std::string callsOfSleepers(const std::string& _process) {
+  std::string calls;
   std::error_code error;
   for (const auto& thread : std::filesystem::directory_iterator(_process + "/task", error)) {
-    if (!sleeps(thread.path())) return false;
+    const std::string call = callOfSleeper(thread.path());
+    if (call.empty()) return "";
+    calls += call + "\n";
   }
-  return !error;
+  return error ? "" : calls;
+}
+
+// Looks twice: one thread may have woken another one between the looks at the two.
+bool allSleep(const std::string& _process) {
+  const std::string calls = callsOfSleepers(_process);
+  return !calls.empty() && callsOfSleepers(_process) == calls;
 }
 
 bool waitUntil(const std::function<bool()>& _isSo) {
@@ -41,7 +56,7 @@ bool waitUntil(const std::function<bool()>& _isSo) {
 
 bool waitUntilThreadSleeps(std::uint32_t _id) {
   const std::string thread = "/proc/self/task/" + std::to_string(_id);
-  return waitUntil([&thread] { return sleeps(thread); });
+  return waitUntil([&thread] { return !callOfSleeper(thread).empty(); });
 }
 
 bool waitUntilProcessSleeps(long _process) {
