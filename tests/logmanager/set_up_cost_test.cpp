@@ -2,15 +2,15 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <ctime>
+#include <chrono>
 #include <functional>
-#include <limits>
 #include <string>
 #include <vector>
 
 #include "boost/logging/logging.hpp"
 #include "logmanager/default_log_manager.h"
 #include "tests/logmanager/quiet_appender.h"
+#include "tests/support/processor_time.h"
 
 namespace {
 
@@ -43,7 +43,21 @@ void setUp(default_log_manager& _manager, const std::vector<std::string>& _patte
     bl::enable_logs(_manager, pattern, bl::level_on);
 }
 
-/// The time, on Linux that of the processor, of the cheapest of some set-ups after the first one.
+/// The processor time of a call, in seconds. It is called until that has added up to more than the steps in which a
+/// system counts it.
+double costOf(const std::function<void()>& _call) {
+  constexpr std::chrono::milliseconds enough{200};
+  const auto begin = testsupport::processorTime();
+  std::chrono::duration<double> used{0};
+  int calls = 0;
+  for (; used < enough; used = testsupport::processorTime() - begin) {
+    _call();
+    ++calls;
+  }
+  return used.count() / calls;
+}
+
+/// What a set-up costs after the first one.
 /// @param _log the name of a log that the pattern of that number selects.
 double costOfAnotherSetUp(const std::vector<std::string>& _patterns, const std::function<std::string(int)>& _log,
                           bool _isChange) {
@@ -51,19 +65,15 @@ double costOfAnotherSetUp(const std::vector<std::string>& _patterns, const std::
   for (std::size_t i = 0; i < _patterns.size(); ++i)
     manager.log(_log(static_cast<int>(i)));
   setUp(manager, _patterns);
-  double least = std::numeric_limits<double>::max();
-  for (int round = 0; round < 3; ++round) {
-    const std::clock_t begin = std::clock();
-    if (_isChange) {
-      bl::set_up_change change(manager);
+  return costOf([&] {
+    if (!_isChange) {
       setUp(manager, _patterns);
-      change.apply();
-    } else {
-      setUp(manager, _patterns);
+      return;
     }
-    least = std::min(least, static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC);
-  }
-  return least;
+    bl::set_up_change change(manager);
+    setUp(manager, _patterns);
+    change.apply();
+  });
 }
 
 double costOfAnotherSetUp(const Filter& _filter, int _classes, bool _isChange) {
@@ -119,18 +129,14 @@ std::vector<bl::ts_appender> threadSafeAppenders(int _count) {
   return appenders;
 }
 
-/// The time of the cheapest of some replacements of all these appenders, as a set-up makes it.
+/// What the replacement of all these appenders costs, as a set-up makes it.
 double costOfReplacement(int _count) {
   std::vector<bl::ts_appender> current = threadSafeAppenders(_count);
-  double least = std::numeric_limits<double>::max();
-  for (int round = 0; round < 3; ++round) {
-    const std::clock_t begin = std::clock();
+  return costOf([&] {
     std::vector<bl::ts_appender> next = threadSafeAppenders(_count);
     current.swap(next);
     next.clear();
-    least = std::min(least, static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC);
-  }
-  return least;
+  });
 }
 
 TEST(ThreadSafeSetUp, CostsAsMuchForEachOfManyAppendersAsForEachOfFew) {
