@@ -3,6 +3,7 @@
 #include <chrono>
 #include <csignal>
 #include <filesystem>
+#include <regex>
 #include <thread>
 
 #include "tests/tools/linux/faults/fault_table.h"
@@ -58,6 +59,13 @@ bool hasShortBackup(const Installation& _at) {
     std::this_thread::sleep_for(std::chrono::milliseconds(10));
   }
   return false;
+}
+
+// Waits at most 30 s until an application has lost a line: its listener listens before its first one.
+void waitForALoss(const Installation& _at) {
+  const std::regex loss("\"lost\": [1-9]");
+  for (int look = 0; look < 3000 && !std::regex_search(_at.qmrkctl({"apps", "--json"}).output, loss); ++look)
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
 }
 
 // The application follows the list, and nobody tells it that it has changed.
@@ -220,6 +228,7 @@ std::vector<Fault> faultsOfProcesses() {
          makeFolders(_at.logFolder());
          writeFile(_at.log(), std::string(65536, 'x') + "\n");
          _at.start(logsIntoOther, "ulimit -f 128; ");
+         waitForALoss(_at);
        },
        soundApplication,
        {"Q605", "common.log", 0, "disk is full or rights"},
