@@ -27,7 +27,8 @@ using namespace Quillmark_logging;
 class SetupStorm : public testsupport::LogSetup, public testing::WithParamInterface<bool> {
  protected:
   static constexpr int threadCount = 2;
-  static constexpr int linesPerRound = 20000;
+  static constexpr int linesPerRound = 10000;
+  static constexpr int linesBetweenRounds = 10;
 
   SetupStorm() {
     std::string others;
@@ -42,37 +43,50 @@ class SetupStorm : public testsupport::LogSetup, public testing::WithParamInterf
     setTsMode(GetParam());
   }
 
-  /// Lets the threads log while the function is called so many times. After each call they get some lines further; they
-  /// pause when they have logged far more meanwhile than a writer thread that starves may hold.
+  /// A thread that logs, and how far it may go.
+  struct Writer {
+    std::atomic<int> lines{0};
+    std::atomic<int> mostLines{0};
+    std::thread thread;
+  };
+
+  static void write(int _number, Writer& _writer, const std::atomic<bool>& _isOver) {
+    const boost::logging::logger log(logName(_number));
+    for (int line = 0; !_isOver; line = ++_writer.lines) {
+      while (line >= _writer.mostLines && !_isOver)
+        std::this_thread::yield();
+      QMRK_LOG(log) << "thread " << _number << " line " << line;
+      if (line % 16 == 0) std::this_thread::yield();
+    }
+  }
+
+  /// Lets the threads log while the function is called so many times. After each call each of them gets some lines
+  /// further; they pause when they have logged far more meanwhile than a writer thread that starves may hold.
   /// @return how many lines each of them has logged.
   static std::vector<int> logDuring(int _rounds, const std::function<void()>& _function) {
     std::atomic<bool> isOver{false};
-    std::atomic<int> lines{0};
-    std::atomic<int> mostLines{0};
-    std::vector<int> counts(threadCount, 0);
-    std::vector<std::thread> threads;
+    std::vector<Writer> writers(threadCount);
     for (int i = 0; i < threadCount; ++i) {
-      threads.emplace_back([i, &isOver, &lines, &mostLines, &count = counts[static_cast<std::size_t>(i)]] {
-        const boost::logging::logger log(logName(i));
-        for (; !isOver; ++count) {
-          while (lines >= mostLines && !isOver)
-            std::this_thread::yield();
-          QMRK_LOG(log) << "thread " << i << " line " << count;
-          if (++lines % 16 == 0) std::this_thread::yield();
-        }
-      });
+      Writer& writer = writers[static_cast<std::size_t>(i)];
+      writer.thread = std::thread([i, &writer, &isOver] { write(i, writer, isOver); });
     }
     for (int round = 0; round < _rounds; ++round) {
-      mostLines = lines + linesPerRound;
+      for (Writer& writer : writers)
+        writer.mostLines = writer.lines + linesPerRound;
       _function();
-      const int enough = lines + 20;
-      mostLines = enough + threadCount;
-      while (lines < enough)
-        std::this_thread::yield();
+      for (Writer& writer : writers)
+        writer.mostLines = writer.lines + linesBetweenRounds;
+      for (const Writer& writer : writers) {
+        while (writer.lines < writer.mostLines)
+          std::this_thread::yield();
+      }
     }
     isOver = true;
-    for (std::thread& thread : threads)
-      thread.join();
+    std::vector<int> counts;
+    for (Writer& writer : writers) {
+      writer.thread.join();
+      counts.push_back(writer.lines);
+    }
     return counts;
   }
 
