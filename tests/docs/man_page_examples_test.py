@@ -19,7 +19,7 @@ cp /usr/local/share/doc/qmrk_log/examples/*.cfg "/etc/xdg/Orvane Shared/qmrk/log
 cp /usr/local/share/doc/qmrk_log/examples/*.init /var/lib/Orvane/qmrk/logging
 LogTest --listen 600 >/dev/null &
 log=~/.local/share/Orvane/Quillmark/Logging/common.log
-until grep -s -q Demo.App.info "$log" && qmrkctl apps | grep -q LogTest; do kill -0 $!; sleep 0.1; done
+until grep -s -q Demo.App.info "$log" && qmrkctl apps --json | grep -q '"listens": "yes"'; do kill -0 $!; sleep 0.1; done
 set -x
 """
 
