@@ -15,7 +15,7 @@ struct FileFailure {
 
 /// Replaces the content of a file in one step: at any moment, even after a crash, readers find either the old text or
 /// the new one. Writes the text to a new file in the same folder, brings that to the disk, and renames it. Removes what
-/// programs that were killed meanwhile have left there.
+/// programs that were killed before have left there.
 ///
 /// On Linux the file keeps group, mode, access control list and other attributes, and its owner if this program may
 /// give files away; otherwise it changes hands only if its owner can still write it through the group. Its owner may

@@ -38,9 +38,11 @@ TEST(UnfinishedFile, IsNothingElseThatStandsInItsFolder) {
   writeFile(unfinished + "killed", "half");
   writeFile(unfinished + "longer-name", "another's");
   ASSERT_EQ(::mkfifo((unfinished + "afifo1").c_str(), 0600), 0);
-  ASSERT_EQ(::symlink("list", (unfinished + "alink1").c_str()), 0);
+  writeFile(folder.path() + "/somebody-else's", "his");
+  ASSERT_EQ(::symlink(".qmrkctl-longer-name", (unfinished + "alink1").c_str()), 0);
   toolsystem::removeAbandonedFiles(folder.path());
-  EXPECT_EQ(namesIn(folder.path()), (Names{".qmrkctl-afifo1", ".qmrkctl-alink1", ".qmrkctl-longer-name"}));
+  EXPECT_EQ(namesIn(folder.path()),
+            (Names{".qmrkctl-afifo1", ".qmrkctl-alink1", ".qmrkctl-longer-name", "somebody-else's"}));
 }
 
 TEST(UnfinishedFile, CannotBeMadeInAFolderThatIsMissing) {
